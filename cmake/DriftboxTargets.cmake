@@ -1,0 +1,38 @@
+# The flags of the house and the three kinds of target it has.
+
+add_library(driftbox_flags INTERFACE)
+target_compile_options(driftbox_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+target_compile_definitions(driftbox_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_include_directories(driftbox_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+# driftbox_library(name LINK libraries...) makes a static library of the calling folder's sources.
+function(driftbox_library name)
+    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    if(NOT sources)
+        return()
+    endif()
+    add_library(${name} STATIC ${sources})
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON)
+    target_link_libraries(${name} PUBLIC driftbox_flags ${ARG_LINK})
+endfunction()
+
+# driftbox_test(Name LINK libraries... [DISPLAY]) registers the Qt Test executable of Name.cpp.
+# A warning or error that the test did not announce fails it. With DISPLAY the test brings up its
+# own X server and window manager.
+function(driftbox_test name)
+    cmake_parse_arguments(ARG "DISPLAY" "" "LINK" ${ARGN})
+    add_executable(${name} ${name}.cpp)
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE driftbox_fakes driftbox_test_support Qt6::Test ${ARG_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT 120
+        FAIL_REGULAR_EXPRESSION "QWARN  :|QCRITICAL:|QSYSTEM:|Sanitizer"
+        ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
+    if(NOT ARG_DISPLAY)
+        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    endif()
+endfunction()

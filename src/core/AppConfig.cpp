@@ -1,0 +1,28 @@
+#include "core/AppConfig.h"
+
+#include <QtCore/QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox::AppConfig {
+
+QString storage::defaultRootURL()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (folder.isEmpty())
+        qFatal("The user has no data folder");
+    return folder + u"/Driftbox"_s;
+}
+
+QString settingsFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+           + u"/driftbox"_s;
+}
+
+QUrl feedbackURL()
+{
+    return QUrl(QStringLiteral(DRIFTBOX_FEEDBACK_URL));
+}
+
+} // namespace driftbox::AppConfig

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+/// Where the program keeps its data, and its web addresses.
+namespace driftbox::AppConfig {
+
+namespace storage {
+/// The folder "Driftbox" in the user's data folder. It need not exist. Stops the program when the
+/// user has no data folder: there is no fallback.
+[[nodiscard]] QString defaultRootURL();
+} // namespace storage
+
+/// The folder of the settings file; it need not exist.
+[[nodiscard]] QString settingsFolder();
+
+/// The product's feedback page, set at build time.
+[[nodiscard]] QUrl feedbackURL();
+
+} // namespace driftbox::AppConfig

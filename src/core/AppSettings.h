@@ -1,0 +1,73 @@
+#pragma once
+
+#include "core/HotkeyModifier.h"
+#include "core/NoteColor.h"
+
+#include <QtCore/QObject>
+
+namespace driftbox {
+
+class UserDefaults;
+
+/// The user's preferences. Loaded once at construction, when nothing is written; every assignment is
+/// stored at once, and observers are notified only when the value differs. Any integer is accepted:
+/// the ranges offered to the user are the settings pages' business. Main thread only.
+class AppSettings : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(qint64 clipboardCapacity READ clipboardCapacity WRITE setClipboardCapacity NOTIFY
+                   clipboardCapacityChanged)
+    Q_PROPERTY(
+        bool hotkeyEnabled READ hotkeyEnabled WRITE setHotkeyEnabled NOTIFY hotkeyEnabledChanged)
+    Q_PROPERTY(driftbox::HotkeyModifier hotkeyModifier READ hotkeyModifier WRITE setHotkeyModifier
+                   NOTIFY hotkeyModifierChanged)
+    Q_PROPERTY(qint64 hotkeyThresholdMs READ hotkeyThresholdMs WRITE setHotkeyThresholdMs NOTIFY
+                   hotkeyThresholdMsChanged)
+    Q_PROPERTY(
+        bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)
+    Q_PROPERTY(driftbox::NoteColor noteDefaultColor READ noteDefaultColor WRITE setNoteDefaultColor
+                   NOTIFY noteDefaultColorChanged)
+
+public:
+    /// `defaults` must outlive the settings.
+    explicit AppSettings(UserDefaults& defaults, QObject* parent = nullptr);
+
+    /// How many unpinned clipboard entries are kept.
+    [[nodiscard]] qint64 clipboardCapacity() const { return m_clipboardCapacity; }
+    void setClipboardCapacity(qint64 capacity);
+
+    [[nodiscard]] bool hotkeyEnabled() const { return m_hotkeyEnabled; }
+    void setHotkeyEnabled(bool enabled);
+
+    [[nodiscard]] HotkeyModifier hotkeyModifier() const { return m_hotkeyModifier; }
+    void setHotkeyModifier(HotkeyModifier modifier);
+
+    /// The longest time between the two taps, in milliseconds.
+    [[nodiscard]] qint64 hotkeyThresholdMs() const { return m_hotkeyThresholdMs; }
+    void setHotkeyThresholdMs(qint64 milliseconds);
+
+    [[nodiscard]] bool launchAtLogin() const { return m_launchAtLogin; }
+    void setLaunchAtLogin(bool launch);
+
+    [[nodiscard]] NoteColor noteDefaultColor() const { return m_noteDefaultColor; }
+    void setNoteDefaultColor(NoteColor color);
+
+Q_SIGNALS:
+    void clipboardCapacityChanged();
+    void hotkeyEnabledChanged();
+    void hotkeyModifierChanged();
+    void hotkeyThresholdMsChanged();
+    void launchAtLoginChanged();
+    void noteDefaultColorChanged();
+
+private:
+    UserDefaults& m_defaults;
+    qint64 m_clipboardCapacity;
+    bool m_hotkeyEnabled;
+    HotkeyModifier m_hotkeyModifier;
+    qint64 m_hotkeyThresholdMs;
+    bool m_launchAtLogin;
+    NoteColor m_noteDefaultColor;
+};
+
+} // namespace driftbox

@@ -1,0 +1,25 @@
+#include "core/HotkeyModifier.h"
+
+#include "core/RawValues.h"
+
+namespace driftbox {
+
+namespace {
+constexpr RawValues<HotkeyModifier, 3> names{{{
+    {HotkeyModifier::control, u"control"},
+    {HotkeyModifier::option, u"option"},
+    {HotkeyModifier::command, u"command"},
+}}};
+}
+
+QString rawValue(HotkeyModifier modifier)
+{
+    return names.name(modifier);
+}
+
+std::optional<HotkeyModifier> hotkeyModifierFromRawValue(QStringView name)
+{
+    return names.value(name);
+}
+
+} // namespace driftbox

@@ -1,0 +1,43 @@
+#include "core/Json.h"
+
+#include <cstdlib>
+
+namespace driftbox::Json {
+
+Parsed parse(const QByteArray& text, Numbers numbers)
+{
+    json_error_t error{};
+    const size_t reals = numbers == Numbers::asReals ? JSON_DECODE_INT_AS_REAL : 0;
+    Value value(json_loadb(text.constData(), static_cast<size_t>(text.size()),
+                           JSON_ALLOW_NUL | reals, &error));
+    return {std::move(value), QString::fromUtf8(error.text)};
+}
+
+QByteArray compactText(const json_t& value)
+{
+    const std::unique_ptr<char, decltype(&std::free)> text(
+        json_dumps(&value, JSON_COMPACT | JSON_ESCAPE_SLASH), &std::free);
+    return QByteArray(text.get());
+}
+
+Value string(const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return Value(json_stringn(utf8.constData(), static_cast<size_t>(utf8.size())));
+}
+
+std::optional<QString> toString(const json_t* value)
+{
+    if (!json_is_string(value))
+        return std::nullopt;
+    return QString::fromUtf8(json_string_value(value),
+                             static_cast<qsizetype>(json_string_length(value)));
+}
+
+const json_t* member(const json_t& object, const char* key)
+{
+    const json_t* value = json_object_get(&object, key);
+    return json_is_null(value) ? nullptr : value;
+}
+
+} // namespace driftbox::Json

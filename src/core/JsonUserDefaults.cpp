@@ -1,0 +1,78 @@
+#include "core/JsonUserDefaults.h"
+
+#include "platform/FileSystem.h"
+
+#include <QtCore/QLoggingCategory>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "UserDefaults")
+
+struct ToJson
+{
+    Json::Value operator()(bool value) const { return Json::Value(json_boolean(value)); }
+    Json::Value operator()(qint64 value) const { return Json::Value(json_integer(value)); }
+    Json::Value operator()(double value) const { return Json::Value(json_real(value)); }
+    Json::Value operator()(const QString& value) const { return Json::string(value); }
+};
+
+} // namespace
+
+JsonUserDefaults::JsonUserDefaults(FileSystem& fileSystem, const QString& folder)
+    : m_fileSystem(fileSystem)
+    , m_folder(folder)
+    , m_path(folder + u"/defaults.json"_s)
+    , m_object(json_object())
+{
+    load();
+}
+
+void JsonUserDefaults::load()
+{
+    const auto text = m_fileSystem.read(m_path);
+    if (!text)
+        return;
+
+    Json::Parsed parsed = Json::parse(*text, Json::Numbers::asWritten);
+    if (json_is_object(parsed.value.get())) {
+        m_object = std::move(parsed.value);
+        return;
+    }
+    qCCritical(log).noquote() << u"Settings unreadable, using defaults: %1"_s.arg(
+        parsed.value ? u"not an object"_s : parsed.error);
+    m_unreadable = text;
+}
+
+std::optional<DefaultsValue> JsonUserDefaults::value(const QString& key) const
+{
+    const json_t* value = json_object_get(m_object.get(), key.toUtf8().constData());
+    if (json_is_boolean(value))
+        return json_is_true(value);
+    if (json_is_integer(value))
+        return static_cast<qint64>(json_integer_value(value));
+    if (json_is_real(value))
+        return json_real_value(value);
+    return Json::toString(value);
+}
+
+void JsonUserDefaults::setValue(const QString& key, const DefaultsValue& value)
+{
+    json_object_set_new(m_object.get(), key.toUtf8().constData(),
+                        std::visit(ToJson(), value).release());
+
+    m_fileSystem.createFolder(m_folder);
+    if (m_unreadable) {
+        if (const auto error =
+                m_fileSystem.writeAtomically(m_folder + u"/defaults.corrupt.json"_s, *m_unreadable))
+            qCCritical(log).noquote() << u"Failed to keep the unreadable settings: %1"_s.arg(*error);
+        m_unreadable.reset();
+    }
+    if (const auto error = m_fileSystem.writeAtomically(m_path, Json::compactText(*m_object)))
+        qCCritical(log).noquote() << u"Failed to store settings: %1"_s.arg(*error);
+}
+
+} // namespace driftbox

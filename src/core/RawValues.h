@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#include <QtCore/QString>
+#include <QtCore/QStringView>
+
+namespace driftbox {
+
+/// The names under which the cases of an enumeration are stored.
+template <typename Enum, std::size_t count>
+struct RawValues
+{
+    std::array<std::pair<Enum, QStringView>, count> pairs;
+
+    [[nodiscard]] QString name(Enum wanted) const
+    {
+        for (const auto& [value, name] : pairs) {
+            if (value == wanted)
+                return name.toString();
+        }
+        Q_UNREACHABLE();
+    }
+
+    /// Exact match; none for an unknown name.
+    [[nodiscard]] constexpr std::optional<Enum> value(QStringView wanted) const
+    {
+        for (const auto& [value, name] : pairs) {
+            if (name == wanted)
+                return value;
+        }
+        return std::nullopt;
+    }
+};
+
+} // namespace driftbox

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace driftbox {
+
+/// The user's files. Thread-safe. Paths are absolute.
+class FileSystem
+{
+public:
+    FileSystem() = default;
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+    virtual ~FileSystem() = default;
+
+    /// The whole file; none when it cannot be read.
+    [[nodiscard]] virtual std::optional<QByteArray> read(const QString& path) const = 0;
+
+    /// Replaces the file as a whole, readable by the user alone: at any instant, a crash included,
+    /// the path holds either the old bytes or the new. Returns what went wrong, or none.
+    [[nodiscard]] virtual std::optional<QString> writeAtomically(const QString& path,
+                                                                 const QByteArray& bytes) = 0;
+
+    /// Creates the folder and those above it, for the user alone. False when it is not there after.
+    virtual bool createFolder(const QString& path) = 0;
+
+    /// False when there was nothing to remove or it could not be.
+    virtual bool remove(const QString& path) = 0;
+};
+
+} // namespace driftbox

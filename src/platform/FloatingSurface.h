@@ -1,0 +1,78 @@
+#pragma once
+
+#include <memory>
+
+#include <QtCore/QObject>
+#include <QtCore/QRectF>
+#include <QtGui/QRegion>
+
+class QWindow;
+
+namespace driftbox {
+
+/// A window that floats above the others on every desktop, outside the task bar and the pager.
+///
+/// Main thread only. The view makes the window's content; place, stacking, visibility and keyboard
+/// are asked for here and nowhere else.
+class FloatingSurface : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Role {
+        panel, ///< one at a time, comes and goes, takes the keyboard when it is presented
+        note,  ///< stays, moved and resized by the user
+    };
+    enum class Keyboard {
+        take,  ///< the user asked for this window: typing goes to it
+        leave, ///< typing stays where it is
+    };
+
+    /// The window's frame in screen space (points, y growing upwards from the bottom of the primary
+    /// screen).
+    [[nodiscard]] virtual QRectF frame() const = 0;
+    virtual void setFrame(const QRectF& frame) = 0;
+
+    [[nodiscard]] virtual bool isVisible() const = 0;
+    /// Whether typing goes to this window.
+    [[nodiscard]] virtual bool isKey() const = 0;
+
+    /// Shows the window in front of all others; brings it to the front when it is shown already.
+    virtual void present(Keyboard keyboard) = 0;
+    /// Takes the window off the screen.
+    virtual void orderOut() = 0;
+
+    /// Whether the desktop blends windows, so that transparent pixels show what is beneath.
+    [[nodiscard]] virtual bool isComposited() const = 0;
+
+    /// The part of the window, in its own points, that exists for the user: clicks elsewhere go to
+    /// what is beneath, and without compositing nothing elsewhere is drawn. Empty means all of it.
+    virtual void setShape(const QRegion& shape) = 0;
+
+Q_SIGNALS:
+    void becameKey();
+    void resignedKey();
+    /// The user moved or resized the window.
+    void frameChangedByUser(const QRectF& frame);
+    void compositedChanged(bool composited);
+
+protected:
+    using QObject::QObject;
+};
+
+/// Makes floating surfaces of toolkit windows. Main thread only.
+class FloatingSurfaces
+{
+public:
+    FloatingSurfaces() = default;
+    FloatingSurfaces(const FloatingSurfaces&) = delete;
+    FloatingSurfaces& operator=(const FloatingSurfaces&) = delete;
+    virtual ~FloatingSurfaces() = default;
+
+    /// Turns `window`, created but never shown, into a floating surface of `role`. The window is not
+    /// owned and must outlive the surface.
+    [[nodiscard]] virtual std::unique_ptr<FloatingSurface> adopt(QWindow& window,
+                                                                 FloatingSurface::Role role) = 0;
+};
+
+} // namespace driftbox

@@ -1,0 +1,32 @@
+#include "platform/ScreenSpace.h"
+
+#include <algorithm>
+
+namespace driftbox::ScreenSpace {
+
+QRectF flipped(const QRectF& rectangle, qreal primaryHeight)
+{
+    return {rectangle.x(), primaryHeight - rectangle.y() - rectangle.height(), rectangle.width(),
+            rectangle.height()};
+}
+
+QPointF flipped(QPointF point, qreal primaryHeight)
+{
+    return {point.x(), primaryHeight - point.y()};
+}
+
+std::optional<QRectF> desktopFromDevice(const QRectF& pixels, const std::vector<Screen>& screens)
+{
+    const auto holdsCentre = [centre = pixels.center()](const Screen& screen) {
+        return QRectF(screen.deviceFrame).contains(centre);
+    };
+    const auto screen = std::ranges::find_if(screens, holdsCentre);
+    if (screen == screens.end())
+        return std::nullopt;
+
+    const QRectF frame = flipped(screen->frame, screens.front().frame.height());
+    const QPointF offset = (pixels.topLeft() - screen->deviceFrame.topLeft()) / screen->scale;
+    return QRectF(frame.topLeft() + offset, pixels.size() / screen->scale);
+}
+
+} // namespace driftbox::ScreenSpace

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Screens.h"
+
+#include <optional>
+#include <vector>
+
+#include <QtCore/QRectF>
+
+/// The one place where coordinates are converted. Three spaces meet here, all but the last in points:
+/// - screen space: origin at the bottom left corner of the primary screen, y growing upwards; used by
+///   all models and manifests;
+/// - desktop space: origin at the top left corner of the primary screen, y growing downwards; what
+///   accessibility and the toolkit speak;
+/// - device space: pixels of the whole desktop, y growing downwards.
+namespace driftbox::ScreenSpace {
+
+/// `primaryHeight` is the height of the primary screen in points. The same formula serves both ways.
+[[nodiscard]] QRectF flipped(const QRectF& rectangle, qreal primaryHeight);
+[[nodiscard]] QPointF flipped(QPointF point, qreal primaryHeight);
+
+/// A rectangle in device space as desktop space sees it, by the scale of the screen that holds its
+/// centre; none when no screen does.
+[[nodiscard]] std::optional<QRectF> desktopFromDevice(const QRectF& pixels,
+                                                      const std::vector<Screen>& screens);
+
+} // namespace driftbox::ScreenSpace

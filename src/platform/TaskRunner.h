@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include <QtCore/QObject>
+
+namespace driftbox {
+
+/// Runs work off the main thread.
+class TaskRunner
+{
+public:
+    TaskRunner() = default;
+    TaskRunner(const TaskRunner&) = delete;
+    TaskRunner& operator=(const TaskRunner&) = delete;
+    virtual ~TaskRunner() = default;
+
+    /// Runs `work` on a background thread, then `done` on the main thread unless `owner` has been
+    /// destroyed by then. `work` must not touch anything that the main thread uses. Called from the
+    /// main thread; returns at once.
+    virtual void run(QObject* owner, std::function<void()> work, std::function<void()> done) = 0;
+};
+
+} // namespace driftbox

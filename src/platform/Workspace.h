@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <sys/types.h>
+
+#include <QtCore/QString>
+
+namespace driftbox {
+
+/// One application as it was when it was looked up: a process and the window of it that was active.
+/// Main thread only.
+class RunningApplication
+{
+public:
+    RunningApplication() = default;
+    RunningApplication(const RunningApplication&) = delete;
+    RunningApplication& operator=(const RunningApplication&) = delete;
+    virtual ~RunningApplication() = default;
+
+    /// Zero or less when it is not known.
+    [[nodiscard]] virtual pid_t processIdentifier() const = 0;
+
+    /// What tells this kind of application from others (the window class); none when it has none.
+    [[nodiscard]] virtual std::optional<QString> bundleIdentifier() const = 0;
+
+    [[nodiscard]] virtual bool isFinishedLaunching() const = 0;
+
+    /// True once the process or the window has gone.
+    [[nodiscard]] virtual bool isTerminated() const = 0;
+
+    /// Asks the desktop to bring that window to the front and give it the keyboard. Returns at once.
+    virtual void activate() = 0;
+};
+
+/// Which application the user works in. Main thread only.
+class Workspace
+{
+public:
+    Workspace() = default;
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+    virtual ~Workspace() = default;
+
+    /// The application that has the keyboard; null when there is none.
+    [[nodiscard]] virtual std::shared_ptr<RunningApplication> frontmostApplication() const = 0;
+};
+
+} // namespace driftbox

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/UserDefaults.h"
+
+#include <QtCore/QHash>
+
+namespace driftbox {
+
+/// User defaults in memory that count what is written.
+class FakeUserDefaults final : public UserDefaults
+{
+public:
+    [[nodiscard]] std::optional<DefaultsValue> value(const QString& key) const override
+    {
+        const auto found = values.constFind(key);
+        return found == values.cend() ? std::nullopt : std::optional(*found);
+    }
+    void setValue(const QString& key, const DefaultsValue& value) override
+    {
+        values.insert(key, value);
+        ++writes;
+    }
+
+    QHash<QString, DefaultsValue> values;
+    int writes = 0;
+};
+
+} // namespace driftbox

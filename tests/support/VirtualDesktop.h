@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtCore/QProcess>
+#include <QtCore/QString>
+
+namespace driftbox {
+
+/// A real X server without a screen to look at, with a real window manager, for the tests of one
+/// executable. DISPLAY points to it from construction on; both programs end with it.
+class VirtualDesktop
+{
+public:
+    /// `screen` is the geometry and depth of the X server's screen. Stops the test program when a
+    /// part does not come up.
+    explicit VirtualDesktop(const QString& screen = QStringLiteral("1440x900x24"));
+    ~VirtualDesktop();
+    VirtualDesktop(const VirtualDesktop&) = delete;
+    VirtualDesktop& operator=(const VirtualDesktop&) = delete;
+
+private:
+    void startServer(const QString& screen);
+    void startWindowManager();
+
+    QProcess m_server;
+    QProcess m_windowManager;
+};
+
+} // namespace driftbox
+
+/// The main function of a test class that needs a display.
+#define DRIFTBOX_DISPLAY_TEST_MAIN(TestClass)                                                      \
+    int main(int argc, char** argv)                                                                \
+    {                                                                                              \
+        const driftbox::VirtualDesktop desktop;                                                    \
+        qputenv("QT_QPA_PLATFORM", "xcb");                                                         \
+        const QGuiApplication application(argc, argv);                                             \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

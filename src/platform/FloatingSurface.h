@@ -39,7 +39,7 @@ public:
 
     /// Shows the window in front of all others; brings it to the front when it is shown already.
     virtual void present(Keyboard keyboard) = 0;
-    /// Takes the window off the screen.
+    /// Takes the window off the screen; it resigns the keyboard if it had it.
     virtual void orderOut() = 0;
 
     /// Whether the desktop blends windows, so that transparent pixels show what is beneath.
@@ -48,6 +48,11 @@ public:
     /// The part of the window, in its own points, that exists for the user: clicks elsewhere go to
     /// what is beneath, and without compositing nothing elsewhere is drawn. Empty means all of it.
     virtual void setShape(const QRegion& shape) = 0;
+
+    /// Hands the window to the user, who is holding a mouse button down on it, to be dragged until
+    /// the button is let go.
+    virtual void startMove() = 0;
+    virtual void startResize(Qt::Edges edges) = 0;
 
 Q_SIGNALS:
     void becameKey();
@@ -69,8 +74,8 @@ public:
     FloatingSurfaces& operator=(const FloatingSurfaces&) = delete;
     virtual ~FloatingSurfaces() = default;
 
-    /// Turns `window`, created but never shown, into a floating surface of `role`. The window is not
-    /// owned and must outlive the surface.
+    /// Turns `window`, created but never shown, into a floating surface of `role`. The window is
+    /// not owned and must outlive the surface.
     [[nodiscard]] virtual std::unique_ptr<FloatingSurface> adopt(QWindow& window,
                                                                  FloatingSurface::Role role) = 0;
 };

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/KeyEventMonitor.h"
+
+#include <algorithm>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace driftbox {
+
+/// The handlers that a monitor has handed tokens out for, in the order of their installation. A
+/// handler may install and remove monitors, its own included, while it runs: one removed meanwhile
+/// is not called any more, one installed meanwhile is called from the next time on. Main thread
+/// only.
+template <typename Handler>
+class MonitorRegistry
+{
+public:
+    [[nodiscard]] std::unique_ptr<MonitorToken> add(Handler handler)
+    {
+        auto entry = std::make_shared<Handler>(std::move(handler));
+        m_entries->push_back(entry);
+        return std::make_unique<Token>(m_entries, entry);
+    }
+
+    /// Calls every handler with `arguments` until one returns true, where handlers return anything.
+    /// Returns whether one did.
+    template <typename... Arguments>
+    bool notify(const Arguments&... arguments) const
+    {
+        const auto entries = *m_entries;
+        for (const auto& entry : entries) {
+            if (std::ranges::find(*m_entries, entry) == m_entries->end())
+                continue;
+            if constexpr (std::is_same_v<typename Handler::result_type, bool>) {
+                if ((*entry)(arguments...))
+                    return true;
+            } else {
+                (*entry)(arguments...);
+            }
+        }
+        return false;
+    }
+
+    [[nodiscard]] std::size_t count() const { return m_entries->size(); }
+
+private:
+    using Entries = std::vector<std::shared_ptr<Handler>>;
+
+    class Token final : public MonitorToken
+    {
+    public:
+        Token(const std::shared_ptr<Entries>& entries, std::shared_ptr<Handler> entry)
+            : m_entries(entries)
+            , m_entry(std::move(entry))
+        {
+        }
+        Token(const Token&) = delete;
+        Token& operator=(const Token&) = delete;
+        ~Token() override
+        {
+            if (const auto entries = m_entries.lock())
+                std::erase(*entries, m_entry);
+        }
+
+    private:
+        std::weak_ptr<Entries> m_entries;
+        std::shared_ptr<Handler> m_entry;
+    };
+
+    std::shared_ptr<Entries> m_entries = std::make_shared<Entries>();
+};
+
+} // namespace driftbox

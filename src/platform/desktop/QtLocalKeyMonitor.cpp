@@ -1,0 +1,59 @@
+#include "platform/desktop/QtLocalKeyMonitor.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
+
+namespace driftbox {
+
+QtLocalKeyMonitor::QtLocalKeyMonitor()
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+std::unique_ptr<MonitorToken> QtLocalKeyMonitor::addMonitor(Handler handler)
+{
+    return m_registry.add(std::move(handler));
+}
+
+bool QtLocalKeyMonitor::eventFilter(QObject* receiver, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (!isTaken(*receiver, static_cast<const QKeyEvent&>(*event)))
+            return false;
+        // An accepted question keeps the toolkit from looking for a shortcut.
+        event->accept();
+        return true;
+    case QEvent::KeyRelease:
+        m_verdict.reset();
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool QtLocalKeyMonitor::isNewPress(const QObject& receiver, const QKeyEvent& event) const
+{
+    if (!m_verdict || m_verdict->timestamp != event.timestamp() || m_verdict->key != event.key())
+        return true;
+    // The press comes to a window first; a question never follows the press it belongs to.
+    const bool opensASequence = event.type() == QEvent::ShortcutOverride || receiver.isWindowType();
+    return m_verdict->pressed && opensASequence;
+}
+
+bool QtLocalKeyMonitor::isTaken(const QObject& receiver, const QKeyEvent& event)
+{
+    if (isNewPress(receiver, event)) {
+        m_verdict = Verdict{event.timestamp(), event.key()};
+        // A handler may run an event loop in which other keys are pressed.
+        const bool taken =
+            m_registry.notify(LocalKeyPress{static_cast<Qt::Key>(event.key()), event.modifiers()});
+        m_verdict = Verdict{event.timestamp(), event.key(), false, taken};
+    }
+    if (event.type() == QEvent::KeyPress)
+        m_verdict->pressed = true;
+    return m_verdict->taken;
+}
+
+} // namespace driftbox

@@ -1,0 +1,129 @@
+#include "platform/desktop/QtLocalKeyMonitor.h"
+
+#include <QtCore/QTimer>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QShortcut>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A window with a text field that has the keyboard.
+class FieldWindow
+{
+public:
+    FieldWindow()
+    {
+        field.setParent(&window);
+        window.show();
+        window.activateWindow();
+        field.setFocus();
+    }
+    [[nodiscard]] bool isReady() { return QTest::qWaitForWindowActive(&window); }
+    void type(const QByteArray& letters) const
+    {
+        for (const char letter : letters)
+            QTest::keyClick(window.windowHandle(), letter);
+    }
+
+    QWidget window;
+    QLineEdit field;
+};
+
+} // namespace
+
+class TestQtLocalKeyMonitor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyPressIsSeenOnceAndReachesItsWidget()
+    {
+        QtLocalKeyMonitor monitor;
+        std::vector<Qt::Key> seen;
+        const auto token = monitor.addMonitor(
+            [&](const LocalKeyPress& press) { return seen.push_back(press.key), false; });
+        FieldWindow fixture;
+        QVERIFY(fixture.isReady());
+
+        fixture.type("aab");
+
+        QCOMPARE(seen, (std::vector{Qt::Key_A, Qt::Key_A, Qt::Key_B}));
+        QCOMPARE(fixture.field.text(), u"aab"_s);
+    }
+
+    void aPressThatIsTakenReachesNoWidget()
+    {
+        QtLocalKeyMonitor monitor;
+        const auto token =
+            monitor.addMonitor([](const LocalKeyPress& press) { return press.key == Qt::Key_A; });
+        FieldWindow fixture;
+        QVERIFY(fixture.isReady());
+
+        fixture.type("aba");
+        QCOMPARE(fixture.field.text(), u"b"_s);
+    }
+
+    void aPressThatIsTakenStartsNoShortcut()
+    {
+        QtLocalKeyMonitor monitor;
+        int presses = 0;
+        auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+            presses += press.key == Qt::Key_W;
+            return press.key == Qt::Key_W && press.modifiers == Qt::ControlModifier;
+        });
+        FieldWindow fixture;
+        int closed = 0;
+        const QShortcut shortcut(QKeySequence(u"Ctrl+W"_s), &fixture.window, [&] { ++closed; });
+        QVERIFY(fixture.isReady());
+
+        QTest::keyClick(fixture.window.windowHandle(), Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(closed, 0);
+        QCOMPARE(presses, 1);
+
+        token.reset();
+        QTest::keyClick(fixture.window.windowHandle(), Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(closed, 1);
+    }
+
+    void heldKeysRepeatForTheMonitorToo()
+    {
+        QtLocalKeyMonitor monitor;
+        int presses = 0;
+        const auto token =
+            monitor.addMonitor([&](const LocalKeyPress&) { return ++presses, false; });
+        FieldWindow fixture;
+        QVERIFY(fixture.isReady());
+
+        for (int i = 0; i < 3; ++i)
+            QTest::keyPress(fixture.window.windowHandle(), Qt::Key_X);
+        QTest::keyRelease(fixture.window.windowHandle(), Qt::Key_X);
+        QCOMPARE(presses, 3);
+        QCOMPARE(fixture.field.text(), u"xxx"_s);
+    }
+
+    void aHandlerMayRunAnEventLoop()
+    {
+        QtLocalKeyMonitor monitor;
+        FieldWindow fixture;
+        QVERIFY(fixture.isReady());
+        int presses = 0;
+        const auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+            ++presses;
+            if (press.key == Qt::Key_A)
+                QTest::keyClick(fixture.window.windowHandle(), Qt::Key_B);
+            return press.key == Qt::Key_A;
+        });
+
+        QTest::keyClick(fixture.window.windowHandle(), Qt::Key_A);
+        QCOMPARE(presses, 2);
+        QCOMPARE(fixture.field.text(), u"b"_s);
+    }
+};
+
+QTEST_MAIN(TestQtLocalKeyMonitor)
+#include "TestQtLocalKeyMonitor.moc"

@@ -16,8 +16,7 @@ QString storage::defaultRootURL()
 
 QString settingsFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-           + u"/driftbox"_s;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/driftbox"_s;
 }
 
 QUrl feedbackURL()

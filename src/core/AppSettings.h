@@ -9,9 +9,9 @@ namespace driftbox {
 
 class UserDefaults;
 
-/// The user's preferences. Loaded once at construction, when nothing is written; every assignment is
-/// stored at once, and observers are notified only when the value differs. Any integer is accepted:
-/// the ranges offered to the user are the settings pages' business. Main thread only.
+/// The user's preferences. Loaded once at construction, when nothing is written; every assignment
+/// is stored at once, and observers are notified only when the value differs. Any integer is
+/// accepted: the ranges offered to the user are the settings pages' business. Main thread only.
 class AppSettings : public QObject
 {
     Q_OBJECT

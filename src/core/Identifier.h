@@ -23,15 +23,13 @@ public:
         if (text.size() != canonicalLength)
             return std::nullopt;
         const QUuid uuid = QUuid::fromString(text);
-        const bool parsed = uuid.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
+        const bool parsed =
+            uuid.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
         return parsed ? std::optional(Identifier(uuid)) : std::nullopt;
     }
 
     /// Canonical text in upper case, as the manifests and the image files have it.
-    [[nodiscard]] QString text() const
-    {
-        return m_uuid.toString(QUuid::WithoutBraces).toUpper();
-    }
+    [[nodiscard]] QString text() const { return m_uuid.toString(QUuid::WithoutBraces).toUpper(); }
 
     bool operator==(const Identifier&) const = default;
     friend size_t qHash(const Identifier& id, size_t seed = 0) { return qHash(id.m_uuid, seed); }

@@ -26,6 +26,11 @@ Value string(const QString& text)
     return Value(json_stringn(utf8.constData(), static_cast<size_t>(utf8.size())));
 }
 
+Value number(Instant instant)
+{
+    return Value(json_real(instant.referenceSeconds()));
+}
+
 std::optional<QString> toString(const json_t* value)
 {
     if (!json_is_string(value))
@@ -34,10 +39,30 @@ std::optional<QString> toString(const json_t* value)
                              static_cast<qsizetype>(json_string_length(value)));
 }
 
-const json_t* member(const json_t& object, const char* key)
+std::optional<bool> toBool(const json_t* value)
 {
-    const json_t* value = json_object_get(&object, key);
-    return json_is_null(value) ? nullptr : value;
+    return json_is_boolean(value) ? std::optional(json_is_true(value)) : std::nullopt;
+}
+
+std::optional<double> toDouble(const json_t* value)
+{
+    return json_is_number(value) ? std::optional(json_number_value(value)) : std::nullopt;
+}
+
+std::optional<Instant> toInstant(const json_t* value)
+{
+    const auto seconds = toDouble(value);
+    return seconds ? std::optional(Instant::fromReferenceSeconds(*seconds)) : std::nullopt;
+}
+
+std::optional<QByteArray> toBytes(const json_t* value)
+{
+    const auto text = toString(value);
+    if (!text || text->size() % 4 != 0)
+        return std::nullopt;
+    auto decoded =
+        QByteArray::fromBase64Encoding(text->toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    return decoded ? std::optional(std::move(*decoded)) : std::nullopt;
 }
 
 } // namespace driftbox::Json

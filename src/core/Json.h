@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Instant.h"
+
 #include <memory>
 #include <optional>
 
@@ -32,15 +34,25 @@ enum class Numbers {
 /// Reads one array or object.
 [[nodiscard]] Parsed parse(const QByteArray& text, Numbers numbers);
 
-/// Compact text. Empty when `value` holds something that JSON cannot express.
+/// Compact text of an array or object.
 [[nodiscard]] QByteArray compactText(const json_t& value);
 
 [[nodiscard]] Value string(const QString& text);
+[[nodiscard]] Value number(Instant instant);
 
-/// None when `value` is not a string.
+/// Conversions; none when `value` is of another type, or null.
 [[nodiscard]] std::optional<QString> toString(const json_t* value);
-
-/// The member of `object` named `key`; null when it is absent or JSON null.
-[[nodiscard]] const json_t* member(const json_t& object, const char* key);
+[[nodiscard]] std::optional<bool> toBool(const json_t* value);
+[[nodiscard]] std::optional<double> toDouble(const json_t* value);
+[[nodiscard]] std::optional<Instant> toInstant(const json_t* value);
+/// From standard Base64.
+[[nodiscard]] std::optional<QByteArray> toBytes(const json_t* value);
+/// From the canonical text of an `Identifier`.
+template <typename Id>
+[[nodiscard]] std::optional<Id> toIdentifier(const json_t* value)
+{
+    const auto text = toString(value);
+    return text ? Id::fromText(*text) : std::nullopt;
+}
 
 } // namespace driftbox::Json

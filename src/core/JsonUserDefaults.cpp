@@ -25,7 +25,7 @@ struct ToJson
 JsonUserDefaults::JsonUserDefaults(FileSystem& fileSystem, const QString& folder)
     : m_fileSystem(fileSystem)
     , m_folder(folder)
-    , m_path(folder + u"/defaults.json"_s)
+    , m_file(fileSystem, folder + u"/defaults.json"_s)
     , m_object(json_object())
 {
     load();
@@ -33,7 +33,7 @@ JsonUserDefaults::JsonUserDefaults(FileSystem& fileSystem, const QString& folder
 
 void JsonUserDefaults::load()
 {
-    const auto text = m_fileSystem.read(m_path);
+    const auto text = m_file.read();
     if (!text)
         return;
 
@@ -44,7 +44,7 @@ void JsonUserDefaults::load()
     }
     qCCritical(log).noquote() << u"Settings unreadable, using defaults: %1"_s.arg(
         parsed.value ? u"not an object"_s : parsed.error);
-    m_unreadable = text;
+    m_file.markCorrupt(*text);
 }
 
 std::optional<DefaultsValue> JsonUserDefaults::value(const QString& key) const
@@ -65,13 +65,7 @@ void JsonUserDefaults::setValue(const QString& key, const DefaultsValue& value)
                         std::visit(ToJson(), value).release());
 
     m_fileSystem.createFolder(m_folder);
-    if (m_unreadable) {
-        if (const auto error =
-                m_fileSystem.writeAtomically(m_folder + u"/defaults.corrupt.json"_s, *m_unreadable))
-            qCCritical(log).noquote() << u"Failed to keep the unreadable settings: %1"_s.arg(*error);
-        m_unreadable.reset();
-    }
-    if (const auto error = m_fileSystem.writeAtomically(m_path, Json::compactText(*m_object)))
+    if (const auto error = m_file.write(Json::compactText(*m_object)))
         qCCritical(log).noquote() << u"Failed to store settings: %1"_s.arg(*error);
 }
 

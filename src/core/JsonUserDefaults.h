@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Json.h"
+#include "core/ManifestFile.h"
 #include "platform/UserDefaults.h"
 
 namespace driftbox {
@@ -24,9 +25,8 @@ private:
 
     FileSystem& m_fileSystem;
     QString m_folder;
-    QString m_path;
+    ManifestFile m_file;
     Json::Value m_object;
-    std::optional<QByteArray> m_unreadable; ///< what the file held when it could not be understood
 };
 
 } // namespace driftbox

@@ -43,9 +43,8 @@ bool standardErrorIsTheJournal()
     struct stat status = {};
     if (fstat(fileno(stderr), &status) != 0)
         return false;
-    const QByteArray stream =
-        QByteArray::number(static_cast<qulonglong>(status.st_dev)) + ':'
-        + QByteArray::number(static_cast<qulonglong>(status.st_ino));
+    const QByteArray stream = QByteArray::number(static_cast<qulonglong>(status.st_dev)) + ':' +
+                              QByteArray::number(static_cast<qulonglong>(status.st_ino));
     return qgetenv("JOURNAL_STREAM") == stream;
 }
 

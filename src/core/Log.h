@@ -10,7 +10,8 @@ namespace driftbox::Log {
 inline constexpr auto subsystem = "app.driftbox";
 
 /// Sends what the program logs to the journal, with SUBSYSTEM and CATEGORY fields, when the session
-/// started it; otherwise to standard error, one line each: time, level, subsystem:category, message.
+/// started it; otherwise to standard error, one line each: time, level, subsystem:category,
+/// message.
 void install();
 
 } // namespace driftbox::Log

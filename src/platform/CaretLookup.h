@@ -20,8 +20,9 @@ public:
     /// downwards; none when it cannot be had.
     using Answer = std::function<void(std::optional<QRectF>)>;
 
-    /// Calls `answer` exactly once, on the main thread, within 150 ms whatever the other application
-    /// does, perhaps before this returns. Nothing is called once `owner` has been destroyed.
+    /// Calls `answer` exactly once, on the main thread, within 150 ms whatever the other
+    /// application does, perhaps before this returns. Nothing is called once `owner` has been
+    /// destroyed.
     virtual void caretRectangle(QObject* owner, Answer answer) = 0;
 
 protected:

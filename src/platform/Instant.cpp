@@ -14,8 +14,8 @@ Instant Instant::fromDateTime(const QDateTime& dateTime)
 
 QDateTime Instant::toLocalTime() const
 {
-    return QDateTime::fromMSecsSinceEpoch(referenceEpochMs
-                                          + static_cast<qint64>(m_referenceSeconds * 1000.0));
+    return QDateTime::fromMSecsSinceEpoch(referenceEpochMs +
+                                          static_cast<qint64>(m_referenceSeconds * 1000.0));
 }
 
 } // namespace driftbox

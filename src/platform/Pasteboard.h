@@ -11,9 +11,9 @@ namespace driftbox {
 /// What one copy put on the pasteboard, in the forms that the program understands.
 struct PasteboardContent
 {
-    std::optional<QString> text;
-    std::optional<QByteArray> rtf;
-    std::optional<QByteArray> png; ///< always a complete PNG file that decodes
+    std::optional<QString> text = {};
+    std::optional<QByteArray> rtf = {};
+    std::optional<QByteArray> png = {}; ///< always a complete PNG file that decodes
 
     [[nodiscard]] bool isEmpty() const { return !text && !rtf && !png; }
     bool operator==(const PasteboardContent&) const = default;
@@ -23,8 +23,8 @@ struct PasteboardContent
 ///
 /// Main thread only. Every call is a look at memory and returns at once: the back-end fetches what
 /// another program has copied beforehand, asynchronously, with a time and a size limit, and the
-/// change count moves only when that content is complete. Content that its owner marked secret, that
-/// is too large, that does not arrive in time or does not decode reads as absent.
+/// change count moves only when that content is complete. Content that its owner marked secret,
+/// that is too large, that does not arrive in time or does not decode reads as absent.
 class Pasteboard : public QObject
 {
     Q_OBJECT

@@ -7,15 +7,18 @@
 
 #include <QtCore/QRectF>
 
-/// The one place where coordinates are converted. Three spaces meet here, all but the last in points:
-/// - screen space: origin at the bottom left corner of the primary screen, y growing upwards; used by
+/// The one place where coordinates are converted. Three spaces meet here, all but the last in
+/// points:
+/// - screen space: origin at the bottom left corner of the primary screen, y growing upwards; used
+/// by
 ///   all models and manifests;
 /// - desktop space: origin at the top left corner of the primary screen, y growing downwards; what
 ///   accessibility and the toolkit speak;
 /// - device space: pixels of the whole desktop, y growing downwards.
 namespace driftbox::ScreenSpace {
 
-/// `primaryHeight` is the height of the primary screen in points. The same formula serves both ways.
+/// `primaryHeight` is the height of the primary screen in points. The same formula serves both
+/// ways.
 [[nodiscard]] QRectF flipped(const QRectF& rectangle, qreal primaryHeight);
 [[nodiscard]] QPointF flipped(QPointF point, qreal primaryHeight);
 

@@ -30,7 +30,8 @@ public:
     /// True once the process or the window has gone.
     [[nodiscard]] virtual bool isTerminated() const = 0;
 
-    /// Asks the desktop to bring that window to the front and give it the keyboard. Returns at once.
+    /// Asks the desktop to bring that window to the front and give it the keyboard. Returns at
+    /// once.
     virtual void activate() = 0;
 };
 

@@ -51,12 +51,9 @@ private Q_SLOTS:
     {
         FakeUserDefaults defaults;
         defaults.values = {
-            {u"settings.clipboardCapacity"_s, u"40"_s},
-            {u"settings.hotkeyEnabled"_s, qint64(0)},
-            {u"settings.hotkeyModifier"_s, u"Option"_s},
-            {u"settings.hotkeyThresholdMs"_s, 250.5},
-            {u"settings.launchAtLogin"_s, u"true"_s},
-            {u"settings.noteDefaultColor"_s, true},
+            {u"settings.clipboardCapacity"_s, u"40"_s},  {u"settings.hotkeyEnabled"_s, qint64(0)},
+            {u"settings.hotkeyModifier"_s, u"Option"_s}, {u"settings.hotkeyThresholdMs"_s, 250.5},
+            {u"settings.launchAtLogin"_s, u"true"_s},    {u"settings.noteDefaultColor"_s, true},
         };
         const auto before = defaults.values;
         const AppSettings settings(defaults);

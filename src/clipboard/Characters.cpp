@@ -1,0 +1,36 @@
+#include "clipboard/Characters.h"
+
+#include <algorithm>
+
+#include <QtCore/QTextBoundaryFinder>
+
+namespace driftbox {
+
+namespace {
+
+// The end of the first `count` characters of `text`, or its end.
+qsizetype endOfCharacters(QStringView text, qsizetype count)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
+    while (count > 0 && finder.toNextBoundary() >= 0)
+        --count;
+    return finder.position() < 0 ? text.size() : finder.position();
+}
+
+} // namespace
+
+QString firstCharacters(const QString& text, qsizetype count)
+{
+    if (text.size() <= count)
+        return text;
+    // The finder examines all that it is given. A character that reaches the end of the window may
+    // go on behind it: then a larger one is needed.
+    for (qsizetype window = std::min(4 * count, text.size());;
+         window = std::min(4 * window, text.size())) {
+        const qsizetype end = endOfCharacters(QStringView(text).first(window), count);
+        if (end < window || window == text.size())
+            return text.first(end);
+    }
+}
+
+} // namespace driftbox

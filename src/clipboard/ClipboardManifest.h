@@ -1,0 +1,25 @@
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+
+#include <vector>
+
+/// The clipboard history as JSON: one array of items, front first, compact, members in a fixed
+/// order, absent members left out, instants as seconds since 2001-01-01T00:00:00Z. Reading takes
+/// members in any order and ignores unknown ones, but one bad item makes the whole manifest
+/// unreadable.
+namespace driftbox::ClipboardManifest {
+
+/// One element of the array.
+[[nodiscard]] QByteArray encode(const ClipboardItem& item);
+
+[[nodiscard]] QByteArray encode(const std::vector<ClipboardItem>& items);
+
+struct Decoded
+{
+    std::vector<ClipboardItem> items;
+    QString error; ///< empty when the manifest is good
+};
+[[nodiscard]] Decoded decode(const QByteArray& text);
+
+} // namespace driftbox::ClipboardManifest

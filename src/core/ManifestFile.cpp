@@ -1,0 +1,32 @@
+#include "core/ManifestFile.h"
+
+#include "platform/FileSystem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+ManifestFile::ManifestFile(FileSystem& fileSystem, const QString& path)
+    : m_fileSystem(fileSystem)
+    , m_path(path)
+{
+    Q_ASSERT(path.endsWith(u".json"));
+}
+
+std::optional<QByteArray> ManifestFile::read() const
+{
+    return m_fileSystem.read(m_path);
+}
+
+std::optional<QString> ManifestFile::write(const QByteArray& contents)
+{
+    if (m_corrupt) {
+        const QString aside = m_path.chopped(qstrlen(".json")) + u".corrupt.json"_s;
+        if (auto error = m_fileSystem.writeAtomically(aside, *m_corrupt))
+            return error;
+        m_corrupt.reset();
+    }
+    return m_fileSystem.writeAtomically(m_path, contents);
+}
+
+} // namespace driftbox

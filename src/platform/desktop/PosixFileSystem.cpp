@@ -1,0 +1,185 @@
+#include "platform/desktop/PosixFileSystem.h"
+
+#include "platform/desktop/FileDescriptor.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <limits.h>
+#include <sys/stat.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QMutexLocker>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr mode_t fileMode = 0600;
+constexpr mode_t folderMode = 0700;
+constexpr int linkLimit = 40;
+
+QByteArray folderOf(const QByteArray& path)
+{
+    return path.left(path.lastIndexOf('/') + 1);
+}
+
+bool isFolder(const QByteArray& path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// Runs a system call again for as long as signals interrupt it.
+template <typename Call>
+auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+// The path that `path` leads to through symbolic links, which need not exist; none, with errno set,
+// when they go round in circles.
+std::optional<QByteArray> followLinks(QByteArray path)
+{
+    for (int i = 0; i < linkLimit; ++i) {
+        QByteArray target(PATH_MAX, Qt::Uninitialized);
+        const auto length = readlink(path.constData(), target.data(), PATH_MAX);
+        if (length < 0)
+            return path;
+        target.truncate(length);
+        path = target.startsWith('/') ? target : folderOf(path) + target;
+    }
+    errno = ELOOP;
+    return std::nullopt;
+}
+
+bool writeFully(int descriptor, const QByteArray& bytes)
+{
+    for (qsizetype done = 0; done < bytes.size();) {
+        const auto written = uninterrupted([&] {
+            return write(descriptor, bytes.constData() + done,
+                         static_cast<size_t>(bytes.size() - done));
+        });
+        if (written < 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+// A new file at `path`, whatever was there before. False with errno set.
+bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
+{
+    unlink(path.constData());
+    FileDescriptor file(uninterrupted([&] {
+        return open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                    fileMode);
+    }));
+    // The mode given to open() has lost what the process's mask forbids.
+    return file.isOpen() && fchmod(file.get(), fileMode) == 0 && writeFully(file.get(), bytes) &&
+           file.close();
+}
+
+} // namespace
+
+// Two threads that write the same file do it one after the other.
+class PosixFileSystem::PathLock
+{
+public:
+    PathLock(PosixFileSystem& fileSystem, const QByteArray& path)
+        : m_fileSystem(fileSystem)
+        , m_path(path)
+    {
+        QMutexLocker lock(&fileSystem.m_mutex);
+        while (fileSystem.m_pathsInUse.contains(path))
+            fileSystem.m_pathReleased.wait(lock.mutex());
+        fileSystem.m_pathsInUse.insert(path);
+    }
+    PathLock(const PathLock&) = delete;
+    PathLock& operator=(const PathLock&) = delete;
+    ~PathLock()
+    {
+        const QMutexLocker lock(&m_fileSystem.m_mutex);
+        m_fileSystem.m_pathsInUse.remove(m_path);
+        m_fileSystem.m_pathReleased.wakeAll();
+    }
+
+private:
+    PosixFileSystem& m_fileSystem;
+    QByteArray m_path;
+};
+
+std::optional<QByteArray> PosixFileSystem::read(const QString& path) const
+{
+    // Without O_NONBLOCK the opening of a pipe would wait for a writer.
+    const FileDescriptor file(uninterrupted([name = QFile::encodeName(path)] {
+        return open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    }));
+    struct stat status = {};
+    if (!file.isOpen() || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+
+    // One byte more than the file has shows the end without a second buffer.
+    QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);
+    for (qsizetype done = 0;;) {
+        if (done == bytes.size())
+            bytes.resize(bytes.size() * 2);
+        const auto length = uninterrupted([&] {
+            return ::read(file.get(), bytes.data() + done,
+                          static_cast<size_t>(bytes.size() - done));
+        });
+        if (length < 0)
+            return std::nullopt;
+        if (length == 0) {
+            bytes.truncate(done);
+            return bytes;
+        }
+        done += length;
+    }
+}
+
+std::optional<QString> PosixFileSystem::writeAtomically(const QString& path,
+                                                        const QByteArray& bytes)
+{
+    const auto failure = [&path](int error) {
+        return u"%1: %2"_s.arg(path, qt_error_string(error));
+    };
+
+    const auto target = followLinks(QFile::encodeName(path));
+    if (!target)
+        return failure(errno);
+    const QByteArray folder = folderOf(*target);
+    const QByteArray temporary = folder + '.' + target->mid(folder.size()) + ".new";
+
+    const PathLock lock(*this, temporary);
+    if (!writeNewFile(temporary, bytes) ||
+        rename(temporary.constData(), target->constData()) != 0) {
+        const int error = errno;
+        unlink(temporary.constData());
+        return failure(error);
+    }
+    m_sync.schedule(*target);
+    return std::nullopt;
+}
+
+bool PosixFileSystem::createFolder(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    for (qsizetype end = name.indexOf('/', 1); end > 0; end = name.indexOf('/', end + 1))
+        mkdir(name.left(end).constData(), folderMode);
+    mkdir(name.constData(), folderMode);
+    return isFolder(name);
+}
+
+bool PosixFileSystem::remove(const QString& path)
+{
+    return unlink(QFile::encodeName(path).constData()) == 0;
+}
+
+} // namespace driftbox

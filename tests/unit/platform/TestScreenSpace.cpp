@@ -1,0 +1,70 @@
+#include "platform/ScreenSpace.h"
+
+#include <QtTest/QTest>
+
+using namespace driftbox;
+
+namespace {
+
+// 1440x900 points at 1x, to its left 1280x720 points at 2x with its top 100 points lower.
+std::vector<Screen> twoScreens()
+{
+    return {
+        {.frame = {0, 0, 1440, 900},
+         .visibleFrame = {0, 0, 1440, 875},
+         .deviceFrame = {2560, 0, 1440, 900},
+         .scale = 1.0},
+        {.frame = {-1280, 80, 1280, 720},
+         .visibleFrame = {-1280, 80, 1280, 720},
+         .deviceFrame = {0, 100, 2560, 1440},
+         .scale = 2.0},
+    };
+}
+
+} // namespace
+
+class TestScreenSpace : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void flippingSwapsTopAndBottom()
+    {
+        QCOMPARE(ScreenSpace::flipped(QRectF(100, 200, 1, 18), 900), QRectF(100, 682, 1, 18));
+        QCOMPARE(ScreenSpace::flipped(QPointF(100, 200), 900), QPointF(100, 700));
+    }
+
+    void flippingTwiceChangesNothing()
+    {
+        const QRectF rectangle(-10.5, 20.25, 30, 40);
+        QCOMPARE(ScreenSpace::flipped(ScreenSpace::flipped(rectangle, 900), 900), rectangle);
+    }
+
+    void pixelsArePointsByTheScaleOfTheirScreen()
+    {
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2660, 200, 1, 18), twoScreens()),
+                 QRectF(100, 200, 1, 18));
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(200, 300, 2, 36), twoScreens()),
+                 QRectF(-1180, 200, 1, 18));
+    }
+
+    void theCentreDecidesOnTheScreen()
+    {
+        // Both lie across the border; the first belongs to the left screen, the second to the
+        // right.
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2540, 200, 30, 20), twoScreens()),
+                 QRectF(-10, 150, 15, 10));
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2550, 200, 30, 20), twoScreens()),
+                 QRectF(-10, 200, 30, 20));
+    }
+
+    void nothingIsFoundOffTheScreens()
+    {
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(-10, -10, 2, 2), twoScreens()),
+                 std::nullopt);
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2, 2, 2, 2), {}), std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestScreenSpace)
+#include "TestScreenSpace.moc"

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/TaskRunner.h"
+
+#include <list>
+
+#include <QtCore/QPointer>
+#include <QtCore/QThreadPool>
+
+namespace driftbox {
+
+/// Runs work on a few threads of its own, which end when they have been idle for a while.
+///
+/// Work starts in the order of the calls, and what `work` and `done` hold is let go of on the main
+/// thread. Destroying the runner drops work that has not started, waits for what is running, and
+/// calls no `done` any more.
+class ThreadPoolTaskRunner final : public QObject, public TaskRunner
+{
+public:
+    explicit ThreadPoolTaskRunner(int threads = 2);
+    ~ThreadPoolTaskRunner() override;
+
+    void run(QObject* owner, std::function<void()> work, std::function<void()> done) override;
+
+private:
+    struct Task
+    {
+        QPointer<QObject> owner;
+        std::function<void()> work;
+        std::function<void()> done;
+    };
+    using Tasks = std::list<Task>;
+
+    void finish(Tasks::iterator task);
+
+    Tasks m_tasks; ///< main thread; the threads only call the `work` of the one they run
+    QThreadPool m_pool;
+};
+
+} // namespace driftbox

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QHash>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QSocketNotifier>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+/// The program's own connection to the X server, on the main event loop.
+///
+/// Main thread only. Events and replies are handed out from the event loop, never from within a
+/// call, in slices of a few milliseconds; requests leave at the latest before the event loop goes
+/// to sleep. The calls marked "round trip" wait for the server and are meant for the start of the
+/// program; all else waits for nobody. When the server goes away this is logged once, `closed` is
+/// emitted, nothing is delivered any more, and requests have no effect.
+class X11Connection final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Connects to `display`, or to the one that DISPLAY names; null when that fails.
+    [[nodiscard]] static std::unique_ptr<X11Connection> open(const QByteArray& display = {});
+    ~X11Connection() override;
+
+    [[nodiscard]] xcb_connection_t* xcb() const { return m_xcb.get(); }
+    [[nodiscard]] const xcb_screen_t& screen() const { return *m_screen; }
+    [[nodiscard]] xcb_window_t root() const { return m_screen->root; }
+    [[nodiscard]] bool isOpen() const { return m_isOpen; }
+
+    /// The atom of that name, kept from then on. Round trip the first time.
+    [[nodiscard]] xcb_atom_t atom(const QByteArray& name);
+    /// Asks for all of them in one round trip.
+    void intern(std::span<const char* const> names);
+
+    /// The number of the extension's first event; empty when the server lacks it. Round trip the
+    /// first time.
+    [[nodiscard]] std::optional<std::uint8_t> firstEventOf(xcb_extension_t& extension) const;
+
+    /// Calls `handle` with the reply to the request of that sequence number (a cookie's
+    /// `sequence`), or with null when the server answered with an error. Not called once `owner` is
+    /// destroyed.
+    template <typename Reply>
+    void whenReplied(unsigned int sequence, QObject* owner,
+                     std::function<void(const Reply*)> handle)
+    {
+        await(sequence, owner, [handle = std::move(handle)](const void* reply) {
+            handle(static_cast<const Reply*>(reply));
+        });
+    }
+
+    /// Calls `handle` with the server's time after all requests made so far. Not called once
+    /// `owner` is destroyed.
+    void whenServerTimeKnown(QObject* owner, std::function<void(xcb_timestamp_t)> handle);
+
+    /// Sends the requests made so far.
+    void flush();
+
+Q_SIGNALS:
+    /// Every event but errors. The reference is valid during the emission only.
+    void eventReceived(const xcb_generic_event_t& event);
+    void closed();
+
+private:
+    struct Disconnect
+    {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    using Handle = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+    struct PendingReply
+    {
+        unsigned int sequence;
+        QPointer<QObject> owner;
+        std::function<void(const void*)> handle;
+    };
+    struct PendingTime
+    {
+        QPointer<QObject> owner;
+        std::function<void(xcb_timestamp_t)> handle;
+    };
+
+    X11Connection(Handle xcb, int screenNumber);
+
+    void createHelperWindow();
+    void await(unsigned int sequence, QObject* owner, std::function<void(const void*)> handle);
+    void deliver();
+    bool deliverNextReply();
+    bool deliverNextEvent();
+    void deliverServerTime(xcb_timestamp_t time);
+    void checkForClosing();
+
+    Handle m_xcb;
+    xcb_screen_t* m_screen = nullptr;
+    xcb_window_t m_helperWindow = XCB_NONE;
+    QSocketNotifier m_notifier;
+    QHash<QByteArray, xcb_atom_t> m_atoms;
+    std::deque<PendingReply> m_replies; ///< in the order of the requests
+    std::deque<PendingTime> m_times;    ///< in the order of the requests
+    bool m_isOpen = true;
+};
+
+} // namespace driftbox

@@ -1,0 +1,14 @@
+#include "panel/DoubleTapDetector.h"
+
+#include <utility>
+
+namespace driftbox {
+
+bool DoubleTapDetector::registerModifierDown(EventTime now, Threshold threshold)
+{
+    const auto before = std::exchange(m_lastTap, now);
+    const bool interrupted = std::exchange(m_commandUsedSinceLastTap, false);
+    return before && !interrupted && Threshold(now - *before) <= threshold;
+}
+
+} // namespace driftbox

@@ -1,15 +1,17 @@
 #include "clipboard/CaseInsensitiveMatcher.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace driftbox {
 
 namespace {
 
-constexpr qsizetype lanes = 8;
-using Lanes = char16_t __attribute__((vector_size(lanes * sizeof(char16_t))));
-using Mask = decltype(Lanes() == Lanes());
+using Lanes = CaseInsensitiveMatcher::Lanes;
+using Mask = CaseInsensitiveMatcher::Mask;
+constexpr qsizetype lanes = CaseInsensitiveMatcher::lanes;
 
 Lanes load(const char16_t* text)
 {
@@ -18,11 +20,15 @@ Lanes load(const char16_t* text)
     return result;
 }
 
+std::array<std::uint64_t, 2> wordsOf(const Mask& mask)
+{
+    return std::bit_cast<std::array<std::uint64_t, 2>>(mask);
+}
+
 bool any(const Mask& mask)
 {
-    std::array<std::uint64_t, sizeof(Mask) / sizeof(std::uint64_t)> words{};
-    std::memcpy(words.data(), &mask, sizeof mask);
-    return std::ranges::any_of(words, [](std::uint64_t word) { return word != 0; });
+    const auto words = wordsOf(mask);
+    return (words[0] | words[1]) != 0;
 }
 
 bool isTurkic(const QLocale& locale)
@@ -42,23 +48,68 @@ char16_t folded(char16_t character, bool turkic)
     return QChar(character).toCaseFolded().unicode();
 }
 
+struct Folding
+{
+    char16_t folded;
+    char16_t character;
+};
+
+// Every character that folding changes, sorted by what it becomes.
+std::vector<Folding> foldings(bool turkic)
+{
+    std::vector<Folding> result;
+    for (char32_t unit = 0; unit <= 0xffff; ++unit) {
+        const auto character = static_cast<char16_t>(unit);
+        if (const char16_t other = folded(character, turkic); other != character)
+            result.push_back({other, character});
+    }
+    std::ranges::stable_sort(result, {}, &Folding::folded);
+    return result;
+}
+
+const std::vector<Folding>& foldingsFor(const QLocale& locale)
+{
+    static const std::vector<Folding> plain = foldings(false);
+    static const std::vector<Folding> turkic = foldings(true);
+    return isTurkic(locale) ? turkic : plain;
+}
+
+// Characters by how often they are met, in many languages; what is not here is rare.
+qsizetype frequency(char16_t character)
+{
+    constexpr QStringView rareToFrequent = u"qzxjkvbwpyg,.fmucdlhrsniotae ";
+    return rareToFrequent.indexOf(QChar(character));
+}
+
 } // namespace
 
 CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLocale& locale)
 {
     const bool turkic = isTurkic(locale);
+    const std::vector<Folding>& pairs = foldingsFor(locale);
     for (const QChar character : needle) {
-        const char16_t wanted = folded(character.unicode(), turkic);
         Variants variants;
-        variants.fill(wanted);
-        size_t count = 1;
-        for (char32_t other = 0; other <= 0xffff && count < variants.size(); ++other) {
-            const auto unit = static_cast<char16_t>(other);
-            if (unit != wanted && folded(unit, turkic) == wanted)
-                variants[count++] = unit;
-        }
+        variants.fill(folded(character.unicode(), turkic));
+        const auto others = std::ranges::equal_range(pairs, variants.front(), {}, &Folding::folded);
+        auto place = variants.begin() + 1;
+        for (auto other = others.begin(); other != others.end() && place != variants.end(); ++other)
+            *place++ = other->character;
         m_needle.push_back(variants);
     }
+
+    const auto rarer = [this](size_t a, size_t b) {
+        return frequency(m_needle[a].front()) < frequency(m_needle[b].front());
+    };
+    for (size_t index = 1; index < m_needle.size(); ++index) {
+        if (rarer(index, m_first))
+            m_second = std::exchange(m_first, index);
+        else if (m_second == m_first || rarer(index, m_second))
+            m_second = index;
+    }
+    const auto hasMany = [this](size_t index) {
+        return !m_needle.empty() && m_needle[index][2] != m_needle[index][0];
+    };
+    m_haveManyVariants = hasMany(m_first) || hasMany(m_second);
 }
 
 bool CaseInsensitiveMatcher::matchesAt(const char16_t* text) const
@@ -69,32 +120,56 @@ bool CaseInsensitiveMatcher::matchesAt(const char16_t* text) const
     });
 }
 
-bool CaseInsensitiveMatcher::isIn(QStringView text) const
+bool CaseInsensitiveMatcher::matchesAtOneOf(const char16_t* text, const Mask& places) const
 {
-    if (m_needle.empty())
-        return true;
-    const auto length = static_cast<qsizetype>(m_needle.size());
-    const qsizetype places = text.size() - length + 1;
-    const char16_t* const start = text.utf16();
-    const char16_t* const lastStart = start + length - 1;
-
-    // A place is worth a closer look only where both the first and the last character match.
-    const auto matching = [](const Lanes& characters, const Variants& variants) {
-        return (characters == variants[0]) | (characters == variants[1]) |
-               (characters == variants[2]) | (characters == variants[3]);
-    };
-    qsizetype place = 0;
-    for (; place + lanes <= places; place += lanes) {
-        const Mask candidates = matching(load(start + place), m_needle.front()) &
-                                matching(load(lastStart + place), m_needle.back());
-        if (!any(candidates))
-            continue;
-        for (qsizetype lane = 0; lane < lanes; ++lane) {
-            if (candidates[lane] && matchesAt(start + place + lane))
+    constexpr int bitsPerLane = 16;
+    const auto words = wordsOf(places);
+    for (size_t half = 0; half < 2; ++half) {
+        for (std::uint64_t word = words[half]; word != 0;) {
+            const int lane = std::countr_zero(word) / bitsPerLane;
+            if (matchesAt(text + half * lanes / 2 + lane))
                 return true;
+            word &= ~(std::uint64_t(0xffff) << (lane * bitsPerLane));
         }
     }
-    for (; place < places; ++place) {
+    return false;
+}
+
+template <size_t variantCount>
+bool CaseInsensitiveMatcher::isInSteps(const char16_t* text, qsizetype steps) const
+{
+    const Variants first = m_needle[m_first];
+    const Variants second = m_needle[m_second];
+    const auto matching = [](const char16_t* at, const Variants& variants) {
+        const Lanes characters = load(at);
+        Mask mask = characters == variants[0];
+        for (size_t variant = 1; variant < variantCount; ++variant)
+            mask |= characters == variants[variant];
+        return mask;
+    };
+    const char16_t* const end = text + steps * lanes;
+    for (const char16_t* place = text; place != end; place += lanes) {
+        const Mask candidates = matching(place + m_first, first);
+        if (!any(candidates))
+            continue;
+        const Mask both = candidates & matching(place + m_second, second);
+        if (any(both) && matchesAtOneOf(place, both))
+            return true;
+    }
+    return false;
+}
+
+bool CaseInsensitiveMatcher::isIn(QStringView text) const
+{
+    const qsizetype places = text.size() - static_cast<qsizetype>(m_needle.size()) + 1;
+    if (m_needle.empty() || places <= 0)
+        return m_needle.empty();
+
+    const char16_t* const start = text.utf16();
+    const qsizetype steps = places / lanes;
+    if (m_haveManyVariants ? isInSteps<4>(start, steps) : isInSteps<2>(start, steps))
+        return true;
+    for (qsizetype place = steps * lanes; place < places; ++place) {
         if (matchesAt(start + place))
             return true;
     }

@@ -54,13 +54,27 @@ QByteArray encode(const ClipboardItem& item)
     return Json::compactText(*object);
 }
 
-QByteArray encode(const std::vector<ClipboardItem>& items)
+QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
 {
-    QByteArray text("[");
+    QHash<ClipboardItemId, Element> elements;
+    elements.reserve(static_cast<qsizetype>(items.size()));
+    qsizetype size = 2;
+    for (const ClipboardItem& item : items) {
+        Element element = m_elements.take(item.id);
+        if (element.text.isEmpty() || element.pinnedAt != item.pinnedAt)
+            element = {item.pinnedAt, ClipboardManifest::encode(item)};
+        size += element.text.size() + 1;
+        elements.insert(item.id, std::move(element));
+    }
+    m_elements = std::move(elements);
+
+    QByteArray text;
+    text.reserve(size);
+    text += '[';
     for (const ClipboardItem& item : items) {
         if (text.size() > 1)
             text += ',';
-        text += encode(item);
+        text += m_elements[item.id].text;
     }
     return text += ']';
 }

@@ -2,7 +2,10 @@
 
 #include "clipboard/ClipboardItem.h"
 
+#include <optional>
 #include <vector>
+
+#include <QtCore/QHash>
 
 /// The clipboard history as JSON: one array of items, front first, compact, members in a fixed
 /// order, absent members left out, instants as seconds since 2001-01-01T00:00:00Z. Reading takes
@@ -13,7 +16,21 @@ namespace driftbox::ClipboardManifest {
 /// One element of the array.
 [[nodiscard]] QByteArray encode(const ClipboardItem& item);
 
-[[nodiscard]] QByteArray encode(const std::vector<ClipboardItem>& items);
+/// Writes manifests. Remembers the text of each item between two of them, because a change concerns
+/// one item and most of a manifest stays as it was.
+class Writer
+{
+public:
+    [[nodiscard]] QByteArray encode(const std::vector<ClipboardItem>& items);
+
+private:
+    struct Element
+    {
+        std::optional<Instant> pinnedAt; ///< all else about an item never changes
+        QByteArray text;
+    };
+    QHash<ClipboardItemId, Element> m_elements;
+};
 
 struct Decoded
 {

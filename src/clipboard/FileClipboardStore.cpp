@@ -1,6 +1,5 @@
 #include "clipboard/FileClipboardStore.h"
 
-#include "clipboard/ClipboardManifest.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 
@@ -48,7 +47,7 @@ void FileClipboardStore::bootstrap()
 
 void FileClipboardStore::persist()
 {
-    if (const auto error = m_manifest.write(ClipboardManifest::encode(m_items)))
+    if (const auto error = m_manifest.write(m_writer.encode(m_items)))
         qCCritical(log).noquote() << u"Failed to persist manifest: %1"_s.arg(*error);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clipboard/ClipboardManifest.h"
 #include "clipboard/ClipboardStore.h"
 #include "core/ManifestFile.h"
 
@@ -40,6 +41,7 @@ private:
     QString m_rootURL;
     QString m_imagesURL;
     ManifestFile m_manifest;
+    ClipboardManifest::Writer m_writer;
     std::vector<ClipboardItem> m_items;
 };
 

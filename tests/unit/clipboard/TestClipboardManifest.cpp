@@ -45,7 +45,7 @@ private Q_SLOTS:
             json(QByteArray("[{'id':'") + idText +
                  "','kind':'text','textContent':'a\\/b \\'ü\\'\\n','imageFileName':'x.png',"
                  "'rtfData':'e1xydGYxL\\/99','createdAt':700000000.125,'pinnedAt':700000001.5}]");
-        QCOMPARE(ClipboardManifest::encode(std::vector{item}), expected);
+        QCOMPARE(ClipboardManifest::Writer().encode({item}), expected);
     }
 
     void absentMembersAreLeftOut()
@@ -68,11 +68,30 @@ private Q_SLOTS:
              .createdAt = Instant::fromReferenceSeconds(-5e8),
              .pinnedAt = Instant::fromReferenceSeconds(700'000'000.000001)},
         };
-        const auto decoded = ClipboardManifest::decode(ClipboardManifest::encode(items));
+        const auto decoded = ClipboardManifest::decode(ClipboardManifest::Writer().encode(items));
         QCOMPARE(decoded.error, QString());
         QVERIFY(decoded.items == items);
         QCOMPARE(ClipboardManifest::decode("[]").error, QString());
-        QCOMPARE(ClipboardManifest::encode(std::vector<ClipboardItem>()), "[]");
+        QCOMPARE(ClipboardManifest::Writer().encode({}), "[]");
+    }
+
+    void aWriterFollowsWhatChanges()
+    {
+        ClipboardManifest::Writer writer;
+        ClipboardItem first = textItem(u"one"_s);
+        const ClipboardItem second{.textContent = u"two"_s};
+        const auto writtenBack = [&writer](const std::vector<ClipboardItem>& items) {
+            return ClipboardManifest::decode(writer.encode(items)).items == items;
+        };
+        QVERIFY(writtenBack({first}));
+        QVERIFY(writtenBack({second, first}));
+        first.pinnedAt = Instant::fromReferenceSeconds(3);
+        QVERIFY(writtenBack({first, second}));
+        first.pinnedAt = Instant::fromReferenceSeconds(4);
+        QVERIFY(writtenBack({first, second}));
+        first.pinnedAt.reset();
+        QVERIFY(writtenBack({first}));
+        QVERIFY(writtenBack({}));
     }
 
     void readingToleratesOrderUnknownMembersNullsAndAnyNotation()

@@ -16,6 +16,10 @@ function(driftbox_library name)
     endif()
     add_library(${name} STATIC ${sources})
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON)
+    # moc does not notice a new header by itself.
+    set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.txt)
+    file(CONFIGURE OUTPUT ${list} CONTENT "${sources}" @ONLY)
+    set_target_properties(${name} PROPERTIES AUTOGEN_TARGET_DEPENDS ${list})
     target_link_libraries(${name} PUBLIC driftbox_flags ${ARG_LINK})
 endfunction()
 

@@ -16,10 +16,11 @@ function(driftbox_library name)
     endif()
     add_library(${name} STATIC ${sources})
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON)
-    # moc does not notice a new header by itself.
-    set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.txt)
-    file(CONFIGURE OUTPUT ${list} CONTENT "${sources}" @ONLY)
-    set_target_properties(${name} PROPERTIES AUTOGEN_TARGET_DEPENDS ${list})
+    # A new header alone does not make moc run again.
+    if(NOT sources STREQUAL DRIFTBOX_${name}_SOURCES)
+        file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
+        set(DRIFTBOX_${name}_SOURCES "${sources}" CACHE INTERNAL "")
+    endif()
     target_link_libraries(${name} PUBLIC driftbox_flags ${ARG_LINK})
 endfunction()
 

@@ -74,6 +74,15 @@ const std::vector<Folding>& foldingsFor(const QLocale& locale)
     return isTurkic(locale) ? turkic : plain;
 }
 
+// The other case of a letter whose surrogate pair ends in `low`; its pair begins like this one.
+char16_t otherLowSurrogate(char16_t high, char16_t low)
+{
+    const char32_t letter = QChar::surrogateToUcs4(high, low);
+    const char32_t upper = QChar::toUpper(letter);
+    const char32_t other = upper == letter ? QChar::toLower(letter) : upper;
+    return QChar::highSurrogate(other) == high ? QChar::lowSurrogate(other) : low;
+}
+
 // Characters by how often they are met, in many languages; what is not here is rare.
 qsizetype frequency(char16_t character)
 {
@@ -87,6 +96,7 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
 {
     const bool turkic = isTurkic(locale);
     const std::vector<Folding>& pairs = foldingsFor(locale);
+    char16_t previous = 0;
     for (const QChar character : needle) {
         Variants variants;
         variants.fill(folded(character.unicode(), turkic));
@@ -94,6 +104,9 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
         auto place = variants.begin() + 1;
         for (auto other = others.begin(); other != others.end() && place != variants.end(); ++other)
             *place++ = other->character;
+        if (character.isLowSurrogate() && QChar::isHighSurrogate(previous))
+            variants[1] = otherLowSurrogate(previous, character.unicode());
+        previous = character.unicode();
         m_needle.push_back(variants);
     }
 

@@ -23,6 +23,8 @@ QString firstCharacters(const QString& text, qsizetype count)
 {
     if (text.size() <= count)
         return text;
+    if (count <= 0)
+        return {};
     // The finder examines all that it is given. A character that reaches the end of the window may
     // go on behind it: then a larger one is needed.
     for (qsizetype window = std::min(4 * count, text.size());;

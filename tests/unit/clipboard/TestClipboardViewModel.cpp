@@ -1,88 +1,17 @@
-#include "clipboard/ClipboardViewModel.h"
-#include "clipboard/FileClipboardStore.h"
-#include "clipboard/TextRecognizer.h"
-#include "clipboard/ThumbnailCache.h"
-#include "core/AppSettings.h"
-#include "core/NotificationCenter.h"
-#include "fakes/FakeClock.h"
-#include "fakes/FakeFileSystem.h"
-#include "fakes/FakePasteboard.h"
-#include "fakes/FakeTaskRunner.h"
-#include "fakes/FakeUserDefaults.h"
+#include "unit/clipboard/ClipboardHistory.h"
 
-#include <QtCore/QBuffer>
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-namespace {
-
-class FakeRecognizer final : public TextRecognizer
-{
-public:
-    [[nodiscard]] QString recognizeText(const QByteArray& image) const override
-    {
-        return texts.value(image);
-    }
-    QHash<QByteArray, QString> texts;
-};
-
-QByteArray picture(QSize size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-/// A clipboard history with everything it stands on.
-struct History
-{
-    FakeUserDefaults defaults;
-    AppSettings settings{defaults};
-    FakeClock clock;
-    FakeFileSystem files;
-    FakePasteboard pasteboard;
-    FakeTaskRunner tasks;
-    FakeRecognizer recognizer;
-    NotificationCenter notifications;
-    FileClipboardStore store{files, clock, u"/data"_s};
-    ClipboardMonitor monitor{pasteboard, clock};
-    ThumbnailCache thumbnails{files, tasks};
-    ClipboardViewModel viewModel{{store, monitor, settings, pasteboard, notifications, thumbnails,
-                                  files, tasks, recognizer, clock}};
-    QSignalSpy posted{&notifications, &NotificationCenter::posted};
-
-    ClipboardItem copy(const PasteboardContent& content)
-    {
-        pasteboard.copy(content);
-        monitor.tick();
-        return viewModel.items().front();
-    }
-    ClipboardItem copy(const QString& text) { return copy(PasteboardContent{.text = text}); }
-
-    [[nodiscard]] QStringList texts() const
-    {
-        QStringList texts;
-        for (const ClipboardItem& item : viewModel.visibleItems())
-            texts << item.textContent.value_or(u"(image)"_s);
-        return texts;
-    }
-};
-
-} // namespace
-
 class TestClipboardViewModel : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_history = std::make_unique<History>(); }
+    void init() { m_history = std::make_unique<ClipboardHistory>(); }
 
     void capturesBecomeItemsInFront()
     {
@@ -314,7 +243,7 @@ private Q_SLOTS:
 
     void theMonitorOutlivesTheViewModel()
     {
-        History history;
+        ClipboardHistory history;
         {
             const ClipboardViewModel shortLived({history.store, history.monitor, history.settings,
                                                  history.pasteboard, history.notifications,
@@ -329,7 +258,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] ClipboardViewModel& viewModel() const { return m_history->viewModel; }
 
-    std::unique_ptr<History> m_history;
+    std::unique_ptr<ClipboardHistory> m_history;
 };
 
 QTEST_MAIN(TestClipboardViewModel)

@@ -1,0 +1,169 @@
+#include "clipboard/CaseInsensitiveMatcher.h"
+
+#include <QtCore/QRandomGenerator>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isIn(const QString& needle, const QString& text, const QLocale& locale = QLocale::c())
+{
+    return CaseInsensitiveMatcher(needle, locale).isIn(text);
+}
+
+// What the matcher does, written as simply as possible.
+bool naivelyIsIn(const QString& needle, const QString& text)
+{
+    return text.toCaseFolded().contains(needle.toCaseFolded());
+}
+
+QString randomText(QRandomGenerator& random, const QString& alphabet, qsizetype length)
+{
+    QString text;
+    for (qsizetype i = 0; i < length; ++i)
+        text += alphabet[random.bounded(alphabet.size())];
+    return text;
+}
+
+} // namespace
+
+class TestCaseInsensitiveMatcher : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsWhateverTheCase_data()
+    {
+        QTest::addColumn<QString>("needle");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("found");
+
+        QTest::newRow("upper in lower") << u"WORLD"_s << u"hello world"_s << true;
+        QTest::newRow("lower in upper") << u"world"_s << u"HELLO WORLD!"_s << true;
+        QTest::newRow("the whole text") << u"Same"_s << u"sAME"_s << true;
+        QTest::newRow("longer than the text") << u"longer"_s << u"longe"_s << false;
+        QTest::newRow("nothing in nothing") << u""_s << u""_s << true;
+        QTest::newRow("nothing in something") << u""_s << u"a"_s << true;
+        QTest::newRow("something in nothing") << u"a"_s << u""_s << false;
+        QTest::newRow("across a line break") << u"a\nb"_s << u"xA\nBx"_s << true;
+        QTest::newRow("digits and signs") << u"[@`{"_s << u"x[@`{x"_s << true;
+        QTest::newRow("signs have no case") << u"[@"_s << u"{`"_s << false;
+        QTest::newRow("umlauts") << u"ÄÖÜ"_s << u"xäöüx"_s << true;
+        QTest::newRow("sharp s") << u"straße"_s << u"STRAẞE"_s << true;
+        QTest::newRow("Greek") << u"ΟΔΟΣ"_s << u"οδος"_s << true;
+        QTest::newRow("final sigma") << u"σ"_s << u"ς"_s << true;
+        QTest::newRow("capital in final sigma") << u"Σ"_s << u"ς"_s << true;
+        QTest::newRow("theta symbol") << u"θ"_s << u"ϴ"_s << true;
+        QTest::newRow("Cyrillic") << u"ПРИВЕТ"_s << u"привет"_s << true;
+        QTest::newRow("Armenian") << u"ԲԱՐԵՒ"_s << u"բարեւ"_s << true;
+        QTest::newRow("Georgian") << u"ᲗᲑ"_s << u"თბ"_s << true;
+        QTest::newRow("Kelvin sign") << u"k"_s << u"\u212a"_s << true;
+        QTest::newRow("in Kelvin sign") << u"\u212a"_s << u"K"_s << true;
+        QTest::newRow("long s") << u"ſ"_s << u"S"_s << true;
+        QTest::newRow("in long s") << u"S"_s << u"ſ"_s << true;
+        QTest::newRow("micro sign and mu") << u"µ"_s << u"Μ"_s << true;
+        QTest::newRow("full width") << u"ａ"_s << u"Ａ"_s << true;
+        QTest::newRow("Chinese") << u"剪贴板"_s << u"我的剪贴板历史"_s << true;
+        QTest::newRow("emoji") << u"🦀"_s << u"crab 🦀!"_s << true;
+        QTest::newRow("another emoji") << u"🦀"_s << u"🦁"_s << false;
+        QTest::newRow("Deseret") << u"𐐀"_s << u"𐐨"_s << true;
+        QTest::newRow("Adlam") << u"𞤀𞤁"_s << u"x𞤢𞤣"_s << true;
+        QTest::newRow("another Adlam letter") << u"𞤀"_s << u"𞤣"_s << false;
+        QTest::newRow("a lone surrogate") << QString(QChar(0xdc00)) << u"𐐀"_s << true;
+    }
+    void findsWhateverTheCase()
+    {
+        QFETCH(const QString, needle);
+        QFETCH(const QString, text);
+        QFETCH(const bool, found);
+        QCOMPARE(isIn(needle, text), found);
+    }
+
+    void theDotOfAnIIsALetterOfItsOwnInTurkicLanguages()
+    {
+        for (const QLocale& locale : {QLocale(QLocale::Turkish), QLocale(QLocale::Azerbaijani)}) {
+            QVERIFY(isIn(u"i"_s, u"İ"_s, locale));
+            QVERIFY(isIn(u"I"_s, u"ı"_s, locale));
+            QVERIFY(isIn(u"ı"_s, u"I"_s, locale));
+            QVERIFY(!isIn(u"i"_s, u"I"_s, locale));
+            QVERIFY(!isIn(u"I"_s, u"i"_s, locale));
+            QVERIFY(isIn(u"DIŞ"_s, u"dış"_s, locale));
+            QVERIFY(!isIn(u"title"_s, u"TITLE"_s, locale));
+        }
+        for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::German)}) {
+            QVERIFY(isIn(u"title"_s, u"TITLE"_s, locale));
+            QVERIFY(!isIn(u"ı"_s, u"I"_s, locale));
+        }
+    }
+
+    void findsAtEveryPlace()
+    {
+        const QString needle = u"Nadel"_s;
+        for (qsizetype length = needle.size(); length < 60; ++length) {
+            for (qsizetype place = 0; place + needle.size() <= length; ++place) {
+                QString text(length, u'n');
+                text.replace(place, needle.size(), u"nADEL"_s);
+                QVERIFY(isIn(needle, text));
+                text[place + 2] = u'x';
+                QVERIFY(!isIn(needle, text));
+            }
+        }
+    }
+
+    void readsNothingBehindTheText()
+    {
+        const QString text = u"abcdefghijklmnopqrstuvwxyz"_s;
+        for (qsizetype length = 0; length < text.size(); ++length)
+            QVERIFY(!CaseInsensitiveMatcher(text.mid(length, 1), QLocale::c())
+                         .isIn(QStringView(text).first(length)));
+    }
+
+    void agreesWithTheSimplestWay_data()
+    {
+        QTest::addColumn<QString>("alphabet");
+        QTest::newRow("two letters") << u"aAbB"_s;
+        QTest::newRow("many forms") << u"kK\u212asSſςσΣθϑΘϴ"_s;
+        QTest::newRow("scripts") << u"aÄäñÑжЖアｱ中文 \n\t\0"_s;
+    }
+    void agreesWithTheSimplestWay()
+    {
+        QFETCH(const QString, alphabet);
+        QRandomGenerator random(20240229);
+        int found = 0;
+        for (int round = 0; round < 4000; ++round) {
+            const QString text = randomText(random, alphabet, random.bounded(40));
+            const QString needle = randomText(random, alphabet, 1 + random.bounded(4));
+            QCOMPARE(isIn(needle, text), naivelyIsIn(needle, text));
+            found += naivelyIsIn(needle, text);
+        }
+        QVERIFY(found > 100 && found < 3900);
+    }
+
+    void everyCharacterMatchesItsOwnCases()
+    {
+        for (char32_t code = 1; code < 0xd800; ++code) {
+            const QString character(QChar(static_cast<char16_t>(code)));
+            const CaseInsensitiveMatcher matcher(character, QLocale::c());
+            const QChar unit = character.front();
+            for (const QChar other : {unit, unit.toLower(), unit.toUpper(), unit.toTitleCase()}) {
+                if (other.toCaseFolded() == unit.toCaseFolded())
+                    QVERIFY2(matcher.isIn(QString(other)), qPrintable(QString::number(code, 16)));
+            }
+        }
+    }
+
+    void aLongNeedleIsNoBurden()
+    {
+        QString needle;
+        for (int i = 0; i < 1000; ++i)
+            needle += u"zażółć gęślą jaźń "_s;
+        QVERIFY(isIn(needle, u"x"_s + needle.toUpper()));
+        needle.back() = u'!';
+        QVERIFY(!isIn(needle, u"x"_s + needle.chopped(1).toUpper()));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCaseInsensitiveMatcher)
+#include "TestCaseInsensitiveMatcher.moc"

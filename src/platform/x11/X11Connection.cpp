@@ -48,7 +48,7 @@ X11Connection::X11Connection(Handle xcb, int screenNumber)
         xcb_screen_next(&screens);
     m_screen = screens.data;
 
-    createHelperWindow();
+    m_helperWindow = createHiddenWindow(XCB_EVENT_MASK_PROPERTY_CHANGE);
     connect(&m_notifier, &QSocketNotifier::activated, this, &X11Connection::deliver);
     // A call that waited for a reply has read events too, of which the socket tells nothing; and
     // requests have to leave. The second signal serves loops that poll instead of going to sleep.
@@ -62,13 +62,19 @@ X11Connection::~X11Connection()
     m_notifier.setEnabled(false);
 }
 
-void X11Connection::createHelperWindow()
+xcb_window_t X11Connection::createHiddenWindow(std::uint32_t eventMask) const
 {
-    m_helperWindow = xcb_generate_id(xcb());
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, m_helperWindow, root(), -1, -1, 1, 1, 0,
+    const xcb_window_t window = xcb_generate_id(xcb());
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, window, root(), -1, -1, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &events);
+                      &eventMask);
+    return window;
+}
+
+bool X11Connection::hasCreated(xcb_window_t window) const
+{
+    const auto* setup = xcb_get_setup(xcb());
+    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }
 
 xcb_atom_t X11Connection::atom(const QByteArray& name)
@@ -110,11 +116,14 @@ std::optional<std::uint8_t> X11Connection::firstEventOf(xcb_extension_t& extensi
 void X11Connection::await(unsigned int sequence, QObject* owner,
                           std::function<void(const void*)> handle)
 {
-    m_replies.push_back({sequence, owner, std::move(handle)});
+    if (m_isOpen)
+        m_replies.push_back({sequence, owner, std::move(handle)});
 }
 
 void X11Connection::whenServerTimeKnown(QObject* owner, std::function<void(xcb_timestamp_t)> handle)
 {
+    if (!m_isOpen)
+        return;
     // Even an append of nothing is announced, with the server's time.
     m_times.push_back({owner, std::move(handle)});
     xcb_change_property(xcb(), XCB_PROP_MODE_APPEND, m_helperWindow, atom(timeProperty),

@@ -64,6 +64,12 @@ public:
     /// `owner` is destroyed.
     void whenServerTimeKnown(QObject* owner, std::function<void(xcb_timestamp_t)> handle);
 
+    /// Makes a window that is never shown and reports these events. Whoever asked destroys it.
+    [[nodiscard]] xcb_window_t createHiddenWindow(std::uint32_t eventMask) const;
+
+    /// Whether this connection, and no other client, has made the window.
+    [[nodiscard]] bool hasCreated(xcb_window_t window) const;
+
     /// Sends the requests made so far.
     void flush();
 
@@ -93,7 +99,6 @@ private:
 
     X11Connection(Handle xcb, int screenNumber);
 
-    void createHelperWindow();
     void await(unsigned int sequence, QObject* owner, std::function<void(const void*)> handle);
     void deliver();
     bool deliverNextReply();

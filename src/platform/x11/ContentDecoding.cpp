@@ -1,0 +1,63 @@
+#include "platform/x11/ContentDecoding.h"
+
+#include "platform/x11/ImageConversion.h"
+#include "platform/x11/PasteboardTargets.h"
+
+#include <QtCore/QStringDecoder>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr qsizetype heavyText = 64 * 1024;
+
+// Some programs send the terminating zeros of their strings along.
+QByteArrayView withoutTerminator(QByteArrayView text)
+{
+    while (text.endsWith('\0'))
+        text.chop(1);
+    return text;
+}
+
+std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
+{
+    if (target == PasteboardTargets::latin1String)
+        return QString::fromLatin1(text);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString decoded = decoder.decode(text);
+    if (decoder.hasError())
+        return std::nullopt;
+    return decoded;
+}
+
+} // namespace
+
+bool RawContent::isHeavy() const
+{
+    return image.has_value() || (text && text->size() > heavyText);
+}
+
+DecodedContent decode(RawContent raw)
+{
+    DecodedContent decoded;
+    decoded.content.rtf = std::move(raw.rtf);
+    if (raw.text) {
+        decoded.content.text = decodeText(withoutTerminator(*raw.text), raw.textTarget);
+        raw.text.reset();
+        if (!decoded.content.text)
+            decoded.refusals.append(u"Refused the clipboard's text: not valid UTF-8"_s);
+    }
+    if (raw.image) {
+        ConvertedImage converted = ImageConversion::toPng(*raw.image);
+        raw.image.reset();
+        if (converted.refusal.isEmpty())
+            decoded.content.png = std::move(converted.png);
+        else
+            decoded.refusals.append(u"Refused the clipboard's image: "_s + converted.refusal);
+    }
+    return decoded;
+}
+
+} // namespace driftbox

@@ -1,0 +1,220 @@
+#include "platform/x11/SelectionReader.h"
+
+#include "platform/TaskRunner.h"
+#include "platform/x11/RequestorWindows.h"
+#include "platform/x11/X11Connection.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "SelectionReader")
+
+using Outcome = SelectionTransfer::Outcome;
+
+constexpr qsizetype contentLimit = 64 * 1024 * 1024;
+constexpr qsizetype opaqueLimit = 1024 * 1024;
+constexpr qsizetype targetsLimit = 64 * 1024;
+
+// An owner that has let two questions pass is not asked any more.
+constexpr int mostSilences = 2;
+
+QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connection)
+{
+    std::vector<xcb_atom_t> offered(static_cast<std::size_t>(atoms.size()) / sizeof(xcb_atom_t));
+    std::memcpy(offered.data(), atoms.constData(), offered.size() * sizeof(xcb_atom_t));
+    QSet<QByteArray> names;
+    for (const QByteArray& name : PasteboardTargets::knownNames()) {
+        if (std::ranges::find(offered, connection.atom(name)) != offered.end())
+            names.insert(name);
+    }
+    return names;
+}
+
+QString reasonFor(Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::late:
+        return u"not complete within 2 s"_s;
+    case Outcome::tooLarge:
+        return u"larger than 64 MiB"_s;
+    case Outcome::malformed:
+        return u"its owner does not keep to the protocol"_s;
+    case Outcome::complete:
+    case Outcome::refused:
+        break;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+SelectionReader::SelectionReader(const Services& services, xcb_atom_t selection,
+                                 xcb_timestamp_t time)
+    : m_services(services)
+    , m_selection(selection)
+    , m_time(time)
+{
+    request(services.connection.atom("TARGETS"), targetsLimit, &SelectionReader::targetsArrived);
+}
+
+SelectionReader::~SelectionReader()
+{
+    if (m_transfer)
+        m_services.windows.retireCurrent();
+}
+
+void SelectionReader::request(xcb_atom_t target, qsizetype limit,
+                              void (SelectionReader::*arrived)(const SelectionTransfer::Result&))
+{
+    m_transfer = std::make_unique<SelectionTransfer>(
+        m_services.connection, m_services.clock,
+        SelectionTransfer::Request{.requestor = m_services.windows.current(),
+                                   .selection = m_selection,
+                                   .target = target,
+                                   .time = m_time,
+                                   .limit = limit},
+        [this, arrived](const SelectionTransfer::Result& result) {
+            if (result.isAbandoned())
+                m_services.windows.retireCurrent();
+            if (result.outcome == Outcome::late)
+                ++m_silences;
+            m_transfer.reset();
+            (this->*arrived)(result);
+        });
+}
+
+void SelectionReader::targetsArrived(const SelectionTransfer::Result& result)
+{
+    if (result.outcome == Outcome::complete && result.format == 32)
+        plan(PasteboardTargets::choose(knownNamesAmong(result.bytes, m_services.connection)));
+    else
+        plan(PasteboardTargets::chooseBlindly());
+    nextStep();
+}
+
+void SelectionReader::plan(const TargetChoice& choice)
+{
+    m_steps = {
+        {Format::image, choice.image}, {Format::text, choice.text}, {Format::rtf, choice.rtf}};
+    m_opaque = choice.opaque;
+}
+
+void SelectionReader::nextStep()
+{
+    while (!m_steps.empty() && m_steps.front().candidates.isEmpty())
+        m_steps.pop_front();
+    if (m_steps.empty() || m_silences >= mostSilences) {
+        m_steps.clear();
+        if (!m_hasReadContent)
+            decodeContent();
+        return;
+    }
+    m_target = m_steps.front().candidates.takeFirst();
+    request(m_services.connection.atom(m_target),
+            m_steps.front().format == Format::opaque ? opaqueLimit : contentLimit,
+            &SelectionReader::formatArrived);
+}
+
+void SelectionReader::formatArrived(const SelectionTransfer::Result& result)
+{
+    Step& step = m_steps.front();
+    const Format format = step.format;
+    if (result.outcome == Outcome::refused)
+        return nextStep(); // with its next candidate, if there is one
+    step.candidates.clear();
+    const QPointer<SelectionReader> self(this);
+    if (result.outcome != Outcome::complete)
+        noteFailure(format, result.outcome);
+    else if (result.format != 8)
+        noteFailure(format, Outcome::malformed);
+    else
+        keep(format, result.bytes);
+    if (self)
+        nextStep();
+}
+
+void SelectionReader::keep(Format format, const QByteArray& bytes)
+{
+    switch (format) {
+    case Format::image:
+        m_raw.image = bytes;
+        break;
+    case Format::text:
+        m_raw.text = bytes;
+        m_raw.textTarget = m_target;
+        break;
+    case Format::rtf:
+        if (!bytes.isEmpty())
+            m_raw.rtf = bytes;
+        break;
+    case Format::opaque:
+        Q_EMIT opaqueFormatRead(m_target, bytes);
+        break;
+    }
+}
+
+void SelectionReader::noteFailure(Format format, Outcome outcome)
+{
+    const auto refuse = [&](const QString& what) {
+        qCWarning(log).noquote() << "Refused the clipboard's" << what + u':' << reasonFor(outcome);
+    };
+    switch (format) {
+    case Format::image:
+        return refuse(u"image"_s);
+    case Format::text:
+        return refuse(u"text"_s);
+    case Format::rtf:
+        return refuse(u"RTF"_s);
+    case Format::opaque:
+        return; // the user misses it only when the owner ends
+    }
+}
+
+void SelectionReader::ownerHasVanished()
+{
+    if (m_transfer) {
+        m_services.windows.retireCurrent();
+        m_transfer.reset();
+    }
+    m_steps.clear();
+    m_opaque.clear();
+    nextStep();
+}
+
+void SelectionReader::decodeContent()
+{
+    if (m_isDecoding)
+        return;
+    m_isDecoding = true;
+    if (!m_raw.isHeavy())
+        return publish(decode(std::move(m_raw)));
+    const auto raw = std::make_shared<RawContent>(std::move(m_raw));
+    const auto decoded = std::make_shared<DecodedContent>();
+    m_services.taskRunner.run(
+        this, [raw, decoded] { *decoded = decode(std::move(*raw)); },
+        [this, decoded] { publish(*decoded); });
+}
+
+void SelectionReader::publish(const DecodedContent& decoded)
+{
+    m_hasReadContent = true;
+    for (const QString& refusal : decoded.refusals)
+        qCWarning(log).noquote() << refusal;
+    for (const QByteArray& name : std::as_const(m_opaque))
+        m_steps.push_back({Format::opaque, {name}});
+    const QPointer<SelectionReader> self(this);
+    Q_EMIT contentRead(decoded.content);
+    if (self)
+        nextStep();
+}
+
+} // namespace driftbox

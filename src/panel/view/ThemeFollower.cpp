@@ -1,0 +1,110 @@
+#include "panel/view/ThemeFollower.h"
+
+#include <QtGui/QFontDatabase>
+#include <QtGui/QPalette>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleFactory>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int textSize = 13;
+
+struct Colors
+{
+    QColor window;
+    QColor base;
+    QColor alternateBase;
+    QColor button;
+    QColor text;
+    QColor placeholder;
+    QColor disabledText;
+    QColor accent;
+};
+
+const Colors lightColors{
+    .window = QColor(0xf7, 0xf7, 0xf8),
+    .base = QColor(0xff, 0xff, 0xff),
+    .alternateBase = QColor(0xf2, 0xf2, 0xf4),
+    .button = QColor(0xfd, 0xfd, 0xfe),
+    .text = QColor(0x1b, 0x1b, 0x1f),
+    .placeholder = QColor(0x82, 0x82, 0x8b),
+    .disabledText = QColor(0xa8, 0xa8, 0xb0),
+    .accent = QColor(0x1f, 0x6f, 0xeb),
+};
+
+const Colors darkColors{
+    .window = QColor(0x25, 0x25, 0x28),
+    .base = QColor(0x1c, 0x1c, 0x1f),
+    .alternateBase = QColor(0x2b, 0x2b, 0x2f),
+    .button = QColor(0x3a, 0x3a, 0x3f),
+    .text = QColor(0xf2, 0xf2, 0xf5),
+    .placeholder = QColor(0x80, 0x80, 0x89),
+    .disabledText = QColor(0x66, 0x66, 0x6e),
+    .accent = QColor(0x5b, 0x9c, 0xff),
+};
+
+QPalette paletteOf(const Colors& colors, const QColor& accent)
+{
+    QPalette palette(colors.text, colors.button, colors.button.lighter(120),
+                     colors.button.darker(140), colors.button.darker(115), colors.text, colors.text,
+                     colors.base, colors.window);
+    const bool accentIsLight = qGray(accent.rgb()) > 140;
+    palette.setColor(QPalette::AlternateBase, colors.alternateBase);
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, accentIsLight ? Qt::black : Qt::white);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::LinkVisited, accent);
+    palette.setColor(QPalette::PlaceholderText, colors.placeholder);
+    palette.setColor(QPalette::ToolTipBase, colors.base);
+    palette.setColor(QPalette::ToolTipText, colors.text);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, colors.disabledText);
+    return palette;
+}
+
+// A desktop's theme replaces the highlight of the toolkit's own palette by its accent colour.
+QColor desktopAccent()
+{
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    const QColor toolkits = QApplication::style()->standardPalette().color(QPalette::Highlight);
+    return highlight == toolkits ? QColor() : highlight;
+}
+
+// The font that the desktop has been given, unless that is only the generic one.
+QFont applicationFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    const QString inter = u"Inter"_s;
+    const bool isGeneric = font.family().startsWith(u"Sans"_s, Qt::CaseInsensitive);
+    if (isGeneric && QFontDatabase::hasFamily(inter))
+        font.setFamily(inter);
+    font.setPixelSize(textSize);
+    return font;
+}
+
+} // namespace
+
+ThemeFollower::ThemeFollower(const Appearance& appearance, QObject* parent)
+    : QObject(parent)
+{
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(QPalette()); // back to the desktop's
+    m_desktopAccent = desktopAccent();
+    QApplication::setFont(applicationFont());
+    apply(appearance.colorScheme());
+    connect(&appearance, &Appearance::colorSchemeChanged, this, &ThemeFollower::apply);
+}
+
+void ThemeFollower::apply(ColorScheme scheme) const
+{
+    const Colors& colors = scheme == ColorScheme::dark ? darkColors : lightColors;
+    QApplication::setPalette(
+        paletteOf(colors, m_desktopAccent.isValid() ? m_desktopAccent : colors.accent));
+}
+
+} // namespace driftbox

@@ -1,0 +1,69 @@
+#include "panel/view/EmptyStateView.h"
+
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int symbolSize = 30;
+constexpr qreal symbolSpacing = 12.0;
+constexpr qreal lineSpacing = 4.0;
+constexpr qreal sidePadding = 24.0;
+constexpr int textFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+// The middle of what is seen is felt to be a little above the middle.
+constexpr qreal opticalCentre = 0.46;
+
+} // namespace
+
+EmptyStateView::EmptyStateView(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+void EmptyStateView::setContent(const QString& systemImage, const QString& title,
+                                const QString& description)
+{
+    m_systemImage = systemImage;
+    m_title = title;
+    m_description = description;
+    setAccessibleName(description.isEmpty() ? title : title + u". "_s + description);
+    update();
+}
+
+void EmptyStateView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QFont titleFont = Theme::Font::rowTitle();
+    const QFont descriptionFont = Theme::Font::rowMeta();
+    const QRectF column = QRectF(rect()).adjusted(sidePadding, 0, -sidePadding, 0);
+    const auto heightOf = [&column](const QFont& font, const QString& text) {
+        return text.isEmpty() ? 0.0
+                              : QFontMetricsF(font).boundingRect(column, textFlags, text).height();
+    };
+    const qreal symbolHeight = Symbols::extent(symbolSize);
+    const qreal titleHeight = heightOf(titleFont, m_title);
+    const qreal height = symbolHeight + symbolSpacing + titleHeight + lineSpacing +
+                         heightOf(descriptionFont, m_description);
+
+    QRectF line = column;
+    line.moveTop((column.height() - height) * opticalCentre);
+    Symbols::paint(painter, QRectF(line.topLeft(), QSizeF(line.width(), symbolHeight)),
+                   m_systemImage, {.size = symbolSize, .color = Theme::tertiary()});
+    line.translate(0, symbolHeight + symbolSpacing);
+    painter.setFont(titleFont);
+    painter.setPen(Theme::secondary());
+    painter.drawText(line, textFlags, m_title);
+    line.translate(0, titleHeight + lineSpacing);
+    painter.setFont(descriptionFont);
+    painter.setPen(Theme::tertiary());
+    painter.drawText(line, textFlags, m_description);
+}
+
+} // namespace driftbox

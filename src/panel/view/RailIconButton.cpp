@@ -1,0 +1,92 @@
+#include "panel/view/RailIconButton.h"
+
+#include "panel/view/CardShape.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
+
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int side = 32;
+constexpr int symbolSize = 15;
+constexpr qreal cornerRadius = 6.0;
+constexpr int hoverDurationMs = 150;
+
+} // namespace
+
+RailIconButton::RailIconButton(const QString& systemImage, const QString& help, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_systemImage(systemImage)
+{
+    setCheckable(true);
+    setFixedSize(side, side);
+    // A click must not take the typing away from the page.
+    setFocusPolicy(Qt::TabFocus);
+    setHelp(*this, help, Tooltip::Side::right);
+
+    m_hover.setStartValue(0.0);
+    m_hover.setEndValue(1.0);
+    m_hover.setDuration(hoverDurationMs);
+    m_hover.setEasingCurve(QEasingCurve::InOutQuad);
+    connect(&m_hover, &QVariantAnimation::valueChanged, this, [this] { update(); });
+}
+
+QSize RailIconButton::sizeHint() const
+{
+    return {side, side};
+}
+
+void RailIconButton::setHovered(bool hovered)
+{
+    m_hover.setDirection(hovered ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+    if (m_hover.state() != QAbstractAnimation::Running)
+        m_hover.start();
+}
+
+void RailIconButton::enterEvent(QEnterEvent* event)
+{
+    QAbstractButton::enterEvent(event);
+    setHovered(true);
+}
+
+void RailIconButton::leaveEvent(QEvent* event)
+{
+    QAbstractButton::leaveEvent(event);
+    setHovered(false);
+}
+
+// The pointer does not leave a button that is taken away beneath it.
+void RailIconButton::hideEvent(QHideEvent* event)
+{
+    QAbstractButton::hideEvent(event);
+    m_hover.stop();
+    m_hover.setDirection(QAbstractAnimation::Forward);
+    m_hover.setCurrentTime(0);
+}
+
+void RailIconButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const QColor background =
+        isActive() ? Theme::withOpacity(Theme::accent(), 0.15)
+                   : Theme::withOpacity(Theme::hoverFill(), m_hover.currentValue().toReal());
+    const QPainterPath shape = continuousRoundedRect(rect(), cornerRadius);
+    painter.fillPath(shape, background);
+    if (hasFocus()) {
+        painter.setPen(QPen(Theme::accent(), 2.0));
+        painter.drawPath(
+            continuousRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius));
+    }
+    Symbols::paint(painter, rect(), m_systemImage,
+                   {.size = symbolSize,
+                    .color = isActive() ? Theme::accent() : Theme::secondary(),
+                    .weight = isActive() ? Symbols::Weight::semibold : Symbols::Weight::regular});
+}
+
+} // namespace driftbox

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QVBoxLayout;
+
+namespace driftbox {
+
+class SectionRegistry;
+
+/// The panel's left edge: one button a section, and at its foot the button of the settings.
+class SectionRail final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `registry` must outlive the rail.
+    SectionRail(SectionRegistry& registry, QWidget* parent);
+
+Q_SIGNALS:
+    void settingsRequested();
+
+private:
+    void addNewSections();
+    void markActiveSection();
+
+    SectionRegistry& m_registry;
+    QVBoxLayout* m_sectionButtons; ///< in the order of the registry
+};
+
+} // namespace driftbox

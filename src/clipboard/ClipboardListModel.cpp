@@ -53,7 +53,7 @@ ClipboardListModel::ClipboardListModel(ClipboardViewModel& viewModel, const Cloc
     , m_items(viewModel.visibleItems())
 {
     connect(&viewModel, &ClipboardViewModel::itemsChanged, this, &ClipboardListModel::update);
-    connect(&viewModel, &ClipboardViewModel::queryChanged, this, &ClipboardListModel::update);
+    connect(&viewModel, &ClipboardViewModel::queryChanged, this, &ClipboardListModel::startOver);
     connect(&viewModel, &ClipboardViewModel::imageChanged, this,
             [this](const ClipboardItemId& id) { notifyRow(id, PictureRole); });
     connect(&viewModel, &ClipboardViewModel::ocrProcessingIdChanged, this, [this] {
@@ -113,16 +113,19 @@ void ClipboardListModel::notifyRow(const ClipboardItemId& id, int role)
         Q_EMIT dataChanged(index(row), index(row), {role});
 }
 
+void ClipboardListModel::startOver()
+{
+    beginResetModel();
+    m_items = m_viewModel.visibleItems();
+    endResetModel();
+}
+
 void ClipboardListModel::update()
 {
     const std::vector<ClipboardItem> items = m_viewModel.visibleItems();
     const size_t changes = countNotIn(idsOf(items), m_items) + countNotIn(idsOf(m_items), items);
-    if (changes > mostRowChanges) {
-        beginResetModel();
-        m_items = items;
-        endResetModel();
-        return;
-    }
+    if (changes > mostRowChanges)
+        return startOver();
     replace(items);
 }
 

@@ -11,9 +11,9 @@ namespace driftbox {
 class ClipboardViewModel;
 class Clock;
 
-/// The visible items of the clipboard history as rows. Changes of the history and of the query
-/// arrive as insertions, removals and moves of the rows concerned; a query that leaves almost
-/// nothing in place resets the model.
+/// The visible items of the clipboard history as rows. Changes of the history arrive as insertions,
+/// removals and moves of the rows concerned, unless they leave almost nothing in place; that and
+/// every other query reset the model.
 class ClipboardListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -46,6 +46,7 @@ public:
     [[nodiscard]] int rowOf(const ClipboardItemId& id) const;
 
 private:
+    void startOver();
     void update();
     void replace(const std::vector<ClipboardItem>& items);
     void removeRowsNotIn(const std::vector<ClipboardItem>& items);

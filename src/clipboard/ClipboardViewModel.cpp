@@ -179,4 +179,19 @@ QImage ClipboardViewModel::image(const ClipboardItem& item) const
     return m_services.thumbnails.image(item.id, m_services.store.imageURL(item));
 }
 
+void ClipboardViewModel::setImagePixelRatio(qreal ratio)
+{
+    m_services.thumbnails.setPixelRatio(ratio);
+}
+
+QString ClipboardViewModel::pasteboardText() const
+{
+    return m_services.pasteboard.content().text.value_or(QString());
+}
+
+void ClipboardViewModel::copyText(const QString& text)
+{
+    write({.text = text});
+}
+
 } // namespace driftbox

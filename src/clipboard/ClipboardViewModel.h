@@ -84,6 +84,13 @@ public:
     /// The picture of an image item at the size at which rows show it; null while it is being
     /// loaded, when it cannot be, and for text. `imageChanged` tells when it has come.
     [[nodiscard]] QImage image(const ClipboardItem& item) const;
+    /// Device pixels a point of the screen that shows the pictures. Another one drops them all.
+    void setImagePixelRatio(qreal ratio);
+
+    /// The text on the pasteboard, for a text field to paste; empty when there is none.
+    [[nodiscard]] QString pasteboardText() const;
+    /// Puts on the pasteboard what was copied in a text field, without capturing it.
+    void copyText(const QString& text);
 
 Q_SIGNALS:
     void itemsChanged();

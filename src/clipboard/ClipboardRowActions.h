@@ -1,0 +1,44 @@
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+
+#include <functional>
+#include <vector>
+
+namespace driftbox {
+
+class ClipboardViewModel;
+
+enum class ClipboardRowAction { pastePlain, recognizeText, makeNote, remove, togglePin };
+
+/// What a row of the history offers to do with its item.
+class ClipboardRowActions
+{
+public:
+    using MakeNote = std::function<void(const ClipboardItem&)>;
+
+    /// `viewModel` must outlive this.
+    ClipboardRowActions(ClipboardViewModel& viewModel, MakeNote onMakeNote);
+
+    /// The actions that show while the row has the pointer, in order.
+    [[nodiscard]] static std::vector<ClipboardRowAction> hoverActions(const ClipboardItem& item);
+
+    [[nodiscard]] static QString systemImage(ClipboardRowAction action);
+    [[nodiscard]] static QString help(ClipboardRowAction action, const ClipboardItem& item);
+
+    /// The text in the item's picture is being recognised: the action shows that it is busy.
+    [[nodiscard]] bool isBusy(ClipboardRowAction action, const ClipboardItem& item) const;
+
+    /// A busy action does nothing.
+    void perform(ClipboardRowAction action, ClipboardItem item);
+    /// What a click on the row does.
+    void pick(ClipboardItem item);
+    /// Pastes text without its looks, of a picture the text in it.
+    void pasteAsText(ClipboardItem item);
+
+private:
+    ClipboardViewModel& m_viewModel;
+    MakeNote m_onMakeNote;
+};
+
+} // namespace driftbox

@@ -1,0 +1,263 @@
+#include "clipboard/ClipboardListModel.h"
+#include "unit/clipboard/ClipboardHistory.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The model with all its signals counted, and watched for their consistency.
+struct Rows
+{
+    explicit Rows(ClipboardHistory& history)
+        : model(history.viewModel, history.clock)
+    {
+    }
+
+    [[nodiscard]] QStringList texts() const
+    {
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << data(row, ClipboardListModel::PreviewRole).toString();
+        return texts;
+    }
+    [[nodiscard]] QVariant data(int row, int role) const
+    {
+        return model.data(model.index(row), role);
+    }
+
+    ClipboardListModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::QtTest};
+    QSignalSpy inserted{&model, &QAbstractItemModel::rowsInserted};
+    QSignalSpy removed{&model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy moved{&model, &QAbstractItemModel::rowsMoved};
+    QSignalSpy changed{&model, &QAbstractItemModel::dataChanged};
+    QSignalSpy reset{&model, &QAbstractItemModel::modelReset};
+};
+
+} // namespace
+
+class TestClipboardListModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_history = std::make_unique<ClipboardHistory>(); }
+
+    void beginsWithWhatIsThere()
+    {
+        fill(u"cba"_s);
+        const Rows rows(*m_history);
+        QCOMPARE(rows.texts(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+        QCOMPARE(rows.model.item(1).textContent, u"b"_s);
+        QCOMPARE(rows.model.rowOf(rows.model.item(1).id), 1);
+        QCOMPARE(rows.model.rowOf(ClipboardItemId::random()), -1);
+        QCOMPARE(rows.model.rowCount(rows.model.index(0)), 0);
+    }
+
+    void aCaptureIsOneRowInFrontAndWhatItDropsOneLess()
+    {
+        fill(u"cba"_s);
+        m_history->settings.setClipboardCapacity(3);
+        const Rows rows(*m_history);
+        m_history->copy(u"new"_s);
+        QCOMPARE(rows.texts(), QStringList({u"new"_s, u"a"_s, u"b"_s}));
+        QCOMPARE(rows.inserted.count(), 1);
+        QCOMPARE(rows.inserted[0][1].toInt(), 0);
+        QCOMPARE(rows.removed.count(), 1);
+        QCOMPARE(rows.removed[0][1].toInt(), 2);
+        QVERIFY(rows.moved.isEmpty() && rows.changed.isEmpty() && rows.reset.isEmpty());
+    }
+
+    void pickingMovesOneRow()
+    {
+        fill(u"dcba"_s);
+        const Rows rows(*m_history);
+        const QPersistentModelIndex third = rows.model.index(2);
+        m_history->viewModel.pick(rows.model.item(2));
+        QCOMPARE(rows.texts(), QStringList({u"c"_s, u"a"_s, u"b"_s, u"d"_s}));
+        QCOMPARE(third.row(), 0);
+        QCOMPARE(rows.moved.count(), 1);
+        QVERIFY(rows.inserted.isEmpty() && rows.removed.isEmpty() && rows.reset.isEmpty());
+        m_history->viewModel.pick(rows.model.item(0));
+        QCOMPARE(rows.moved.count(), 1);
+    }
+
+    void pinningChangesOneRow()
+    {
+        fill(u"cba"_s);
+        const Rows rows(*m_history);
+        m_history->viewModel.togglePin(rows.model.item(1));
+        QCOMPARE(rows.changed.count(), 1);
+        QCOMPARE(rows.changed[0][0].toModelIndex().row(), 1);
+        QCOMPARE(rows.changed[0][1].toModelIndex().row(), 1);
+        QVERIFY(rows.data(1, ClipboardListModel::PinnedRole).toBool());
+        QVERIFY(!rows.data(0, ClipboardListModel::PinnedRole).toBool());
+        QVERIFY(rows.inserted.isEmpty() && rows.removed.isEmpty() && rows.reset.isEmpty());
+    }
+
+    void deletingAndClearingTakeRowsOut()
+    {
+        fill(u"edcba"_s);
+        const Rows rows(*m_history);
+        m_history->viewModel.togglePin(rows.model.item(3));
+        m_history->viewModel.remove(rows.model.item(1));
+        QCOMPARE(rows.texts(), QStringList({u"a"_s, u"c"_s, u"d"_s, u"e"_s}));
+        m_history->viewModel.clearUnpinned();
+        QCOMPARE(rows.texts(), QStringList(u"d"_s));
+        QCOMPARE(rows.removed.count(), 4);
+        QVERIFY(rows.reset.isEmpty());
+    }
+
+    void anotherQueryStartsOver()
+    {
+        fill(u"cba"_s);
+        const Rows rows(*m_history);
+        m_history->viewModel.setQuery(u"B"_s);
+        QCOMPARE(rows.texts(), QStringList(u"b"_s));
+        QCOMPARE(rows.reset.count(), 1);
+        m_history->viewModel.setQuery(u"nothing"_s);
+        QCOMPARE(rows.model.rowCount(), 0);
+        m_history->viewModel.setQuery({});
+        QCOMPARE(rows.model.rowCount(), 3);
+        QCOMPARE(rows.reset.count(), 3);
+    }
+
+    void aCaptureThatDoesNotMatchStaysOut()
+    {
+        fill(u"cba"_s);
+        const Rows rows(*m_history);
+        m_history->viewModel.setQuery(u"b"_s);
+        m_history->copy(u"x"_s);
+        QVERIFY(rows.inserted.isEmpty());
+        m_history->copy(u"Bx"_s);
+        QCOMPARE(rows.inserted.count(), 1);
+        QCOMPARE(rows.texts(), QStringList({u"Bx"_s, u"b"_s}));
+    }
+
+    void manyChangesAtOnceStartOver()
+    {
+        m_history->settings.setClipboardCapacity(1000);
+        for (int i = 0; i < 100; ++i)
+            m_history->copy(QString::number(i));
+        const Rows rows(*m_history);
+        m_history->viewModel.clearUnpinned();
+        QCOMPARE(rows.model.rowCount(), 0);
+        QCOMPARE(rows.reset.count(), 1);
+        QVERIFY(rows.removed.isEmpty());
+    }
+
+    void aPictureArrivesInItsRow()
+    {
+        m_history->copy({.png = picture({10, 10})});
+        fill(u"a"_s);
+        const Rows rows(*m_history);
+        QVERIFY(rows.data(1, ClipboardListModel::PictureRole).value<QImage>().isNull());
+        m_history->tasks.runAll();
+        QCOMPARE(rows.changed.count(), 1);
+        QCOMPARE(rows.changed[0][0].toModelIndex().row(), 1);
+        QVERIFY(!rows.data(1, ClipboardListModel::PictureRole).value<QImage>().isNull());
+        QVERIFY(rows.data(0, ClipboardListModel::PictureRole).value<QImage>().isNull());
+    }
+
+    void aPictureOfARowThatIsNotShownChangesNothing()
+    {
+        const auto item = m_history->copy({.png = picture({10, 10})});
+        const Rows rows(*m_history);
+        (void)m_history->viewModel.image(item);
+        m_history->viewModel.setQuery(u"a"_s);
+        m_history->tasks.runAll();
+        QVERIFY(rows.changed.isEmpty());
+    }
+
+    void theRowWhoseTextIsBeingRecognisedSaysSo()
+    {
+        const auto first = m_history->copy({.png = QByteArray("1")});
+        m_history->copy({.png = QByteArray("22")});
+        const Rows rows(*m_history);
+        m_history->viewModel.pasteImageText(first);
+        QCOMPARE(rows.changed.count(), 1);
+        QVERIFY(rows.data(1, ClipboardListModel::RecognizingRole).toBool());
+        QVERIFY(!rows.data(0, ClipboardListModel::RecognizingRole).toBool());
+        m_history->tasks.runAll();
+        QVERIFY(!rows.data(1, ClipboardListModel::RecognizingRole).toBool());
+    }
+
+    void recognitionThatEndsInAnEmptyListIsNoMatter()
+    {
+        const auto item = m_history->copy({.png = QByteArray("1")});
+        const Rows rows(*m_history);
+        m_history->viewModel.pasteImageText(item);
+        m_history->viewModel.remove(item);
+        m_history->tasks.runAll();
+        QCOMPARE(rows.model.rowCount(), 0);
+    }
+
+    void theRowsOfText()
+    {
+        m_history->copy({.text = u" \n two\nlines\t "_s, .rtf = QByteArray("{}")});
+        fill(u"a"_s);
+        const Rows rows(*m_history);
+        QCOMPARE(rows.data(1, ClipboardListModel::PreviewRole).toString(), u"two\nlines"_s);
+        QCOMPARE(rows.data(1, Qt::AccessibleTextRole).toString(), u"Text: two\nlines"_s);
+        QVERIFY(rows.data(1, ClipboardListModel::HasRichTextRole).toBool());
+        QVERIFY(!rows.data(0, ClipboardListModel::HasRichTextRole).toBool());
+        QCOMPARE(rows.data(0, ClipboardListModel::KindRole).value<ClipboardItem::Kind>(),
+                 ClipboardItem::Kind::text);
+        QVERIFY(!rows.data(0, Qt::DisplayRole).isValid());
+    }
+
+    void thePreviewIsTrimmedUnlessNothingIsLeft_data()
+    {
+        QTest::addColumn<std::optional<QString>>("text");
+        QTest::addColumn<QString>("preview");
+        using Text = std::optional<QString>;
+        QTest::newRow("absent") << Text() << u"(empty)"_s;
+        QTest::newRow("empty") << Text(u""_s) << u"(empty)"_s;
+        QTest::newRow("spaces") << Text(u"   "_s) << u"   "_s;
+        QTest::newRow("line breaks") << Text(u"\n\r\n"_s) << u"\n\r\n"_s;
+        QTest::newRow("wide space") << Text(u"\u3000字\u3000"_s) << u"字"_s;
+        QTest::newRow("inner white space") << Text(u"\ta  b\n\nc\n"_s) << u"a  b\n\nc"_s;
+    }
+    void thePreviewIsTrimmedUnlessNothingIsLeft()
+    {
+        QFETCH(const std::optional<QString>, text);
+        QFETCH(const QString, preview);
+        QCOMPARE(previewText({.textContent = text}), preview);
+    }
+
+    void theRowsOfPictures()
+    {
+        m_history->copy({.png = picture({10, 10})});
+        const Rows rows(*m_history);
+        const QVariant kind = rows.data(0, ClipboardListModel::KindRole);
+        QCOMPARE(kind.value<ClipboardItem::Kind>(), ClipboardItem::Kind::image);
+        m_history->clock.advance(std::chrono::minutes(5));
+        const QString spoken = rows.data(0, Qt::AccessibleTextRole).toString();
+        QVERIFY2(spoken.startsWith(u"Image, "_s), qPrintable(spoken));
+        QVERIFY2(spoken.contains(u'5'), qPrintable(spoken));
+    }
+
+    void theTimeIsTheUsersOwn()
+    {
+        fill(u"a"_s);
+        const Rows rows(*m_history);
+        QCOMPARE(rows.data(0, ClipboardListModel::TimeRole).toString(),
+                 rows.model.item(0).createdAt.toLocalTime().toString(u"MM-dd HH:mm:ss"_s));
+    }
+
+private:
+    void fill(const QString& letters)
+    {
+        for (const QChar letter : letters)
+            m_history->copy(QString(letter));
+    }
+
+    std::unique_ptr<ClipboardHistory> m_history;
+};
+
+QTEST_GUILESS_MAIN(TestClipboardListModel)
+#include "TestClipboardListModel.moc"

@@ -14,7 +14,8 @@ class CardEffect final : public QGraphicsEffect
 public:
     using QGraphicsEffect::QGraphicsEffect;
 
-    /// 0 is out: small and invisible; 1 is in: as it is. A little more makes it a little larger.
+    /// 0 is out: small and invisible; 1 is in: as it is. A little more makes it a little larger, as
+    /// far as there is room within the widget's own rectangle.
     void setPresence(double presence);
 
     /// From now on draws `picture`, whatever becomes of the widget.

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <vector>
 
-#include <QtGui/QImage>
 #include <QtGui/QPainter>
 
 namespace driftbox {
@@ -114,8 +113,8 @@ void CardShadow::render(qreal devicePixelRatio)
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     painter.drawImage(0, 0, mask);
     painter.end();
-    m_picture = QPixmap::fromImage(std::move(picture));
-    m_picture.setDevicePixelRatio(devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    m_picture = picture;
 }
 
 void CardShadow::paint(QPainter& painter, const QRectF& card)
@@ -139,7 +138,7 @@ void CardShadow::paint(QPainter& painter, const QRectF& card)
             const QRectF target(QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1]));
             const QRectF part(QPointF(source[column], source[row]),
                               QPointF(source[column + 1], source[row + 1]));
-            painter.drawPixmap(target, m_picture, part);
+            painter.drawImage(target, m_picture, part);
         }
     }
 }

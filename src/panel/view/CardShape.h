@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QtGui/QColor>
+#include <QtGui/QImage>
 #include <QtGui/QPainterPath>
-#include <QtGui/QPixmap>
 
 class QPainter;
 
@@ -29,7 +29,7 @@ private:
     qreal m_cornerRadius;
     qreal m_blurRadius;
     QColor m_color;
-    QPixmap m_picture; ///< of the smallest card that has four whole corners
+    QImage m_picture; ///< of the smallest card that has four whole corners
 };
 
 } // namespace driftbox

@@ -1,0 +1,292 @@
+#include "panel/view/MagicPanelRootView.h"
+
+#include "fakes/FakeAppearance.h"
+#include "panel/PanelAnimator.h"
+#include "panel/SectionRegistry.h"
+#include "panel/view/EmptyStateView.h"
+#include "panel/view/RailIconButton.h"
+#include "panel/view/Theme.h"
+#include "panel/view/ThemeFollower.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr SpringCurve spring{.response = 0.34, .dampingFraction = 0.7};
+
+/// A section whose page has a field to type into.
+class FieldSection final : public MagicPanelSection
+{
+public:
+    FieldSection(QString id, QString title)
+        : m_id(std::move(id))
+        , m_title(std::move(title))
+    {
+    }
+
+    [[nodiscard]] QString id() const override { return m_id; }
+    [[nodiscard]] QString title() const override { return m_title; }
+    [[nodiscard]] QString systemImage() const override { return u"note.text"_s; }
+    [[nodiscard]] QWidget* makeRootView(QWidget* parent) override
+    {
+        auto* page = new QWidget(parent);
+        page->setObjectName(m_id);
+        auto* field = new QLineEdit(page);
+        field->setObjectName(m_id);
+        page->setFocusProxy(field);
+        return page;
+    }
+
+private:
+    QString m_id;
+    QString m_title;
+};
+
+/// The root view in a window of the panel's size, shown.
+struct Panel
+{
+    explicit Panel(const QStringList& sections = {u"Clipboard"_s, u"Notes"_s})
+    {
+        for (const QString& title : sections)
+            add(title);
+        window.setAttribute(Qt::WA_TranslucentBackground);
+        window.resize(552, 648);
+        view.setGeometry(window.rect());
+        window.show();
+    }
+
+    void add(const QString& title)
+    {
+        registry.registerSection(std::make_unique<FieldSection>(title.toLower(), title));
+    }
+    [[nodiscard]] QList<RailIconButton*> buttons() const
+    {
+        auto list = view.findChildren<RailIconButton*>();
+        std::ranges::sort(list, {}, [](const auto* button) { return button->y(); });
+        return list;
+    }
+    [[nodiscard]] QStringList buttonNames() const
+    {
+        QStringList names;
+        for (const auto* button : buttons())
+            names << button->accessibleName() + (button->isActive() ? u"*"_s : QString());
+        return names;
+    }
+    [[nodiscard]] QWidget* page(const QString& id) const
+    {
+        const auto pages = view.findChildren<QWidget*>(id);
+        const auto shown = std::ranges::find_if(
+            pages, [](const QWidget* page) { return page->isVisible() && page->focusProxy(); });
+        return shown == pages.end() ? nullptr : *shown;
+    }
+    [[nodiscard]] QImage picture()
+    {
+        QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        window.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    }
+
+    PanelAnimator animator;
+    SectionRegistry registry;
+    QWidget window;
+    MagicPanelRootView& view = *new MagicPanelRootView(animator, registry, &window);
+};
+
+} // namespace
+
+class TestMagicPanelRootView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theRailHasAButtonASectionAndTheSettings()
+    {
+        const Panel panel;
+        QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard*"_s, u"Notes"_s, u"Settings"_s}));
+    }
+
+    void theRailHasItsMeasures()
+    {
+        const Panel panel;
+        const auto buttons = panel.buttons();
+        const auto place = [&](const QWidget* button) {
+            return QRect(button->mapTo(&panel.view, QPoint()), button->size());
+        };
+        // 28 for the shadow, then 12 above and 6 on each side of 32 in a rail of 44.
+        QCOMPARE(place(buttons[0]), QRect(34, 40, 32, 32));
+        QCOMPARE(place(buttons[1]), QRect(34, 40 + 32 + 4, 32, 32));
+        QCOMPARE(place(buttons[2]), QRect(34, 648 - 28 - 12 - 32, 32, 32));
+    }
+
+    void thePageFillsTheRestOfTheCard()
+    {
+        const Panel panel;
+        const QWidget* page = panel.page(u"clipboard"_s);
+        QVERIFY(page);
+        QCOMPARE(QRect(page->mapTo(&panel.view, QPoint()), page->size()),
+                 QRect(28 + 44 + 1, 28, 552 - 56 - 45, 592));
+    }
+
+    void withoutSectionsTheEmptyStateStands()
+    {
+        Panel panel(QStringList{});
+        QCOMPARE(panel.buttonNames(), QStringList({u"Settings"_s}));
+        const auto* empty = panel.view.findChild<EmptyStateView*>();
+        QVERIFY(empty && empty->isVisible());
+        QCOMPARE(empty->accessibleName(),
+                 u"No section. Register a MagicPanelSection to get started."_s);
+
+        panel.add(u"Clipboard"_s);
+        QVERIFY(!empty->isVisible());
+        QVERIFY(panel.page(u"clipboard"_s));
+        QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard*"_s, u"Settings"_s}));
+    }
+
+    void aSectionRegisteredLaterGetsAButtonAndNothingElseChanges()
+    {
+        Panel panel;
+        const QPointer<QWidget> page = panel.page(u"clipboard"_s);
+        panel.add(u"More"_s);
+        QApplication::sendPostedEvents();
+        QCOMPARE(panel.buttonNames(),
+                 QStringList({u"Clipboard*"_s, u"Notes"_s, u"More"_s, u"Settings"_s}));
+        QCOMPARE(panel.page(u"clipboard"_s), page.data());
+    }
+
+    void aClickOnTheRailShowsThatSection()
+    {
+        Panel panel;
+        const QPointer<QWidget> old = panel.page(u"clipboard"_s);
+        QTest::mouseClick(panel.buttons()[1], Qt::LeftButton);
+        QCOMPARE(panel.registry.activeID(), u"notes"_s);
+        QVERIFY(panel.page(u"notes"_s));
+        QVERIFY(!panel.page(u"clipboard"_s));
+        QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard"_s, u"Notes*"_s, u"Settings"_s}));
+        QTRY_VERIFY(old.isNull());
+    }
+
+    void aClickOnTheActiveSectionKeepsItsPage()
+    {
+        Panel panel;
+        const QPointer<QWidget> page = panel.page(u"clipboard"_s);
+        QTest::mouseClick(panel.buttons()[0], Qt::LeftButton);
+        QCOMPARE(panel.page(u"clipboard"_s), page.data());
+    }
+
+    void theSettingsButtonAsksForTheSettings()
+    {
+        Panel panel;
+        const QSignalSpy requested(&panel.view, &MagicPanelRootView::settingsRequested);
+        QTest::mouseClick(panel.buttons().last(), Qt::LeftButton);
+        QCOMPARE(requested.count(), 1);
+        QCOMPARE(panel.registry.activeID(), u"clipboard"_s);
+        QVERIFY(!panel.buttons().last()->isActive());
+    }
+
+    void controlAndTabChangeTheSection()
+    {
+        Panel panel;
+        panel.animator.setVisible(true, spring);
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        QWindow* window = panel.window.windowHandle();
+        QTest::keyClick(window, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(panel.registry.activeID(), u"notes"_s);
+        QTest::keyClick(window, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(panel.registry.activeID(), u"clipboard"_s);
+        QTest::keyClick(window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(panel.registry.activeID(), u"notes"_s);
+    }
+
+    void shownThePageHasTheTypingFromTheFirstKeyOn()
+    {
+        Panel panel;
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        panel.animator.setVisible(true, spring);
+        QVERIFY(panel.view.graphicsEffect());
+        for (const char key : {'a', 'b', 'c'})
+            QTest::keyClick(panel.window.windowHandle(), key);
+        QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), u"abc"_s);
+    }
+
+    void everyShowingGivesThePageTheTypingBack()
+    {
+        Panel panel;
+        panel.animator.setVisible(true, spring);
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        panel.buttons().last()->setFocus();
+        panel.animator.setVisible(false, EaseInCurve{0.16});
+        panel.window.hide();
+        panel.window.show();
+        panel.animator.setVisible(true, spring);
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        QCOMPARE(panel.window.focusWidget(), panel.page(u"clipboard"_s)->focusProxy());
+    }
+
+    void aNewSectionHasTheTyping()
+    {
+        Panel panel;
+        panel.animator.setVisible(true, spring);
+        panel.registry.select(u"notes"_s);
+        QCOMPARE(panel.window.focusWidget(), panel.page(u"notes"_s)->focusProxy());
+    }
+
+    void theCardLiesOnItsShadow()
+    {
+        Panel panel;
+        const QImage picture = panel.picture();
+        QCOMPARE(picture.pixelColor(300, 300), Theme::panelBackground());
+        QCOMPARE(picture.pixelColor(30, 30).alpha() < 60, true); // outside the round corner
+        // The shadow is deeper under the card than over it, and ends within the window.
+        QVERIFY(picture.pixelColor(276, 625).alpha() > picture.pixelColor(276, 22).alpha());
+        QCOMPARE(picture.pixelColor(276, 0).alpha(), 0);
+        QVERIFY(picture.pixelColor(276, 647).alpha() <= 1);
+        QCOMPARE(picture.pixelColor(0, 300).alpha(), 0);
+        QCOMPARE(picture.pixelColor(551, 300).alpha(), 0);
+    }
+
+    void theCardFollowsLightAndDark()
+    {
+        Panel panel;
+        const QColor light = panel.picture().pixelColor(300, 600);
+        m_appearance.setColorScheme(ColorScheme::dark);
+        const QColor dark = panel.picture().pixelColor(300, 600);
+        m_appearance.setColorScheme(ColorScheme::light);
+        QVERIFY(light.lightness() > 200 && dark.lightness() < 60);
+    }
+
+    void withoutCompositingEveryPixelIsOpaque()
+    {
+        Panel panel;
+        panel.view.setComposited(false);
+        const QImage picture = panel.picture();
+        for (const QPoint point :
+             {QPoint(0, 0), QPoint(29, 29), QPoint(276, 647), QPoint(300, 300)})
+            QCOMPARE(picture.pixelColor(point).alpha(), 255);
+        panel.animator.setVisible(true, spring);
+        QVERIFY(!panel.view.graphicsEffect());
+    }
+
+    void theCardsRegionHasRoundCorners()
+    {
+        const Panel panel;
+        const QRegion region = panel.view.cardRegion();
+        QCOMPARE(region.boundingRect(), QRect(28, 28, 496, 592));
+        QVERIFY(!region.contains(QPoint(29, 29)));
+        QVERIFY(region.contains(QPoint(33, 33)));
+        QVERIFY(region.contains(QPoint(276, 28)));
+    }
+
+private:
+    FakeAppearance m_appearance;
+    ThemeFollower m_theme{m_appearance};
+};
+
+QTEST_MAIN(TestMagicPanelRootView)
+#include "TestMagicPanelRootView.moc"

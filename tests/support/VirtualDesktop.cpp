@@ -1,7 +1,5 @@
 #include "support/VirtualDesktop.h"
 
-#include <QtCore/QDeadlineTimer>
-
 using namespace Qt::StringLiterals;
 
 namespace driftbox {
@@ -10,27 +8,29 @@ namespace {
 
 constexpr int startTimeoutMs = 20'000;
 
-void stop(QProcess& process)
-{
-    process.terminate();
-    if (!process.waitForFinished(2'000)) {
-        process.kill();
-        process.waitForFinished();
-    }
-}
-
 } // namespace
 
 VirtualDesktop::VirtualDesktop(const QString& screen)
 {
     startServer(screen);
-    startWindowManager();
+    m_windowManager = std::make_unique<WindowManager>();
 }
 
 VirtualDesktop::~VirtualDesktop()
 {
-    stop(m_windowManager);
-    stop(m_server);
+    m_windowManager.reset();
+    m_server.terminate();
+    if (!m_server.waitForFinished(2'000)) {
+        m_server.kill();
+        m_server.waitForFinished();
+    }
+}
+
+void VirtualDesktop::setWindowManager(const QString& name)
+{
+    m_windowManager.reset();
+    if (!name.isEmpty())
+        m_windowManager = std::make_unique<WindowManager>(name);
 }
 
 void VirtualDesktop::startServer(const QString& screen)
@@ -45,27 +45,6 @@ void VirtualDesktop::startServer(const QString& screen)
         number += m_server.readAllStandardOutput();
     }
     qputenv("DISPLAY", ':' + number.trimmed());
-}
-
-void VirtualDesktop::startWindowManager()
-{
-    m_windowManager.setProcessChannelMode(QProcess::MergedChannels);
-    m_windowManager.setStandardOutputFile(QProcess::nullDevice());
-    m_windowManager.start(u"openbox"_s, {u"--sm-disable"_s});
-    if (!m_windowManager.waitForStarted(startTimeoutMs))
-        qFatal("The window manager does not start");
-
-    // It manages the screen once its check window is announced on the root window.
-    const QDeadlineTimer deadline(startTimeoutMs);
-    QByteArray answer;
-    while (!answer.contains("window id")) {
-        if (deadline.hasExpired())
-            qFatal("The window manager does not manage the screen");
-        QProcess query;
-        query.start(u"xprop"_s, {u"-root"_s, u"_NET_SUPPORTING_WM_CHECK"_s});
-        query.waitForFinished(startTimeoutMs);
-        answer = query.readAllStandardOutput();
-    }
 }
 
 } // namespace driftbox

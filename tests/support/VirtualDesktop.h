@@ -1,5 +1,9 @@
 #pragma once
 
+#include "support/WindowManager.h"
+
+#include <memory>
+
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 
@@ -17,12 +21,14 @@ public:
     VirtualDesktop(const VirtualDesktop&) = delete;
     VirtualDesktop& operator=(const VirtualDesktop&) = delete;
 
+    /// Ends the window manager and starts another one; none for an empty name.
+    void setWindowManager(const QString& name);
+
 private:
     void startServer(const QString& screen);
-    void startWindowManager();
 
     QProcess m_server;
-    QProcess m_windowManager;
+    std::unique_ptr<WindowManager> m_windowManager;
 };
 
 } // namespace driftbox

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+
+namespace driftbox {
+
+struct X11Free
+{
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// A reply of the X server, which the caller owns; null when the server answered with an error.
+template <typename T>
+using X11Reply = std::unique_ptr<T, X11Free>;
+
+} // namespace driftbox

@@ -1,0 +1,103 @@
+#include "support/WindowManager.h"
+
+#include "support/X11Client.h"
+
+#include <csignal>
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QThread>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int startTimeoutMs = 30'000;
+constexpr int probeTimeoutMs = 400;
+
+constexpr auto i3Configuration = R"(# i3 config file (v4)
+font pango:monospace 8
+focus_follows_mouse no
+)";
+
+} // namespace
+
+WindowManager::WindowManager(const QString& name)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"HOME"_s, m_home.path());
+    for (const auto* variable :
+         {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+        environment.insert(QString::fromLatin1(variable), m_home.path());
+    environment.insert(u"KWIN_COMPOSE"_s, u"N"_s);
+    environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    // What it starts itself, its message bus above all, ends with it.
+    m_process.setChildProcessModifier([] { setpgid(0, 0); });
+
+    QFile file(m_home.filePath(u"i3.config"_s));
+    if (file.open(QFile::WriteOnly))
+        file.write(i3Configuration);
+    file.close();
+
+    const QStringList arguments = argumentsFor(name);
+    m_process.start(arguments.first(), arguments.mid(1));
+    if (!m_process.waitForStarted(startTimeoutMs))
+        qFatal("%s does not start", qPrintable(name));
+    waitUntilReady();
+}
+
+WindowManager::~WindowManager()
+{
+    const auto group = static_cast<pid_t>(m_process.processId());
+    if (group <= 0)
+        return;
+    kill(-group, SIGTERM);
+    if (!m_process.waitForFinished(2'000))
+        kill(-group, SIGKILL);
+    m_process.waitForFinished();
+    kill(-group, SIGKILL);
+}
+
+bool WindowManager::isInstalled(const QString& name)
+{
+    return !QStandardPaths::findExecutable(name).isEmpty();
+}
+
+QStringList WindowManager::argumentsFor(const QString& name) const
+{
+    const QStringList onABus = {u"dbus-run-session"_s, u"--"_s, name, u"--replace"_s};
+    if (name == u"xfwm4")
+        return onABus + QStringList{u"--compositor=off"_s};
+    if (name == u"kwin_x11")
+        return onABus + QStringList{u"--no-kactivities"_s};
+    if (name == u"i3")
+        return {name, u"--replace"_s, u"-c"_s, m_home.filePath(u"i3.config"_s)};
+    return {name, u"--replace"_s, u"--sm-disable"_s};
+}
+
+// Window managers announce themselves before they look after windows, so a window is shown until
+// one of them gives it the keyboard.
+void WindowManager::waitUntilReady() const
+{
+    const QDeadlineTimer deadline(startTimeoutMs);
+    while (!deadline.hasExpired()) {
+        const X11Client probe;
+        const QDeadlineTimer probeDeadline(probeTimeoutMs);
+        while (!probeDeadline.hasExpired()) {
+            if (probe.hasFocus())
+                return;
+            QThread::msleep(5);
+        }
+    }
+    qFatal("The window manager does not manage windows");
+}
+
+} // namespace driftbox

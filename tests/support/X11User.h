@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include <QtCore/QPoint>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+/// Plays the user at the keyboard and the mouse of the X server that DISPLAY names. Everything has
+/// happened there when a call returns.
+class X11User
+{
+public:
+    X11User();
+    ~X11User();
+    X11User(const X11User&) = delete;
+    X11User& operator=(const X11User&) = delete;
+
+    /// `symbol` is one that a key bears without modifiers (XK_…).
+    void press(xcb_keysym_t symbol) { fake(XCB_KEY_PRESS, keycodeOf(symbol)); }
+    void release(xcb_keysym_t symbol) { fake(XCB_KEY_RELEASE, keycodeOf(symbol)); }
+    void tap(xcb_keysym_t symbol);
+    [[nodiscard]] xcb_keycode_t keycodeOf(xcb_keysym_t symbol) const;
+    /// Whether the server takes the key for pressed.
+    [[nodiscard]] bool isDown(xcb_keysym_t symbol) const;
+    /// The modifiers that take effect, bits of the core modifier mask.
+    [[nodiscard]] std::uint16_t modifiers() const;
+
+    void movePointer(QPoint pixel);
+    void pressButton() { fake(XCB_BUTTON_PRESS, 1); }
+    void releaseButton() { fake(XCB_BUTTON_RELEASE, 1); }
+    void click(QPoint pixel);
+
+private:
+    void fake(std::uint8_t type, std::uint8_t detail, QPoint pixel = {});
+    void waitForServer() const;
+
+    xcb_connection_t* m_xcb;
+    xcb_window_t m_root;
+};
+
+} // namespace driftbox

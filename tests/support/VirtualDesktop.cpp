@@ -13,7 +13,8 @@ constexpr int startTimeoutMs = 20'000;
 VirtualDesktop::VirtualDesktop(const QString& screen)
 {
     startServer(screen);
-    m_windowManager = std::make_unique<WindowManager>();
+    setWindowManager(
+        qEnvironmentVariable("DRIFTBOX_TEST_WINDOW_MANAGER", QStringLiteral("openbox")));
 }
 
 VirtualDesktop::~VirtualDesktop()
@@ -31,6 +32,12 @@ void VirtualDesktop::setWindowManager(const QString& name)
     m_windowManager.reset();
     if (!name.isEmpty())
         m_windowManager = std::make_unique<WindowManager>(name);
+}
+
+void VirtualDesktop::crashWindowManager()
+{
+    m_windowManager->crash();
+    m_windowManager.reset();
 }
 
 void VirtualDesktop::startServer(const QString& screen)

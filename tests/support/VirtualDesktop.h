@@ -16,6 +16,7 @@ class VirtualDesktop
 public:
     /// `screen` is the geometry and depth of the X server's screen. Stops the test program when a
     /// part does not come up.
+    /// The window manager is openbox unless DRIFTBOX_TEST_WINDOW_MANAGER names another.
     explicit VirtualDesktop(const QString& screen = QStringLiteral("1440x900x24"));
     ~VirtualDesktop();
     VirtualDesktop(const VirtualDesktop&) = delete;
@@ -23,6 +24,8 @@ public:
 
     /// Ends the window manager and starts another one; none for an empty name.
     void setWindowManager(const QString& name);
+    /// Kills the window manager, which leaves everything on the server as it is.
+    void crashWindowManager();
 
 private:
     void startServer(const QString& screen);

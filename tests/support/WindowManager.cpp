@@ -6,7 +6,6 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
-#include <QtCore/QStandardPaths>
 #include <QtCore/QThread>
 
 #include <unistd.h>
@@ -51,24 +50,28 @@ WindowManager::WindowManager(const QString& name)
     m_process.start(arguments.first(), arguments.mid(1));
     if (!m_process.waitForStarted(startTimeoutMs))
         qFatal("%s does not start", qPrintable(name));
+    m_group = static_cast<pid_t>(m_process.processId());
     waitUntilReady();
 }
 
 WindowManager::~WindowManager()
 {
-    const auto group = static_cast<pid_t>(m_process.processId());
-    if (group <= 0)
-        return;
-    kill(-group, SIGTERM);
+    signalAll(SIGTERM);
     if (!m_process.waitForFinished(2'000))
-        kill(-group, SIGKILL);
-    m_process.waitForFinished();
-    kill(-group, SIGKILL);
+        crash();
+    signalAll(SIGKILL);
 }
 
-bool WindowManager::isInstalled(const QString& name)
+void WindowManager::crash()
 {
-    return !QStandardPaths::findExecutable(name).isEmpty();
+    signalAll(SIGKILL);
+    m_process.waitForFinished();
+}
+
+void WindowManager::signalAll(int signal) const
+{
+    if (m_group > 0)
+        kill(-m_group, signal);
 }
 
 QStringList WindowManager::argumentsFor(const QString& name) const

@@ -2,6 +2,8 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QString>
+#include <sys/types.h>
+
 #include <QtCore/QTemporaryDir>
 
 namespace driftbox {
@@ -12,20 +14,22 @@ class WindowManager
 public:
     /// `name` is openbox, xfwm4, i3 or kwin_x11. Takes over from one that runs already. Returns
     /// once it manages new windows; stops the test program when it does not come up.
-    explicit WindowManager(const QString& name = QStringLiteral("openbox"));
+    explicit WindowManager(const QString& name);
     ~WindowManager();
     WindowManager(const WindowManager&) = delete;
     WindowManager& operator=(const WindowManager&) = delete;
 
-    /// Whether the program is on this machine.
-    [[nodiscard]] static bool isInstalled(const QString& name);
+    /// Ends it without a chance to tidy up.
+    void crash();
 
 private:
+    void signalAll(int signal) const;
     [[nodiscard]] QStringList argumentsFor(const QString& name) const;
     void waitUntilReady() const;
 
     QTemporaryDir m_home;
     QProcess m_process;
+    pid_t m_group = 0; ///< everything it has started
 };
 
 } // namespace driftbox

@@ -20,7 +20,7 @@ public:
     {
         QByteArray windowClass = "Plainclient";
         QRect frame = {40, 60, 300, 200};
-        std::optional<std::uint32_t> claimedProcess; ///< _NET_WM_PID
+        std::optional<std::uint32_t> claimedProcess = std::nullopt; ///< _NET_WM_PID
         bool acceptsFocus = true;
     };
     struct Key

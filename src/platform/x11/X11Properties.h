@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <QtCore/QByteArray>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class X11Connection;
+
+/// Properties of windows. Every call is one round trip to the X server, however many windows it
+/// asks about. A window that has gone, or lacks the property, or has it in another format, gives
+/// nothing.
+namespace X11Properties {
+
+[[nodiscard]] std::vector<std::uint32_t> numbers(X11Connection& connection, xcb_window_t window,
+                                                 const char* name);
+/// One list for each window, in their order.
+[[nodiscard]] std::vector<std::vector<std::uint32_t>>
+numbers(X11Connection& connection, std::span<const xcb_window_t> windows, const char* name);
+/// The first of the numbers.
+[[nodiscard]] std::optional<std::uint32_t> number(X11Connection& connection, xcb_window_t window,
+                                                  const char* name);
+[[nodiscard]] QByteArray bytes(X11Connection& connection, xcb_window_t window, const char* name);
+
+} // namespace X11Properties
+
+} // namespace driftbox

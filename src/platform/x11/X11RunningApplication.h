@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <QtCore/QObject>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class X11Connection;
+
+/// A window of an application and the process it belongs to.
+class X11RunningApplication final : public QObject, public RunningApplication
+{
+public:
+    /// Looks the application of `window` up. Round trips. `connection` must outlive it.
+    X11RunningApplication(X11Connection& connection, xcb_window_t window);
+
+    [[nodiscard]] xcb_window_t window() const { return m_window; }
+
+    [[nodiscard]] pid_t processIdentifier() const override { return m_processIdentifier; }
+    [[nodiscard]] std::optional<QString> bundleIdentifier() const override
+    {
+        return m_bundleIdentifier;
+    }
+    /// A window that has had the keyboard has been launched.
+    [[nodiscard]] bool isFinishedLaunching() const override { return true; }
+    /// Round trip.
+    [[nodiscard]] bool isTerminated() const override;
+    void activate() override;
+
+private:
+    X11Connection& m_connection;
+    const xcb_window_t m_window;
+    const pid_t m_processIdentifier;
+    const std::optional<QString> m_bundleIdentifier;
+};
+
+} // namespace driftbox

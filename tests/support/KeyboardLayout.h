@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+namespace driftbox {
+
+/// Gives the X server's keyboard other settings, those of setxkbmap, until the end of the scope.
+class KeyboardLayout
+{
+public:
+    explicit KeyboardLayout(const QStringList& settings);
+    ~KeyboardLayout();
+    KeyboardLayout(const KeyboardLayout&) = delete;
+    KeyboardLayout& operator=(const KeyboardLayout&) = delete;
+};
+
+} // namespace driftbox

@@ -1,23 +1,12 @@
 #include "clipboard/ClipboardItem.h"
 
-using namespace Qt::StringLiterals;
+#include "core/ImageFileName.h"
 
 namespace driftbox {
 
-namespace {
-
-// A foreign manifest must not reach outside the images folder.
-bool staysInFolder(const QString& name)
-{
-    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u'/') &&
-           !name.contains(QChar::Null);
-}
-
-} // namespace
-
 QString ClipboardItem::imageFile() const
 {
-    return imageFileName && staysInFolder(*imageFileName) ? *imageFileName : id.text() + u".png"_s;
+    return driftbox::imageFileName(imageFileName, id.text());
 }
 
 } // namespace driftbox

@@ -1,10 +1,8 @@
 #include "clipboard/ClipboardManifest.h"
 
 #include "core/Json.h"
-#include "core/JsonFields.h"
+#include "core/JsonRecords.h"
 #include "core/RawValues.h"
-
-using namespace Qt::StringLiterals;
 
 namespace driftbox::ClipboardManifest {
 
@@ -58,44 +56,26 @@ QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
 {
     QHash<ClipboardItemId, Element> elements;
     elements.reserve(static_cast<qsizetype>(items.size()));
-    qsizetype size = 2;
+    std::vector<QByteArray> objects;
+    objects.reserve(items.size());
     for (const ClipboardItem& item : items) {
         Element element = m_elements.take(item.id);
         if (element.text.isEmpty() || element.pinnedAt != item.pinnedAt)
             element = {item.pinnedAt, ClipboardManifest::encode(item)};
-        size += element.text.size() + 1;
+        objects.push_back(element.text);
         elements.insert(item.id, std::move(element));
     }
     m_elements = std::move(elements);
-
-    QByteArray text;
-    text.reserve(size);
-    text += '[';
-    for (const ClipboardItem& item : items) {
-        if (text.size() > 1)
-            text += ',';
-        text += m_elements[item.id].text;
-    }
-    return text += ']';
+    return JsonRecords::join(objects);
 }
 
 Decoded decode(const QByteArray& text)
 {
-    const Json::Parsed parsed = Json::parse(text, Json::Numbers::asReals);
-    if (!parsed.value)
-        return {{}, parsed.error};
-    if (!json_is_array(parsed.value.get()))
-        return {{}, u"not an array"_s};
-
     Decoded decoded;
-    const size_t count = json_array_size(parsed.value.get());
-    decoded.items.reserve(count);
-    for (size_t index = 0; index < count; ++index) {
-        JsonFields fields(json_array_get(parsed.value.get(), index));
-        decoded.items.push_back(decodeItem(fields));
-        if (!fields.error().isEmpty())
-            return {{}, u"item %1: %2"_s.arg(index).arg(fields.error())};
-    }
+    decoded.error = JsonRecords::read(
+        text, [&decoded](JsonFields& fields) { decoded.items.push_back(decodeItem(fields)); });
+    if (!decoded.error.isEmpty())
+        decoded.items.clear();
     return decoded;
 }
 

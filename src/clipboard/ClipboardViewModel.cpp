@@ -1,10 +1,10 @@
 #include "clipboard/ClipboardViewModel.h"
 
-#include "clipboard/CaseInsensitiveMatcher.h"
 #include "clipboard/ClipboardStore.h"
 #include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
+#include "core/CaseInsensitiveMatcher.h"
 #include "core/NotificationCenter.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"

@@ -1,4 +1,4 @@
-#include "clipboard/CaseInsensitiveMatcher.h"
+#include "core/CaseInsensitiveMatcher.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QTest>

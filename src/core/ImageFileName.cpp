@@ -1,0 +1,22 @@
+#include "core/ImageFileName.h"
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+bool staysInFolder(const QString& name)
+{
+    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u'/') &&
+           !name.contains(QChar::Null);
+}
+
+} // namespace
+
+QString imageFileName(const std::optional<QString>& named, const QString& id)
+{
+    return named && staysInFolder(*named) ? *named : id + u".png"_s;
+}
+
+} // namespace driftbox

@@ -1,0 +1,51 @@
+#include "notes/NoteContent.h"
+
+#include "notes/NotesStore.h"
+#include "platform/FileSystem.h"
+
+#include <QtCore/QBuffer>
+#include <QtGui/QImageReader>
+
+namespace driftbox {
+
+namespace {
+
+// The largest note at two device pixels a point.
+constexpr QSize largestImage{3200, 4000};
+
+} // namespace
+
+PasteboardContent pasteboardContent(const StickyNote& note, const NotesStore& store,
+                                    const FileSystem& fileSystem)
+{
+    if (note.kind == StickyNote::Kind::text)
+        return {.text = note.textContent.value_or(QString())};
+    return {.png = fileSystem.read(store.imageURL(note))};
+}
+
+std::optional<QSizeF> noteImageSize(const QByteArray& bytes)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    const QImageReader reader(&buffer);
+    const QSize size = reader.size();
+    if (size.isEmpty())
+        return std::nullopt;
+    const bool lies = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return lies ? size.transposed() : size;
+}
+
+QImage decodedNoteImage(const QByteArray& bytes)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.width() > largestImage.width() || size.height() > largestImage.height())
+        reader.setScaledSize(
+            size.scaled(largestImage, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
+    return reader.read();
+}
+
+} // namespace driftbox

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/RecordListModel.h"
+#include "notes/StickyNote.h"
+
+namespace driftbox {
+
+class NoteManager;
+
+/// The notes that match a query as rows, in the manager's order: all of them while the query is
+/// blank, else those whose text contains it in whatever case. Every other query resets the model.
+class NotesListModel : public RecordListModel<StickyNote>
+{
+    Q_OBJECT
+    Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
+
+public:
+    enum Role {
+        KindRole = Qt::UserRole, ///< StickyNote::Kind
+        ColorRole,               ///< NoteColor
+        PreviewRole,             ///< QString; what a row shows of the note
+        TimeRole,                ///< QString; when it was updated
+        SavedRole,               ///< bool
+    };
+
+    /// `manager` must outlive the model.
+    explicit NotesListModel(const NoteManager& manager, QObject* parent = nullptr);
+
+    [[nodiscard]] const QString& query() const { return m_query; }
+    void setQuery(const QString& query);
+
+    /// Besides the roles: the accessible text of a row.
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+Q_SIGNALS:
+    void queryChanged();
+
+private:
+    const NoteManager& m_manager;
+    QString m_query;
+};
+
+/// What a row shows of a note: its text without the white space around it, or a word for what it is
+/// instead.
+[[nodiscard]] QString previewText(const StickyNote& note);
+
+/// "1 note", "3 notes".
+[[nodiscard]] QString noteCountText(qsizetype count);
+
+} // namespace driftbox

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "notes/StickyNote.h"
+
+#include <vector>
+
+#include <QtCore/QByteArray>
+
+/// The saved notes as JSON: one array of notes, compact, members in a fixed order, absent members
+/// left out, instants as seconds since 2001-01-01T00:00:00Z. Reading takes members in any order and
+/// ignores unknown ones, but one bad note makes the whole manifest unreadable.
+namespace driftbox::NotesManifest {
+
+/// One element of the array.
+[[nodiscard]] QByteArray encode(const StickyNote& note);
+
+struct Decoded
+{
+    std::vector<StickyNote> notes;
+    QString error; ///< empty when the manifest is good
+};
+[[nodiscard]] Decoded decode(const QByteArray& text);
+
+} // namespace driftbox::NotesManifest

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/Identifier.h"
+#include "core/NoteColor.h"
+#include "platform/Instant.h"
+
+#include <optional>
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+
+namespace driftbox {
+
+using StickyNoteId = Identifier<struct StickyNoteTag>;
+
+/// The frame of a note's window in screen space: x and y are its lower left corner. Any numbers may
+/// come from a manifest.
+struct NoteFrame
+{
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    [[nodiscard]] static NoteFrame fromRect(const QRectF& rect)
+    {
+        return {rect.x(), rect.y(), rect.width(), rect.height()};
+    }
+    [[nodiscard]] QRectF toRect() const { return {x, y, width, height}; }
+
+    bool operator==(const NoteFrame&) const = default;
+    friend size_t qHash(const NoteFrame& frame, size_t seed = 0)
+    {
+        return qHashMulti(seed, frame.x, frame.y, frame.width, frame.height);
+    }
+};
+
+/// What zooming stops at.
+inline constexpr double smallestNoteZoom = 0.6;
+inline constexpr double largestNoteZoom = 2.0;
+
+/// One note: a piece of text, or an image, whose bytes lie in a file of their own. A plain value.
+struct StickyNote
+{
+    enum class Kind { text, image };
+
+    StickyNoteId id = StickyNoteId::random();
+    Kind kind = Kind::text;
+    std::optional<QString> textContent = {};
+    std::optional<QString> imageFileName = {}; ///< images only
+    NoteColor color = NoteColor::yellow;
+    NoteFrame frame = {};
+    double zoom = 1.0;    ///< scale of the text
+    bool isSaved = false; ///< kept on disk; otherwise a draft, which ends when its window closes
+    Instant createdAt = {};
+    Instant updatedAt = {}; ///< last change of anything but the frame
+
+    bool operator==(const StickyNote&) const = default;
+
+    /// The name of the file that holds the bytes of an image: `imageFileName` when it is one, else
+    /// `ownImageFile`.
+    [[nodiscard]] QString imageFile() const;
+};
+
+[[nodiscard]] size_t qHash(const StickyNote& note, size_t seed = 0);
+
+/// The name under which the image of the note with this id is stored: the id followed by ".png".
+[[nodiscard]] QString ownImageFile(const StickyNoteId& id);
+
+} // namespace driftbox

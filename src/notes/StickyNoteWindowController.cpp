@@ -1,0 +1,67 @@
+#include "notes/StickyNoteWindowController.h"
+
+#include "notes/NotePlacement.h"
+#include "notes/StickyNoteViewModel.h"
+#include "platform/FloatingSurface.h"
+
+#include <algorithm>
+
+namespace driftbox {
+
+StickyNoteWindowController::StickyNoteWindowController(
+    std::unique_ptr<StickyNoteViewModel> viewModel, NoteWindows& windows, const QRectF& frame,
+    QObject* parent)
+    : QObject(parent)
+    , m_viewModel(std::move(viewModel))
+    , m_window(windows.makeWindow(*m_viewModel))
+{
+    m_window->surface().setFrame(frame);
+    connect(
+        &m_window->surface(), &FloatingSurface::frameChangedByUser, this,
+        [this](const QRectF& changed) { m_viewModel->updateFrame(NoteFrame::fromRect(changed)); });
+}
+
+StickyNoteWindowController::~StickyNoteWindowController() = default;
+
+const StickyNoteId& StickyNoteWindowController::noteID() const
+{
+    return m_viewModel->note().id;
+}
+
+void StickyNoteWindowController::showWindow()
+{
+    m_window->surface().present(FloatingSurface::Keyboard::take);
+}
+
+void StickyNoteWindowController::orderOut()
+{
+    m_window->surface().orderOut();
+}
+
+bool StickyNoteWindowController::isKey() const
+{
+    return m_window->surface().isKey();
+}
+
+void StickyNoteWindowController::zoom(double factor)
+{
+    zoomWindow(factor);
+    m_viewModel->setZoom(
+        std::clamp(m_viewModel->zoom() * factor, smallestNoteZoom, largestNoteZoom));
+}
+
+void StickyNoteWindowController::zoomWindow(double factor)
+{
+    FloatingSurface& surface = m_window->surface();
+    const QRectF before = surface.frame();
+    QRectF after(QPointF(), (before.size() * factor)
+                                .boundedTo(NotePlacement::largestZoomedWindow)
+                                .expandedTo(NotePlacement::smallestWindow));
+    after.moveCenter(before.center());
+    if (after == before)
+        return;
+    surface.setFrame(after);
+    m_viewModel->updateFrame(NoteFrame::fromRect(after));
+}
+
+} // namespace driftbox

@@ -3,6 +3,8 @@
 #include "platform/x11/ImageConversion.h"
 #include "platform/x11/PasteboardTargets.h"
 
+#include <utility>
+
 #include <QtCore/QStringDecoder>
 
 using namespace Qt::StringLiterals;
@@ -11,7 +13,21 @@ namespace driftbox {
 
 namespace {
 
-constexpr qsizetype heavyText = 64 * 1024;
+constexpr qsizetype heavy = 64 * 1024;
+
+qsizetype sizeOf(const std::optional<QByteArrayList>& pieces)
+{
+    qsizetype size = 0;
+    for (const QByteArray& piece : pieces.value_or(QByteArrayList()))
+        size += piece.size();
+    return size;
+}
+
+QByteArray joined(std::optional<QByteArrayList>& pieces)
+{
+    const QByteArrayList taken = *std::exchange(pieces, std::nullopt);
+    return taken.size() == 1 ? taken.front() : taken.join();
+}
 
 // Some programs send the terminating zeros of their strings along.
 QByteArrayView withoutTerminator(QByteArrayView text)
@@ -36,22 +52,21 @@ std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
 
 bool RawContent::isHeavy() const
 {
-    return image.has_value() || (text && text->size() > heavyText);
+    return image.has_value() || sizeOf(text) + sizeOf(rtf) > heavy;
 }
 
 DecodedContent decode(RawContent raw)
 {
     DecodedContent decoded;
-    decoded.content.rtf = std::move(raw.rtf);
+    if (sizeOf(raw.rtf) > 0)
+        decoded.content.rtf = joined(raw.rtf);
     if (raw.text) {
-        decoded.content.text = decodeText(withoutTerminator(*raw.text), raw.textTarget);
-        raw.text.reset();
+        decoded.content.text = decodeText(withoutTerminator(joined(raw.text)), raw.textTarget);
         if (!decoded.content.text)
             decoded.refusals.append(u"Refused the clipboard's text: not valid UTF-8"_s);
     }
     if (raw.image) {
-        ConvertedImage converted = ImageConversion::toPng(*raw.image);
-        raw.image.reset();
+        ConvertedImage converted = ImageConversion::toPng(joined(raw.image));
         if (converted.refusal.isEmpty())
             decoded.content.png = std::move(converted.png);
         else

@@ -2,17 +2,18 @@
 
 #include "platform/Pasteboard.h"
 
+#include <QtCore/QByteArrayList>
 #include <QtCore/QStringList>
 
 namespace driftbox {
 
-/// The formats of one copy as their owner sent them; empty where there is none.
+/// The formats of one copy as their owner sent them, in pieces; empty where there is none.
 struct RawContent
 {
     QByteArray textTarget; ///< the name of the target that the text came under
-    std::optional<QByteArray> text;
-    std::optional<QByteArray> rtf;
-    std::optional<QByteArray> image;
+    std::optional<QByteArrayList> text;
+    std::optional<QByteArrayList> rtf;
+    std::optional<QByteArrayList> image;
 
     /// Whether decoding it takes so long that it is not to be done on the main thread.
     [[nodiscard]] bool isHeavy() const;

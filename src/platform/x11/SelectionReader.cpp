@@ -95,7 +95,8 @@ void SelectionReader::request(xcb_atom_t target, qsizetype limit,
 void SelectionReader::targetsArrived(const SelectionTransfer::Result& result)
 {
     if (result.outcome == Outcome::complete && result.format == 32)
-        plan(PasteboardTargets::choose(knownNamesAmong(result.bytes, m_services.connection)));
+        plan(PasteboardTargets::choose(
+            knownNamesAmong(result.pieces.join(), m_services.connection)));
     else
         plan(PasteboardTargets::chooseBlindly());
     nextStep();
@@ -137,27 +138,26 @@ void SelectionReader::formatArrived(const SelectionTransfer::Result& result)
     else if (result.format != 8)
         noteFailure(format, Outcome::malformed);
     else
-        keep(format, result.bytes);
+        keep(format, result.pieces);
     if (self)
         nextStep();
 }
 
-void SelectionReader::keep(Format format, const QByteArray& bytes)
+void SelectionReader::keep(Format format, const QByteArrayList& pieces)
 {
     switch (format) {
     case Format::image:
-        m_raw.image = bytes;
+        m_raw.image = pieces;
         break;
     case Format::text:
-        m_raw.text = bytes;
+        m_raw.text = pieces;
         m_raw.textTarget = m_target;
         break;
     case Format::rtf:
-        if (!bytes.isEmpty())
-            m_raw.rtf = bytes;
+        m_raw.rtf = pieces;
         break;
     case Format::opaque:
-        Q_EMIT opaqueFormatRead(m_target, bytes);
+        Q_EMIT opaqueFormatRead(m_target, pieces.join());
         break;
     }
 }

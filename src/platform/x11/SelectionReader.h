@@ -60,7 +60,7 @@ private:
     void plan(const TargetChoice& choice);
     void nextStep();
     void formatArrived(const SelectionTransfer::Result& result);
-    void keep(Format format, const QByteArray& bytes);
+    void keep(Format format, const QByteArrayList& pieces);
     void noteFailure(Format format, SelectionTransfer::Outcome outcome);
     void decodeContent();
     void publish(const DecodedContent& decoded);

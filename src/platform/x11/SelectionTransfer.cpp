@@ -96,13 +96,15 @@ void SelectionTransfer::handlePiece(const xcb_get_property_reply_t* piece)
         return handleAnnouncement(*piece);
 
     const qsizetype size = xcb_get_property_value_length(piece);
-    if (m_bytes.isEmpty())
+    if (m_size == 0)
         m_format = piece->format;
     if (piece->format != m_format || (size == 0 && piece->bytes_after > 0))
         return finish(Outcome::malformed);
-    if (m_bytes.size() + size + static_cast<qsizetype>(piece->bytes_after) > m_request.limit)
+    if (m_size + size + static_cast<qsizetype>(piece->bytes_after) > m_request.limit)
         return finish(Outcome::tooLarge);
-    m_bytes.append(static_cast<const char*>(xcb_get_property_value(piece)), size);
+    if (size > 0)
+        m_pieces.append(QByteArray(static_cast<const char*>(xcb_get_property_value(piece)), size));
+    m_size += size;
     m_valueSize += size;
     if (piece->bytes_after > 0)
         readPiece();
@@ -146,8 +148,8 @@ void SelectionTransfer::finish(Outcome outcome)
     m_state = State::finished;
     Result result{outcome, {}, m_format};
     if (outcome == Outcome::complete)
-        result.bytes = std::exchange(m_bytes, {});
-    m_bytes.clear();
+        result.pieces = std::move(m_pieces);
+    m_pieces.clear();
     const auto done = std::move(m_done);
     done(std::move(result)); // may destroy this
 }

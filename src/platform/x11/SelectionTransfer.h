@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-#include <QtCore/QByteArray>
+#include <QtCore/QByteArrayList>
 #include <QtCore/QObject>
 
 #include <xcb/xcb.h>
@@ -39,7 +39,7 @@ public:
     struct Result
     {
         Outcome outcome;
-        QByteArray bytes;        ///< empty unless complete
+        QByteArrayList pieces;   ///< the bytes, in order; empty unless complete
         std::uint8_t format = 0; ///< bits of an element: 8, 16 or 32
 
         /// Whether the owner may still write to the requestor.
@@ -79,7 +79,8 @@ private:
     bool m_inIncrements = false;
     bool m_hasNewValue = false; ///< written since the reading of the last value began
     qsizetype m_valueSize = 0;  ///< bytes read of the present value
-    QByteArray m_bytes;
+    QByteArrayList m_pieces;    ///< joining a large one takes too long for the main thread
+    qsizetype m_size = 0;       ///< of all pieces
     std::uint8_t m_format = 0;
 };
 

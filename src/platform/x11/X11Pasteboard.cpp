@@ -1,8 +1,10 @@
 #include "platform/x11/X11Pasteboard.h"
 
+#include "platform/TaskRunner.h"
 #include "platform/x11/X11Connection.h"
 
-#include <cstdlib>
+#include <memory>
+#include <utility>
 
 #include <QtCore/QLoggingCategory>
 
@@ -11,6 +13,17 @@ namespace driftbox {
 namespace {
 
 Q_LOGGING_CATEGORY(log, "X11Pasteboard")
+
+// To give back the memory of more than this takes long enough to be felt.
+constexpr qsizetype heavy = 4 * 1024 * 1024;
+
+bool isHeavy(const PasteboardContent& content)
+{
+    const qsizetype textSize = content.text ? content.text->size() * qsizetype(sizeof(QChar)) : 0;
+    const qsizetype rtfSize = content.rtf ? content.rtf->size() : 0;
+    const qsizetype pngSize = content.png ? content.png->size() : 0;
+    return textSize + rtfSize + pngSize > heavy;
+}
 
 } // namespace
 
@@ -130,6 +143,11 @@ void X11Pasteboard::contentRead(const PasteboardContent& content)
 
 void X11Pasteboard::setContent(const PasteboardContent& content)
 {
+    if (isHeavy(m_content)) {
+        const auto old = std::make_shared<PasteboardContent>(std::move(m_content));
+        m_taskRunner.run(
+            this, [old] { *old = {}; }, [] {});
+    }
     m_content = content;
     m_opaque.clear();
     ++m_changeCount;

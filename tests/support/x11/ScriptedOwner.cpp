@@ -3,9 +3,9 @@
 #include "platform/x11/X11Connection.h"
 
 #include <array>
-#include <memory>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 namespace driftbox {
 
@@ -122,6 +122,13 @@ void ScriptedOwner::put(const Request& request, const QByteArray& type, int form
                         request.property, m_connection->atom(type),
                         static_cast<std::uint8_t>(format),
                         static_cast<std::uint32_t>(bytes.size() / elementSize), bytes.constData());
+}
+
+void ScriptedOwner::append(const Request& request, const QByteArray& bytes)
+{
+    xcb_change_property(m_connection->xcb(), XCB_PROP_MODE_APPEND, request.requestor,
+                        request.property, request.target, 8,
+                        static_cast<std::uint32_t>(bytes.size()), bytes.constData());
 }
 
 void ScriptedOwner::announceIncrements(const Request& request, std::uint32_t size)

@@ -49,6 +49,7 @@ public:
 
     /// The parts of an answer.
     void put(const Request& request, const QByteArray& type, int format, const QByteArray& bytes);
+    void append(const Request& request, const QByteArray& bytes);
     void announceIncrements(const Request& request, std::uint32_t size);
     void notify(const Request& request);
     void refuse(const Request& request);

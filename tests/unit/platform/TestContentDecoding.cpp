@@ -12,7 +12,7 @@ RawContent textUnder(const QByteArray& target, const QByteArray& bytes)
 {
     RawContent raw;
     raw.textTarget = target;
-    raw.text = bytes;
+    raw.text = QByteArrayList{bytes};
     return raw;
 }
 
@@ -88,8 +88,8 @@ private Q_SLOTS:
     void oneRefusedFormatLeavesTheOthers()
     {
         RawContent raw = textUnder("UTF8_STRING", "\xff");
-        raw.rtf = "{\\rtf1 x}";
-        raw.image = "no image";
+        raw.rtf = QByteArrayList{"{\\rtf1", " x}"};
+        raw.image = QByteArrayList{"no image"};
         const DecodedContent decoded = decode(raw);
 
         QCOMPARE(decoded.content.rtf, std::optional<QByteArray>("{\\rtf1 x}"));
@@ -102,7 +102,7 @@ private Q_SLOTS:
     void imagesAndLongTextsAreHeavy()
     {
         RawContent image;
-        image.image = "x";
+        image.image = QByteArrayList{"x"};
         QVERIFY(image.isHeavy());
         QVERIFY(textUnder("UTF8_STRING", QByteArray(1'000'000, 'x')).isHeavy());
         QVERIFY(!textUnder("UTF8_STRING", "short").isHeavy());

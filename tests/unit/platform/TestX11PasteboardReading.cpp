@@ -1,11 +1,9 @@
-#include "fakes/FakeClock.h"
 #include "fakes/FakeTaskRunner.h"
 #include "platform/desktop/ThreadPoolTaskRunner.h"
 #include "platform/x11/SelectionTransfer.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Pasteboard.h"
 #include "support/Images.h"
 #include "support/VirtualDesktop.h"
+#include "support/x11/PasteboardProgram.h"
 #include "support/x11/ScriptedOwner.h"
 
 #include <QtGui/QGuiApplication>
@@ -14,30 +12,6 @@
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The program under test as far as its pasteboard goes.
-struct Program
-{
-    explicit Program(TaskRunner& runner)
-        : pasteboard(*connection, clock, runner)
-    {
-        // The server knows what is wanted of it before a test goes on.
-        static_cast<void>(connection->atom("DRIFTBOX_TEST_IS_READY"));
-    }
-
-    std::unique_ptr<X11Connection> connection = X11Connection::open();
-    FakeClock clock;
-    X11Pasteboard pasteboard;
-};
-
-PasteboardContent textOnly(const QString& text)
-{
-    return {.text = text, .rtf = {}, .png = {}};
-}
-
-} // namespace
 
 class TestX11PasteboardReading : public QObject
 {
@@ -55,7 +29,7 @@ private Q_SLOTS:
 
     void anEmptyClipboardReadsEmpty()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         const QSignalSpy arrived(&program.pasteboard, &Pasteboard::initialContentArrived);
         const qint64 before = program.pasteboard.changeCount();
 
@@ -69,7 +43,7 @@ private Q_SLOTS:
 
     void everyFormatIsThereWhenTheCountMoves()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         const QByteArray png = imageFile(colourfulImage({20, 10}), "png");
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "caf\xc3\xa9"},
@@ -88,7 +62,7 @@ private Q_SLOTS:
     void theCountDoesNotMoveBeforeTheImageIsDecoded()
     {
         FakeTaskRunner runner;
-        Program program(runner);
+        PasteboardProgram program(runner);
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "text"},
                          {"image/bmp", imageFile(colourfulImage({20, 10}), "bmp")}};
@@ -119,7 +93,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, target);
         QFETCH(QByteArray, bytes);
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{target, bytes}};
         owner.take();
@@ -139,7 +113,7 @@ private Q_SLOTS:
     void eachNameOfRtfWillDo()
     {
         QFETCH(QByteArray, target);
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{target, "{\\rtf1}"}};
         owner.take();
@@ -150,7 +124,7 @@ private Q_SLOTS:
 
     void aRefusedNameIsFollowedByTheNext()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{"STRING", "old"}};
         owner.answers = {{"UTF8_STRING", [&](const auto& request) { owner.refuse(request); }}};
@@ -162,7 +136,7 @@ private Q_SLOTS:
 
     void anOwnerThatDoesNotTellItsTargetsIsAskedForText()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{"STRING", "old"}};
         owner.answers = {{"TARGETS", [&](const auto& request) { owner.refuse(request); }}};
@@ -175,7 +149,7 @@ private Q_SLOTS:
 
     void incrementsAreJoined()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         const QByteArray png = imageFile(colourfulImage({90, 70}), "png");
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", QByteArray(10'000, 'x') + "end"}, {"image/png", png}};
@@ -190,7 +164,7 @@ private Q_SLOTS:
 
     void nothingInIncrementsIsEmptyText()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", ""}};
         owner.incrementSize = 1'000;
@@ -202,7 +176,7 @@ private Q_SLOTS:
 
     void aLargeTextInOnePieceArrives()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", QByteArray(3'500'001, 'x')}};
         owner.take();
@@ -213,7 +187,7 @@ private Q_SLOTS:
 
     void aSecretIsNeitherReadNorAskedFor()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner before;
         before.formats = {{"UTF8_STRING", "open"}};
         before.take();
@@ -234,7 +208,7 @@ private Q_SLOTS:
         owner.take();
         QVERIFY(owner.ownsSelection());
 
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         const QSignalSpy arrived(&program.pasteboard, &Pasteboard::initialContentArrived);
         const qint64 before = program.pasteboard.changeCount();
         QTRY_COMPARE(arrived.count(), 1);
@@ -254,7 +228,7 @@ private Q_SLOTS:
         slow.answers = {{"TARGETS", ScriptedOwner::silence()}};
         slow.take();
         QVERIFY(slow.ownsSelection());
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         const QSignalSpy arrived(&program.pasteboard, &Pasteboard::initialContentArrived);
         QTRY_COMPARE(slow.asked, QByteArrayList{"TARGETS"});
 
@@ -271,7 +245,7 @@ private Q_SLOTS:
 
     void aNewerChangeTakesThePlaceOfOneBeingRead()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner first;
         std::optional<ScriptedOwner::Request> late;
         first.answers = {{"UTF8_STRING", [&](const auto& request) { late = request; }}};
@@ -296,7 +270,7 @@ private Q_SLOTS:
     void aNewerChangeTakesThePlaceOfOneBeingDecoded()
     {
         FakeTaskRunner runner;
-        Program program(runner);
+        PasteboardProgram program(runner);
         ScriptedOwner first;
         first.formats = {{"image/png", imageFile(colourfulImage({5, 5}), "png")}};
         first.take();
@@ -313,7 +287,7 @@ private Q_SLOTS:
 
     void theSameOwnerTakingAgainIsAChange()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "same"}};
         owner.take();
@@ -325,7 +299,7 @@ private Q_SLOTS:
 
     void otherSelectionsAreNobodysBusiness()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner primary("PRIMARY");
         primary.formats = {{"UTF8_STRING", "selected"}};
         primary.take();
@@ -340,7 +314,7 @@ private Q_SLOTS:
 
     void aHundredChangesInARowEndWithTheLast()
     {
-        Program program(m_runner);
+        PasteboardProgram program(m_runner);
         ScriptedOwner owner;
         for (int i = 0; i < 100; ++i) {
             owner.formats = {{"UTF8_STRING", QByteArray::number(i)}};

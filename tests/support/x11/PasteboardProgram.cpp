@@ -1,0 +1,18 @@
+#include "support/x11/PasteboardProgram.h"
+
+namespace driftbox {
+
+PasteboardProgram::PasteboardProgram(TaskRunner& runner)
+    : connection(X11Connection::open())
+    , pasteboard(*connection, clock, runner)
+{
+    // The server knows what is wanted of it before the test goes on.
+    static_cast<void>(connection->atom("DRIFTBOX_TEST_IS_READY"));
+}
+
+PasteboardContent textOnly(const QString& text)
+{
+    return {.text = text, .rtf = {}, .png = {}};
+}
+
+} // namespace driftbox

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "fakes/FakeClock.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Pasteboard.h"
+
+#include <memory>
+
+namespace driftbox {
+
+/// The program as far as its pasteboard goes, with deadlines that the test lets pass.
+class PasteboardProgram
+{
+public:
+    explicit PasteboardProgram(TaskRunner& runner);
+
+    std::unique_ptr<X11Connection> connection;
+    FakeClock clock;
+    X11Pasteboard pasteboard;
+};
+
+[[nodiscard]] PasteboardContent textOnly(const QString& text);
+
+} // namespace driftbox

@@ -1,10 +1,11 @@
 #include "panel/view/ThemeFollower.h"
 
+#include "panel/view/QuietStyle.h"
+
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,8 @@ struct Colors
     QColor text;
     QColor placeholder;
     QColor disabledText;
-    QColor accent;
+    QColor accent;    ///< of symbols
+    QColor highlight; ///< beneath text
 };
 
 const Colors lightColors{
@@ -35,6 +37,7 @@ const Colors lightColors{
     .placeholder = QColor(0x82, 0x82, 0x8b),
     .disabledText = QColor(0xa8, 0xa8, 0xb0),
     .accent = QColor(0x1f, 0x6f, 0xeb),
+    .highlight = QColor(0x1f, 0x6f, 0xeb),
 };
 
 const Colors darkColors{
@@ -46,19 +49,20 @@ const Colors darkColors{
     .placeholder = QColor(0x80, 0x80, 0x89),
     .disabledText = QColor(0x66, 0x66, 0x6e),
     .accent = QColor(0x5b, 0x9c, 0xff),
+    .highlight = QColor(0x2b, 0x6f, 0xe3),
 };
 
-QPalette paletteOf(const Colors& colors, const QColor& accent)
+QPalette paletteOf(const Colors& colors)
 {
     QPalette palette(colors.text, colors.button, colors.button.lighter(120),
                      colors.button.darker(140), colors.button.darker(115), colors.text, colors.text,
                      colors.base, colors.window);
-    const bool accentIsLight = qGray(accent.rgb()) > 140;
+    const bool highlightIsLight = qGray(colors.highlight.rgb()) > 140;
     palette.setColor(QPalette::AlternateBase, colors.alternateBase);
-    palette.setColor(QPalette::Highlight, accent);
-    palette.setColor(QPalette::HighlightedText, accentIsLight ? Qt::black : Qt::white);
-    palette.setColor(QPalette::Link, accent);
-    palette.setColor(QPalette::LinkVisited, accent);
+    palette.setColor(QPalette::Highlight, colors.highlight);
+    palette.setColor(QPalette::HighlightedText, highlightIsLight ? Qt::black : Qt::white);
+    palette.setColor(QPalette::Link, colors.accent);
+    palette.setColor(QPalette::LinkVisited, colors.accent);
     palette.setColor(QPalette::PlaceholderText, colors.placeholder);
     palette.setColor(QPalette::ToolTipBase, colors.base);
     palette.setColor(QPalette::ToolTipText, colors.text);
@@ -92,7 +96,7 @@ QFont applicationFont()
 ThemeFollower::ThemeFollower(const Appearance& appearance, QObject* parent)
     : QObject(parent)
 {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new QuietStyle);
     QApplication::setPalette(QPalette()); // back to the desktop's
     m_desktopAccent = desktopAccent();
     QApplication::setFont(applicationFont());
@@ -102,9 +106,10 @@ ThemeFollower::ThemeFollower(const Appearance& appearance, QObject* parent)
 
 void ThemeFollower::apply(ColorScheme scheme) const
 {
-    const Colors& colors = scheme == ColorScheme::dark ? darkColors : lightColors;
-    QApplication::setPalette(
-        paletteOf(colors, m_desktopAccent.isValid() ? m_desktopAccent : colors.accent));
+    Colors colors = scheme == ColorScheme::dark ? darkColors : lightColors;
+    if (m_desktopAccent.isValid())
+        colors.accent = colors.highlight = m_desktopAccent;
+    QApplication::setPalette(paletteOf(colors));
 }
 
 } // namespace driftbox

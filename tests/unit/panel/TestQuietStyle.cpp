@@ -1,0 +1,197 @@
+#include "panel/view/QuietStyle.h"
+
+#include "fakes/FakeAppearance.h"
+#include "panel/view/ThemeFollower.h"
+
+#include <limits>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QStyleOptionSlider>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Bar final : public QScrollBar
+{
+public:
+    explicit Bar(Qt::Orientation orientation)
+        : QScrollBar(orientation)
+    {
+        resize(orientation == Qt::Vertical ? QSize(12, 200) : QSize(200, 12));
+        setRange(0, 300);
+        setPageStep(100);
+    }
+
+    [[nodiscard]] QRect part(QStyle::SubControl control) const
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    }
+    [[nodiscard]] QRect thumb() const { return part(QStyle::SC_ScrollBarSlider); }
+};
+
+QImage pictureOf(QWidget& widget)
+{
+    widget.resize(widget.sizeHint());
+    return widget.grab().toImage();
+}
+
+} // namespace
+
+class TestQuietStyle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theThumbShowsPlaceAndShareOfThePage()
+    {
+        Bar bar(Qt::Vertical);
+        QCOMPARE(bar.thumb(), QRect(0, 0, 12, 50));
+        bar.setValue(300);
+        QCOMPARE(bar.thumb(), QRect(0, 150, 12, 50));
+        bar.setValue(150);
+        QCOMPARE(bar.thumb(), QRect(0, 75, 12, 50));
+        QCOMPARE(bar.part(QStyle::SC_ScrollBarSubPage), QRect(0, 0, 12, 75));
+        QCOMPARE(bar.part(QStyle::SC_ScrollBarAddPage), QRect(0, 125, 12, 75));
+        QCOMPARE(bar.part(QStyle::SC_ScrollBarGroove), bar.rect());
+    }
+
+    void aHorizontalThumbFollowsTheDirectionOfReading()
+    {
+        Bar bar(Qt::Horizontal);
+        QCOMPARE(bar.thumb(), QRect(0, 0, 50, 12));
+        bar.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(bar.thumb(), QRect(150, 0, 50, 12));
+    }
+
+    void thereAreNoButtons()
+    {
+        const Bar bar(Qt::Vertical);
+        QVERIFY(bar.part(QStyle::SC_ScrollBarAddLine).isEmpty());
+        QVERIFY(bar.part(QStyle::SC_ScrollBarSubLine).isEmpty());
+    }
+
+    void theThumbCanAlwaysBeSeized_data()
+    {
+        QTest::addColumn<int>("maximum");
+        QTest::addColumn<int>("pageStep");
+        QTest::addColumn<int>("length");
+        QTest::addColumn<int>("thumb");
+        QTest::newRow("long list") << 1'000'000 << 100 << 200 << 28;
+        QTest::newRow("as long as can be") << std::numeric_limits<int>::max() << 1 << 200 << 28;
+        QTest::newRow("nothing to scroll") << 0 << 100 << 200 << 200;
+        QTest::newRow("no page") << 10 << 0 << 200 << 28;
+        QTest::newRow("nothing at all") << 0 << 0 << 200 << 28;
+        QTest::newRow("hardly any bar") << 300 << 100 << 10 << 10;
+        QTest::newRow("no bar") << 300 << 100 << 0 << 0;
+    }
+    void theThumbCanAlwaysBeSeized()
+    {
+        QFETCH(int, maximum);
+        QFETCH(int, pageStep);
+        QFETCH(int, length);
+        QFETCH(int, thumb);
+        Bar bar(Qt::Vertical);
+        bar.setRange(0, maximum);
+        bar.setPageStep(pageStep);
+        bar.resize(12, length);
+        QCOMPARE(bar.thumb().height(), thumb);
+    }
+
+    void aClickOnTheBarJumpsThere()
+    {
+        Bar bar(Qt::Vertical);
+        bar.show();
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(6, 100));
+        QCOMPARE(bar.value(), 150);
+    }
+
+    void aScrollBarLiesOnTheAreaItScrolls()
+    {
+        QPlainTextEdit area;
+        area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        area.resize(200, 200);
+        const QImage picture = area.grab().toImage();
+        QCOMPARE(picture.pixelColor(190, 100), area.palette().color(QPalette::Base));
+    }
+
+    void stateCanBeSeen()
+    {
+        QCheckBox box;
+        const QImage off = pictureOf(box);
+        box.setChecked(true);
+        const QImage on = pictureOf(box);
+        box.setEnabled(false);
+        QVERIFY(off != on);
+        QVERIFY(on != pictureOf(box));
+        box.setEnabled(true);
+        box.setTristate(true);
+        box.setCheckState(Qt::PartiallyChecked);
+        QVERIFY(pictureOf(box) != on && pictureOf(box) != off);
+
+        QRadioButton radio;
+        const QImage unchosen = pictureOf(radio);
+        radio.setChecked(true);
+        QVERIFY(unchosen != pictureOf(radio));
+
+        QPushButton button(u"Push"_s);
+        const QImage up = pictureOf(button);
+        button.setDown(true);
+        QVERIFY(up != pictureOf(button));
+    }
+
+    void theFocusCanBeSeen_data()
+    {
+        QTest::addColumn<QSharedPointer<QWidget>>("control");
+        const auto add = [](const char* name, QWidget* control) {
+            QTest::newRow(name) << QSharedPointer<QWidget>(control);
+        };
+        add("button", new QPushButton(u"Push"_s));
+        add("check box", new QCheckBox(u"Check"_s));
+        add("radio button", new QRadioButton(u"Choose"_s));
+        add("field", new QLineEdit);
+        add("slider", new QSlider(Qt::Horizontal));
+        add("combo box", new QComboBox);
+        add("spin box", new QSpinBox);
+    }
+    void theFocusCanBeSeen()
+    {
+        QFETCH(QSharedPointer<QWidget>, control);
+        QWidget window;
+        QWidget other(&window);
+        other.setFocusPolicy(Qt::StrongFocus);
+        control->setParent(&window);
+        window.show();
+        control->show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other.setFocus();
+        const QImage without = pictureOf(*control);
+        control->setFocus(Qt::TabFocusReason);
+        QVERIFY(control->hasFocus());
+        QVERIFY(without != pictureOf(*control));
+        control->setParent(nullptr);
+    }
+};
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const FakeAppearance appearance;
+    const ThemeFollower theme(appearance);
+    TestQuietStyle test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "TestQuietStyle.moc"

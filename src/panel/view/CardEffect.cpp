@@ -2,13 +2,28 @@
 
 #include <algorithm>
 
+#include <QtCore/QtMath>
 #include <QtGui/QPainter>
+#include <QtGui/QPixmapCache>
 
 namespace driftbox {
 
 namespace {
+
 constexpr double smallestScale = 0.88;
+
+// The toolkit keeps the source's picture in its cache of pixmaps, unless it is too large for that.
+void makeRoomFor(QSizeF size, qreal devicePixelRatio)
+{
+    constexpr double bytesAPixel = 4.0;
+    constexpr double bytesAUnit = 1024.0;
+    const double pixels = size.width() * size.height() * devicePixelRatio * devicePixelRatio;
+    const int needed = qCeil(pixels * bytesAPixel / bytesAUnit * 1.1);
+    if (QPixmapCache::cacheLimit() < needed)
+        QPixmapCache::setCacheLimit(needed);
 }
+
+} // namespace
 
 void CardEffect::setPresence(double presence)
 {
@@ -20,6 +35,7 @@ void CardEffect::draw(QPainter* painter)
 {
     if (m_presence <= 0.0)
         return;
+    makeRoomFor(sourceBoundingRect().size(), painter->device()->devicePixelRatio());
     QPoint corner;
     const QPixmap picture =
         m_frozen.isNull() ? sourcePixmap(Qt::LogicalCoordinates, &corner, NoPad) : m_frozen;

@@ -21,16 +21,19 @@ bool isDark()
 
 QColor accent()
 {
-    return paletteColor(QPalette::Highlight);
+    return paletteColor(QPalette::Link);
 }
+
 QColor pinOn()
 {
     return isDark() ? QColor(0xff, 0x9f, 0x0a) : QColor(0xf0, 0x86, 0x00);
 }
+
 QColor destructive()
 {
     return isDark() ? QColor(0xff, 0x69, 0x61) : QColor(0xd7, 0x28, 0x2f);
 }
+
 QColor panelBackground()
 {
     return paletteColor(QPalette::Window);
@@ -40,10 +43,12 @@ QColor primary()
 {
     return paletteColor(QPalette::WindowText);
 }
+
 QColor secondary()
 {
     return isDark() ? QColor(0xa6, 0xa6, 0xae) : QColor(0x62, 0x62, 0x6a);
 }
+
 QColor tertiary()
 {
     return isDark() ? QColor(0x80, 0x80, 0x89) : QColor(0x82, 0x82, 0x8b);
@@ -53,6 +58,7 @@ QColor divider()
 {
     return withOpacity(primary(), isDark() ? 0.14 : 0.12);
 }
+
 QColor hoverFill()
 {
     return withOpacity(primary(), 0.08);
@@ -91,14 +97,17 @@ QFont Font::rowTitle()
 {
     return systemFont(13);
 }
+
 QFont Font::rowMeta()
 {
     return systemFont(11);
 }
+
 QFont Font::search()
 {
     return systemFont(14);
 }
+
 QFont Font::sectionTitle()
 {
     return systemFont(12, QFont::DemiBold);

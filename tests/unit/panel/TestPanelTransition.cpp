@@ -166,6 +166,27 @@ private Q_SLOTS:
         QVERIFY(panel.content.isEnabled());
     }
 
+    void keysWhileItGoesOutAreNobodys()
+    {
+        Panel panel;
+        auto* field = new QLineEdit(&panel.content);
+        field->show();
+        field->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        panel.animator.setVisible(true, spring);
+        panel.animator.setVisible(false, easeIn);
+        QTest::keyClick(panel.window.windowHandle(), 'a');
+        QCOMPARE(field->text(), QString());
+
+        panel.window.hide();
+        panel.window.show();
+        field->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        panel.animator.setVisible(true, spring);
+        QTest::keyClick(panel.window.windowHandle(), 'b');
+        QCOMPARE(field->text(), u"b"_s);
+    }
+
     void turnedAroundItContinuesFromWhereItIs()
     {
         Panel panel;

@@ -76,7 +76,7 @@ private Q_SLOTS:
         QVERIFY(contrast(Theme::primary(), background) >= 12.0);
         QVERIFY(contrast(Theme::secondary(), background) >= 4.5);
         QVERIFY(contrast(Theme::tertiary(), background) >= 3.0);
-        QVERIFY(contrast(Theme::accent(), background) >= 3.0);
+        QVERIFY(contrast(Theme::accent(), background) >= 4.0);
         QVERIFY(contrast(Theme::destructive(), background) >= 3.0);
         const QPalette palette = QApplication::palette();
         QVERIFY(contrast(palette.color(QPalette::Highlight),

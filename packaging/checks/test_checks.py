@@ -1,0 +1,102 @@
+#!/usr/bin/python3
+"""Shows that the checks of this folder find what they look for."""
+
+import tempfile
+import unittest
+from pathlib import Path
+
+import includes
+import words
+
+
+class Includes(unittest.TestCase):
+    def breaches(self, files):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, text in files.items():
+                path = Path(folder) / "src" / name
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_text(text, encoding="utf-8")
+            return includes.check(folder)
+
+    def assert_refused(self, files, words_of_it):
+        found = self.breaches(files)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(words_of_it, found[0])
+
+    def test_accepts_what_runs_downwards(self):
+        self.assertEqual(self.breaches({
+            "app/main.cpp": '#include "clipboard/view/Page.h"\n#include "platform/x11/Server.h"\n',
+            "clipboard/view/Page.h": '#include "clipboard/ClipboardViewModel.h"\n'
+                                     "#include <QtWidgets/QWidget>\n",
+            "clipboard/ClipboardViewModel.h": '#include "clipboard/ClipboardStore.h"\n',
+            "clipboard/ClipboardStore.h": '#include "platform/FileSystem.h"\n',
+            "platform/FileSystem.h": "#include <QtCore/QString>\n",
+            "platform/x11/Server.h": '#include "platform/FileSystem.h"\n#include <xcb/xcb.h>\n',
+        }), [])
+
+    def test_refuses_a_view_below_a_view_model(self):
+        self.assert_refused({"clipboard/Model.h": '#include "clipboard/view/Page.h"\n',
+                             "clipboard/view/Page.h": ""}, "must not include the view")
+
+    def test_refuses_a_service_below_a_record(self):
+        self.assert_refused({"clipboard/ClipboardStore.h": '#include "clipboard/Monitor.h"\n',
+                             "clipboard/Monitor.h": ""}, "must not include the service")
+
+    def test_refuses_a_back_end_outside_the_composition_root(self):
+        self.assert_refused({"app/Menu.cpp": '#include "platform/desktop/Tray.h"\n',
+                             "platform/desktop/Tray.h": ""}, "must not include the back-end")
+
+    def test_refuses_one_back_end_in_another(self):
+        self.assert_refused({"platform/x11/Server.h": '#include "platform/desktop/Tray.h"\n',
+                             "platform/desktop/Tray.h": ""}, "another one's")
+
+    def test_refuses_the_application_below_itself(self):
+        self.assert_refused({"core/Log.h": '#include "app/Menu.h"\n', "app/Menu.h": ""},
+                            "a core must not include the app")
+
+    def test_refuses_a_ring_of_folders(self):
+        self.assert_refused({"clipboard/Monitor.h": '#include "panel/Manager.h"\n',
+                             "panel/Manager.h": '#include "clipboard/Monitor.h"\n'}, "in a ring")
+
+    def test_refuses_the_window_system_by_name(self):
+        self.assert_refused({"panel/Manager.cpp": "xcb_flush(connection);\n"}, "window system")
+
+    def test_refuses_widgets_in_a_model(self):
+        self.assert_refused({"panel/Manager.h": "#include <QtWidgets/QLabel>\n"}, "do without")
+
+    def test_refuses_the_toolkits_clipboard(self):
+        self.assert_refused({"panel/view/Root.cpp": "QClipboard* c = nullptr;\n"}, "QClipboard")
+
+    def test_refuses_a_header_named_from_its_own_folder(self):
+        self.assert_refused({"panel/Manager.cpp": '#include "Manager.h"\n'}, "not named from src/")
+
+    def test_refuses_a_header_of_the_toolkit_without_its_module(self):
+        self.assert_refused({"panel/Manager.h": "#include <QString>\n"}, "by its module")
+
+
+class Words(unittest.TestCase):
+    def assert_refused(self, suffix, text):
+        self.assertEqual(len(list(words.complaints("name", suffix, text))), 1)
+
+    def test_accepts_ordinary_text(self):
+        text = "using namespace std::chrono_literals;\nkeep it in ~/work/notes\n"
+        self.assertEqual(list(words.complaints("name", ".cpp", text)), [])
+
+    def test_refuses_what_is_left_over(self):
+        self.assert_refused(".cpp", "// " + "TO" + "DO: later\n")
+        self.assert_refused(".cpp", "qDebug() << x;\n")
+        self.assert_refused(".h", "using namespace std;\n")
+        self.assert_refused(".md", "see /" + "home/me/x\n")
+        self.assert_refused(".cpp", "QTest::qWait(100);\n")
+
+    def test_accepts_a_wait_that_says_why(self):
+        text = "QTest::qWait(100); // nothing may happen meanwhile\n"
+        self.assertEqual(list(words.complaints("name", ".cpp", text)), [])
+
+    def test_refuses_a_file_that_has_grown_too_long(self):
+        self.assert_refused(".h", "\n" * 166)
+        self.assert_refused(".cpp", "\n" * 331)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -6,7 +6,6 @@
 #include "core/AppSettings.h"
 #include "core/CaseInsensitiveMatcher.h"
 #include "core/NotificationCenter.h"
-#include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Pasteboard.h"
@@ -85,6 +84,12 @@ std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
     return visible;
 }
 
+void ClipboardViewModel::write(const PasteboardContent& content)
+{
+    m_services.pasteboard.write(content);
+    m_services.monitor.markSeen();
+}
+
 void ClipboardViewModel::requestPaste()
 {
     m_services.notifications.post(Notification::magicPanelPaste);
@@ -96,10 +101,9 @@ void ClipboardViewModel::copyBack(const ClipboardItem& item)
         const auto bytes = m_services.fileSystem.read(m_services.store.imageURL(item));
         if (!bytes)
             return;
-        m_services.pasteboardWriter.write({.png = bytes});
+        write({.png = bytes});
     } else {
-        m_services.pasteboardWriter.write(
-            {.text = item.textContent.value_or(QString()), .rtf = item.rtfData});
+        write({.text = item.textContent.value_or(QString()), .rtf = item.rtfData});
     }
     m_services.store.moveToFront(item.id);
     refresh();
@@ -113,7 +117,7 @@ void ClipboardViewModel::pick(const ClipboardItem& item)
 
 void ClipboardViewModel::copyBackAsPlain(const ClipboardItem& item)
 {
-    m_services.pasteboardWriter.write({.text = item.textContent.value_or(QString())});
+    write({.text = item.textContent.value_or(QString())});
     m_services.store.moveToFront(item.id);
     refresh();
     requestPaste();
@@ -136,7 +140,7 @@ void ClipboardViewModel::pasteImageText(const ClipboardItem& item)
         setOcrProcessingId(std::nullopt);
         if (text->isEmpty())
             return;
-        m_services.pasteboardWriter.write({.text = *text});
+        write({.text = *text});
         requestPaste();
     };
     m_services.tasks.run(this, work, done);
@@ -187,7 +191,7 @@ QString ClipboardViewModel::pasteboardText() const
 
 void ClipboardViewModel::copyText(const QString& text)
 {
-    m_services.pasteboardWriter.write({.text = text});
+    write({.text = text});
 }
 
 } // namespace driftbox

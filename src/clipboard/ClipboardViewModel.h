@@ -17,7 +17,6 @@ class Clock;
 class FileSystem;
 class NotificationCenter;
 class Pasteboard;
-class PasteboardWriter;
 class TaskRunner;
 class TextRecognizer;
 class ThumbnailCache;
@@ -28,8 +27,7 @@ struct ClipboardServices
     ClipboardStore& store;
     ClipboardMonitor& monitor;
     const AppSettings& settings;
-    const Pasteboard& pasteboard;
-    PasteboardWriter& pasteboardWriter;
+    Pasteboard& pasteboard;
     NotificationCenter& notifications;
     ThumbnailCache& thumbnails;
     const FileSystem& fileSystem;
@@ -103,6 +101,8 @@ Q_SIGNALS:
 private:
     void handleCapture(const ClipboardMonitor::CapturedContent& content);
     void refresh();
+    /// Writes to the pasteboard without capturing it again.
+    void write(const PasteboardContent& content);
     void requestPaste();
     void setOcrProcessingId(const std::optional<ClipboardItemId>& id);
 

@@ -1,0 +1,128 @@
+"""Applications to copy from and to paste into, each with one way to read what it holds."""
+
+import sys
+from pathlib import Path
+
+from .waiting import wait_for
+
+_APPLICATIONS = Path(__file__).parent / "applications"
+
+
+class Application:
+    """A running application with one main window that had the keyboard when this was made."""
+
+    def __init__(self, desktop, process, title):
+        self.desktop = desktop
+        self.process = process
+        self.window = wait_for(lambda: next(iter(desktop.windows.titled(title)), None),
+                               f"a window titled {title!r}", 60)
+
+    def focus(self):
+        """Gives the window the keyboard and waits until it has it."""
+        if not self.has_keyboard():
+            self.desktop.windows.activate(self.window)
+        wait_for(self.has_keyboard, f"{self!r} to have the keyboard")
+
+    def has_keyboard(self):
+        windows = self.desktop.windows
+        return windows.active() == self.window and windows.has_keyboard(self.window)
+
+    def close(self):
+        self.desktop.processes.stop(self.process)
+
+    def geometry(self):
+        return self.desktop.windows.geometry(self.window)
+
+    def __repr__(self):
+        return type(self).__name__
+
+
+class _Editor(Application):
+    """An application whose text is read from the accessibility tree."""
+
+    role = "text"
+
+    def __init__(self, desktop, process, title):
+        super().__init__(desktop, process, title)
+        self.focus()
+        self.view = self._find_view()
+
+    def _find_view(self):
+        application = self.desktop.tree.application(self.process.pid, timeout=30)
+        return wait_for(
+            lambda: next((node for node in application.find_all(self.role)
+                          if node.has_state("focused")), None), f"the caret of {self!r}", 30)
+
+    def text(self):
+        return self.view.text()
+
+    def caret(self):
+        return self.view.caret()
+
+
+class GtkEditor(_Editor):
+    """A GTK 3 text view in a window of its own."""
+
+    def __init__(self, desktop, text=""):
+        process = desktop.processes.start(
+            sys.executable, _APPLICATIONS / "gtk_editor.py", text, name="gtk-editor")
+        super().__init__(desktop, process, "GTK editor")
+
+
+class Mousepad(_Editor):
+    """A GTK 3 application."""
+
+    def __init__(self, desktop, text=""):
+        path = desktop.folder / "mousepad.txt"
+        path.write_text(text, encoding="utf-8")
+        process = desktop.processes.start("mousepad", "--disable-server", path)
+        super().__init__(desktop, process, "Mousepad")
+
+
+class FeatherPad(_Editor):
+    """A Qt 5 application."""
+
+    def __init__(self, desktop, text=""):
+        path = desktop.folder / "featherpad.txt"
+        path.write_text(text, encoding="utf-8")
+        process = desktop.processes.start("featherpad", "--standalone", path)
+        super().__init__(desktop, process, "featherpad.txt")
+
+
+class XTerm(Application):
+    """xterm running a program that records every byte it reads."""
+
+    def __init__(self, desktop):
+        self._record = desktop.folder / "xterm-record"
+        self._record.write_bytes(b"")
+        process = desktop.processes.start(
+            "xterm", "-T", "Terminal", "-e", "sh", "-c",
+            f"stty -icanon -echo; exec cat >{self._record}")
+        super().__init__(desktop, process, "Terminal")
+        self.focus()
+
+    def text(self):
+        return self._record.read_bytes().decode("utf-8", "replace").replace("\r", "\n")
+
+
+class Browser(Application):
+    """Chromium with a page that is one text field; the window's title shows what it holds."""
+
+    _PAGE = """<!DOCTYPE html><title>Holds: </title><body style="margin:40px">
+<textarea autofocus rows=8 cols=60 style="font-size:16px"
+ oninput="document.title = 'Holds: ' + this.value"></textarea>"""
+
+    def __init__(self, desktop):
+        page = desktop.folder / "page.html"
+        page.write_text(self._PAGE, encoding="utf-8")
+        process = desktop.processes.start(
+            "chromium", "--no-sandbox", "--no-first-run", "--disable-gpu", "--password-store=basic",
+            "--disable-background-networking", "--disable-sync", "--disable-default-apps",
+            "--disable-dev-shm-usage", f"--user-data-dir={desktop.folder / 'chromium'}",
+            "--window-size=900,500", "--window-position=100,60", f"--app=file://{page}")
+        super().__init__(desktop, process, "Holds:")
+        self.focus()
+
+    def text(self):
+        title = self.desktop.windows.title(self.window)
+        return title.removeprefix("Holds:").removeprefix(" ")

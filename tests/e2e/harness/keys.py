@@ -1,0 +1,84 @@
+"""Real input: what is pressed here goes through the X server like a hand's."""
+
+from Xlib import XK, X
+from Xlib.ext import xtest
+
+_NAMES = {"\n": "Return", "\t": "Tab", " ": "space"}
+
+
+class Keyboard:
+    """Presses keys. Intervals are kept by the server, whatever this process is doing."""
+
+    def __init__(self, display):
+        self._display = display
+
+    def press(self, key, after_ms=0):
+        self._fake(X.KeyPress, self._keycode(key)[0], after_ms)
+
+    def release(self, key, after_ms=0):
+        self._fake(X.KeyRelease, self._keycode(key)[0], after_ms)
+
+    def tap(self, key, modifiers=(), after_ms=0):
+        """Presses and releases `key` while `modifiers` are held: tap("v", ["Control_L"])."""
+        code, shifted = self._keycode(key)
+        modifiers = list(modifiers) + (["Shift_L"] if shifted else [])
+        for modifier in modifiers:
+            self.press(modifier, after_ms)
+            after_ms = 0
+        self._fake(X.KeyPress, code, after_ms)
+        self._fake(X.KeyRelease, code)
+        for modifier in reversed(modifiers):
+            self.release(modifier)
+        self._display.sync()
+
+    def type(self, text):
+        for character in text:
+            self.tap(_NAMES.get(character, character))
+
+    def double_tap(self, key="Control_L", interval_ms=120, between=None):
+        """Two presses of `key`, the second `interval_ms` after the first.
+
+        `between` names a key that is tapped between the two.
+        """
+        half = interval_ms // 2
+        self.press(key)
+        self.release(key, half)
+        if between:
+            self.tap(between)
+        self.press(key, interval_ms - half)
+        self.release(key, 20)
+        self._display.sync()
+
+    def _fake(self, kind, detail, after_ms=0):
+        xtest.fake_input(self._display, kind, detail, time=after_ms)
+        self._display.flush()
+
+    def _keycode(self, key):
+        keysym = XK.string_to_keysym(key)
+        if keysym == XK.NoSymbol and len(key) == 1:
+            keysym = ord(key)
+        for code, index in self._display.keysym_to_keycodes(keysym):
+            if index in (0, 1):
+                return code, index == 1
+        raise ValueError(f"no key of this keyboard makes {key!r}")
+
+
+class Pointer:
+    """Moves the mouse and clicks, in pixels of the whole screen."""
+
+    def __init__(self, display):
+        self._display = display
+
+    def move(self, x, y):
+        xtest.fake_input(self._display, X.MotionNotify, x=int(x), y=int(y))
+        self._display.sync()
+
+    def click(self, x, y, button=1):
+        self.move(x, y)
+        xtest.fake_input(self._display, X.ButtonPress, button)
+        xtest.fake_input(self._display, X.ButtonRelease, button)
+        self._display.sync()
+
+    def position(self):
+        answer = self._display.screen().root.query_pointer()
+        return answer.root_x, answer.root_y

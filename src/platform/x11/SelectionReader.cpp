@@ -94,7 +94,9 @@ void SelectionReader::request(xcb_atom_t target, qsizetype limit,
 
 void SelectionReader::targetsArrived(const SelectionTransfer::Result& result)
 {
-    if (result.outcome == Outcome::complete && result.format == 32)
+    if (m_hasOwnerVanished)
+        plan({});
+    else if (result.outcome == Outcome::complete && result.format == 32)
         plan(PasteboardTargets::choose(
             knownNamesAmong(result.pieces.join(), m_services.connection)));
     else
@@ -115,9 +117,7 @@ void SelectionReader::nextStep()
         m_steps.pop_front();
     if (m_steps.empty() || m_silences >= mostSilences) {
         m_steps.clear();
-        if (!m_hasReadContent)
-            decodeContent();
-        return;
+        return m_hasReadContent ? finish() : decodeContent();
     }
     m_target = m_steps.front().candidates.takeFirst();
     request(m_services.connection.atom(m_target),
@@ -181,20 +181,18 @@ void SelectionReader::noteFailure(Format format, Outcome outcome)
 
 void SelectionReader::ownerHasVanished()
 {
-    if (m_transfer) {
-        m_services.windows.retireCurrent();
-        m_transfer.reset();
-    }
-    m_steps.clear();
+    m_hasOwnerVanished = true;
     m_opaque.clear();
-    nextStep();
+    if (m_steps.size() > 1)
+        m_steps.resize(1); // the one that is under way
+    for (Step& step : m_steps)
+        step.candidates.clear();
+    if (m_transfer)
+        m_transfer->ownerHasVanished();
 }
 
 void SelectionReader::decodeContent()
 {
-    if (m_isDecoding)
-        return;
-    m_isDecoding = true;
     if (!m_raw.isHeavy())
         return publish(decode(std::move(m_raw)));
     const auto raw = std::make_shared<RawContent>(std::move(m_raw));
@@ -215,6 +213,12 @@ void SelectionReader::publish(const DecodedContent& decoded)
     Q_EMIT contentRead(decoded.content);
     if (self)
         nextStep();
+}
+
+void SelectionReader::finish()
+{
+    m_isFinished = true;
+    Q_EMIT finished();
 }
 
 } // namespace driftbox

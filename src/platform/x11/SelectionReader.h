@@ -35,15 +35,17 @@ public:
     SelectionReader(const Services& services, xcb_atom_t selection, xcb_timestamp_t time);
     ~SelectionReader() override;
 
-    [[nodiscard]] bool hasReadContent() const { return m_hasReadContent; }
+    [[nodiscard]] bool isFinished() const { return m_isFinished; }
 
-    /// Makes do with what has arrived so far.
+    /// Makes do with what the owner had handed over before it ended.
     void ownerHasVanished();
 
 Q_SIGNALS:
     /// Emitted once.
     void contentRead(const driftbox::PasteboardContent& content);
     void opaqueFormatRead(const QByteArray& target, const QByteArray& bytes);
+    /// There is nothing more to come.
+    void finished();
 
 private:
     enum class Format : std::uint8_t { image, text, rtf, opaque };
@@ -64,6 +66,7 @@ private:
     void noteFailure(Format format, SelectionTransfer::Outcome outcome);
     void decodeContent();
     void publish(const DecodedContent& decoded);
+    void finish();
 
     const Services m_services;
     const xcb_atom_t m_selection;
@@ -74,8 +77,9 @@ private:
     QByteArray m_target;     ///< the one that is under way
     RawContent m_raw;
     int m_silences = 0;
-    bool m_isDecoding = false;
     bool m_hasReadContent = false;
+    bool m_hasOwnerVanished = false;
+    bool m_isFinished = false;
 };
 
 } // namespace driftbox

@@ -139,6 +139,16 @@ void SelectionTransfer::awaitIncrement()
     m_state = State::awaitingIncrement;
     if (m_hasNewValue)
         readValue();
+    else if (m_hasOwnerVanished)
+        finish(Outcome::refused);
+}
+
+void SelectionTransfer::ownerHasVanished()
+{
+    // Whatever it had sent has been heard of before this.
+    m_hasOwnerVanished = true;
+    if (m_state == State::asked || m_state == State::awaitingIncrement)
+        finish(Outcome::refused);
 }
 
 void SelectionTransfer::finish(Outcome outcome)

@@ -56,6 +56,10 @@ public:
     SelectionTransfer(X11Connection& connection, Clock& clock, const Request& request,
                       std::function<void(Result)> done);
 
+    /// Takes what the owner had handed over before it ended; what is incomplete counts as refused.
+    /// May call `done`.
+    void ownerHasVanished();
+
 private:
     enum class State : std::uint8_t { asked, reading, awaitingIncrement, finished };
 
@@ -77,6 +81,7 @@ private:
     std::function<void(Result)> m_done;
     State m_state = State::asked;
     bool m_inIncrements = false;
+    bool m_hasOwnerVanished = false;
     bool m_hasNewValue = false; ///< written since the reading of the last value began
     qsizetype m_valueSize = 0;  ///< bytes read of the present value
     QByteArrayList m_pieces;    ///< joining a large one takes too long for the main thread

@@ -60,6 +60,7 @@ X11Connection::X11Connection(Handle xcb, int screenNumber)
 X11Connection::~X11Connection()
 {
     m_notifier.setEnabled(false);
+    xcb_flush(xcb()); // disconnecting does not
 }
 
 xcb_window_t X11Connection::createHiddenWindow(std::uint32_t eventMask) const

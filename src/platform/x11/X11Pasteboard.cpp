@@ -119,6 +119,7 @@ void X11Pasteboard::read(xcb_timestamp_t time)
             [this](const QByteArray& target, const QByteArray& bytes) {
                 m_opaque.insert(target, bytes);
             });
+    connect(m_reader.get(), &SelectionReader::finished, this, &X11Pasteboard::readingFinished);
 }
 
 void X11Pasteboard::readAfterRejection()
@@ -129,7 +130,6 @@ void X11Pasteboard::readAfterRejection()
 
 void X11Pasteboard::contentRead(const PasteboardContent& content)
 {
-    const auto vanished = std::exchange(m_vanished, std::nullopt);
     if (m_isInitial) {
         m_isInitial = false;
         m_content = content;
@@ -137,8 +137,12 @@ void X11Pasteboard::contentRead(const PasteboardContent& content)
     } else {
         setContent(content);
     }
-    if (vanished)
-        keepOffering(*vanished);
+}
+
+void X11Pasteboard::readingFinished()
+{
+    if (m_vanished)
+        keepOffering(*std::exchange(m_vanished, std::nullopt));
 }
 
 void X11Pasteboard::setContent(const PasteboardContent& content)
@@ -155,13 +159,12 @@ void X11Pasteboard::setContent(const PasteboardContent& content)
 
 void X11Pasteboard::ownerVanished(xcb_timestamp_t time)
 {
-    if (m_reader && !m_reader->hasReadContent()) {
+    if (m_reader && !m_reader->isFinished()) {
         m_vanished = time;
         m_reader->ownerHasVanished();
-        return;
+    } else {
+        keepOffering(time);
     }
-    m_reader.reset();
-    keepOffering(time);
 }
 
 void X11Pasteboard::keepOffering(xcb_timestamp_t time)

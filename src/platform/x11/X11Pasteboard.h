@@ -38,6 +38,7 @@ private:
     void read(xcb_timestamp_t time);
     void readAfterRejection();
     void contentRead(const PasteboardContent& content);
+    void readingFinished();
     void setContent(const PasteboardContent& content);
     void ownerVanished(xcb_timestamp_t time);
     void keepOffering(xcb_timestamp_t time);

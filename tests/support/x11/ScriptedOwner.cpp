@@ -41,6 +41,7 @@ void ScriptedOwner::destroyWindow()
 
 void ScriptedOwner::end()
 {
+    m_connection->flush();
     m_connection.reset();
 }
 

@@ -175,6 +175,18 @@ private Q_SLOTS:
         QTRY_VERIFY(!connection);
     }
 
+    void whatWasRequestedLastStillLeaves()
+    {
+        const auto observer = X11Connection::open();
+        const xcb_window_t window = createWatchedWindow(*observer);
+        const PropertyChanges changes(*observer, window);
+        observer->whenServerTimeKnown(this, [&](xcb_timestamp_t) {
+            const auto connection = X11Connection::open();
+            changeTitle(*connection, window, "last words");
+        });
+        QTRY_COMPARE(changes.count, 1);
+    }
+
     void theEndOfTheServerIsToldOnce()
     {
         const QByteArray mainDisplay = qgetenv("DISPLAY");

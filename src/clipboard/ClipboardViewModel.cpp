@@ -6,6 +6,7 @@
 #include "core/AppSettings.h"
 #include "core/CaseInsensitiveMatcher.h"
 #include "core/NotificationCenter.h"
+#include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Pasteboard.h"
@@ -84,12 +85,6 @@ std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
     return visible;
 }
 
-void ClipboardViewModel::write(const PasteboardContent& content)
-{
-    m_services.pasteboard.write(content);
-    m_services.monitor.markSeen();
-}
-
 void ClipboardViewModel::requestPaste()
 {
     m_services.notifications.post(Notification::magicPanelPaste);
@@ -101,9 +96,10 @@ void ClipboardViewModel::copyBack(const ClipboardItem& item)
         const auto bytes = m_services.fileSystem.read(m_services.store.imageURL(item));
         if (!bytes)
             return;
-        write({.png = bytes});
+        m_services.pasteboardWriter.write({.png = bytes});
     } else {
-        write({.text = item.textContent.value_or(QString()), .rtf = item.rtfData});
+        m_services.pasteboardWriter.write(
+            {.text = item.textContent.value_or(QString()), .rtf = item.rtfData});
     }
     m_services.store.moveToFront(item.id);
     refresh();
@@ -117,7 +113,7 @@ void ClipboardViewModel::pick(const ClipboardItem& item)
 
 void ClipboardViewModel::copyBackAsPlain(const ClipboardItem& item)
 {
-    write({.text = item.textContent.value_or(QString())});
+    m_services.pasteboardWriter.write({.text = item.textContent.value_or(QString())});
     m_services.store.moveToFront(item.id);
     refresh();
     requestPaste();
@@ -140,7 +136,7 @@ void ClipboardViewModel::pasteImageText(const ClipboardItem& item)
         setOcrProcessingId(std::nullopt);
         if (text->isEmpty())
             return;
-        write({.text = *text});
+        m_services.pasteboardWriter.write({.text = *text});
         requestPaste();
     };
     m_services.tasks.run(this, work, done);
@@ -191,7 +187,7 @@ QString ClipboardViewModel::pasteboardText() const
 
 void ClipboardViewModel::copyText(const QString& text)
 {
-    write({.text = text});
+    m_services.pasteboardWriter.write({.text = text});
 }
 
 } // namespace driftbox

@@ -17,6 +17,7 @@ class Clock;
 class FileSystem;
 class NotificationCenter;
 class Pasteboard;
+class PasteboardWriter;
 class TaskRunner;
 class TextRecognizer;
 class ThumbnailCache;
@@ -27,7 +28,8 @@ struct ClipboardServices
     ClipboardStore& store;
     ClipboardMonitor& monitor;
     const AppSettings& settings;
-    Pasteboard& pasteboard;
+    const Pasteboard& pasteboard;
+    PasteboardWriter& pasteboardWriter;
     NotificationCenter& notifications;
     ThumbnailCache& thumbnails;
     const FileSystem& fileSystem;
@@ -101,8 +103,6 @@ Q_SIGNALS:
 private:
     void handleCapture(const ClipboardMonitor::CapturedContent& content);
     void refresh();
-    /// Writes to the pasteboard without capturing it again.
-    void write(const PasteboardContent& content);
     void requestPaste();
     void setOcrProcessingId(const std::optional<ClipboardItemId>& id);
 

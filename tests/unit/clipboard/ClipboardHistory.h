@@ -6,6 +6,7 @@
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
 #include "core/NotificationCenter.h"
+#include "core/PasteboardWriter.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakePasteboard.h"
@@ -51,10 +52,13 @@ struct ClipboardHistory
     FakeRecognizer recognizer;
     NotificationCenter notifications;
     FileClipboardStore store{files, clock, QStringLiteral("/data")};
+    PasteboardWriter pasteboardWriter{pasteboard};
     ClipboardMonitor monitor{pasteboard, clock};
+    QMetaObject::Connection knowsOwnWrites = QObject::connect(
+        &pasteboardWriter, &PasteboardWriter::written, &monitor, &ClipboardMonitor::markSeen);
     ThumbnailCache thumbnails{files, tasks};
-    ClipboardViewModel viewModel{{store, monitor, settings, pasteboard, notifications, thumbnails,
-                                  files, tasks, recognizer, clock}};
+    ClipboardViewModel viewModel{{store, monitor, settings, pasteboard, pasteboardWriter,
+                                  notifications, thumbnails, files, tasks, recognizer, clock}};
     QSignalSpy posted{&notifications, &NotificationCenter::posted};
 
     ClipboardItem copy(const PasteboardContent& content)

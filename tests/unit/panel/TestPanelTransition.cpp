@@ -50,6 +50,7 @@ struct Window
         return image.pixelColor(x, y);
     }
 
+    PanelAnimator animator;
     QWidget window;
     Square& content = *new Square(&window);
 };
@@ -61,7 +62,6 @@ struct Panel : Window
 
     [[nodiscard]] bool isMoving() const { return content.graphicsEffect() != nullptr; }
 
-    PanelAnimator animator;
     PanelTransition& transition = *new PanelTransition(animator, content);
 };
 

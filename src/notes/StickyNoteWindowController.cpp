@@ -6,7 +6,18 @@
 
 #include <algorithm>
 
+#include <QtCore/QMarginsF>
+
 namespace driftbox {
+
+namespace {
+
+QMarginsF around(double margin)
+{
+    return {margin, margin, margin, margin};
+}
+
+} // namespace
 
 StickyNoteWindowController::StickyNoteWindowController(
     std::unique_ptr<StickyNoteViewModel> viewModel, NoteWindows& windows, const QRectF& frame,
@@ -15,10 +26,9 @@ StickyNoteWindowController::StickyNoteWindowController(
     , m_viewModel(std::move(viewModel))
     , m_window(windows.makeWindow(*m_viewModel))
 {
-    m_window->surface().setFrame(frame);
-    connect(
-        &m_window->surface(), &FloatingSurface::frameChangedByUser, this,
-        [this](const QRectF& changed) { m_viewModel->updateFrame(NoteFrame::fromRect(changed)); });
+    setFrame(frame);
+    connect(&m_window->surface(), &FloatingSurface::frameChangedByUser, this,
+            [this] { m_viewModel->updateFrame(NoteFrame::fromRect(this->frame())); });
 }
 
 StickyNoteWindowController::~StickyNoteWindowController() = default;
@@ -50,17 +60,26 @@ void StickyNoteWindowController::zoom(double factor)
         std::clamp(m_viewModel->zoom() * factor, smallestNoteZoom, largestNoteZoom));
 }
 
+QRectF StickyNoteWindowController::frame() const
+{
+    return m_window->surface().frame().marginsRemoved(around(m_window->shadowMargin()));
+}
+
+void StickyNoteWindowController::setFrame(const QRectF& frame)
+{
+    m_window->surface().setFrame(frame.marginsAdded(around(m_window->shadowMargin())));
+}
+
 void StickyNoteWindowController::zoomWindow(double factor)
 {
-    FloatingSurface& surface = m_window->surface();
-    const QRectF before = surface.frame();
+    const QRectF before = frame();
     QRectF after(QPointF(), (before.size() * factor)
                                 .boundedTo(NotePlacement::largestZoomedWindow)
                                 .expandedTo(NotePlacement::smallestWindow));
     after.moveCenter(before.center());
     if (after == before)
         return;
-    surface.setFrame(after);
+    setFrame(after);
     m_viewModel->updateFrame(NoteFrame::fromRect(after));
 }
 

@@ -22,6 +22,9 @@ public:
     virtual ~NoteWindow() = default;
 
     [[nodiscard]] virtual FloatingSurface& surface() = 0;
+    /// How much larger than the note the surface is on each side, for the note's shadow. It changes
+    /// only together with the surface's frame.
+    [[nodiscard]] virtual double shadowMargin() const = 0;
 };
 
 /// Makes the windows of notes. Main thread only.
@@ -63,6 +66,8 @@ public:
     void zoom(double factor);
 
 private:
+    [[nodiscard]] QRectF frame() const;
+    void setFrame(const QRectF& frame);
     void zoomWindow(double factor);
 
     std::unique_ptr<StickyNoteViewModel> m_viewModel;

@@ -39,8 +39,10 @@ public:
     ~FakeNoteWindow() override { --m_windowCount; }
 
     [[nodiscard]] FloatingSurface& surface() override { return fake; }
+    [[nodiscard]] double shadowMargin() const override { return margin; }
 
     StickyNoteViewModel& viewModel;
+    double margin = 0;
     QWindow window;
     FakeFloatingSurface fake{window, FloatingSurface::Role::note};
 

@@ -1,0 +1,117 @@
+#include "notes/view/NoteButton.h"
+
+#include "notes/view/NotePaper.h"
+#include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
+
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+constexpr qreal hoverOpacity = 0.09;
+constexpr qreal pressedOpacity = 0.16;
+constexpr qreal focusOpacity = 0.5;
+constexpr qreal restingInk = 0.68;
+constexpr qreal cornerRadius = 5.0;
+
+constexpr qreal swatchDiameter = 11.0;
+constexpr qreal ringDiameter = 15.0;
+constexpr qreal outlineOpacity = 0.28;
+constexpr qreal ringOpacity = 0.75;
+
+QString capitalized(const QString& text)
+{
+    return text.at(0).toUpper() + text.sliced(1);
+}
+
+QRectF circle(const QRectF& area, qreal diameter)
+{
+    QRectF result(0, 0, diameter, diameter);
+    result.moveCenter(area.center());
+    return result;
+}
+
+} // namespace
+
+NoteButton::NoteButton(QWidget* parent)
+    : QAbstractButton(parent)
+{
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void NoteButton::enterEvent(QEnterEvent* event)
+{
+    QAbstractButton::enterEvent(event);
+    update();
+}
+void NoteButton::leaveEvent(QEvent* event)
+{
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+void NoteButton::paintAttention(QPainter& painter) const
+{
+    if (underMouse()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(NotePaper::ink(isDown() ? pressedOpacity : hoverOpacity));
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(NotePaper::ink(focusOpacity), 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    }
+}
+
+NoteSymbolButton::NoteSymbolButton(QWidget* parent, int symbolSize, Symbols::Weight weight)
+    : NoteButton(parent)
+    , m_symbolSize(symbolSize)
+    , m_weight(weight)
+{
+}
+
+void NoteSymbolButton::setContent(const QString& systemImage, const QString& help)
+{
+    m_systemImage = systemImage;
+    setHelp(*this, help);
+    update();
+}
+
+void NoteSymbolButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintAttention(painter);
+    Symbols::paint(painter, rect(), m_systemImage,
+                   {.size = m_symbolSize,
+                    .color = NotePaper::ink(underMouse() ? 1.0 : restingInk),
+                    .weight = m_weight});
+}
+
+NoteSwatchButton::NoteSwatchButton(NoteColor color, QWidget* parent)
+    : NoteButton(parent)
+    , m_color(color)
+{
+    setCheckable(true);
+    setHelp(*this, capitalized(rawValue(color)));
+}
+
+void NoteSwatchButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintAttention(painter);
+    painter.setBrush(Theme::noteSwatch(m_color));
+    painter.setPen(QPen(NotePaper::ink(outlineOpacity), 1.0));
+    painter.drawEllipse(circle(rect(), swatchDiameter));
+    if (isChecked()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(NotePaper::ink(ringOpacity), 1.5));
+        painter.drawEllipse(circle(rect(), ringDiameter));
+    }
+}
+
+} // namespace driftbox

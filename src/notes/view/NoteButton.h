@@ -1,0 +1,68 @@
+#pragma once
+
+#include "core/NoteColor.h"
+#include "panel/view/Symbols.h"
+
+#include <QtWidgets/QAbstractButton>
+
+namespace driftbox {
+
+/// A button on a note. A click does not take the typing away from the text.
+class NoteButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] QSize sizeHint() const final { return minimumSize(); }
+
+protected:
+    explicit NoteButton(QWidget* parent);
+
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+    /// What tells that the pointer or the keyboard is on the button.
+    void paintAttention(QPainter& painter) const;
+};
+
+/// One that shows a symbol.
+class NoteSymbolButton final : public NoteButton
+{
+    Q_OBJECT
+
+public:
+    NoteSymbolButton(QWidget* parent, int symbolSize = 13,
+                     Symbols::Weight weight = Symbols::Weight::regular);
+
+    /// `help` is the tooltip and the accessible name.
+    void setContent(const QString& systemImage, const QString& help);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_systemImage;
+    int m_symbolSize;
+    Symbols::Weight m_weight;
+};
+
+/// One that stands for a colour of notes; it is checked when the note has that colour. A click does
+/// not change that by itself.
+class NoteSwatchButton final : public NoteButton
+{
+    Q_OBJECT
+
+public:
+    NoteSwatchButton(NoteColor color, QWidget* parent);
+
+    [[nodiscard]] NoteColor color() const { return m_color; }
+
+protected:
+    void nextCheckState() override {}
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    NoteColor m_color;
+};
+
+} // namespace driftbox

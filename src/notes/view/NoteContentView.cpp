@@ -1,0 +1,101 @@
+#include "notes/view/NoteContentView.h"
+
+#include "notes/StickyNoteViewModel.h"
+#include "notes/view/NoteControlRow.h"
+#include "notes/view/NoteEditor.h"
+#include "notes/view/NoteImageView.h"
+#include "notes/view/NotePaper.h"
+#include "panel/view/Theme.h"
+
+#include <algorithm>
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int sidePadding = 9; // of the text
+constexpr int controlPadding = 3;
+constexpr int gap = 3;
+constexpr int hintHeight = 15;
+constexpr int hintSize = 9;
+constexpr qreal hintOpacity = 0.5;
+constexpr int linesUnderImage = 2;
+constexpr int dragDistance = 3; // points until a press is a drag
+
+} // namespace
+
+NoteContentView::NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
+                                 QWidget* parent)
+    : QWidget(parent)
+    , m_controls(new NoteControlRow(viewModel, this))
+    , m_editor(new NoteEditor(viewModel, pasteboard, this))
+{
+    if (viewModel.note().kind == StickyNote::Kind::image)
+        showImage(viewModel);
+    setCursor(Qt::ArrowCursor);
+    setFocusProxy(m_editor);
+    connect(m_editor, &NoteEditor::backgroundDragged, this, &NoteContentView::backgroundDragged);
+}
+
+void NoteContentView::showImage(StickyNoteViewModel& viewModel)
+{
+    m_image = new NoteImageView(viewModel, this);
+    connect(&viewModel, &StickyNoteViewModel::imageChanged, this, &NoteContentView::arrange);
+    connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteContentView::arrange);
+}
+
+void NoteContentView::setHovered(bool hovered)
+{
+    m_controls->setPresent(hovered);
+}
+
+void NoteContentView::resizeEvent(QResizeEvent*)
+{
+    arrange();
+}
+
+void NoteContentView::arrange()
+{
+    m_controls->setGeometry(controlPadding, 0, width() - 2 * controlPadding,
+                            NoteControlRow::preferredHeight);
+    QRect body(sidePadding, NoteControlRow::preferredHeight + gap, width() - 2 * sidePadding, 0);
+    body.setBottom(height() - hintHeight - 1);
+    if (m_image) {
+        const int lines = linesUnderImage * m_editor->fontMetrics().lineSpacing();
+        const int room = std::max(body.height() - lines - gap, body.height() / 2);
+        const int wanted = m_image->heightForWidth(body.width());
+        m_image->setGeometry(QRect(body.topLeft(), QSize(body.width(), std::min(wanted, room))));
+        body.setTop(m_image->geometry().bottom() + 1 + gap);
+    }
+    m_editor->setGeometry(body);
+}
+
+void NoteContentView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setFont(Theme::systemFont(hintSize));
+    painter.setPen(NotePaper::ink(hintOpacity));
+    const QRect line(sidePadding, height() - hintHeight, width() - 2 * sidePadding, hintHeight);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     u"⌘W close   ·   ⌘+  ⌘-  zoom"_s);
+}
+
+void NoteContentView::mousePressEvent(QMouseEvent* event)
+{
+    m_press = event->pos();
+    event->accept();
+}
+
+void NoteContentView::mouseMoveEvent(QMouseEvent* event)
+{
+    const bool isDrag = (event->pos() - m_press).manhattanLength() >= dragDistance;
+    if (event->buttons() == Qt::LeftButton && isDrag)
+        Q_EMIT backgroundDragged();
+}
+
+} // namespace driftbox

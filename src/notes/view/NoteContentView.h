@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+class NoteControlRow;
+class NoteEditor;
+class NoteImageView;
+class Pasteboard;
+class StickyNoteViewModel;
+
+/// What a note shows on its paper: the controls while the pointer is over it, its image, its text,
+/// and a line with the keys. Gives its focus to the text.
+class NoteContentView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Both must outlive the view.
+    NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent);
+
+    /// Whether the pointer is over the note.
+    void setHovered(bool hovered);
+
+Q_SIGNALS:
+    /// The mouse is being dragged where there is no text and no control.
+    void backgroundDragged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    void showImage(StickyNoteViewModel& viewModel);
+    void arrange();
+
+    NoteControlRow* m_controls;
+    NoteImageView* m_image = nullptr; ///< of image notes only
+    NoteEditor* m_editor;
+    QPoint m_press;
+};
+
+} // namespace driftbox

@@ -1,0 +1,169 @@
+#include "notes/view/NoteEditor.h"
+
+#include "notes/StickyNoteViewModel.h"
+#include "notes/view/NoteDocumentLayout.h"
+#include "notes/view/NotePaper.h"
+#include "panel/view/Theme.h"
+#include "platform/Pasteboard.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QTextBlock>
+#include <QtWidgets/QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int dragDistance = 3; // points until a press is a drag
+constexpr qreal pointsPerInch = 72.0;
+
+// The document's own plain text would turn no-break spaces into ordinary ones.
+QString textOf(const QTextDocument& document)
+{
+    return document.toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
+QTextDocument* makeDocument(QObject* parent)
+{
+    auto* document = new QTextDocument(parent);
+    document->setDocumentLayout(new NoteDocumentLayout(document));
+    document->setDocumentMargin(0);
+    QTextOption option = document->defaultTextOption();
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    document->setDefaultTextOption(option);
+    return document;
+}
+
+} // namespace
+
+NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent)
+    : QPlainTextEdit(parent)
+    , m_viewModel(viewModel)
+    , m_pasteboard(pasteboard)
+{
+    setFrameShape(QFrame::NoFrame);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAccessibleName(u"Note text"_s);
+    setDocument(makeDocument(this));
+    showColor();
+    showZoom();
+    showText();
+    connect(this, &QPlainTextEdit::textChanged, this, &NoteEditor::report);
+    connect(&viewModel, &StickyNoteViewModel::colorChanged, this, &NoteEditor::showColor);
+    connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteEditor::showZoom);
+}
+
+void NoteEditor::report()
+{
+    m_viewModel.setText(textOf(*document()));
+}
+
+void NoteEditor::showText()
+{
+    setPlainText(m_viewModel.text());
+    moveCursor(QTextCursor::End);
+}
+
+void NoteEditor::showColor()
+{
+    QPalette colors;
+    colors.setBrush(QPalette::Base, Qt::transparent);
+    colors.setColor(QPalette::Text, NotePaper::ink());
+    colors.setColor(QPalette::Highlight, NotePaper::selection(m_viewModel.color()));
+    colors.setColor(QPalette::HighlightedText, NotePaper::ink());
+    setPalette(colors);
+}
+
+void NoteEditor::showZoom()
+{
+    QFont font = Theme::systemFont(qRound(m_viewModel.textSize()));
+    // In pixels a font has whole sizes only.
+    font.setPointSizeF(m_viewModel.textSize() * pointsPerInch / logicalDpiY());
+    setFont(font);
+}
+
+void NoteEditor::showEvent(QShowEvent* event)
+{
+    QPlainTextEdit::showEvent(event);
+    // One writes on at the end of a text but begins to read at its beginning.
+    if (!event->spontaneous())
+        verticalScrollBar()->setValue(0);
+}
+
+// The pasteboard
+
+void NoteEditor::copySelection()
+{
+    const QTextCursor cursor = textCursor();
+    if (cursor.hasSelection()) {
+        m_pasteboard.write(
+            {.text = cursor.selectedText().replace(QChar::ParagraphSeparator, u'\n')});
+    }
+}
+
+void NoteEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+    } else if (event->matches(QKeySequence::Cut)) {
+        copySelection();
+        textCursor().removeSelectedText();
+    } else if (event->matches(QKeySequence::Paste)) {
+        insertPlainText(m_pasteboard.content().text.value_or(QString()));
+        ensureCursorVisible();
+    } else if (event->matches(QKeySequence::InsertLineSeparator)) {
+        textCursor().insertBlock(); // one kind of line is enough
+        ensureCursorVisible();
+    } else {
+        return QPlainTextEdit::keyPressEvent(event);
+    }
+    event->accept();
+}
+
+void NoteEditor::insertFromMimeData(const QMimeData* source)
+{
+    // The toolkit's own would crash on data without formats.
+    if (source && source->hasText())
+        QPlainTextEdit::insertFromMimeData(source);
+}
+
+// The mouse
+
+bool NoteEditor::isBelowText(QPoint position) const
+{
+    const QTextBlock last = document()->lastBlock();
+    return position.y() > blockBoundingGeometry(last).translated(contentOffset()).bottom();
+}
+
+void NoteEditor::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
+        m_backgroundPress = event->pos();
+    // The toolkit would wait for the program that owns the selection of X11 to paste it.
+    if (event->button() != Qt::MiddleButton)
+        QPlainTextEdit::mousePressEvent(event);
+}
+
+void NoteEditor::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_backgroundPress)
+        return QPlainTextEdit::mouseMoveEvent(event);
+    if ((event->pos() - *m_backgroundPress).manhattanLength() < dragDistance)
+        return;
+    m_backgroundPress.reset();
+    Q_EMIT backgroundDragged();
+}
+
+void NoteEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_backgroundPress.reset();
+    if (event->button() != Qt::MiddleButton)
+        QPlainTextEdit::mouseReleaseEvent(event);
+}
+
+} // namespace driftbox

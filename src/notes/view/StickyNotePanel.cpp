@@ -1,0 +1,189 @@
+#include "notes/view/StickyNotePanel.h"
+
+#include "notes/NotePlacement.h"
+#include "notes/StickyNoteViewModel.h"
+#include "notes/view/NoteContentView.h"
+#include "notes/view/NotePaper.h"
+#include "panel/view/Theme.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr qreal cornerRadius = 9.0;
+constexpr qreal shadowRadius = 8.0;
+constexpr qreal shadowOpacity = 0.22;
+constexpr int shadowOffset = 3;
+constexpr int roomForShadow = 20;
+constexpr qreal outlineOpacity = 0.10;
+constexpr qreal plainOutlineOpacity = 0.22; // without a shadow
+
+constexpr int innerGrip = 5;   // how far inside the paper an edge can be taken hold of
+constexpr int outerGrip = 4;   // and how far outside, over the shadow
+constexpr int cornerGrip = 12; // how far along an edge its corner reaches
+
+Qt::CursorShape cursorFor(Qt::Edges edges)
+{
+    if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
+        return Qt::SizeFDiagCursor;
+    if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
+        return Qt::SizeBDiagCursor;
+    if (edges & (Qt::LeftEdge | Qt::RightEdge))
+        return Qt::SizeHorCursor;
+    return edges ? Qt::SizeVerCursor : Qt::ArrowCursor;
+}
+
+} // namespace
+
+StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaces& surfaces,
+                                 Pasteboard& pasteboard)
+    : m_viewModel(viewModel)
+    , m_content(new NoteContentView(viewModel, pasteboard, this))
+    , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
+{
+    setWindowTitle(u"Sticky note"_s);
+    setAccessibleName(windowTitle());
+    setAttribute(Qt::WA_TranslucentBackground);
+    setMouseTracking(true);
+    setFocusProxy(m_content);
+    connect(&viewModel, &StickyNoteViewModel::colorChanged, this,
+            qOverload<>(&StickyNotePanel::update));
+
+    winId(); // makes the window that the surface adopts
+    m_surface = surfaces.adopt(*windowHandle(), FloatingSurface::Role::note);
+    setComposited(m_surface->isComposited());
+    connect(m_surface.get(), &FloatingSurface::compositedChanged, this,
+            &StickyNotePanel::followCompositing);
+    connect(m_content, &NoteContentView::backgroundDragged, m_surface.get(),
+            &FloatingSurface::startMove);
+    m_content->setFocus();
+}
+
+StickyNotePanel::~StickyNotePanel() = default;
+
+// Compositing
+
+double StickyNotePanel::shadowMargin() const
+{
+    return m_composited ? roomForShadow : 0;
+}
+
+void StickyNotePanel::followCompositing(bool composited)
+{
+    const auto inset = [this](double margin) { return QMarginsF(margin, margin, margin, margin); };
+    const QRectF note = m_surface->frame().marginsRemoved(inset(shadowMargin()));
+    setComposited(composited);
+    m_surface->setFrame(note.marginsAdded(inset(shadowMargin())));
+}
+
+void StickyNotePanel::setComposited(bool composited)
+{
+    m_composited = composited;
+    const int margin = qRound(shadowMargin());
+    setContentsMargins(margin, margin, margin, margin);
+    setMinimumSize(NotePlacement::smallestWindow.toSize() + 2 * QSize(margin, margin));
+    resizeEvent(nullptr);
+    update();
+}
+
+// Layout and looks
+
+QRect StickyNotePanel::paper() const
+{
+    return contentsRect();
+}
+
+void StickyNotePanel::resizeEvent(QResizeEvent*)
+{
+    m_content->setGeometry(paper().adjusted(innerGrip, innerGrip, -innerGrip, -innerGrip));
+    if (m_surface)
+        m_surface->setShape(m_composited
+                                ? paper().adjusted(-outerGrip, -outerGrip, outerGrip, outerGrip)
+                                : QRect());
+}
+
+void StickyNotePanel::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    const QColor color = Theme::noteSwatch(m_viewModel.color());
+    constexpr int edge = static_cast<int>(cornerRadius);
+    if (paper().adjusted(edge, edge, -edge, -edge).contains(event->rect()) || !m_composited)
+        painter.fillRect(event->rect(), color);
+    if (!m_composited) {
+        painter.setPen(NotePaper::ink(plainOutlineOpacity));
+        painter.drawRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5));
+        return;
+    }
+    if (paper().adjusted(edge, edge, -edge, -edge).contains(event->rect()))
+        return;
+    m_shadow.paint(painter, paper().translated(0, shadowOffset));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(continuousRoundedRect(paper(), cornerRadius), color);
+    painter.setPen(NotePaper::ink(outlineOpacity));
+    painter.drawPath(
+        continuousRoundedRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5));
+}
+
+// The mouse
+
+void StickyNotePanel::enterEvent(QEnterEvent*)
+{
+    m_content->setHovered(true);
+}
+
+void StickyNotePanel::leaveEvent(QEvent*)
+{
+    m_content->setHovered(false);
+}
+
+Qt::Edges StickyNotePanel::edgesAt(QPoint position) const
+{
+    const QRect inside = paper().adjusted(innerGrip, innerGrip, -innerGrip, -innerGrip);
+    if (inside.contains(position))
+        return {};
+    const QRect corners = paper().adjusted(cornerGrip, cornerGrip, -cornerGrip, -cornerGrip);
+    Qt::Edges edges;
+    edges.setFlag(Qt::LeftEdge, position.x() < corners.left());
+    edges.setFlag(Qt::RightEdge, position.x() > corners.right());
+    edges.setFlag(Qt::TopEdge, position.y() < corners.top());
+    edges.setFlag(Qt::BottomEdge, position.y() > corners.bottom());
+    return edges;
+}
+
+void StickyNotePanel::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() == Qt::NoButton)
+        setCursor(cursorFor(edgesAt(event->pos())));
+}
+
+void StickyNotePanel::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_surface->startResize(edgesAt(event->pos()));
+}
+
+// The window manager was asked to close the window.
+void StickyNotePanel::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    m_viewModel.close();
+}
+
+StickyNotePanels::StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard)
+    : m_surfaces(surfaces)
+    , m_pasteboard(pasteboard)
+{
+}
+
+std::unique_ptr<NoteWindow> StickyNotePanels::makeWindow(StickyNoteViewModel& viewModel)
+{
+    return std::make_unique<StickyNotePanel>(viewModel, m_surfaces, m_pasteboard);
+}
+
+} // namespace driftbox

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "NotesDesk.h"
+#include "notes/StickyNoteViewModel.h"
+
+namespace driftbox {
+
+/// The state of one open note, without a manager.
+struct OpenNote
+{
+    explicit OpenNote(const StickyNote& note = {})
+        : viewModel(note, {*desk.store, desk.files, desk.tasks, desk.writer, desk.clock},
+                    [this](const StickyNote&) { ++reports; })
+    {
+    }
+
+    NotesDesk desk;
+    int reports = 0;
+    StickyNoteViewModel viewModel;
+};
+
+} // namespace driftbox

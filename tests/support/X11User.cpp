@@ -77,6 +77,20 @@ void X11User::click(QPoint pixel)
     releaseButton();
 }
 
+QColor X11User::colorAt(QPoint pixel) const
+{
+    const auto image =
+        owned(xcb_get_image_reply(m_xcb,
+                                  xcb_get_image(m_xcb, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
+                                                static_cast<std::int16_t>(pixel.x()),
+                                                static_cast<std::int16_t>(pixel.y()), 1, 1, ~0U),
+                                  nullptr));
+    if (!image)
+        return {};
+    const auto* blueGreenRed = xcb_get_image_data(image.get());
+    return {blueGreenRed[2], blueGreenRed[1], blueGreenRed[0]};
+}
+
 void X11User::fake(std::uint8_t type, std::uint8_t detail, QPoint pixel)
 {
     xcb_test_fake_input(m_xcb, type, detail, XCB_CURRENT_TIME, m_root,

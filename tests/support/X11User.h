@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <QtCore/QPoint>
+#include <QtGui/QColor>
 
 #include <xcb/xcb.h>
 
@@ -32,6 +33,9 @@ public:
     void pressButton() { fake(XCB_BUTTON_PRESS, 1); }
     void releaseButton() { fake(XCB_BUTTON_RELEASE, 1); }
     void click(QPoint pixel);
+
+    /// The colour that is seen there.
+    [[nodiscard]] QColor colorAt(QPoint pixel) const;
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint pixel = {});

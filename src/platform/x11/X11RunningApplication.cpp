@@ -92,12 +92,13 @@ bool X11RunningApplication::isTerminated() const
 
 void X11RunningApplication::activate()
 {
-    if (!X11WindowManager::isPresent(m_connection)) {
-        X11WindowManager::activateByHand(m_connection, m_window);
+    const X11WindowManager windowManager(m_connection, m_connection.xcb());
+    if (!windowManager.isPresent()) {
+        windowManager.activateByHand(m_window);
         return;
     }
-    m_connection.whenServerTimeKnown(this, [this](xcb_timestamp_t now) {
-        X11WindowManager::activate(m_connection, m_window, now);
+    m_connection.whenServerTimeKnown(this, [this, windowManager](xcb_timestamp_t now) {
+        windowManager.activate(m_window, now);
     });
     m_connection.flush();
 }

@@ -4,9 +4,9 @@
 #include "platform/x11/X11Properties.h"
 #include "platform/x11/X11Reply.h"
 
-namespace driftbox {
+#include <algorithm>
 
-namespace X11WindowManager {
+namespace driftbox {
 
 namespace {
 
@@ -14,38 +14,46 @@ constexpr std::uint32_t sourceIsUser = 2;
 
 } // namespace
 
-bool isPresent(X11Connection& connection)
+X11WindowManager::X11WindowManager(X11Connection& connection, xcb_connection_t* sender)
+    : m_connection(connection)
+    , m_sender(sender)
+{
+}
+
+bool X11WindowManager::isPresent() const
 {
     // The property outlives a window manager that crashed; the window it names does not.
     constexpr auto check = "_NET_SUPPORTING_WM_CHECK";
-    const auto announced = X11Properties::number(connection, connection.root(), check);
-    return announced && X11Properties::number(connection, *announced, check) == announced;
+    const auto announced = X11Properties::number(m_connection, m_connection.root(), check);
+    return announced && X11Properties::number(m_connection, *announced, check) == announced;
 }
 
-void activate(X11Connection& connection, xcb_window_t window, xcb_timestamp_t time)
+void X11WindowManager::activate(xcb_window_t window, xcb_timestamp_t time) const
 {
-    xcb_client_message_event_t message = {};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = connection.atom("_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = sourceIsUser;
-    message.data.data32[1] = time;
-    xcb_send_event(connection.xcb(), false, connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&message));
-    connection.flush();
+    send(window, "_NET_ACTIVE_WINDOW", {sourceIsUser, time});
 }
 
-void activateByHand(const X11Connection& connection, xcb_window_t window)
+void X11WindowManager::activateByHand(xcb_window_t window) const
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(connection.xcb(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-    xcb_set_input_focus(connection.xcb(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
-    xcb_flush(connection.xcb());
+    xcb_configure_window(m_sender, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_set_input_focus(m_sender, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    xcb_flush(m_sender);
 }
 
-} // namespace X11WindowManager
+void X11WindowManager::send(xcb_window_t window, const char* message, const Data& data) const
+{
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = m_connection.atom(message);
+    std::ranges::copy(data, event.data.data32);
+    xcb_send_event(m_sender, false, m_connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(m_sender);
+}
 
 void addEvents(const X11Connection& connection, xcb_window_t window, std::uint32_t events)
 {

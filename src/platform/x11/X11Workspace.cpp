@@ -1,10 +1,10 @@
 #include "platform/x11/X11Workspace.h"
 
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FloatingSurface.h"
 #include "platform/x11/X11Properties.h"
 #include "platform/x11/X11Reply.h"
 #include "platform/x11/X11RunningApplication.h"
-#include "platform/x11/X11WindowManager.h"
 
 #include <algorithm>
 
@@ -21,7 +21,7 @@ bool isOurFloatingWindow(xcb_window_t window)
 {
     return std::ranges::any_of(QGuiApplication::allWindows(), [window](const QWindow* ours) {
         return ours->handle() != nullptr && ours->winId() == window &&
-               ours->flags().testFlag(Qt::WindowStaysOnTopHint);
+               isFloating(*ours);
     });
 }
 
@@ -45,6 +45,7 @@ xcb_window_t parentOf(const X11Connection& connection, xcb_window_t window)
 
 X11Workspace::X11Workspace(X11Connection& connection)
     : m_connection(connection)
+    , m_windowManager(connection, connection.xcb())
     , m_activeWindowProperty(connection.atom(activeWindowName))
 {
     addEvents(connection, connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
@@ -83,7 +84,7 @@ std::shared_ptr<RunningApplication> X11Workspace::frontmostApplication() const
 xcb_window_t X11Workspace::frontmostWindow() const
 {
     const xcb_window_t active =
-        X11WindowManager::isPresent(m_connection)
+        m_windowManager.isPresent()
             ? X11Properties::number(m_connection, m_connection.root(), activeWindowName)
                   .value_or(XCB_NONE)
             : windowWithKeyboard();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Workspace.h"
+#include "platform/x11/X11WindowManager.h"
 
 #include <QtCore/QObject>
 
@@ -29,6 +30,7 @@ private:
     [[nodiscard]] xcb_window_t windowWithKeyboard() const;
 
     X11Connection& m_connection;
+    X11WindowManager m_windowManager;
     xcb_atom_t m_activeWindowProperty;
     /// Of the windows but our floating ones; what a query finds out on the way is kept too.
     mutable xcb_window_t m_lastActive = XCB_NONE;

@@ -41,7 +41,7 @@ private Q_SLOTS:
 
     void theWindowWithTheKeyboardIsFrontmost()
     {
-        QVERIFY(!X11WindowManager::isPresent(*connection));
+        QVERIFY(!X11WindowManager(*connection, connection->xcb()).isPresent());
         const X11Client client({.windowClass = "Mousepad"});
         QTRY_VERIFY(client.isViewable());
         client.takeFocus();
@@ -83,7 +83,7 @@ private Q_SLOTS:
     void aWindowManagerThatComesIsNoticed()
     {
         desktop.setWindowManager(u"openbox"_s);
-        QVERIFY(X11WindowManager::isPresent(*connection));
+        QVERIFY(X11WindowManager(*connection, connection->xcb()).isPresent());
         const X11Client first({.windowClass = "First"});
         QTRY_VERIFY(first.hasFocus());
         const X11Client second({.windowClass = "Second"});
@@ -96,7 +96,7 @@ private Q_SLOTS:
     {
         desktop.setWindowManager(u"openbox"_s);
         desktop.crashWindowManager();
-        QTRY_VERIFY(!X11WindowManager::isPresent(*connection));
+        QTRY_VERIFY(!X11WindowManager(*connection, connection->xcb()).isPresent());
     }
 
 private:

@@ -1,4 +1,5 @@
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FloatingSurfaces.h"
 #include "platform/x11/X11Workspace.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11Client.h"
@@ -112,11 +113,12 @@ private Q_SLOTS:
         QTRY_VERIFY(client.hasFocus());
         QTRY_VERIFY(workspace->frontmostApplication());
 
-        QWindow panel;
-        panel.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        panel.show();
-        panel.requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QWindow window;
+        window.create();
+        X11FloatingSurfaces surfaces(*connection);
+        const auto panel = surfaces.adopt(window, FloatingSurface::Role::panel);
+        panel->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(panel->isKey());
         const auto application = workspace->frontmostApplication();
         QVERIFY(application);
         QCOMPARE(application->bundleIdentifier(), std::optional(u"Mousepad"_s));
@@ -137,11 +139,12 @@ private Q_SLOTS:
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
-        QWindow panel;
-        panel.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        panel.show();
-        panel.requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QWindow window;
+        window.create();
+        X11FloatingSurfaces surfaces(*connection);
+        const auto panel = surfaces.adopt(window, FloatingSurface::Role::panel);
+        panel->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(panel->isKey());
         client.quit();
         QTRY_VERIFY(!workspace->frontmostApplication());
     }

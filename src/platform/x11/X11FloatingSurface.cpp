@@ -1,0 +1,240 @@
+#include "platform/x11/X11FloatingSurface.h"
+
+#include "platform/ScreenSpace.h"
+#include "platform/x11/QtXcb.h"
+#include "platform/x11/X11Compositing.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Shape.h"
+
+#include <chrono>
+#include <utility>
+
+#include <QtCore/QEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+
+using namespace std::chrono_literals;
+
+namespace driftbox {
+
+namespace {
+
+// A window that is dragged reports every step, and one that was just placed may report the place
+// before; what stands after this long is where the user wants it.
+constexpr auto settleDelay = 60ms;
+
+constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolkit's name for it
+
+constexpr auto floatingProperty = "driftboxFloating";
+
+qreal primaryHeight()
+{
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary != nullptr ? primary->geometry().height() : 0;
+}
+
+QRect toDesktop(const QRectF& frame)
+{
+    const QRectF flipped = ScreenSpace::flipped(frame, primaryHeight());
+    return {flipped.topLeft().toPoint(), flipped.size().toSize()};
+}
+
+} // namespace
+
+bool isFloating(const QWindow& window)
+{
+    return window.property(floatingProperty).toBool();
+}
+
+X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection& connection,
+                                       const X11Compositing& compositing)
+    : m_window(window)
+    , m_connection(connection)
+    , m_compositing(compositing)
+    , m_id(static_cast<xcb_window_t>(window.winId()))
+    , m_hints(connection, m_id, role)
+    , m_windowManager(connection, QtXcb::connection())
+    , m_frame(ScreenSpace::flipped(QRectF(window.geometry()), primaryHeight()))
+{
+    // That it stays on top is among the hints: as a flag it would make the toolkit replace the
+    // window by another when it is shown.
+    window.setFlags(Qt::Window | Qt::FramelessWindowHint);
+    window.setProperty(floatingProperty, true);
+    window.installEventFilter(this);
+    connect(&window, &QWindow::xChanged, this, &X11FloatingSurface::noticeGeometry);
+    connect(&window, &QWindow::yChanged, this, &X11FloatingSurface::noticeGeometry);
+    connect(&window, &QWindow::widthChanged, this, &X11FloatingSurface::noticeGeometry);
+    connect(&window, &QWindow::heightChanged, this, &X11FloatingSurface::noticeGeometry);
+    connect(&window, &QWindow::screenChanged, this, &X11FloatingSurface::applyShape);
+
+    m_settleTimer.setSingleShot(true);
+    m_settleTimer.setInterval(settleDelay);
+    connect(&m_settleTimer, &QTimer::timeout, this, &X11FloatingSurface::settleGeometry);
+
+    connect(&compositing, &X11Compositing::changed, this, [this](bool active) {
+        applyShape();
+        Q_EMIT compositedChanged(active);
+    });
+}
+
+X11FloatingSurface::~X11FloatingSurface() = default;
+
+void X11FloatingSurface::setFrame(const QRectF& frame)
+{
+    m_frame = frame;
+    m_settleTimer.stop();
+    m_window.setGeometry(toDesktop(frame));
+}
+
+bool X11FloatingSurface::isVisible() const
+{
+    return m_window.isVisible();
+}
+
+void X11FloatingSurface::present(Keyboard keyboard)
+{
+    const bool takesKeyboard = keyboard == Keyboard::take;
+    const xcb_timestamp_t now = QtXcb::serverTime();
+    // Window managers compare the time of the last action in this program with that in others: an
+    // old one would keep the window in the background.
+    QtXcb::setUserTime(now);
+    if (m_window.isVisible()) {
+        m_window.raise();
+    } else {
+        m_window.setProperty(showsWithoutActivating, !takesKeyboard);
+        m_hints.put();
+        m_isFreshlyMapped = true;
+        m_window.show();
+    }
+    if (takesKeyboard)
+        takeKeyboard(now);
+}
+
+void X11FloatingSurface::takeKeyboard(xcb_timestamp_t time)
+{
+    if (m_windowManager.isPresent()) {
+        m_windowManager.activate(m_id, time);
+    } else if (m_window.isExposed()) {
+        m_windowManager.activateByHand(m_id);
+    } else {
+        m_takesKeyboardOnceViewable = true;
+    }
+}
+
+void X11FloatingSurface::orderOut()
+{
+    settleGeometry();
+    m_takesKeyboardOnceViewable = false;
+    m_window.hide();
+    setKey(false);
+}
+
+bool X11FloatingSurface::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (receiver == &m_window && event->type() == QEvent::Expose && m_window.isExposed())
+        handleExposed();
+    return false;
+}
+
+void X11FloatingSurface::handleExposed()
+{
+    // A window manager may overlook the shape for the mouse that a window brings along, but not a
+    // change of it.
+    if (std::exchange(m_isFreshlyMapped, false))
+        applyShape();
+    if (std::exchange(m_takesKeyboardOnceViewable, false))
+        m_windowManager.activateByHand(m_id);
+}
+
+void X11FloatingSurface::handleFocusChange(const xcb_focus_in_event_t& event)
+{
+    // A grab, as a hot key or a menu of another program takes it, is not a change of the focus.
+    // Nor does the focus change when the pointer is over the window of a program that has it.
+    if (event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB ||
+        event.detail == XCB_NOTIFY_DETAIL_POINTER)
+        return;
+    ++m_focusChanges;
+    if ((event.response_type & 0x7f) == XCB_FOCUS_IN)
+        setKey(m_window.isVisible());
+    else if (event.detail != XCB_NOTIFY_DETAIL_INFERIOR)
+        verifyKey();
+}
+
+// Some window managers let the focus rest elsewhere for a moment while they move it.
+void X11FloatingSurface::verifyKey()
+{
+    if (!m_isKey)
+        return;
+    m_connection.whenReplied<xcb_get_input_focus_reply_t>(
+        xcb_get_input_focus(m_connection.xcb()).sequence, this,
+        [this, asked = m_focusChanges](const xcb_get_input_focus_reply_t* focus) {
+            if (asked == m_focusChanges && (focus == nullptr || focus->focus != m_id))
+                setKey(false);
+        });
+    m_connection.flush();
+}
+
+void X11FloatingSurface::setKey(bool key)
+{
+    if (std::exchange(m_isKey, key) == key)
+        return;
+    if (key)
+        Q_EMIT becameKey();
+    else
+        Q_EMIT resignedKey();
+}
+
+void X11FloatingSurface::handleNewWindowManager()
+{
+    if (m_window.isVisible())
+        m_hints.repeat();
+}
+
+bool X11FloatingSurface::isComposited() const
+{
+    return m_compositing.isActive();
+}
+
+void X11FloatingSurface::setShape(const QRegion& shape)
+{
+    m_shape = shape;
+    applyShape();
+}
+
+void X11FloatingSurface::applyShape()
+{
+    const QRegion pixels = X11Shape::inPixels(m_shape, m_window.devicePixelRatio());
+    // Where windows are blended the edge stays smooth, and only the mouse need be told.
+    const bool composited = m_compositing.isActive();
+    X11Shape::set(m_id, X11Shape::Kind::drawing, composited ? QRegion() : pixels);
+    X11Shape::set(m_id, X11Shape::Kind::input, composited ? pixels : QRegion());
+}
+
+void X11FloatingSurface::startMove()
+{
+    m_window.startSystemMove();
+}
+
+void X11FloatingSurface::startResize(Qt::Edges edges)
+{
+    m_window.startSystemResize(edges);
+}
+
+void X11FloatingSurface::noticeGeometry()
+{
+    if (m_window.isVisible() && m_window.geometry() != toDesktop(m_frame) &&
+        !m_settleTimer.isActive())
+        m_settleTimer.start();
+}
+
+void X11FloatingSurface::settleGeometry()
+{
+    m_settleTimer.stop();
+    if (!m_window.isVisible() || m_window.geometry() == toDesktop(m_frame))
+        return;
+    m_frame = ScreenSpace::flipped(QRectF(m_window.geometry()), primaryHeight());
+    Q_EMIT frameChangedByUser(m_frame);
+}
+
+} // namespace driftbox

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/FloatingSurface.h"
+#include "platform/x11/X11FloatingHints.h"
+#include "platform/x11/X11WindowManager.h"
+
+#include <cstdint>
+
+#include <QtCore/QTimer>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class X11Compositing;
+class X11Connection;
+
+/// Whether a floating surface has been made of the window.
+[[nodiscard]] bool isFloating(const QWindow& window);
+
+/// A window of the toolkit that the window manager is told to let float. Main thread only.
+class X11FloatingSurface final : public FloatingSurface
+{
+    Q_OBJECT
+
+public:
+    /// Round trips. All must outlive the surface.
+    X11FloatingSurface(QWindow& window, Role role, X11Connection& connection,
+                       const X11Compositing& compositing);
+    ~X11FloatingSurface() override;
+
+    [[nodiscard]] QRectF frame() const override { return m_frame; }
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] bool isVisible() const override;
+    [[nodiscard]] bool isKey() const override { return m_isKey; }
+    void present(Keyboard keyboard) override;
+    void orderOut() override;
+    [[nodiscard]] bool isComposited() const override;
+    void setShape(const QRegion& shape) override;
+    void startMove() override;
+    void startResize(Qt::Edges edges) override;
+
+    [[nodiscard]] xcb_window_t window() const { return m_id; }
+    /// A FocusIn or FocusOut of the window.
+    void handleFocusChange(const xcb_focus_in_event_t& event);
+    void handleNewWindowManager();
+
+    [[nodiscard]] bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    void setKey(bool key);
+    void verifyKey();
+    void takeKeyboard(xcb_timestamp_t time);
+    void handleExposed();
+    void applyShape();
+    void noticeGeometry();
+    void settleGeometry();
+
+    QWindow& m_window;
+    X11Connection& m_connection;
+    const X11Compositing& m_compositing;
+    const xcb_window_t m_id;
+    const X11FloatingHints m_hints;
+    const X11WindowManager m_windowManager;
+
+    QRectF m_frame; ///< as it was asked for, until the user changes it
+    QRegion m_shape;
+    QTimer m_settleTimer;
+    bool m_isKey = false;
+    std::uint64_t m_focusChanges = 0;
+    bool m_isFreshlyMapped = false;
+    bool m_takesKeyboardOnceViewable = false;
+};
+
+} // namespace driftbox

@@ -87,6 +87,10 @@ QFont applicationFont()
     const bool isGeneric = font.family().startsWith(u"Sans"_s, Qt::CaseInsensitive);
     if (isGeneric && QFontDatabase::hasFamily(inter))
         font.setFamily(inter);
+    // Text fonts draw some emoji too, in black and without their combinations.
+    const QString emoji = u"Noto Color Emoji"_s;
+    if (QFontDatabase::hasFamily(emoji))
+        font.setFamilies({font.family(), emoji});
     font.setPixelSize(textSize);
     return font;
 }

@@ -1,0 +1,260 @@
+#include "clipboard/view/ClipboardRowView.h"
+
+#include "clipboard/ClipboardListModel.h"
+#include "clipboard/ThumbnailCache.h"
+#include "clipboard/view/ClipboardRowLayout.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+
+#include <algorithm>
+
+#include <QtCore/QtMath>
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+using Action = ClipboardRowAction;
+
+namespace {
+
+constexpr int rememberedPreviews = 64;
+constexpr int symbolSize = 13;
+constexpr qreal highlightRadius = 7.0;
+constexpr qreal buttonRadius = 5.0;
+constexpr qreal selectedOpacity = 0.16;
+constexpr qreal pointerOpacity = 0.6; // of the usual fill, which is for smaller areas
+constexpr qreal unpinnedOpacity = 0.55;
+constexpr qreal outlineOpacity = 0.14;
+constexpr QSize placeholderSize(107, 60);
+
+// Of a digit of the time. All digits are given the widest one's room, for the times to stand
+// exactly beneath each other.
+qreal digitWidth(const QFontMetricsF& metrics)
+{
+    qreal widest = 0;
+    for (const QChar digit : u"0123456789"_s)
+        widest = std::max(widest, metrics.horizontalAdvance(digit));
+    return widest;
+}
+
+// The same for every time, so that all rows agree on the place of their texts.
+int timeWidth()
+{
+    const QFontMetricsF metrics(Theme::Font::rowMeta());
+    constexpr int digits = 10;
+    return qCeil(digits * digitWidth(metrics) + metrics.horizontalAdvance(u"- ::"_s));
+}
+
+void paintTime(QPainter& painter, const QRectF& area, const QString& time)
+{
+    const QFontMetricsF metrics(painter.font());
+    const qreal digitRoom = digitWidth(metrics);
+    const qreal baseline = qRound((area.height() - metrics.height()) / 2 + metrics.ascent());
+    QPointF place(area.left(), area.top() + baseline);
+    for (const QChar character : time) {
+        const qreal width = metrics.horizontalAdvance(character);
+        const qreal room = character.isDigit() ? digitRoom : width;
+        painter.drawText(place + QPointF((room - width) / 2, 0), QString(character));
+        place.rx() += room;
+    }
+}
+
+std::vector<Action> buttonActions(const ClipboardItem& item)
+{
+    std::vector<Action> actions = ClipboardRowActions::hoverActions(item);
+    actions.push_back(Action::togglePin);
+    return actions;
+}
+
+std::vector<QRect> buttonRects(const ClipboardRowLayout& layout, size_t count)
+{
+    std::vector<QRect> rects = layout.actions(count - 1);
+    rects.push_back(layout.pinButton());
+    return rects;
+}
+
+QColor buttonColor(Action action, const ClipboardItem& item, bool hasPointer)
+{
+    if (action == Action::togglePin && item.isPinned())
+        return Theme::pinOn();
+    if (action == Action::togglePin && !hasPointer)
+        return Theme::withOpacity(Theme::tertiary(), unpinnedOpacity);
+    if (!hasPointer)
+        return Theme::secondary();
+    return action == Action::remove ? Theme::destructive() : Theme::primary();
+}
+
+} // namespace
+
+ClipboardRowView::ClipboardRowView(const ClipboardListModel& rows, ClipboardRowActions& actions)
+    : m_rows(rows)
+    , m_actions(actions)
+    , m_previews(rememberedPreviews)
+{
+}
+
+const ClipboardItem& ClipboardRowView::itemAt(const QModelIndex& index) const
+{
+    return m_rows.item(index.row());
+}
+
+int ClipboardRowView::heightOfRow(int row) const
+{
+    const bool isImage = m_rows.item(row).kind == ClipboardItem::Kind::image;
+    return ClipboardRowLayout::dividerHeight +
+           (isImage ? ClipboardRowLayout::imageRowHeight : ClipboardRowLayout::textRowHeight);
+}
+
+QString ClipboardRowView::help() const
+{
+    return u"Click to paste at the caret"_s;
+}
+
+std::vector<RowButton> ClipboardRowView::buttons(const QModelIndex& index, QSize rowSize) const
+{
+    const ClipboardItem& item = itemAt(index);
+    const std::vector<Action> actions = buttonActions(item);
+    const auto rects = buttonRects(ClipboardRowLayout(rowSize, timeWidth()), actions.size());
+    std::vector<RowButton> buttons;
+    for (size_t i = 0; i < actions.size(); ++i)
+        buttons.push_back({.rect = rects[i],
+                           .help = ClipboardRowActions::help(actions[i], item),
+                           .visibility = actions[i] == Action::togglePin
+                                             ? RowButton::Visibility::always
+                                             : RowButton::Visibility::revealed,
+                           .isEnabled = !m_actions.isBusy(actions[i], item)});
+    return buttons;
+}
+
+void ClipboardRowView::pick(const QModelIndex& index)
+{
+    m_actions.pick(itemAt(index));
+}
+
+void ClipboardRowView::press(const QModelIndex& index, int button)
+{
+    const ClipboardItem& item = itemAt(index);
+    m_actions.perform(buttonActions(item).at(static_cast<size_t>(button)), item);
+}
+
+void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelIndex& index,
+                             const RowState& state) const
+{
+    const ClipboardItem& item = itemAt(index);
+    const ClipboardRowLayout layout(rect.size(), timeWidth());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(rect); // marks may be piled up to any height
+    painter.translate(rect.topLeft());
+
+    painter.fillRect(layout.divider(), Theme::divider());
+    paintHighlight(painter, layout.highlight(), state);
+    if (item.kind == ClipboardItem::Kind::image)
+        paintPicture(painter, index, layout);
+    else
+        paintText(painter, item, layout.content());
+
+    painter.setFont(Theme::Font::rowMeta());
+    painter.setPen(Theme::tertiary());
+    paintTime(painter, layout.time(), index.data(ClipboardListModel::TimeRole).toString());
+
+    const std::vector<Action> actions = buttonActions(item);
+    const std::vector<QRect> rects = buttonRects(layout, actions.size());
+    for (size_t i = 0; i < actions.size(); ++i) {
+        if (actions[i] == Action::togglePin || state.isRevealed())
+            paintButton(painter, rects[i], actions[i], item, state, static_cast<int>(i));
+    }
+    painter.restore();
+}
+
+void ClipboardRowView::paintHighlight(QPainter& painter, const QRect& area,
+                                      const RowState& state) const
+{
+    if (!state.isRevealed())
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(state.isSelected ? Theme::withOpacity(Theme::accent(), selectedOpacity)
+                                      : Theme::withOpacity(Theme::hoverFill(), pointerOpacity));
+    painter.drawRoundedRect(area, highlightRadius, highlightRadius);
+    if (state.isPressed) {
+        painter.setBrush(Theme::hoverFill());
+        painter.drawRoundedRect(area, highlightRadius, highlightRadius);
+    }
+}
+
+const PreviewText& ClipboardRowView::preview(const ClipboardItem& item, qreal width) const
+{
+    const QFont font = Theme::Font::rowTitle();
+    if (const PreviewText* known = m_previews.object(item.id); known && known->fits(font, width))
+        return *known;
+    auto* made = new PreviewText(previewLines(previewText(item)), font, width);
+    m_previews.insert(item.id, made);
+    return *made;
+}
+
+void ClipboardRowView::paintText(QPainter& painter, const ClipboardItem& item,
+                                 const QRect& area) const
+{
+    const PreviewText& text = preview(item, area.width());
+    painter.setPen(Theme::primary());
+    text.paint(painter, {qreal(area.left()), qRound((area.height() - text.height()) / 2) + 0.0});
+}
+
+void ClipboardRowView::paintPicture(QPainter& painter, const QModelIndex& index,
+                                    const ClipboardRowLayout& layout) const
+{
+    const auto picture = index.data(ClipboardListModel::PictureRole).value<QImage>();
+    const QSize size =
+        picture.isNull()
+            ? placeholderSize
+            : picture.deviceIndependentSize().toSize().boundedTo(ThumbnailCache::largestSize);
+    constexpr qreal radius = ClipboardRowLayout::cornerRadius;
+    const QRectF area({}, size);
+    // The picture is a brush, not clipped: clips have no smooth edges.
+    painter.save();
+    painter.translate(layout.picture(size).topLeft());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(picture.isNull() ? QBrush(Theme::hoverFill()) : QBrush(picture));
+    painter.drawRoundedRect(area, radius, radius);
+    if (!picture.isNull()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(Theme::withOpacity(Theme::primary(), outlineOpacity), 1.0));
+        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    }
+    painter.restore();
+}
+
+void ClipboardRowView::paintButton(QPainter& painter, const QRect& area, Action action,
+                                   const ClipboardItem& item, const RowState& state,
+                                   int button) const
+{
+    if (m_actions.isBusy(action, item))
+        return paintBusyIndicator(painter, area);
+    const bool hasPointer = state.buttonUnderPointer == button;
+    if (hasPointer) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(
+            Theme::withOpacity(Theme::hoverFill(), state.pressedButton == button ? 2.0 : 1.0));
+        painter.drawRoundedRect(area, buttonRadius, buttonRadius);
+    }
+    Symbols::paint(painter, area, ClipboardRowActions::systemImage(action),
+                   {.size = symbolSize, .color = buttonColor(action, item, hasPointer)});
+}
+
+void ClipboardRowView::paintBusyIndicator(QPainter& painter, const QRect& area) const
+{
+    constexpr qreal diameter = 12.0;
+    constexpr int sixteenths = 16; // the painter's angles
+    constexpr int gap = 90;
+    QRectF circle(0, 0, diameter, diameter);
+    circle.moveCenter(QRectF(area).center());
+    QPen pen(Theme::secondary(), 1.6);
+    pen.setCapStyle(Qt::RoundCap);
+    painter.setPen(pen);
+    painter.drawArc(circle, -m_busyAngle * sixteenths, -(360 - gap) * sixteenths);
+}
+
+} // namespace driftbox

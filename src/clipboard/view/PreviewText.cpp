@@ -1,0 +1,135 @@
+#include "clipboard/view/PreviewText.h"
+
+#include <cmath>
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+constexpr size_t mostLines = 2;
+constexpr int tabWidth = 4; // in spaces
+constexpr QChar ellipsis(0x2026);
+
+QTextOption optionFor(const QFont& font, Qt::LayoutDirection direction)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(direction);
+    option.setAlignment(direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
+    option.setTabStopDistance(tabWidth * QFontMetricsF(font).horizontalAdvance(u' '));
+    return option;
+}
+
+Qt::LayoutDirection directionOf(const QString& text)
+{
+    return text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
+QString trimmedAtEnd(QString text)
+{
+    while (!text.isEmpty() && text.back().isSpace())
+        text.chop(1);
+    return text;
+}
+
+qreal lineHeightOf(const QFont& font)
+{
+    return std::ceil(QFontMetricsF(font).height());
+}
+
+} // namespace
+
+PreviewText::PreviewText(const PreviewLines& lines, const QFont& font, qreal width)
+    : m_font(font)
+    , m_width(width)
+{
+    addParagraph(lines.first, !lines.second.isEmpty());
+    if (m_lines.size() < mostLines && !lines.second.isEmpty())
+        addLine(cut(lines.second, lines.hasMore), directionOf(lines.second));
+}
+
+bool PreviewText::fits(const QFont& font, qreal width) const
+{
+    return m_font == font && m_width == width;
+}
+
+void PreviewText::addParagraph(const QString& text, bool continues)
+{
+    const Qt::LayoutDirection direction = directionOf(text);
+    const qsizetype length = lengthOfFirstLine(text);
+    addLine(text.first(length), direction);
+    if (length < text.size())
+        addLine(cut(text.sliced(length), continues), direction);
+}
+
+// The part of `text` that a line has room for, with an ellipsis where something is missing.
+QString PreviewText::cut(const QString& text, bool continues) const
+{
+    const QString whole = continues ? trimmedAtEnd(text) + ellipsis : text;
+    const qsizetype length = lengthOfFirstLine(whole);
+    if (length == whole.size())
+        return whole;
+    // What is cut off is far more than there is room for; the metrics need not see it all.
+    constexpr qsizetype margin = 40;
+    const QString nearby = whole.first(std::min(whole.size(), length + margin));
+    QString kept = QFontMetricsF(m_font).elidedText(nearby, Qt::ElideRight, m_width);
+    while (kept.endsWith(ellipsis))
+        kept.chop(1);
+    return trimmedAtEnd(kept) + ellipsis;
+}
+
+qsizetype PreviewText::lengthOfFirstLine(const QString& text) const
+{
+    QTextLayout layout(text, m_font);
+    layout.setTextOption(optionFor(m_font, directionOf(text)));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (!line.isValid())
+        return text.size();
+    line.setLineWidth(m_width);
+    layout.endLayout();
+    return line.textLength();
+}
+
+void PreviewText::addLine(const QString& text, Qt::LayoutDirection direction)
+{
+    auto layout = std::make_unique<QTextLayout>(text, m_font);
+    QTextOption option = optionFor(m_font, direction);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    QTextLine line = layout->createLine();
+    if (line.isValid()) {
+        line.setLineWidth(m_width);
+        const qreal baseline = static_cast<qreal>(m_lines.size()) * lineHeightOf(m_font) +
+                               QFontMetricsF(m_font).ascent();
+        line.setPosition({0, std::round(baseline) - line.ascent()});
+    }
+    layout->endLayout();
+    m_lines.push_back(std::move(layout));
+}
+
+qreal PreviewText::height() const
+{
+    return static_cast<qreal>(m_lines.size()) * lineHeightOf(m_font);
+}
+
+QStringList PreviewText::texts() const
+{
+    QStringList texts;
+    for (const auto& line : m_lines)
+        texts << line->text();
+    return texts;
+}
+
+void PreviewText::paint(QPainter& painter, QPointF topLeft) const
+{
+    for (const auto& line : m_lines)
+        line->draw(&painter, topLeft);
+}
+
+} // namespace driftbox

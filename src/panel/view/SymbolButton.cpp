@@ -1,0 +1,87 @@
+#include "panel/view/SymbolButton.h"
+
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
+
+#include <algorithm>
+
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int symbolSize = 12;
+constexpr int labelSpacing = 5;
+constexpr qreal cornerRadius = 5.0;
+constexpr qreal disabledOpacity = 0.45;
+constexpr qreal pressedOpacity = 1.8; // of the fill under the pointer
+
+} // namespace
+
+SymbolButton::SymbolButton(const QString& systemImage, const QString& help, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_systemImage(systemImage)
+{
+    setFont(Theme::Font::rowMeta());
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setHelp(*this, help);
+}
+
+void SymbolButton::setLabel(const QString& label)
+{
+    setText(label);
+    setAccessibleName(label);
+    setAccessibleDescription(toolTip());
+    updateGeometry();
+}
+
+QSize SymbolButton::sizeHint() const
+{
+    const int symbol = Symbols::extent(symbolSize);
+    const int label = text().isEmpty() ? 0 : labelSpacing + fontMetrics().horizontalAdvance(text());
+    return QSize(symbol + label, std::max(symbol, fontMetrics().height())) +
+           2 * QSize(padding, padding);
+}
+
+void SymbolButton::enterEvent(QEnterEvent* event)
+{
+    QAbstractButton::enterEvent(event);
+    update();
+}
+void SymbolButton::leaveEvent(QEvent* event)
+{
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+void SymbolButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool isActive = isEnabled() && underMouse();
+    if (isActive) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Theme::withOpacity(Theme::hoverFill(), isDown() ? pressedOpacity : 1.0));
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(Theme::accent(), 2.0));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    }
+    const QColor color = isActive      ? Theme::primary()
+                         : isEnabled() ? Theme::secondary()
+                                       : Theme::withOpacity(Theme::tertiary(), disabledOpacity);
+    const QRect inside = rect().adjusted(padding, padding, -padding, -padding);
+    const int symbol = Symbols::extent(symbolSize);
+    Symbols::paint(painter, QRect(inside.left(), inside.top(), symbol, inside.height()),
+                   m_systemImage, {.size = symbolSize, .color = color});
+    painter.setFont(font());
+    painter.setPen(color);
+    painter.drawText(inside.adjusted(symbol + labelSpacing, 0, 0, 0), Qt::AlignVCenter, text());
+}
+
+} // namespace driftbox

@@ -1,0 +1,62 @@
+#include "clipboard/view/ClipboardRowLayout.h"
+
+#include <QtTest/QTest>
+
+using namespace driftbox;
+
+class TestClipboardRowLayout : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void partsDoNotOverlap_data()
+    {
+        QTest::addColumn<int>("height");
+        QTest::newRow("text") << ClipboardRowLayout::textRowHeight;
+        QTest::newRow("image") << ClipboardRowLayout::imageRowHeight;
+    }
+    void partsDoNotOverlap()
+    {
+        QFETCH(const int, height);
+        constexpr int width = 451;
+        constexpr int timeWidth = 90;
+        const ClipboardRowLayout layout({width, height + 1}, timeWidth);
+
+        std::vector<QRect> parts = layout.actions(3);
+        QCOMPARE(parts.size(), size_t(3));
+        parts.push_back(layout.content());
+        parts.push_back(layout.time());
+        parts.push_back(layout.pinButton());
+        parts.push_back(layout.divider());
+        for (size_t i = 0; i < parts.size(); ++i) {
+            QVERIFY(QRect(0, 0, width, height + 1).contains(parts[i]));
+            for (size_t j = 0; j < i; ++j)
+                QVERIFY2(!parts[i].intersects(parts[j]), qPrintable(QString::number(10 * i + j)));
+        }
+        QCOMPARE(layout.time().width(), timeWidth);
+        QCOMPARE(layout.divider(), QRect(14, height, width - 14 - 12, 1));
+    }
+
+    void actionsKeepTheirSpacingAndEndUnderThePin()
+    {
+        const ClipboardRowLayout layout({451, 53}, 90);
+        for (const size_t count : {size_t(2), size_t(3)}) {
+            const std::vector<QRect> actions = layout.actions(count);
+            QCOMPARE(actions.back().right(), layout.pinButton().right());
+            QVERIFY(actions.back().top() > layout.pinButton().bottom());
+            for (size_t i = 1; i < count; ++i)
+                QCOMPARE(actions[i].left() - actions[i - 1].right() - 1, 4);
+        }
+    }
+
+    void thereIsRoomForTheLargestPicture()
+    {
+        const ClipboardRowLayout layout({451, 77}, 90);
+        const QRect picture = layout.picture({220, 60});
+        QVERIFY(layout.content().contains(picture));
+        QCOMPARE(picture.top(), 8);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestClipboardRowLayout)
+#include "TestClipboardRowLayout.moc"

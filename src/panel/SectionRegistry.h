@@ -29,7 +29,7 @@ public:
 
     /// Adds a section at the end; the first one becomes active. A section whose id is taken already
     /// is destroyed instead.
-    void registerSection(std::unique_ptr<MagicPanelSection> section);
+    void registerSection(std::unique_ptr<MagicPanelSection> added);
 
     /// Makes the section with this id active; an unknown id is ignored.
     void select(const QString& id);

@@ -20,7 +20,7 @@ public:
     void caretRectangle(QObject* owner, Answer answer) override
     {
         ++requests;
-        m_pending.push_back({owner, std::move(answer)});
+        m_pending.emplace_back(owner, std::move(answer));
         if (answersAtOnce)
             answerAll(caret);
     }

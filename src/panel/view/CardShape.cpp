@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
 
+#include <QtCore/QList>
 #include <QtGui/QPainter>
 
 namespace driftbox {
@@ -38,17 +38,17 @@ public:
 private:
     void average(uchar* line, int count, qsizetype stride) const
     {
-        std::vector<int> values(static_cast<std::size_t>(count + 2 * m_radius + 1));
+        QList<int> values(count + 2 * m_radius + 1);
         for (int i = 0; i < count; ++i)
-            values[static_cast<std::size_t>(i + m_radius)] = line[i * stride];
+            values[i + m_radius] = line[i * stride];
         const int window = 2 * m_radius + 1;
         int sum = 0;
         for (int i = 0; i < window - 1; ++i)
-            sum += values[static_cast<std::size_t>(i)];
+            sum += values[i];
         for (int i = 0; i < count; ++i) {
-            sum += values[static_cast<std::size_t>(i + window - 1)];
+            sum += values[i + window - 1];
             line[i * stride] = static_cast<uchar>((sum + window / 2) / window);
-            sum -= values[static_cast<std::size_t>(i)];
+            sum -= values[i];
         }
     }
 

@@ -5,6 +5,8 @@
 #include "panel/view/Theme.h"
 #include "panel/view/Tooltip.h"
 
+#include <utility>
+
 #include <QtGui/QPainter>
 
 namespace driftbox {
@@ -18,9 +20,9 @@ constexpr int hoverDurationMs = 150;
 
 } // namespace
 
-RailIconButton::RailIconButton(const QString& systemImage, const QString& help, QWidget* parent)
+RailIconButton::RailIconButton(QString systemImage, const QString& help, QWidget* parent)
     : QAbstractButton(parent)
-    , m_systemImage(systemImage)
+    , m_systemImage(std::move(systemImage))
 {
     setCheckable(true);
     setFixedSize(side, side);

@@ -13,7 +13,7 @@ class RailIconButton final : public QAbstractButton
 
 public:
     /// `help` is the tooltip and the accessible name.
-    RailIconButton(const QString& systemImage, const QString& help, QWidget* parent);
+    RailIconButton(QString systemImage, const QString& help, QWidget* parent);
 
     [[nodiscard]] bool isActive() const { return isChecked(); }
     void setActive(bool active) { setChecked(active); }

@@ -105,6 +105,9 @@ class TestMagicPanelRootView : public QObject
 {
     Q_OBJECT
 
+    FakeAppearance m_appearance;
+    ThemeFollower m_theme{m_appearance};
+
 private Q_SLOTS:
     void theRailHasAButtonASectionAndTheSettings()
     {
@@ -282,10 +285,6 @@ private Q_SLOTS:
         QVERIFY(region.contains(QPoint(33, 33)));
         QVERIFY(region.contains(QPoint(276, 28)));
     }
-
-private:
-    FakeAppearance m_appearance;
-    ThemeFollower m_theme{m_appearance};
 };
 
 QTEST_MAIN(TestMagicPanelRootView)

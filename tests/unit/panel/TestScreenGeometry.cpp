@@ -25,8 +25,8 @@ private Q_SLOTS:
     void edgesBelongToOneScreenOnly()
     {
         using ScreenGeometry::screenContaining;
-        const Screen* const primary = &twoScreens[0];
-        const Screen* const left = &twoScreens[1];
+        const Screen* const primary = &twoScreens.front();
+        const Screen* const left = &twoScreens.back();
 
         QCOMPARE(screenContaining({0, 500}, twoScreens), primary);
         QCOMPARE(screenContaining({-0.5, 500}, twoScreens), left);

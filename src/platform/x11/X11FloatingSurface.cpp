@@ -24,6 +24,12 @@ namespace {
 // before; what stands after this long is where the user wants it.
 constexpr auto settleDelay = 60ms;
 
+// How long after it is mapped a window may still be put elsewhere by the window manager.
+constexpr auto placingTime = 250ms;
+
+constexpr int maxPlacingRequests = 3;
+constexpr auto takeoverTime = 2s; // the same where a window manager finds the window there
+
 constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolkit's name for it
 
 constexpr auto floatingProperty = "driftboxFloating";
@@ -141,8 +147,11 @@ void X11FloatingSurface::handleExposed()
 {
     // A window manager may overlook the shape for the mouse that a window brings along, but not a
     // change of it.
-    if (std::exchange(m_isFreshlyMapped, false))
+    if (std::exchange(m_isFreshlyMapped, false)) {
+        insistOnPlaceFor(placingTime);
         applyShape();
+        noticeGeometry();
+    }
     if (std::exchange(m_takesKeyboardOnceViewable, false))
         m_windowManager.activateByHand(m_id);
 }
@@ -187,8 +196,10 @@ void X11FloatingSurface::setKey(bool key)
 
 void X11FloatingSurface::handleNewWindowManager()
 {
-    if (m_window.isVisible())
-        m_hints.repeat();
+    if (!m_window.isVisible())
+        return;
+    m_hints.repeat();
+    insistOnPlaceFor(takeoverTime);
 }
 
 bool X11FloatingSurface::isComposited() const
@@ -213,25 +224,40 @@ void X11FloatingSurface::applyShape()
 
 void X11FloatingSurface::startMove()
 {
+    m_placingRequests = 0;
     m_window.startSystemMove();
 }
 
 void X11FloatingSurface::startResize(Qt::Edges edges)
 {
+    m_placingRequests = 0;
     m_window.startSystemResize(edges);
 }
 
 void X11FloatingSurface::noticeGeometry()
 {
-    if (m_window.isVisible() && m_window.geometry() != toDesktop(m_frame) &&
-        !m_settleTimer.isActive())
+    // On its way to the screen a window passes through other places.
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == toDesktop(m_frame))
+        return;
+    // A window manager that has its own idea of a place for a new window heeds a second request.
+    if (m_placingRequests > 0 && !m_placingDeadline.hasExpired()) {
+        --m_placingRequests;
+        m_window.setGeometry(toDesktop(m_frame));
+    } else if (!m_settleTimer.isActive()) {
         m_settleTimer.start();
+    }
+}
+
+void X11FloatingSurface::insistOnPlaceFor(std::chrono::milliseconds time)
+{
+    m_placingRequests = maxPlacingRequests;
+    m_placingDeadline = QDeadlineTimer(time);
 }
 
 void X11FloatingSurface::settleGeometry()
 {
     m_settleTimer.stop();
-    if (!m_window.isVisible() || m_window.geometry() == toDesktop(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == toDesktop(m_frame))
         return;
     m_frame = ScreenSpace::flipped(QRectF(m_window.geometry()), primaryHeight());
     Q_EMIT frameChangedByUser(m_frame);

@@ -34,16 +34,21 @@ constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolk
 
 constexpr auto floatingProperty = "driftboxFloating";
 
-qreal primaryHeight()
+QRectF primaryScreen()
 {
     const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary != nullptr ? primary->geometry().height() : 0;
+    return primary != nullptr ? QRectF(primary->geometry()) : QRectF();
 }
 
-QRect toDesktop(const QRectF& frame)
+QRectF frameOf(const QWindow& window)
 {
-    const QRectF flipped = ScreenSpace::flipped(frame, primaryHeight());
-    return {flipped.topLeft().toPoint(), flipped.size().toSize()};
+    return ScreenSpace::fromToolkit(QRectF(window.geometry()), primaryScreen());
+}
+
+QRect geometryFor(const QRectF& frame)
+{
+    const QRectF geometry = ScreenSpace::toToolkit(frame, primaryScreen());
+    return {geometry.topLeft().toPoint(), geometry.size().toSize()};
 }
 
 } // namespace
@@ -61,7 +66,7 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     , m_id(static_cast<xcb_window_t>(window.winId()))
     , m_hints(connection, m_id, role)
     , m_windowManager(connection, QtXcb::connection())
-    , m_frame(ScreenSpace::flipped(QRectF(window.geometry()), primaryHeight()))
+    , m_frame(frameOf(window))
 {
     // That it stays on top is among the hints: as a flag it would make the toolkit replace the
     // window by another when it is shown.
@@ -90,7 +95,7 @@ void X11FloatingSurface::setFrame(const QRectF& frame)
 {
     m_frame = frame;
     m_settleTimer.stop();
-    m_window.setGeometry(toDesktop(frame));
+    m_window.setGeometry(geometryFor(frame));
 }
 
 bool X11FloatingSurface::isVisible() const
@@ -237,12 +242,12 @@ void X11FloatingSurface::startResize(Qt::Edges edges)
 void X11FloatingSurface::noticeGeometry()
 {
     // On its way to the screen a window passes through other places.
-    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == toDesktop(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
         return;
     // A window manager that has its own idea of a place for a new window heeds a second request.
     if (m_placingRequests > 0 && !m_placingDeadline.hasExpired()) {
         --m_placingRequests;
-        m_window.setGeometry(toDesktop(m_frame));
+        m_window.setGeometry(geometryFor(m_frame));
     } else if (!m_settleTimer.isActive()) {
         m_settleTimer.start();
     }
@@ -257,9 +262,9 @@ void X11FloatingSurface::insistOnPlaceFor(std::chrono::milliseconds time)
 void X11FloatingSurface::settleGeometry()
 {
     m_settleTimer.stop();
-    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == toDesktop(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
         return;
-    m_frame = ScreenSpace::flipped(QRectF(m_window.geometry()), primaryHeight());
+    m_frame = frameOf(m_window);
     Q_EMIT frameChangedByUser(m_frame);
 }
 

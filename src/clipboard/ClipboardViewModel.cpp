@@ -4,6 +4,7 @@
 #include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
+#include "core/CaseInsensitiveMatcher.h"
 #include "core/NotificationCenter.h"
 #include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
@@ -51,7 +52,6 @@ void ClipboardViewModel::handleCapture(const ClipboardMonitor::CapturedContent& 
 void ClipboardViewModel::refresh()
 {
     m_items = m_services.store.allItems();
-    m_search.forget();
     Q_EMIT itemsChanged();
 }
 
@@ -74,15 +74,14 @@ void ClipboardViewModel::setQuery(const QString& query)
 std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
 {
     const QString wanted = m_query.trimmed();
-    if (wanted.isEmpty()) {
-        m_search.forget();
+    if (wanted.isEmpty())
         return m_items;
-    }
-    const ClipboardSearch::Places& places = m_search.find(m_items, wanted);
+
+    const CaseInsensitiveMatcher matcher(wanted, QLocale());
     std::vector<ClipboardItem> visible;
-    visible.reserve(places.size());
-    for (const auto place : places)
-        visible.push_back(m_items[place]);
+    std::ranges::copy_if(m_items, std::back_inserter(visible), [&](const ClipboardItem& item) {
+        return item.kind == Kind::text && item.textContent && matcher.isIn(*item.textContent);
+    });
     return visible;
 }
 

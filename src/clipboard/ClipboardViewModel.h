@@ -2,7 +2,6 @@
 
 #include "clipboard/ClipboardItem.h"
 #include "clipboard/ClipboardMonitor.h"
-#include "clipboard/ClipboardSearch.h"
 
 #include <optional>
 #include <vector>
@@ -110,7 +109,6 @@ private:
     ClipboardServices m_services;
     std::vector<ClipboardItem> m_items;
     QString m_query;
-    mutable ClipboardSearch m_search;
     std::optional<ClipboardItemId> m_ocrProcessingId;
 };
 

@@ -22,19 +22,10 @@ class Processes:
         self._log_folder = log_folder
         self._running = []
 
-    def start(self, *command, name=None, environment=None, limits=None, **options):
-        """Starts `command`; what it prints goes to a file named after it, unless told otherwise.
-
-        `limits` is called in the new process before the command takes it over.
-        """
+    def start(self, *command, name=None, environment=None, **options):
+        """Starts `command`; what it prints goes to a file named after it, unless told otherwise."""
         command = [str(part) for part in command]
         name = name or os.path.basename(command[0])
-
-        def prepare():
-            _die_with_parent()
-            if limits:
-                limits()
-
         with open(self._log_folder / f"{name}.log", "ab") as log:
             process = subprocess.Popen(
                 command,
@@ -43,7 +34,7 @@ class Processes:
                 stdout=options.pop("stdout", log),
                 stderr=options.pop("stderr", log),
                 start_new_session=True,
-                preexec_fn=prepare,
+                preexec_fn=_die_with_parent,
                 **options,
             )
         self._running.append(process)

@@ -32,7 +32,6 @@ public:
         create();
     }
     QList<int> keys;
-    int presses = 0;
 
 protected:
     void paintEvent(QPaintEvent*) override
@@ -40,7 +39,6 @@ protected:
         QPainter(this).fillRect(QRect(QPoint(), size()), paper);
     }
     void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
-    void mousePressEvent(QMouseEvent*) override { ++presses; }
 };
 
 /// The frame in screen space of a rectangle of the screen.
@@ -76,7 +74,6 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        user.releaseButton();
         surface.reset();
         card.reset();
         surfaces.reset();
@@ -100,11 +97,6 @@ private Q_SLOTS:
         surface->setFrame(lowerLeft(pixels));
         surface->present(FloatingSurface::Keyboard::take);
         QTRY_VERIFY(surface->isKey());
-        if (isAtTheEdge(pixels) && windowManager == u"kwin_x11") {
-            // It insists on the whole of a window being seen.
-            QTRY_COMPARE(windowFrame(), QRect(QPoint(0, 600), pixels.size()));
-            return;
-        }
         QTRY_COMPARE(windowFrame(), pixels);
         const QRect seen = pixels & screenFrame;
         QTRY_COMPARE(user.colorAt(seen.topLeft()), paper);
@@ -122,7 +114,6 @@ private Q_SLOTS:
     {
         surface->setFrame(lowerLeft({100, 100, 200, 150}));
         surface->present(FloatingSurface::Keyboard::take);
-        QTRY_VERIFY(surface->isKey());
         QTRY_COMPARE(windowFrame(), QRect(100, 100, 200, 150));
         surface->setFrame(lowerLeft({500, 300, 260, 100}));
         QTRY_COMPARE(windowFrame(), QRect(500, 300, 260, 100));
@@ -130,7 +121,6 @@ private Q_SLOTS:
         QVERIFY(!surface->isVisible());
         surface->setFrame(lowerLeft({700, 50, 120, 80}));
         surface->present(FloatingSurface::Keyboard::take);
-        QTRY_VERIFY(surface->isKey());
         QTRY_COMPARE(windowFrame(), QRect(700, 50, 120, 80));
         QTRY_COMPARE(user.colorAt({701, 51}), paper);
     }
@@ -241,7 +231,7 @@ private Q_SLOTS:
             std::free(xcb_grab_keyboard_reply(client.xcb(), cookie, nullptr));
             user.tap(XK_c);
             xcb_ungrab_keyboard(client.xcb(), XCB_CURRENT_TIME);
-            QVERIFY(!client.hasFocus()); // the answer comes once the grab has ended
+            xcb_flush(client.xcb());
         }
         user.tap(XK_d);
         QTRY_VERIFY(card->keys.contains(Qt::Key_D));
@@ -290,17 +280,11 @@ private Q_SLOTS:
 
         user.movePointer({150, 140});
         user.pressButton();
-        QTRY_COMPARE(card->presses, 1);
+        QCoreApplication::processEvents();
         surface->startMove();
-        // The window manager takes the pointer over in its own time.
-        int step = 0;
-        const auto followsThePointer = [&] {
-            step = (step + 1) % 50;
-            user.movePointer({150 + step, 140 + step});
-            return windowFrame().topLeft() != QPoint(100, 100);
-        };
-        QTRY_VERIFY(followsThePointer());
-        user.movePointer({350, 240});
+        QTest::qWait(100); // the window manager takes the pointer over
+        for (int step = 1; step <= 10; ++step)
+            user.movePointer({150 + 20 * step, 140 + 10 * step});
         user.releaseButton();
         QTRY_COMPARE(windowFrame().topLeft(), QPoint(300, 200));
         QTRY_COMPARE(surface->frame(), lowerLeft({300, 200, 120, 80}));
@@ -312,9 +296,8 @@ private Q_SLOTS:
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::take);
-        QTRY_VERIFY(surface->isKey());
         QTRY_COMPARE(windowFrame(), QRect(100, 100, 120, 80));
-        QTest::qWait(300); // until it is not the window manager's placing any more
+        QTRY_VERIFY(surface->isKey());
         QSignalSpy moved(surface.get(), &FloatingSurface::frameChangedByUser);
         QProcess::execute(u"xdotool"_s,
                           {u"windowmove"_s, QString::number(card->winId()), u"340"_s, u"220"_s});
@@ -376,14 +359,13 @@ private Q_SLOTS:
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::leave);
         QTRY_COMPARE(user.colorAt({101, 101}), paper);
-        desktop.setWindowManager(windowManager);
+        desktop.setWindowManager(
+            qEnvironmentVariable("DRIFTBOX_TEST_WINDOW_MANAGER", u"openbox"_s));
 
         QTRY_COMPARE(windowFrame(), QRect(100, 100, 120, 80));
         QTRY_COMPARE(user.colorAt({101, 101}), paper);
         QTRY_VERIFY(property(u"_NET_WM_STATE"_s).contains(u"ABOVE"_s));
-        X11Client client({.frame = {600, 400, 300, 200}});
-        QTRY_VERIFY(client.isViewable());
-        user.click(client.frame().center());
+        X11Client client;
         QTRY_VERIFY(client.hasFocus());
         surface->present(FloatingSurface::Keyboard::take);
         QTRY_VERIFY(surface->isKey());
@@ -417,9 +399,9 @@ private:
         return QString::fromUtf8(query.readAllStandardOutput());
     }
 
-    void switchDesktop(int index) const
+    static void switchDesktop(int index)
     {
-        if (windowManager == u"i3")
+        if (qEnvironmentVariable("DRIFTBOX_TEST_WINDOW_MANAGER") == u"i3")
             QProcess::execute(u"i3-msg"_s, {u"workspace"_s, QString::number(index + 1)});
         else
             QProcess::execute(u"xdotool"_s, {u"set_desktop"_s, QString::number(index)});
@@ -441,14 +423,7 @@ private:
         return 0;
     }
 
-    [[nodiscard]] static bool isAtTheEdge(const QRect& pixels)
-    {
-        return !screenFrame.contains(pixels);
-    }
-
     VirtualDesktop& desktop;
-    const QString windowManager =
-        qEnvironmentVariable("DRIFTBOX_TEST_WINDOW_MANAGER", u"openbox"_s);
     X11User user;
     std::unique_ptr<X11Connection> connection;
     std::unique_ptr<X11FloatingSurfaces> surfaces;

@@ -1,0 +1,106 @@
+#include "platform/desktop/FocusSearch.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+// Beyond these the search costs the other application more than the answer is worth.
+constexpr qsizetype childLimit = 100;
+constexpr int elementLimit = 600;
+
+} // namespace
+
+FocusSearch::FocusSearch(const QDBusConnection& bus, QObject* parent)
+    : QObject(parent)
+    , m_bus(bus)
+{
+    askChildren({u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s},
+                &FocusSearch::searchApplication);
+}
+
+void FocusSearch::searchApplication(const AccessibleReference& application)
+{
+    askChildren(application, &FocusSearch::checkTopLevel);
+}
+
+void FocusSearch::checkTopLevel(const AccessibleReference& topLevel)
+{
+    askStates(topLevel, [this, topLevel](const AccessibleStates& states) {
+        if (states.active)
+            searchBelow(topLevel);
+    });
+}
+
+void FocusSearch::searchBelow(const AccessibleReference& element)
+{
+    askChildren(element, &FocusSearch::checkElement);
+}
+
+// The active tab of a tab bar, say, may claim the focus too, but it has no caret.
+void FocusSearch::checkElement(const AccessibleReference& element)
+{
+    askStates(element, [this, element](const AccessibleStates& states) {
+        if (states.focused)
+            checkText(element);
+        if (states.showing && !states.managesDescendants)
+            searchBelow(element);
+    });
+}
+
+void FocusSearch::checkText(const AccessibleReference& element)
+{
+    ++m_awaited;
+    AccessibleObject(m_bus, element)
+        .askCaretOffset(this, [this, element](const std::optional<int>& offset) {
+            if (offset && *offset >= 0)
+                finish(element);
+            answerArrived();
+        });
+}
+
+void FocusSearch::askChildren(const AccessibleReference& element,
+                              void (FocusSearch::*forEach)(const AccessibleReference&))
+{
+    if (m_finished)
+        return;
+    ++m_awaited;
+    AccessibleObject(m_bus, element).askChildren(this, [this, forEach](const auto& children) {
+        const auto found = children.value_or(QList<AccessibleReference>());
+        for (const auto& child : found.first(std::min(found.size(), childLimit)))
+            (this->*forEach)(child);
+        answerArrived();
+    });
+}
+
+void FocusSearch::askStates(const AccessibleReference& element,
+                            std::function<void(const AccessibleStates&)> handle)
+{
+    if (m_finished || ++m_asked > elementLimit)
+        return;
+    ++m_awaited;
+    AccessibleObject(m_bus, element)
+        .askStates(this, [this, handle = std::move(handle)](const auto& states) {
+            if (states)
+                handle(*states);
+            answerArrived();
+        });
+}
+
+void FocusSearch::answerArrived()
+{
+    if (--m_awaited == 0)
+        finish(std::nullopt);
+}
+
+void FocusSearch::finish(const std::optional<AccessibleReference>& focused)
+{
+    if (!std::exchange(m_finished, true))
+        Q_EMIT finished(focused);
+}
+
+} // namespace driftbox

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/desktop/AccessibleObject.h"
+
+#include <functional>
+#include <optional>
+
+#include <QtCore/QObject>
+
+namespace driftbox {
+
+/// One search for the text that has the focus, for the times when nobody has told where it is: from
+/// the window that says it is active down to an element with a caret that says it is focused. An
+/// application that hangs holds up nothing but itself. Destroying the search ends it. Main thread
+/// only.
+class FocusSearch final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Starts to search.
+    FocusSearch(const QDBusConnection& bus, QObject* parent);
+
+Q_SIGNALS:
+    /// Once, later; none when there is no such text.
+    void finished(const std::optional<driftbox::AccessibleReference>& focused);
+
+private:
+    void searchApplication(const AccessibleReference& application);
+    void checkTopLevel(const AccessibleReference& topLevel);
+    void searchBelow(const AccessibleReference& element);
+    void checkElement(const AccessibleReference& element);
+    void checkText(const AccessibleReference& element);
+
+    void askChildren(const AccessibleReference& element,
+                     void (FocusSearch::*forEach)(const AccessibleReference&));
+    void askStates(const AccessibleReference& element,
+                   std::function<void(const AccessibleStates&)> handle);
+    void answerArrived();
+    void finish(const std::optional<AccessibleReference>& focused);
+
+    QDBusConnection m_bus;
+    int m_awaited = 0; ///< answers
+    int m_asked = 0;   ///< elements so far
+    bool m_finished = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/ActiveWindow.h"
+
+namespace driftbox {
+
+/// An active window where a test puts it.
+class FakeActiveWindow final : public ActiveWindow
+{
+public:
+    void deviceFrame(QObject* /*owner*/, Answer answer) override { answer(frame); }
+
+    std::optional<QRect> frame;
+};
+
+} // namespace driftbox

@@ -11,7 +11,7 @@ import sys
 from pathlib import Path
 
 # The sources of src/app that choose the back-ends: they alone name them.
-COMPOSITION_ROOT = re.compile(r"app/(main|Platform\w*|\w*Platform|AppCoordinator)\.(cpp|h)")
+COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop)\.(cpp|h)")
 
 # Classes that only keep data; what decides and acts builds on them, never the other way round.
 RECORD = re.compile(r"(Store|Item|Manifest|Note|NoteColor|NoteFrame|Document)$")

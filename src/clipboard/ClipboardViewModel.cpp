@@ -4,7 +4,6 @@
 #include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
-#include "core/CaseInsensitiveMatcher.h"
 #include "core/NotificationCenter.h"
 #include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
@@ -52,6 +51,7 @@ void ClipboardViewModel::handleCapture(const ClipboardMonitor::CapturedContent& 
 void ClipboardViewModel::refresh()
 {
     m_items = m_services.store.allItems();
+    m_search.forget();
     Q_EMIT itemsChanged();
 }
 
@@ -74,14 +74,15 @@ void ClipboardViewModel::setQuery(const QString& query)
 std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
 {
     const QString wanted = m_query.trimmed();
-    if (wanted.isEmpty())
+    if (wanted.isEmpty()) {
+        m_search.forget();
         return m_items;
-
-    const CaseInsensitiveMatcher matcher(wanted, QLocale());
+    }
+    const ClipboardSearch::Places& places = m_search.find(m_items, wanted);
     std::vector<ClipboardItem> visible;
-    std::ranges::copy_if(m_items, std::back_inserter(visible), [&](const ClipboardItem& item) {
-        return item.kind == Kind::text && item.textContent && matcher.isIn(*item.textContent);
-    });
+    visible.reserve(places.size());
+    for (const auto place : places)
+        visible.push_back(m_items[place]);
     return visible;
 }
 

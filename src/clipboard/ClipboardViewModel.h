@@ -2,6 +2,7 @@
 
 #include "clipboard/ClipboardItem.h"
 #include "clipboard/ClipboardMonitor.h"
+#include "clipboard/ClipboardSearch.h"
 
 #include <optional>
 #include <vector>
@@ -109,6 +110,7 @@ private:
     ClipboardServices m_services;
     std::vector<ClipboardItem> m_items;
     QString m_query;
+    mutable ClipboardSearch m_search;
     std::optional<ClipboardItemId> m_ocrProcessingId;
 };
 

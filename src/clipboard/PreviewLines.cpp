@@ -9,8 +9,8 @@ namespace driftbox {
 
 namespace {
 
-// More characters than a line of the panel has room for, however slim they are.
-constexpr qsizetype longestLine = 400;
+// More characters than two lines of the panel have room for, however slim they are.
+constexpr qsizetype longestLine = 240;
 // Where blank lines, white space or what is left out go on and on, the rest is not looked for.
 constexpr qsizetype farthest = 4000;
 

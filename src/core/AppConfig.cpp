@@ -19,6 +19,12 @@ QString settingsFolder()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/driftbox"_s;
 }
 
+QString autostartFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+           + u"/autostart"_s;
+}
+
 QUrl feedbackURL()
 {
     return QUrl(QStringLiteral(DRIFTBOX_FEEDBACK_URL));

@@ -15,6 +15,9 @@ namespace storage {
 /// The folder of the settings file; it need not exist.
 [[nodiscard]] QString settingsFolder();
 
+/// The folder of what the session starts when the user logs in; it need not exist.
+[[nodiscard]] QString autostartFolder();
+
 /// The product's feedback page, set at build time.
 [[nodiscard]] QUrl feedbackURL();
 

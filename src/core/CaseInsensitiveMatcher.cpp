@@ -123,6 +123,7 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
         return !m_needle.empty() && m_needle[index][2] != m_needle[index][0];
     };
     m_haveManyVariants = hasMany(m_first) || hasMany(m_second);
+    m_isFirstRare = !m_needle.empty() && frequency(m_needle[m_first].front()) < frequency(u'u');
 }
 
 bool CaseInsensitiveMatcher::matchesAt(const char16_t* text) const
@@ -148,7 +149,7 @@ bool CaseInsensitiveMatcher::matchesAtOneOf(const char16_t* text, const Mask& pl
     return false;
 }
 
-template <size_t variantCount>
+template <size_t variantCount, bool isFirstRare>
 bool CaseInsensitiveMatcher::isInSteps(const char16_t* text, qsizetype steps) const
 {
     const Variants first = m_needle[m_first];
@@ -163,8 +164,11 @@ bool CaseInsensitiveMatcher::isInSteps(const char16_t* text, qsizetype steps) co
     const char16_t* const end = text + steps * lanes;
     for (const char16_t* place = text; place != end; place += lanes) {
         const Mask candidates = matching(place + m_first, first);
-        if (!any(candidates))
-            continue;
+        // Where it is met every now and then, guessing wrong costs more than always looking twice.
+        if constexpr (isFirstRare) {
+            if (!any(candidates))
+                continue;
+        }
         const Mask both = candidates & matching(place + m_second, second);
         if (any(both) && matchesAtOneOf(place, both))
             return true;
@@ -180,7 +184,11 @@ bool CaseInsensitiveMatcher::isIn(QStringView text) const
 
     const char16_t* const start = text.utf16();
     const qsizetype steps = places / lanes;
-    if (m_haveManyVariants ? isInSteps<4>(start, steps) : isInSteps<2>(start, steps))
+    const bool isFound = m_isFirstRare ? (m_haveManyVariants ? isInSteps<4, true>(start, steps)
+                                                             : isInSteps<2, true>(start, steps))
+                                       : (m_haveManyVariants ? isInSteps<4, false>(start, steps)
+                                                             : isInSteps<2, false>(start, steps));
+    if (isFound)
         return true;
     for (qsizetype place = steps * lanes; place < places; ++place) {
         if (matchesAt(start + place))

@@ -32,12 +32,13 @@ private:
     /// Whether the needle is at one of the places, counted from `text`, whose lane is set.
     [[nodiscard]] bool matchesAtOneOf(const char16_t* text, const Mask& places) const;
     /// Whether the needle is at one of the first `steps` times `lanes` places.
-    template <size_t variantCount>
+    template <size_t variantCount, bool isFirstRare>
     [[nodiscard]] bool isInSteps(const char16_t* text, qsizetype steps) const;
 
     std::vector<Variants> m_needle;
     size_t m_first = 0;  ///< the two characters of the needle that are looked for in steps: those
     size_t m_second = 0; ///< that are rarest in prose
+    bool m_isFirstRare = false;      ///< the first of them is hardly ever met in prose
     bool m_haveManyVariants = false; ///< one of these two matches more than two characters
 };
 

@@ -15,6 +15,21 @@ QPointF flipped(QPointF point, qreal primaryHeight)
     return {point.x(), primaryHeight - point.y()};
 }
 
+QRectF fromToolkit(const QRectF& rectangle, const QRectF& primary)
+{
+    return flipped(rectangle.translated(-primary.topLeft()), primary.height());
+}
+
+QPointF fromToolkit(QPointF point, const QRectF& primary)
+{
+    return flipped(point - primary.topLeft(), primary.height());
+}
+
+QRectF toToolkit(const QRectF& rectangle, const QRectF& primary)
+{
+    return flipped(rectangle, primary.height()).translated(primary.topLeft());
+}
+
 std::optional<QRectF> desktopFromDevice(const QRectF& pixels, const std::vector<Screen>& screens)
 {
     const auto holdsCentre = [centre = pixels.center()](const Screen& screen) {

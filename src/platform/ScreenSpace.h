@@ -7,13 +7,15 @@
 
 #include <QtCore/QRectF>
 
-/// The one place where coordinates are converted. Three spaces meet here, all but the last in
+/// The one place where coordinates are converted. Four spaces meet here, all but the last in
 /// points:
 /// - screen space: origin at the bottom left corner of the primary screen, y growing upwards; used
 /// by
 ///   all models and manifests;
 /// - desktop space: origin at the top left corner of the primary screen, y growing downwards; what
-///   accessibility and the toolkit speak;
+///   accessibility speaks;
+/// - toolkit space: origin at the top left corner of the whole desktop, which another screen may
+///   hold, y growing downwards;
 /// - device space: pixels of the whole desktop, y growing downwards.
 namespace driftbox::ScreenSpace {
 
@@ -21,6 +23,11 @@ namespace driftbox::ScreenSpace {
 /// ways.
 [[nodiscard]] QRectF flipped(const QRectF& rectangle, qreal primaryHeight);
 [[nodiscard]] QPointF flipped(QPointF point, qreal primaryHeight);
+
+/// Between toolkit space and screen space; `primary` is the primary screen in toolkit space.
+[[nodiscard]] QRectF fromToolkit(const QRectF& rectangle, const QRectF& primary);
+[[nodiscard]] QPointF fromToolkit(QPointF point, const QRectF& primary);
+[[nodiscard]] QRectF toToolkit(const QRectF& rectangle, const QRectF& primary);
 
 /// A rectangle in device space as desktop space sees it, by the scale of the screen that holds its
 /// centre; none when no screen does.

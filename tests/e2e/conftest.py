@@ -1,13 +1,14 @@
 """Every test gets a desktop of its own; what it starts ends with it."""
 
 import sys
+from contextlib import ExitStack
 from pathlib import Path
 
 import pytest
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from harness import screenshot  # noqa: E402
+from harness import pictures, screenshot  # noqa: E402
 from harness.desktop import Desktop  # noqa: E402
 from harness.program import PROGRAM, PROJECT, Program  # noqa: E402
 
@@ -31,26 +32,46 @@ def pytest_runtest_makereport(item, call):
 
 
 @pytest.fixture
-def desktop(request):
-    """A running desktop. When the test fails a picture of it and its logs are kept."""
-    marker = request.node.get_closest_marker("desktop")
-    with Desktop(**(marker.kwargs if marker else {})) as running:
-        yield running
-        report = getattr(request.node, "report_call", None)
-        if report is not None and report.failed:
-            _keep_traces(running, request.node.name)
+def make_desktop(request):
+    """Brings up desktops. When the test fails a picture and the logs of each are kept."""
+    with ExitStack() as running:
+        def make(**options):
+            desktop = running.enter_context(Desktop(**options))
+            running.callback(_keep_traces_of_failure, desktop, request.node)
+            return desktop
+
+        yield make
 
 
 @pytest.fixture
-def stopped_program(desktop):
-    """The program, not started yet. A complaint in its log that the test did not expect fails it."""
-    program = Program(desktop)
-    yield program
-    complaints = program.unexpected_complaints()
-    if program.process is not None and program.is_running:
-        program.stop()
+def make_program():
+    """Makes programs, not started yet. A complaint in a log that was not expected fails the test."""
+    programs = []
+
+    def make(desktop):
+        programs.append(Program(desktop))
+        return programs[-1]
+
+    yield make
+    complaints = [line for program in programs for line in program.unexpected_complaints()]
+    for program in programs:
+        if program.is_running:
+            program.stop()
     assert not complaints, "unexpected lines in the program's log: " + "; ".join(
         f"{line.level} {line.category}: {line.message}" for line in complaints)
+
+
+@pytest.fixture
+def desktop(request, make_desktop):
+    """A running desktop, as the marker of the test wants it."""
+    marker = request.node.get_closest_marker("desktop")
+    return make_desktop(**(marker.kwargs if marker else {}))
+
+
+@pytest.fixture
+def stopped_program(desktop, make_program):
+    """The program, not started yet."""
+    return make_program(desktop)
 
 
 @pytest.fixture
@@ -59,9 +80,18 @@ def program(stopped_program):
     return stopped_program.start()
 
 
-def _keep_traces(desktop, name):
-    folder = FAILURES / name.replace("/", "_")
+def _keep_traces_of_failure(desktop, test):
+    report = getattr(test, "report_call", None)
+    if report is None or not report.failed or desktop.display is None:
+        return
+    folder = FAILURES / test.name.replace("/", "_")
     folder.mkdir(parents=True, exist_ok=True)
     screenshot.take(desktop.display).save(folder / "screen.png")
     for log in (desktop.folder / "logs").iterdir():
         (folder / log.name).write_bytes(log.read_bytes())
+
+
+@pytest.fixture
+def picture():
+    """The bytes of a PNG file."""
+    return pictures.encoded(pictures.colourful(), "PNG")

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A desktop that turns light or dark when a test says so.
+/// A desktop that turns light or dark and changes its accent colour when a test says so.
 class FakeAppearance final : public Appearance
 {
 public:
@@ -19,7 +19,15 @@ public:
         Q_EMIT colorSchemeChanged(scheme);
     }
 
+    [[nodiscard]] std::optional<QColor> accentColor() const override { return m_accent; }
+    void setAccentColor(std::optional<QColor> accent)
+    {
+        m_accent = accent;
+        Q_EMIT accentColorChanged();
+    }
+
 private:
+    std::optional<QColor> m_accent;
     ColorScheme m_scheme = ColorScheme::light;
 };
 

@@ -1,5 +1,6 @@
 #include "panel/view/ThemeFollower.h"
 
+#include "panel/view/Contrast.h"
 #include "panel/view/QuietStyle.h"
 
 #include <QtGui/QFontDatabase>
@@ -14,6 +15,7 @@ namespace driftbox {
 namespace {
 
 constexpr int textSize = 13;
+constexpr double legible = 3.0; // the contrast that large text and symbols need
 
 struct Colors
 {
@@ -57,10 +59,10 @@ QPalette paletteOf(const Colors& colors)
     QPalette palette(colors.text, colors.button, colors.button.lighter(120),
                      colors.button.darker(140), colors.button.darker(115), colors.text, colors.text,
                      colors.base, colors.window);
-    const bool highlightIsLight = qGray(colors.highlight.rgb()) > 140;
+    const bool whiteCanBeRead = contrast(Qt::white, colors.highlight) >= legible;
     palette.setColor(QPalette::AlternateBase, colors.alternateBase);
     palette.setColor(QPalette::Highlight, colors.highlight);
-    palette.setColor(QPalette::HighlightedText, highlightIsLight ? Qt::black : Qt::white);
+    palette.setColor(QPalette::HighlightedText, whiteCanBeRead ? Qt::white : Qt::black);
     palette.setColor(QPalette::Link, colors.accent);
     palette.setColor(QPalette::LinkVisited, colors.accent);
     palette.setColor(QPalette::PlaceholderText, colors.placeholder);
@@ -72,11 +74,11 @@ QPalette paletteOf(const Colors& colors)
 }
 
 // A desktop's theme replaces the highlight of the toolkit's own palette by its accent colour.
-QColor desktopAccent()
+std::optional<QColor> accentOfTheToolkitsTheme()
 {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
     const QColor toolkits = QApplication::style()->standardPalette().color(QPalette::Highlight);
-    return highlight == toolkits ? QColor() : highlight;
+    return highlight == toolkits ? std::nullopt : std::optional(highlight);
 }
 
 // The font that the desktop has been given, unless that is only the generic one.
@@ -99,20 +101,25 @@ QFont applicationFont()
 
 ThemeFollower::ThemeFollower(const Appearance& appearance, QObject* parent)
     : QObject(parent)
+    , m_appearance(appearance)
 {
     QApplication::setStyle(new QuietStyle);
     QApplication::setPalette(QPalette()); // back to the desktop's
-    m_desktopAccent = desktopAccent();
+    m_themeAccent = accentOfTheToolkitsTheme();
     QApplication::setFont(applicationFont());
-    apply(appearance.colorScheme());
-    connect(&appearance, &Appearance::colorSchemeChanged, this, &ThemeFollower::apply);
+    apply();
+    connect(&m_appearance, &Appearance::colorSchemeChanged, this, &ThemeFollower::apply);
+    connect(&m_appearance, &Appearance::accentColorChanged, this, &ThemeFollower::apply);
 }
 
-void ThemeFollower::apply(ColorScheme scheme) const
+void ThemeFollower::apply() const
 {
-    Colors colors = scheme == ColorScheme::dark ? darkColors : lightColors;
-    if (m_desktopAccent.isValid())
-        colors.accent = colors.highlight = m_desktopAccent;
+    Colors colors = m_appearance.colorScheme() == ColorScheme::dark ? darkColors : lightColors;
+    const auto desktopAccent = m_appearance.accentColor();
+    if (const auto accent = desktopAccent ? desktopAccent : m_themeAccent) {
+        colors.highlight = *accent;
+        colors.accent = withContrast(*accent, colors.window, legible);
+    }
     QApplication::setPalette(paletteOf(colors));
 }
 

@@ -2,13 +2,15 @@
 
 #include "platform/Appearance.h"
 
+#include <optional>
+
 #include <QtCore/QObject>
 #include <QtGui/QColor>
 
 namespace driftbox {
 
-/// Gives the application its widget style, its font and, whenever the desktop turns light or dark,
-/// its palette. Needs a QApplication.
+/// Gives the application its widget style, its font and, whenever the desktop turns light or dark
+/// or changes its accent colour, its palette. Needs a QApplication.
 class ThemeFollower : public QObject
 {
     Q_OBJECT
@@ -18,9 +20,10 @@ public:
     explicit ThemeFollower(const Appearance& appearance, QObject* parent = nullptr);
 
 private:
-    void apply(ColorScheme scheme) const;
+    void apply() const;
 
-    QColor m_desktopAccent; ///< invalid when the desktop has none
+    const Appearance& m_appearance;
+    std::optional<QColor> m_themeAccent; ///< what the toolkit knows of the desktop's
 };
 
 } // namespace driftbox

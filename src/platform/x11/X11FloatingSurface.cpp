@@ -24,20 +24,31 @@ namespace {
 // before; what stands after this long is where the user wants it.
 constexpr auto settleDelay = 60ms;
 
+// How long after it is mapped a window may still be put elsewhere by the window manager.
+constexpr auto placingTime = 250ms;
+
+constexpr int maxPlacingRequests = 3;
+constexpr auto takeoverTime = 2s; // the same where a window manager finds the window there
+
 constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolkit's name for it
 
 constexpr auto floatingProperty = "driftboxFloating";
 
-qreal primaryHeight()
+QRectF primaryScreen()
 {
     const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary != nullptr ? primary->geometry().height() : 0;
+    return primary != nullptr ? QRectF(primary->geometry()) : QRectF();
 }
 
-QRect toDesktop(const QRectF& frame)
+QRectF frameOf(const QWindow& window)
 {
-    const QRectF flipped = ScreenSpace::flipped(frame, primaryHeight());
-    return {flipped.topLeft().toPoint(), flipped.size().toSize()};
+    return ScreenSpace::fromToolkit(QRectF(window.geometry()), primaryScreen());
+}
+
+QRect geometryFor(const QRectF& frame)
+{
+    const QRectF geometry = ScreenSpace::toToolkit(frame, primaryScreen());
+    return {geometry.topLeft().toPoint(), geometry.size().toSize()};
 }
 
 } // namespace
@@ -55,7 +66,7 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     , m_id(static_cast<xcb_window_t>(window.winId()))
     , m_hints(connection, m_id, role)
     , m_windowManager(connection, QtXcb::connection())
-    , m_frame(ScreenSpace::flipped(QRectF(window.geometry()), primaryHeight()))
+    , m_frame(frameOf(window))
 {
     // That it stays on top is among the hints: as a flag it would make the toolkit replace the
     // window by another when it is shown.
@@ -84,7 +95,7 @@ void X11FloatingSurface::setFrame(const QRectF& frame)
 {
     m_frame = frame;
     m_settleTimer.stop();
-    m_window.setGeometry(toDesktop(frame));
+    m_window.setGeometry(geometryFor(frame));
 }
 
 bool X11FloatingSurface::isVisible() const
@@ -141,8 +152,11 @@ void X11FloatingSurface::handleExposed()
 {
     // A window manager may overlook the shape for the mouse that a window brings along, but not a
     // change of it.
-    if (std::exchange(m_isFreshlyMapped, false))
+    if (std::exchange(m_isFreshlyMapped, false)) {
+        insistOnPlaceFor(placingTime);
         applyShape();
+        noticeGeometry();
+    }
     if (std::exchange(m_takesKeyboardOnceViewable, false))
         m_windowManager.activateByHand(m_id);
 }
@@ -187,8 +201,10 @@ void X11FloatingSurface::setKey(bool key)
 
 void X11FloatingSurface::handleNewWindowManager()
 {
-    if (m_window.isVisible())
-        m_hints.repeat();
+    if (!m_window.isVisible())
+        return;
+    m_hints.repeat();
+    insistOnPlaceFor(takeoverTime);
 }
 
 bool X11FloatingSurface::isComposited() const
@@ -213,27 +229,42 @@ void X11FloatingSurface::applyShape()
 
 void X11FloatingSurface::startMove()
 {
+    m_placingRequests = 0;
     m_window.startSystemMove();
 }
 
 void X11FloatingSurface::startResize(Qt::Edges edges)
 {
+    m_placingRequests = 0;
     m_window.startSystemResize(edges);
 }
 
 void X11FloatingSurface::noticeGeometry()
 {
-    if (m_window.isVisible() && m_window.geometry() != toDesktop(m_frame) &&
-        !m_settleTimer.isActive())
+    // On its way to the screen a window passes through other places.
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
+        return;
+    // A window manager that has its own idea of a place for a new window heeds a second request.
+    if (m_placingRequests > 0 && !m_placingDeadline.hasExpired()) {
+        --m_placingRequests;
+        m_window.setGeometry(geometryFor(m_frame));
+    } else if (!m_settleTimer.isActive()) {
         m_settleTimer.start();
+    }
+}
+
+void X11FloatingSurface::insistOnPlaceFor(std::chrono::milliseconds time)
+{
+    m_placingRequests = maxPlacingRequests;
+    m_placingDeadline = QDeadlineTimer(time);
 }
 
 void X11FloatingSurface::settleGeometry()
 {
     m_settleTimer.stop();
-    if (!m_window.isVisible() || m_window.geometry() == toDesktop(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
         return;
-    m_frame = ScreenSpace::flipped(QRectF(m_window.geometry()), primaryHeight());
+    m_frame = frameOf(m_window);
     Q_EMIT frameChangedByUser(m_frame);
 }
 

@@ -4,8 +4,10 @@
 #include "platform/x11/X11FloatingHints.h"
 #include "platform/x11/X11WindowManager.h"
 
+#include <chrono>
 #include <cstdint>
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QTimer>
 
 #include <xcb/xcb.h>
@@ -55,6 +57,7 @@ private:
     void applyShape();
     void noticeGeometry();
     void settleGeometry();
+    void insistOnPlaceFor(std::chrono::milliseconds time);
 
     QWindow& m_window;
     X11Connection& m_connection;
@@ -66,6 +69,8 @@ private:
     QRectF m_frame; ///< as it was asked for, until the user changes it
     QRegion m_shape;
     QTimer m_settleTimer;
+    QDeadlineTimer m_placingDeadline;
+    int m_placingRequests = 0; ///< left until then
     bool m_isKey = false;
     std::uint64_t m_focusChanges = 0;
     bool m_isFreshlyMapped = false;

@@ -72,11 +72,11 @@ class GtkEditor(_Editor):
 class Mousepad(_Editor):
     """A GTK 3 application."""
 
-    def __init__(self, desktop, text=""):
-        path = desktop.folder / "mousepad.txt"
+    def __init__(self, desktop, text="", name="mousepad.txt"):
+        path = desktop.folder / "home" / name
         path.write_text(text, encoding="utf-8")
         process = desktop.processes.start("mousepad", "--disable-server", path)
-        super().__init__(desktop, process, "Mousepad")
+        super().__init__(desktop, process, f"{name} - Mousepad")
 
 
 class FeatherPad(_Editor):
@@ -87,6 +87,38 @@ class FeatherPad(_Editor):
         path.write_text(text, encoding="utf-8")
         process = desktop.processes.start("featherpad", "--standalone", path)
         super().__init__(desktop, process, "featherpad.txt")
+
+
+class FocusWriter(Application):
+    """A Qt 6 word processor with a document of rich text."""
+
+    _SETTINGS = "[Window]\nFullscreen=false\nMaximized=false\n"
+
+    def __init__(self, desktop, rtf, name="focuswriter.rtf"):
+        settings = Path(desktop.environment["XDG_CONFIG_HOME"]) / "GottCode/FocusWriter.conf"
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text(self._SETTINGS, encoding="ascii")
+        path = desktop.folder / "home" / name
+        path.write_text(rtf, encoding="ascii")
+        process = desktop.processes.start("focuswriter", path)
+        super().__init__(desktop, process, f"{name} — FocusWriter")
+        self.focus()
+
+
+class PictureViewer(Application):
+    """A Qt 5 picture viewer with a picture."""
+
+    def __init__(self, desktop, picture, name="picture.png"):
+        path = desktop.folder / "home" / name
+        picture.save(path)
+        process = desktop.processes.start("lximage-qt", path)
+        super().__init__(desktop, process, name)
+        self.focus()
+
+    def copy(self):
+        """Chooses the command from the menu: it is the second there that goes by C."""
+        self.desktop.keyboard.tap("e", ["Alt_L"])
+        self.desktop.keyboard.type("cc\n")
 
 
 class XTerm(Application):

@@ -167,6 +167,16 @@ class Desktop:
         self.processes.stop(self.compositor)
         wait_for(lambda: not self.windows.is_composited(), "the compositor to be gone")
 
+    # Misfortunes
+
+    def stop_server(self):
+        """Ends the X server under its clients."""
+        self.display = None
+        self.processes.stop(self._server)
+
+    def stop_accessibility(self):
+        self.processes.stop(self._accessibility)
+
     # Parts of the session
 
     def _make_folder(self, name):
@@ -209,14 +219,14 @@ class Desktop:
     def _start_server(self):
         width, height = self.size()
         read_end, write_end = os.pipe()
-        server = self.processes.start(
+        self._server = self.processes.start(
             "Xvfb", "-displayfd", write_end, "-screen", "0", f"{width}x{height}x24",
             "-dpi", self._dpi, "-nolisten", "tcp", "-noreset", pass_fds=(write_end,))
         os.close(write_end)
         with os.fdopen(read_end, encoding="ascii") as answer:
             number = answer.readline().strip()
         if not number:
-            raise RuntimeError(f"the X server did not start: exit code {server.wait()}")
+            raise RuntimeError(f"the X server did not start: exit code {self._server.wait()}")
         self.environment["DISPLAY"] = f":{number}"
         self.display = self.connect()
         self.windows = Windows(self.display)
@@ -245,5 +255,5 @@ class Desktop:
         self.processes.start("dbus-daemon", "--nofork", f"--config-file={configuration}")
         wait_for(socket.exists, "the session bus")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
-        self.processes.start(AT_SPI_LAUNCHER, "--launch-immediately")
+        self._accessibility = self.processes.start(AT_SPI_LAUNCHER, "--launch-immediately")
         self.tree = Tree(self.environment["DBUS_SESSION_BUS_ADDRESS"])

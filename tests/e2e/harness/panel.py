@@ -96,13 +96,12 @@ class Panel:
 
     def click_action(self, row_name, action):
         """Puts the pointer on a row and clicks one of the buttons that it has."""
-        row = self.hover(row_name)
-        area = row.extents()
-        button = wait_for(
-            lambda: next((node for node in self.node().find_all(name=action)
-                          if node.is_showing and node.extents().is_within(area)), None),
-            f"the button {action!r} of the row {row_name!r}")
+        button = self.hover(row_name).find(name=action)
         self._desktop.pointer.click(*button.extents().center)
+
+    def actions_of(self, row_name):
+        """The names of the buttons that a row has."""
+        return [button.name for button in self.row(row_name).children()]
 
     def click_button(self, name):
         self._desktop.pointer.click(*self.find(name).extents().center)

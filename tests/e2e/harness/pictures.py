@@ -17,6 +17,39 @@ def colourful(width=320, height=200):
     return picture
 
 
+def harbour(width=800, height=500):
+    """A lighthouse by the sea in the evening."""
+    picture = Image.new("RGB", (width, height))
+    draw = ImageDraw.Draw(picture)
+    horizon = height * 3 // 5
+    for y in range(horizon):
+        share = y / horizon
+        draw.line((0, y, width, y), fill=(int(50 + 195 * share), int(80 + 90 * share),
+                                          int(140 - 20 * share)))
+    for y in range(horizon, height):
+        share = (y - horizon) / (height - horizon)
+        draw.line((0, y, width, y), fill=(int(60 - 40 * share), int(90 - 50 * share),
+                                          int(130 - 50 * share)))
+    draw.ellipse((width // 5, horizon - 60, width // 5 + 120, horizon + 60), fill=(255, 225, 150))
+    draw.rectangle((0, horizon, width, horizon + 2), fill=(235, 190, 140))
+    for step in range(8):
+        y = horizon + 12 + step * 14
+        draw.line((width // 5 + 10 + step * 4, y, width // 5 + 110 - step * 4, y),
+                  fill=(250, 205, 140), width=3)
+    draw.ellipse((width // 2, horizon - 30, width + 200, height + 120), fill=(38, 48, 44))
+    left, right, foot, top = width * 3 // 4, width * 3 // 4 + 50, horizon - 12, height // 6
+    for band in range(6):
+        draw.polygon([(left + band * 2, foot - (foot - top) * band // 6),
+                      (right - band * 2, foot - (foot - top) * band // 6),
+                      (right - band * 2 - 2, foot - (foot - top) * (band + 1) // 6),
+                      (left + band * 2 + 2, foot - (foot - top) * (band + 1) // 6)],
+                     fill=(240, 236, 228) if band % 2 else (190, 60, 50))
+    draw.rectangle((left + 8, top - 28, right - 8, top), fill=(255, 240, 170))
+    draw.polygon([(left + 2, top - 28), (right - 2, top - 28), ((left + right) // 2, top - 54)],
+                 fill=(60, 40, 40))
+    return picture
+
+
 def encoded(picture, kind):
     """The picture's bytes; kinds that can lose nothing lose nothing."""
     buffer = io.BytesIO()

@@ -22,10 +22,19 @@ class Processes:
         self._log_folder = log_folder
         self._running = []
 
-    def start(self, *command, name=None, environment=None, **options):
-        """Starts `command`; what it prints goes to a file named after it, unless told otherwise."""
+    def start(self, *command, name=None, environment=None, limits=None, **options):
+        """Starts `command`; what it prints goes to a file named after it, unless told otherwise.
+
+        `limits` is called in the new process before the command takes it over.
+        """
         command = [str(part) for part in command]
         name = name or os.path.basename(command[0])
+
+        def prepare():
+            _die_with_parent()
+            if limits:
+                limits()
+
         with open(self._log_folder / f"{name}.log", "ab") as log:
             process = subprocess.Popen(
                 command,
@@ -34,7 +43,7 @@ class Processes:
                 stdout=options.pop("stdout", log),
                 stderr=options.pop("stderr", log),
                 start_new_session=True,
-                preexec_fn=_die_with_parent,
+                preexec_fn=prepare,
                 **options,
             )
         self._running.append(process)

@@ -113,6 +113,9 @@ class Program:
         self.root.mkdir(parents=True, exist_ok=True)
         self.manifest_path.write_text(text, encoding="utf-8")
 
+    def write_manifest_of(self, entries):
+        self.write_manifest(json.dumps(entries))
+
     def manifest(self):
         """The entries on disk, newest first. A manifest that is not whole raises."""
         if not self.manifest_path.exists():

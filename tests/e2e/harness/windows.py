@@ -111,6 +111,16 @@ class Windows:
             message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self._display.sync()
 
+    def move(self, window_id, x, y):
+        """Moves a window as its title bar would; the window manager may place it otherwise."""
+        self._object(window_id).configure(x=x, y=y)
+        self._display.sync()
+
+    def place(self, window_id, x, y, width, height):
+        """Moves and resizes a window."""
+        self._object(window_id).configure(x=x, y=y, width=width, height=height)
+        self._display.sync()
+
     def _object(self, window_id):
         return self._display.create_resource_object("window", window_id)
 

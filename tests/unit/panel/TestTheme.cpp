@@ -1,37 +1,14 @@
+#include "panel/view/Contrast.h"
 #include "panel/view/Theme.h"
 #include "panel/view/ThemeFollower.h"
 
 #include "fakes/FakeAppearance.h"
-
-#include <algorithm>
-#include <cmath>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
 using namespace driftbox;
-
-namespace {
-
-double luminance(const QColor& color)
-{
-    const auto linear = [](double channel) {
-        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-/// How well one colour can be told from the other: from 1, not at all, to 21.
-double contrast(const QColor& one, const QColor& other)
-{
-    const double first = luminance(one);
-    const double second = luminance(other);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-}
-
-} // namespace
 
 class TestTheme : public QObject
 {
@@ -82,6 +59,49 @@ private Q_SLOTS:
         const QPalette palette = QApplication::palette();
         QVERIFY(contrast(palette.color(QPalette::Highlight),
                          palette.color(QPalette::HighlightedText)) >= 4.0);
+    }
+
+    void theDesktopsAccentIsTakenOver()
+    {
+        FakeAppearance appearance;
+        const ThemeFollower follower(appearance);
+        const QColor own = Theme::accent();
+        const QColor purple(0x7a, 0x33, 0xb8);
+        appearance.setAccentColor(purple);
+        QCOMPARE(Theme::accent(), purple);
+        QCOMPARE(QApplication::palette().color(QPalette::Highlight), purple);
+        appearance.setAccentColor(std::nullopt);
+        QCOMPARE(Theme::accent(), own);
+    }
+
+    void everyAccentCanBeSeen_data()
+    {
+        QTest::addColumn<QColor>("accent");
+        for (const char* name : {"yellow", "white", "black", "navy", "red", "lime", "#777777"})
+            QTest::newRow(name) << QColor(QLatin1String(name));
+    }
+    void everyAccentCanBeSeen()
+    {
+        QFETCH(QColor, accent);
+        FakeAppearance appearance;
+        const ThemeFollower follower(appearance);
+        appearance.setAccentColor(accent);
+        for (const auto scheme : {ColorScheme::light, ColorScheme::dark}) {
+            appearance.setColorScheme(scheme);
+            QVERIFY(contrast(Theme::accent(), Theme::panelBackground()) >= 3.0);
+            const QPalette palette = QApplication::palette();
+            QVERIFY(contrast(palette.color(QPalette::Highlight),
+                             palette.color(QPalette::HighlightedText)) >= 3.0);
+        }
+    }
+
+    void contrastIsMeasured()
+    {
+        QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
+        QCOMPARE(contrast(Qt::white, Qt::black), 21.0);
+        QCOMPARE(contrast(Qt::red, Qt::red), 1.0);
+        QCOMPARE(withContrast(Qt::red, Qt::white, 3.0), QColor(Qt::red));
+        QCOMPARE(withContrast(Qt::black, Qt::black, 22.0), QColor(Qt::white));
     }
 
     void fontsHaveTheirSizesAndWeights()

@@ -40,6 +40,18 @@ private Q_SLOTS:
         QCOMPARE(ScreenSpace::flipped(ScreenSpace::flipped(rectangle, 900), 900), rectangle);
     }
 
+    void thePrimaryScreenNeedNotHoldTheDesktopsCorner()
+    {
+        const QRectF primary(1280, 100, 1440, 900);
+        QCOMPARE(ScreenSpace::fromToolkit(primary, primary), QRectF(0, 0, 1440, 900));
+        QCOMPARE(ScreenSpace::fromToolkit(QRectF(0, 0, 1280, 720), primary),
+                 QRectF(-1280, 280, 1280, 720));
+        QCOMPARE(ScreenSpace::fromToolkit(QPointF(1280, 1000), primary), QPointF(0, 0));
+        const QRectF note(-1200, 300, 240, 200);
+        QCOMPARE(ScreenSpace::toToolkit(note, primary), QRectF(80, 500, 240, 200));
+        QCOMPARE(ScreenSpace::fromToolkit(ScreenSpace::toToolkit(note, primary), primary), note);
+    }
+
     void pixelsArePointsByTheScaleOfTheirScreen()
     {
         QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2660, 200, 1, 18), twoScreens()),

@@ -1,0 +1,65 @@
+#include "bench/BenchHistory.h"
+#include "bench/Benches.h"
+#include "clipboard/view/ClipboardSectionView.h"
+#include "panel/view/SearchField.h"
+
+#include <algorithm>
+
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox::bench {
+
+namespace {
+
+constexpr int entries = 10'000;
+constexpr int length = 4'000;
+constexpr QSize pageSize{451, 592};
+
+// From the press until there is nothing left to do, painting included.
+double millisecondsOfKeystroke(QWidget& field, QChar character)
+{
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+    QApplication::sendEvent(&field, &press);
+    QApplication::processEvents();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+} // namespace
+
+Figures search()
+{
+    BenchMachine machine;
+    std::vector<ClipboardItem> items;
+    for (int index = 0; index < entries; ++index)
+        items.push_back(textItem(index, length));
+    machine.writeManifest(items);
+
+    BenchPasteboard pasteboard;
+    BenchHistory history{machine, pasteboard};
+    ClipboardSectionView page(history.viewModel, machine.clock, {}, nullptr);
+    page.resize(pageSize);
+    page.show();
+    QApplication::processEvents();
+    auto* field = page.findChild<SearchField*>();
+    if (!field)
+        qFatal("The page has no search field");
+
+    std::vector<double> taken;
+    for (const QString& query : {u"leuchtturm 42"_s, u"no such words"_s, u"e"_s}) {
+        for (const QChar character : query)
+            taken.push_back(millisecondsOfKeystroke(*field, character));
+        history.viewModel.setQuery({});
+        QApplication::processEvents();
+    }
+    std::ranges::sort(taken);
+    return {{u"search_keystroke_median"_s, taken[taken.size() / 2]},
+            {u"search_keystroke_worst"_s, taken.back()}};
+}
+
+} // namespace driftbox::bench

@@ -1,0 +1,332 @@
+"""The measurements of the bench, each on a desktop of its own."""
+
+import os
+import select
+import statistics
+import subprocess
+import time
+from contextlib import contextmanager
+from dataclasses import dataclass
+from pathlib import Path
+
+from PIL import Image
+from Xlib import X
+
+from harness import pictures
+from harness.apps import XTerm
+from harness.desktop import Desktop
+from harness.processes import descendants
+from harness.program import PROGRAM, Program, entry
+from harness.waiting import wait_for
+from harness.xclients import ClipboardOwner
+
+INSIDE = PROGRAM.parent / "driftbox_bench"
+SHOWINGS = 50
+STARTS = 10
+ENTRIES = 40
+SAMPLE = 10.0  # seconds
+TAP_INTERVAL_MS = 120
+READY = {"Monitor started", "Hotkey monitors installed"}
+
+
+@dataclass
+class Memory:
+    """Of a process and all that it started, in MiB."""
+
+    pss: float
+    private: float
+
+
+@dataclass
+class Idle:
+    wakeups: float  # a second
+    processor_ms: float  # in the sample
+
+
+class CopyQ:
+    """The peer: its server on a desktop, worked by its own client."""
+
+    def __init__(self, desktop):
+        self._desktop = desktop
+        self.process = desktop.processes.start("copyq")
+        wait_for(self.answers, "CopyQ to answer", 30)
+
+    def answers(self):
+        return subprocess.run(["copyq", "eval", "1"], env=self._desktop.environment,
+                              capture_output=True).returncode == 0
+
+    def client(self, *command):
+        return self._desktop.processes.run("copyq", *command)
+
+    def window(self):
+        return next(iter(self._desktop.windows.of_process(self.process.pid)), None)
+
+    def fill(self):
+        self.client("add", *(text for text in texts()))
+
+    def show_once(self):
+        self.client("show")
+        wait_for(self.window, "CopyQ's window")
+        window = self.window()
+        self.client("hide")
+        wait_for(lambda: not self.window(), "CopyQ's window to be gone")
+        return window
+
+
+class MapWatch:
+    """Sees one window being mapped, at once."""
+
+    def __init__(self, desktop, window):
+        self._display = desktop.connect()
+        self._window = self._display.create_resource_object("window", window)
+        self._window.change_attributes(event_mask=X.StructureNotifyMask)
+        self._display.sync()
+
+    def forget(self):
+        while self._display.pending_events():
+            self._display.next_event()
+
+    def wait(self):
+        """When it was mapped, by the monotonic clock."""
+        deadline = time.monotonic() + 10
+        while time.monotonic() < deadline:
+            while self._display.pending_events():
+                if self._display.next_event().type == X.MapNotify:
+                    return time.monotonic()
+            select.select([self._display.fileno()], [], [], 1)
+        raise TimeoutError("the window was not mapped")
+
+
+def texts():
+    return [f"entry {number}: " + "some words of a usual length " * 4 for number in range(ENTRIES)]
+
+
+@contextmanager
+def running_program(*, entries=None):
+    """The program with a history, after it has come to rest."""
+    with Desktop() as desktop:
+        program = Program(desktop)
+        program.write_manifest_of(
+            entries or [entry(number, text) for number, text in enumerate(texts())])
+        yield program.start()
+        program.stop()
+
+
+def show():
+    """From the second key-down to the mapped panel, where no caret is looked up."""
+    with running_program() as program:
+        desktop = program.desktop
+        XTerm(desktop)
+        program.panel.open()
+        watch = MapWatch(desktop, program.panel.window())
+        taken = []
+        for _ in range(SHOWINGS):
+            desktop.keyboard.tap("Escape")
+            program.panel.wait_until_closed()
+            watch.forget()
+            taken.append(_milliseconds_of_tap(desktop, watch))
+            wait_for(program.panel.has_keyboard, "the panel to have the keyboard")
+        return statistics.median(taken), max(taken)
+
+
+def _milliseconds_of_tap(desktop, watch):
+    desktop.keyboard.press("Control_L")
+    desktop.keyboard.release("Control_L", 20)
+    desktop.display.sync()
+    pressed = time.monotonic()
+    while time.monotonic() - pressed < TAP_INTERVAL_MS / 1000:
+        time.sleep(0.001)
+    pressed = time.monotonic()
+    desktop.keyboard.press("Control_L")
+    mapped = watch.wait()
+    desktop.keyboard.release("Control_L")
+    desktop.display.sync()
+    return (mapped - pressed) * 1000
+
+
+def show_of_peer():
+    """From the start of its client, the only way to show it by a program, to its mapped window."""
+    with Desktop() as desktop:
+        XTerm(desktop)
+        peer = CopyQ(desktop)
+        peer.fill()
+        watch = MapWatch(desktop, peer.show_once())
+        taken = []
+        for _ in range(SHOWINGS):
+            watch.forget()
+            started = time.monotonic()
+            client = subprocess.Popen(["copyq", "show"], env=desktop.environment,
+                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            taken.append((watch.wait() - started) * 1000)
+            client.wait()
+            peer.client("hide")
+            wait_for(lambda: not peer.window(), "CopyQ's window to be gone")
+        return statistics.median(taken), max(taken)
+
+
+def start():
+    """From the start of the process until it sees keys and copies."""
+    taken = []
+    with running_program() as program:
+        program.stop()
+        for _ in range(STARTS):
+            taken.append(_milliseconds_of_start(program.desktop))
+    return statistics.median(taken)
+
+
+def _milliseconds_of_start(desktop):
+    waited_for = set(READY)
+    started = time.monotonic()
+    process = desktop.processes.start(PROGRAM, stderr=subprocess.PIPE, name="timed")
+    for line in process.stderr:
+        waited_for -= {message for message in waited_for if message in line.decode()}
+        if not waited_for:
+            break
+    taken = (time.monotonic() - started) * 1000
+    desktop.processes.stop(process)
+    process.stderr.close()
+    return taken
+
+
+def start_of_peer():
+    """From the start of its server until its client gets an answer; the client's time taken off."""
+    taken = []
+    with Desktop() as desktop:
+        for _ in range(STARTS):
+            started = time.monotonic()
+            peer = CopyQ(desktop)
+            ready = time.monotonic()
+            peer.answers()
+            taken.append((ready - started - (time.monotonic() - ready)) * 1000)
+            peer.client("exit")
+            desktop.processes.stop(peer.process)
+    return statistics.median(taken)
+
+
+def memory():
+    with running_program() as program:
+        _show_once(program)
+        return _settled_memory(program.process.pid)
+
+
+def memory_of_peer():
+    with Desktop() as desktop:
+        peer = CopyQ(desktop)
+        peer.fill()
+        peer.show_once()
+        return _settled_memory(peer.process.pid)
+
+
+def memory_of_pictures():
+    """What 100 screenshots cost beyond the same history without them, all of them seen."""
+    with Desktop() as desktop:
+        program = Program(desktop)
+        program.start()
+        _show_once(program)
+        before = _settled_memory(program.process.pid).pss
+        program.stop()
+
+        entries = [{"id": f"00000000-0000-4000-8000-{number:012X}", "kind": "image",
+                    "createdAt": 700_000_000 - number} for number in range(100)]
+        program.write_manifest_of(entries)
+        screen = pictures.encoded(pictures.harbour().resize((3840, 2160), Image.NEAREST), "PNG")
+        for item in entries:
+            program.image_path(item).write_bytes(screen)
+        program.start()
+        program.panel.open()
+        for _ in entries:
+            desktop.keyboard.tap("Down", after_ms=30)
+        after = _settled_memory(program.process.pid).pss
+        program.stop()
+        return after - before
+
+
+def _show_once(program):
+    program.panel.open()
+    program.desktop.keyboard.tap("Escape")
+    program.panel.wait_until_closed()
+
+
+def _settled_memory(pid):
+    """Once it has not changed for two seconds."""
+    seen = []
+
+    def is_settled():
+        seen.append(_memory_of_tree(pid))
+        time.sleep(0.5)
+        return len(seen) > 4 and abs(seen[-1].pss - seen[-5].pss) < 0.1
+
+    wait_for(is_settled, "the memory to settle", 60)
+    return seen[-1]
+
+
+def _memory_of_tree(pid):
+    pss = private = 0
+    for process in descendants(pid):
+        for line in Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii").splitlines():
+            name, _, rest = line.partition(":")
+            if name == "Pss":
+                pss += int(rest.split()[0])
+            elif name.startswith("Private_"):
+                private += int(rest.split()[0])
+    return Memory(pss / 1024, private / 1024)
+
+
+def idle():
+    with running_program() as program:
+        _show_once(program)
+        _settled_memory(program.process.pid)
+        return _idle_of_tree(program.process.pid)
+
+
+def idle_of_peer():
+    with Desktop() as desktop:
+        peer = CopyQ(desktop)
+        peer.fill()
+        peer.show_once()
+        _settled_memory(peer.process.pid)
+        return _idle_of_tree(peer.process.pid)
+
+
+def _idle_of_tree(pid):
+    before = _activity_of_tree(pid)
+    time.sleep(SAMPLE)  # what is measured
+    after = _activity_of_tree(pid)
+    return Idle((after[0] - before[0]) / SAMPLE, after[1] - before[1])
+
+
+def _activity_of_tree(pid):
+    """Voluntary context switches (each begins with a wake-up) and processor time in ms."""
+    switches = ticks = 0
+    for process in descendants(pid):
+        for task in os.listdir(f"/proc/{process}/task"):
+            status = Path(f"/proc/{process}/task/{task}/status").read_text(encoding="ascii")
+            switches += int(status.split("\nvoluntary_ctxt_switches:")[1].split()[0])
+            stat = Path(f"/proc/{process}/task/{task}/stat").read_text(encoding="ascii")
+            fields = stat.rpartition(")")[2].split()
+            ticks += int(fields[11]) + int(fields[12])
+    return switches, ticks * 1000 / os.sysconf("SC_CLK_TCK")
+
+
+def inside(name):
+    """What the bench of that name inside the program's own code measures."""
+    with Desktop() as desktop:
+        return _figures(desktop.processes.run(INSIDE, name))
+
+
+def screenshot():
+    """A screenshot of 3840 by 2160 that has something everywhere, as programs copy them."""
+    picture = pictures.harbour(3840, 2160)
+    noise = Image.effect_noise((960, 540), 40).resize(picture.size).convert("RGB")
+    data = pictures.encoded(Image.blend(picture, noise, 0.2), "PNG")
+    with Desktop() as desktop:
+        process = desktop.processes.start(INSIDE, "screenshot", stdout=subprocess.PIPE, text=True)
+        if process.stdout.readline().strip() != "ready":
+            raise RuntimeError("the bench did not start")
+        with ClipboardOwner(desktop, {"image/png": data}):
+            return _figures(process.stdout.read())
+
+
+def _figures(printed):
+    return {name: float(value) for name, value in
+            (line.split() for line in printed.splitlines() if line)}

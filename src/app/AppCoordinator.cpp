@@ -1,0 +1,173 @@
+#include "app/AppCoordinator.h"
+
+#include "app/Desktop.h"
+#include "clipboard/ClipboardMonitor.h"
+#include "clipboard/ClipboardViewModel.h"
+#include "clipboard/FileClipboardStore.h"
+#include "clipboard/ThumbnailCache.h"
+#include "clipboard/view/ClipboardSection.h"
+#include "core/AppConfig.h"
+#include "panel/CursorLocator.h"
+#include "panel/HotkeyManager.h"
+#include "panel/MagicPanelController.h"
+#include "panel/view/FloatingPanel.h"
+#include "panel/view/ThemeFollower.h"
+#include "platform/Clock.h"
+#include "platform/LoginItem.h"
+
+#include <chrono>
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QPointer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "AppCoordinator")
+
+// Long enough for the session to settle, short enough to come before the first double tap.
+constexpr auto idleAfterStart = 300ms;
+
+QPointer<AppCoordinator>& sharedCoordinator()
+{
+    static QPointer<AppCoordinator> coordinator;
+    return coordinator;
+}
+
+} // namespace
+
+AppCoordinator::AppCoordinator(const Desktop& desktop, QObject* parent)
+    : QObject(parent)
+    , m_desktop(desktop)
+    , m_settings(desktop.userDefaults)
+    , m_theme(std::make_unique<ThemeFollower>(desktop.appearance))
+    , m_pasteboardWriter(desktop.pasteboard)
+{
+}
+
+AppCoordinator::~AppCoordinator() = default;
+
+AppCoordinator* AppCoordinator::shared()
+{
+    return sharedCoordinator();
+}
+
+void AppCoordinator::start()
+{
+    sharedCoordinator() = this;
+    registerClipboardSection();
+    monitor().start();
+    startHotkey();
+    applyLaunchAtLogin();
+    buildPanelWhenIdle();
+}
+
+void AppCoordinator::registerClipboardSection()
+{
+    m_registry.registerSection(std::make_unique<ClipboardSection>(clipboardVM(), m_desktop.clock,
+                                                                  [](const ClipboardItem&) {}));
+}
+
+void AppCoordinator::startHotkey()
+{
+    hotkeyManager().setOnTrigger([self = QPointer<AppCoordinator>(this)] {
+        if (self)
+            self->togglePanel();
+    });
+    hotkeyManager().start();
+    HotkeyManager::promptForAccessibilityIfNeeded(m_desktop.keyboard, m_desktop.userDefaults);
+}
+
+void AppCoordinator::buildPanelWhenIdle()
+{
+    m_desktop.clock.after(idleAfterStart, this, [this] {
+        (void)panelController();
+        m_panel->prepare();
+    });
+}
+
+void AppCoordinator::applyLaunchAtLogin()
+{
+    LoginItem& item = m_desktop.loginItem;
+    const auto error = m_settings.launchAtLogin() ? item.registerItem() : item.unregisterItem();
+    if (error)
+        qCCritical(log).noquote() << u"Launch-at-login toggle failed: %1"_s.arg(*error);
+}
+
+void AppCoordinator::togglePanel()
+{
+    MagicPanelController& controller = panelController();
+    if (controller.isPanelVisible())
+        controller.hide();
+    else
+        controller.show();
+}
+
+void AppCoordinator::showPanel()
+{
+    if (!panelController().isPanelVisible())
+        panelController().show();
+}
+
+ClipboardStore& AppCoordinator::store()
+{
+    if (!m_store) {
+        m_store = std::make_unique<FileClipboardStore>(m_desktop.fileSystem, m_desktop.clock,
+                                                       AppConfig::storage::defaultRootURL());
+    }
+    return *m_store;
+}
+
+ClipboardMonitor& AppCoordinator::monitor()
+{
+    if (!m_monitor) {
+        m_monitor = std::make_unique<ClipboardMonitor>(m_desktop.pasteboard, m_desktop.clock);
+        connect(&m_pasteboardWriter, &PasteboardWriter::written, m_monitor.get(),
+                &ClipboardMonitor::markSeen);
+    }
+    return *m_monitor;
+}
+
+ClipboardViewModel& AppCoordinator::clipboardVM()
+{
+    if (!m_clipboardVM) {
+        m_thumbnails = std::make_unique<ThumbnailCache>(m_desktop.fileSystem, m_desktop.tasks);
+        m_clipboardVM = std::make_unique<ClipboardViewModel>(ClipboardServices{
+            store(), monitor(), m_settings, m_desktop.pasteboard, m_pasteboardWriter,
+            m_notifications, *m_thumbnails, m_desktop.fileSystem, m_desktop.tasks,
+            m_desktop.textRecognizer, m_desktop.clock});
+    }
+    return *m_clipboardVM;
+}
+
+HotkeyManager& AppCoordinator::hotkeyManager()
+{
+    if (!m_hotkeyManager)
+        m_hotkeyManager = std::make_unique<HotkeyManager>(m_settings, m_desktop.keyboard);
+    return *m_hotkeyManager;
+}
+
+MagicPanelController& AppCoordinator::panelController()
+{
+    if (m_panelController)
+        return *m_panelController;
+
+    m_cursorLocator = std::make_unique<CursorLocator>(m_desktop.caretLookup, m_desktop.screens);
+    m_panel =
+        std::make_unique<FloatingPanel>(m_desktop.floatingSurfaces, m_panelAnimator, m_registry);
+    m_panelController = std::make_unique<MagicPanelController>(
+        m_panelAnimator, m_panel->surface(),
+        MagicPanelController::Services{m_desktop.workspace, m_desktop.pasteKeystroke,
+                                       *m_cursorLocator, m_desktop.screens, m_desktop.localKeys,
+                                       m_notifications, m_desktop.clock});
+    // What was copied a moment ago stands first.
+    connect(m_panelController.get(), &MagicPanelController::aboutToShow, m_monitor.get(),
+            &ClipboardMonitor::tick);
+    return *m_panelController;
+}
+
+} // namespace driftbox

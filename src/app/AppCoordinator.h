@@ -1,0 +1,84 @@
+#pragma once
+
+#include "app/Desktop.h"
+#include "core/AppSettings.h"
+#include "core/NotificationCenter.h"
+#include "core/PasteboardWriter.h"
+#include "panel/PanelAnimator.h"
+#include "panel/SectionRegistry.h"
+
+#include <memory>
+
+#include <QtCore/QObject>
+
+namespace driftbox {
+
+class ClipboardMonitor;
+class ClipboardStore;
+class ClipboardViewModel;
+class CursorLocator;
+class FloatingPanel;
+class HotkeyManager;
+class MagicPanelController;
+class ThemeFollower;
+class ThumbnailCache;
+struct ClipboardItem;
+
+/// Builds every long-lived service, once, and wires them together. What is built lazily comes into
+/// being when it is first read and lives as long as the coordinator. Main thread only.
+class AppCoordinator : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What `desktop` refers to must outlive the coordinator.
+    explicit AppCoordinator(const Desktop& desktop, QObject* parent = nullptr);
+    ~AppCoordinator() override;
+
+    /// The running coordinator; null before `start`. For views, the menu and the settings pages.
+    [[nodiscard]] static AppCoordinator* shared();
+
+    /// Builds and wires the services; called once at launch.
+    void start();
+
+    /// Makes the session's login item match the settings. A failure is logged and the setting
+    /// stays.
+    void applyLaunchAtLogin();
+
+    /// Hides the panel when it is shown, else shows it.
+    void togglePanel();
+    /// Shows the panel if it is not shown.
+    void showPanel();
+
+    [[nodiscard]] AppSettings& settings() { return m_settings; }
+    [[nodiscard]] SectionRegistry& registry() { return m_registry; }
+    [[nodiscard]] PanelAnimator& panelAnimator() { return m_panelAnimator; }
+    [[nodiscard]] ClipboardStore& store();
+    [[nodiscard]] ClipboardMonitor& monitor();
+    [[nodiscard]] ClipboardViewModel& clipboardVM();
+    [[nodiscard]] MagicPanelController& panelController();
+    [[nodiscard]] HotkeyManager& hotkeyManager();
+
+private:
+    void registerClipboardSection();
+    void startHotkey();
+    void buildPanelWhenIdle();
+
+    Desktop m_desktop;
+    AppSettings m_settings;
+    std::unique_ptr<ThemeFollower> m_theme;
+    NotificationCenter m_notifications;
+    PasteboardWriter m_pasteboardWriter;
+    SectionRegistry m_registry;
+    PanelAnimator m_panelAnimator;
+    std::unique_ptr<ClipboardStore> m_store;
+    std::unique_ptr<ClipboardMonitor> m_monitor;
+    std::unique_ptr<ThumbnailCache> m_thumbnails;
+    std::unique_ptr<ClipboardViewModel> m_clipboardVM;
+    std::unique_ptr<CursorLocator> m_cursorLocator;
+    std::unique_ptr<FloatingPanel> m_panel;
+    std::unique_ptr<MagicPanelController> m_panelController;
+    std::unique_ptr<HotkeyManager> m_hotkeyManager;
+};
+
+} // namespace driftbox

@@ -1,0 +1,41 @@
+#pragma once
+
+namespace driftbox {
+
+class Appearance;
+class CaretLookup;
+class Clock;
+class FileSystem;
+class FloatingSurfaces;
+class KeyEventMonitor;
+class LocalKeyMonitor;
+class LoginItem;
+class PasteKeystroke;
+class Pasteboard;
+class Screens;
+class TaskRunner;
+class TextRecognizer;
+class UserDefaults;
+class Workspace;
+
+/// Everything that the program asks of the desktop it runs on. Borrowed: the back-end owns it all.
+struct Desktop
+{
+    FileSystem& fileSystem;
+    Clock& clock;
+    UserDefaults& userDefaults;
+    TaskRunner& tasks;
+    Appearance& appearance;
+    LoginItem& loginItem;
+    LocalKeyMonitor& localKeys;
+    Screens& screens;
+    CaretLookup& caretLookup;
+    Pasteboard& pasteboard;
+    KeyEventMonitor& keyboard;
+    Workspace& workspace;
+    PasteKeystroke& pasteKeystroke;
+    FloatingSurfaces& floatingSurfaces;
+    TextRecognizer& textRecognizer;
+};
+
+} // namespace driftbox

@@ -1,0 +1,108 @@
+#include "app/X11Desktop.h"
+
+#include "clipboard/TextRecognizer.h"
+#include "core/AppConfig.h"
+#include "core/JsonUserDefaults.h"
+#include "platform/CaretLookup.h"
+#include "platform/desktop/PortalAppearance.h"
+#include "platform/desktop/PosixFileSystem.h"
+#include "platform/desktop/QtLocalKeyMonitor.h"
+#include "platform/desktop/QtScreens.h"
+#include "platform/desktop/SystemClock.h"
+#include "platform/desktop/ThreadPoolTaskRunner.h"
+#include "platform/desktop/XdgAutostart.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FloatingSurfaces.h"
+#include "platform/x11/X11KeyEventMonitor.h"
+#include "platform/x11/X11Keyboard.h"
+#include "platform/x11/X11PasteKeystroke.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11PrimarySelection.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <QtCore/QLoggingCategory>
+#include <QtDBus/QDBusConnection>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "X11Desktop")
+
+// No caret: the panel opens in the middle of the screen.
+class NoCaretLookup final : public CaretLookup
+{
+public:
+    void caretRectangle(QObject* /*owner*/, Answer answer) override { answer(std::nullopt); }
+};
+
+// No text is found in any picture.
+class NoTextRecognizer final : public TextRecognizer
+{
+public:
+    [[nodiscard]] QString recognizeText(const QByteArray& /*image*/) const override { return {}; }
+};
+
+} // namespace
+
+struct X11Desktop::BackEnds
+{
+    explicit BackEnds(std::unique_ptr<X11Connection> x11)
+        : connection(std::move(x11))
+    {
+    }
+
+    std::unique_ptr<X11Connection> connection;
+    PosixFileSystem fileSystem;
+    SystemClock clock;
+    JsonUserDefaults userDefaults{fileSystem, AppConfig::settingsFolder()};
+    ThreadPoolTaskRunner tasks;
+    PortalAppearance appearance{QDBusConnection::sessionBus()};
+    XdgAutostart loginItem{fileSystem, AppConfig::autostartFolder()};
+    QtLocalKeyMonitor localKeys;
+    QtScreens screens;
+    NoCaretLookup caretLookup;
+    X11Pasteboard pasteboard{*connection, clock, tasks};
+    X11PrimarySelection primarySelection{*connection, clock, pasteboard};
+    X11Keyboard keyboard{*connection};
+    X11KeyEventMonitor keyEvents{*connection, keyboard};
+    X11Workspace workspace{*connection};
+    X11PasteKeystroke pasteKeystroke{*connection, keyboard, primarySelection};
+    X11FloatingSurfaces floatingSurfaces{*connection};
+    NoTextRecognizer textRecognizer;
+};
+
+std::unique_ptr<X11Desktop> X11Desktop::open()
+{
+    auto connection = X11Connection::open();
+    if (!connection) {
+        qCCritical(log).noquote() << u"The X server cannot be reached"_s;
+        return nullptr;
+    }
+    return std::unique_ptr<X11Desktop>(
+        new X11Desktop(std::make_unique<BackEnds>(std::move(connection))));
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<BackEnds> backEnds)
+    : m_backEnds(std::move(backEnds))
+{
+}
+
+X11Desktop::~X11Desktop() = default;
+
+Desktop X11Desktop::services()
+{
+    BackEnds& own = *m_backEnds;
+    return {own.fileSystem,     own.clock,
+            own.userDefaults,   own.tasks,
+            own.appearance,     own.loginItem,
+            own.localKeys,      own.screens,
+            own.caretLookup,    own.pasteboard,
+            own.keyEvents,      own.workspace,
+            own.pasteKeystroke, own.floatingSurfaces,
+            own.textRecognizer};
+}
+
+} // namespace driftbox

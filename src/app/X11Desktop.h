@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/Desktop.h"
+
+#include <memory>
+
+namespace driftbox {
+
+/// Owns what gives the program the desktop of an X11 session.
+class X11Desktop
+{
+public:
+    /// On the display that the toolkit's application object has opened. Null, with a log line, when
+    /// the X server cannot be used.
+    [[nodiscard]] static std::unique_ptr<X11Desktop> open();
+    ~X11Desktop();
+    X11Desktop(const X11Desktop&) = delete;
+    X11Desktop& operator=(const X11Desktop&) = delete;
+
+    /// Valid as long as this object.
+    [[nodiscard]] Desktop services();
+
+private:
+    struct BackEnds;
+    explicit X11Desktop(std::unique_ptr<BackEnds> backEnds);
+
+    std::unique_ptr<BackEnds> m_backEnds;
+};
+
+} // namespace driftbox

@@ -1,0 +1,70 @@
+#include "app/AppCoordinator.h"
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/X11Desktop.h"
+#include "core/Log.h"
+#include "platform/desktop/DBusInstanceLink.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtWidgets/QApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+driftbox::CommandLine readCommandLine(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments << QString::fromLocal8Bit(argv[index]);
+    return driftbox::CommandLine::parse(arguments, QDir::currentPath());
+}
+
+int answer(const driftbox::CommandLine& commandLine)
+{
+    std::fputs(qUtf8Printable(*commandLine.answer), commandLine.isUnderstood ? stdout : stderr);
+    return commandLine.isUnderstood ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+void describeApplication()
+{
+    QApplication::setApplicationName(u"driftbox"_s);
+    QApplication::setApplicationDisplayName(u"Drift Box"_s);
+    QApplication::setApplicationVersion(QStringLiteral(DRIFTBOX_VERSION));
+    QApplication::setDesktopFileName(u"app.driftbox"_s);
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const driftbox::CommandLine commandLine = readCommandLine(argc, argv);
+    if (commandLine.answer)
+        return answer(commandLine);
+
+    driftbox::Log::install();
+    // The back-end speaks X11, also through a Wayland session's X server.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    describeApplication();
+    const QApplication application(argc, argv);
+
+    driftbox::DBusInstanceLink link(
+        QDBusConnection::sessionBus(),
+        QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    if (link.claim(commandLine.documents) == driftbox::InstanceLink::Claim::handedOver)
+        return EXIT_SUCCESS;
+
+    const auto desktop = driftbox::X11Desktop::open();
+    if (!desktop)
+        return EXIT_FAILURE;
+    driftbox::AppCoordinator coordinator(desktop->services());
+    driftbox::AppDelegate delegate(coordinator, link);
+    delegate.applicationDidFinishLaunching(commandLine.documents);
+    return QApplication::exec();
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "app/Desktop.h"
+#include "clipboard/TextRecognizer.h"
+#include "fakes/FakeAppearance.h"
+#include "fakes/FakeCaretLookup.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeFileSystem.h"
+#include "fakes/FakeFloatingSurface.h"
+#include "fakes/FakeKeyEventMonitor.h"
+#include "fakes/FakeLocalKeyMonitor.h"
+#include "fakes/FakePasteKeystroke.h"
+#include "fakes/FakePasteboard.h"
+#include "fakes/FakeScreens.h"
+#include "fakes/FakeTaskRunner.h"
+#include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWorkspace.h"
+#include "platform/LoginItem.h"
+
+namespace driftbox {
+
+/// Counts what it is asked for.
+class FakeLoginItem final : public LoginItem
+{
+public:
+    [[nodiscard]] std::optional<QString> registerItem() override
+    {
+        ++registrations;
+        return error;
+    }
+    [[nodiscard]] std::optional<QString> unregisterItem() override
+    {
+        ++unregistrations;
+        return error;
+    }
+
+    std::optional<QString> error;
+    int registrations = 0;
+    int unregistrations = 0;
+};
+
+/// Finds no text in any picture.
+class BlindRecognizer final : public TextRecognizer
+{
+public:
+    [[nodiscard]] QString recognizeText(const QByteArray&) const override { return {}; }
+};
+
+/// A whole desktop of fakes.
+struct FakeDesktop
+{
+    FakeFileSystem fileSystem;
+    FakeClock clock;
+    FakeUserDefaults userDefaults;
+    FakeTaskRunner tasks;
+    FakeAppearance appearance;
+    FakeLoginItem loginItem;
+    FakeLocalKeyMonitor localKeys;
+    FakeScreens screens;
+    FakeCaretLookup caretLookup;
+    FakePasteboard pasteboard;
+    FakeKeyEventMonitor keyboard;
+    FakeWorkspace workspace;
+    FakePasteKeystroke pasteKeystroke;
+    FakeFloatingSurfaces floatingSurfaces;
+    BlindRecognizer textRecognizer;
+
+    [[nodiscard]] Desktop services()
+    {
+        return {fileSystem,     clock,
+                userDefaults,   tasks,
+                appearance,     loginItem,
+                localKeys,      screens,
+                caretLookup,    pasteboard,
+                keyboard,       workspace,
+                pasteKeystroke, floatingSurfaces,
+                textRecognizer};
+    }
+};
+
+} // namespace driftbox

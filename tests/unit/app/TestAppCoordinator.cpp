@@ -1,0 +1,169 @@
+#include "FakeDesktop.h"
+
+#include "app/AppCoordinator.h"
+#include "clipboard/ClipboardViewModel.h"
+#include "panel/MagicPanelController.h"
+
+#include <memory>
+
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+class TestAppCoordinator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_desktop = std::make_unique<FakeDesktop>();
+        m_coordinator = std::make_unique<AppCoordinator>(m_desktop->services());
+    }
+
+    void cleanup()
+    {
+        m_coordinator.reset();
+        m_desktop.reset();
+    }
+
+    void nothingRunsBeforeTheStart()
+    {
+        QVERIFY(!AppCoordinator::shared());
+        QVERIFY(m_coordinator->registry().sections().empty());
+        QVERIFY(!m_coordinator->registry().activeID());
+        QVERIFY(!m_coordinator->panelAnimator().visible());
+        QVERIFY(m_desktop->fileSystem.files().isEmpty());
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 0U);
+    }
+
+    void theStartWiresTheServices()
+    {
+        start();
+        QCOMPARE(AppCoordinator::shared(), m_coordinator.get());
+        QCOMPARE(m_coordinator->registry().sections().front()->id(), u"clipboard"_s);
+        QCOMPARE(m_coordinator->registry().activeID(), u"clipboard"_s);
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 1U);
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::local), 1U);
+
+        m_desktop->pasteboard.copy({.text = u"a"_s});
+        m_desktop->clock.advance(500ms);
+        QCOMPARE(m_coordinator->clipboardVM().items().size(), size_t(1));
+    }
+
+    void lazyServicesAreBuiltOnce()
+    {
+        QCOMPARE(&m_coordinator->store(), &m_coordinator->store());
+        QCOMPARE(&m_coordinator->monitor(), &m_coordinator->monitor());
+        QCOMPARE(&m_coordinator->clipboardVM(), &m_coordinator->clipboardVM());
+        QCOMPARE(&m_coordinator->hotkeyManager(), &m_coordinator->hotkeyManager());
+    }
+
+    void theLoginItemFollowsTheSettingAtEveryCall()
+    {
+        start();
+        QCOMPARE(m_desktop->loginItem.unregistrations, 1); // also when it was never registered
+        m_coordinator->settings().setLaunchAtLogin(true);
+        m_coordinator->applyLaunchAtLogin();
+        m_coordinator->applyLaunchAtLogin();
+        QCOMPARE(m_desktop->loginItem.registrations, 2);
+    }
+
+    void aLoginItemThatFailsIsLoggedAndTheSettingStays()
+    {
+        m_coordinator->settings().setLaunchAtLogin(true);
+        m_desktop->loginItem.error = u"Permission denied"_s;
+        QTest::ignoreMessage(QtCriticalMsg, "Launch-at-login toggle failed: Permission denied");
+        m_coordinator->applyLaunchAtLogin();
+        QVERIFY(m_coordinator->settings().launchAtLogin());
+    }
+
+    void doubleTapsToggleThePanel()
+    {
+        start();
+        QVERIFY(m_desktop->floatingSurfaces.surfaces.empty());
+        expectShowing();
+        doubleTap(0ms);
+        QCOMPARE(m_desktop->floatingSurfaces.surfaces.size(), size_t(1));
+        QVERIFY(panel().isVisible());
+
+        doubleTap(1000ms);
+        QVERIFY(!m_coordinator->panelAnimator().visible());
+        doubleTap(2000ms); // while it is on its way out: nothing
+        m_desktop->clock.advance(170ms);
+        QVERIFY(!panel().isVisible());
+
+        expectShowing();
+        doubleTap(3000ms);
+        QVERIFY(panel().isVisible());
+        QCOMPARE(m_desktop->floatingSurfaces.surfaces.size(), size_t(1));
+    }
+
+    void thePanelIsBuiltAheadOfTheFirstDoubleTap()
+    {
+        start();
+        m_desktop->clock.advance(1s);
+        QCOMPARE(m_desktop->floatingSurfaces.surfaces.size(), size_t(1));
+        QVERIFY(!panel().isVisible());
+    }
+
+    void whatWasCopiedAMomentAgoIsThereWhenThePanelOpens()
+    {
+        start();
+        m_desktop->pasteboard.copy({.text = u"just now"_s});
+        expectShowing();
+        m_coordinator->togglePanel();
+        QCOMPARE(m_coordinator->clipboardVM().items().front().textContent, u"just now"_s);
+    }
+
+    void whatIsPickedIsPastedIntoTheApplicationThatWasInFront()
+    {
+        start();
+        const auto editor = std::make_shared<FakeRunningApplication>(77, u"editor"_s);
+        m_desktop->workspace.frontmost = editor;
+        m_desktop->pasteboard.copy({.text = u"a"_s});
+        QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target editor pid 77");
+        QTest::ignoreMessage(QtInfoMsg, "Panel shown");
+        m_coordinator->togglePanel();
+        QTest::ignoreMessage(QtInfoMsg, "Paste → editor pid 77; target is frontmost now? true");
+        m_coordinator->clipboardVM().pick(m_coordinator->clipboardVM().items().front());
+        m_desktop->clock.advance(200ms);
+        QCOMPARE(editor->activations, 1);
+        QCOMPARE(m_desktop->pasteKeystroke.targets.size(), size_t(1));
+    }
+
+private:
+    void start()
+    {
+        QTest::ignoreMessage(QtInfoMsg, "Monitor started");
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey monitors installed");
+        m_coordinator->start();
+    }
+
+    void expectShowing()
+    {
+        QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target nil pid -1");
+        QTest::ignoreMessage(QtInfoMsg, "Panel shown");
+    }
+
+    void doubleTap(EventTime time)
+    {
+        for (const EventTime press : {time, time + 100ms}) {
+            m_desktop->keyboard.changeFlags(ModifierFlag::control, press);
+            m_desktop->keyboard.changeFlags(0, press + 50ms);
+        }
+    }
+
+    [[nodiscard]] FakeFloatingSurface& panel() const
+    {
+        return *m_desktop->floatingSurfaces.surfaces.front();
+    }
+
+    std::unique_ptr<FakeDesktop> m_desktop;
+    std::unique_ptr<AppCoordinator> m_coordinator;
+};
+
+QTEST_MAIN(TestAppCoordinator)
+#include "TestAppCoordinator.moc"

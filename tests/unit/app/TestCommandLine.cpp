@@ -1,0 +1,56 @@
+#include "app/CommandLine.h"
+
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+class TestCommandLine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutArgumentsThereIsNothingToSayOrOpen()
+    {
+        const auto commandLine = CommandLine::parse({}, u"/home/me"_s);
+        QVERIFY(!commandLine.answer);
+        QVERIFY(commandLine.documents.isEmpty());
+    }
+
+    void filesAreThoseOfTheFolder()
+    {
+        const auto commandLine = CommandLine::parse(
+            {u"a b.md"_s, u"/tmp/c.md"_s, u"file:///d%20e.md"_s, u"../f.md"_s}, u"/home/me"_s);
+        QVERIFY(!commandLine.answer);
+        QStringList files;
+        for (const QUrl& document : commandLine.documents)
+            files << document.toLocalFile();
+        QCOMPARE(files, QStringList({u"/home/me/a b.md"_s, u"/tmp/c.md"_s, u"/d e.md"_s,
+                                     u"/home/f.md"_s}));
+    }
+
+    void afterTwoDashesEverythingIsAFile()
+    {
+        const auto commandLine = CommandLine::parse({u"--"_s, u"--help"_s}, u"/"_s);
+        QVERIFY(!commandLine.answer);
+        QCOMPARE(commandLine.documents, QList{QUrl::fromLocalFile(u"/--help"_s)});
+    }
+
+    void helpAndVersionAreAnswered()
+    {
+        QVERIFY(CommandLine::parse({u"--help"_s}, u"/"_s).answer->startsWith(u"Usage: driftbox"));
+        const auto version = CommandLine::parse({u"a.md"_s, u"--version"_s}, u"/"_s);
+        QCOMPARE(version.answer, u"Drift Box "_s + QStringLiteral(DRIFTBOX_VERSION) + u'\n');
+        QVERIFY(version.isUnderstood);
+    }
+
+    void anUnknownOptionIsAnError()
+    {
+        const auto commandLine = CommandLine::parse({u"--frob"_s}, u"/"_s);
+        QVERIFY(!commandLine.isUnderstood);
+        QVERIFY(commandLine.answer->startsWith(u"Unknown option: --frob"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCommandLine)
+#include "TestCommandLine.moc"

@@ -210,6 +210,27 @@ private Q_SLOTS:
         QCOMPARE(user.colorAt(over.center()), paper);
     }
 
+    void noneOfThemGoesWhenAnotherApplicationIsActive()
+    {
+        Card second;
+        const auto note = surfaces->adopt(second, FloatingSurface::Role::note);
+        QRasterWindow reader;
+        reader.setGeometry(900, 100, 200, 150);
+        reader.show();
+        surface->setFrame(lowerLeft({100, 100, 120, 80}));
+        surface->present(FloatingSurface::Keyboard::take);
+        note->setFrame(lowerLeft({300, 100, 120, 80}));
+        note->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(note->isKey());
+        X11Client client({.frame = {600, 400, 300, 200}});
+        QTRY_VERIFY(client.isViewable());
+        user.click(client.frame().center());
+        QTRY_VERIFY(client.hasFocus());
+        QTest::qWait(400); // some take their time to hide the tools of other programs
+        QCOMPARE(user.colorAt({110, 110}), paper);
+        QCOMPARE(user.colorAt({310, 110}), paper);
+    }
+
     void aClickElsewhereTakesTheKeyboardAway()
     {
         X11Client client({.frame = {600, 400, 300, 200}});

@@ -1,4 +1,5 @@
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FloatingSurfaces.h"
 #include "platform/x11/X11WindowManager.h"
 #include "platform/x11/X11Workspace.h"
 #include "support/VirtualDesktop.h"
@@ -6,6 +7,7 @@
 #include "support/X11User.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 
 #include <X11/keysym.h>
@@ -78,6 +80,38 @@ private Q_SLOTS:
         QTRY_VERIFY(second.hasFocus());
         application->activate();
         QTRY_VERIFY(first.hasFocus());
+    }
+
+    void aFloatingWindowTakesTheKeyboardByItself()
+    {
+        X11Client client;
+        QTRY_VERIFY(client.isViewable());
+        client.takeFocus();
+        QTRY_VERIFY(client.hasFocus());
+
+        X11FloatingSurfaces surfaces(*connection);
+        QWindow window;
+        window.resize(200, 100);
+        window.create();
+        const auto panel = surfaces.adopt(window, FloatingSurface::Role::panel);
+        for (int round = 0; round < 3; ++round) {
+            panel->setFrame({100, 600, 200, 100});
+            panel->present(FloatingSurface::Keyboard::take);
+            QTRY_VERIFY(panel->isKey());
+            QTRY_COMPARE(QGuiApplication::focusWindow(), &window);
+            QCOMPARE(window.geometry(), QRect(100, 200, 200, 100));
+            panel->orderOut();
+            client.takeFocus();
+            QTRY_VERIFY(client.hasFocus());
+        }
+        panel->present(FloatingSurface::Keyboard::leave);
+        QTRY_VERIFY(window.isExposed());
+        user.tap(XK_a);
+        QTRY_COMPARE(client.keys().size(), std::size_t(2));
+        QVERIFY(!panel->isKey());
+        // Shown already, asked for again.
+        panel->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(panel->isKey());
     }
 
     void aWindowManagerThatComesIsNoticed()

@@ -28,8 +28,17 @@ bool hasRawEvents(const X11Connection& connection)
 }
 
 // An X server inside a Wayland session learns of keys only while one of its windows has the focus.
+// Newer ones say what they are; older ones give themselves away by the names of their devices.
 bool isNestedInWayland(const X11Connection& connection)
 {
+    constexpr QByteArrayView extensionName = "XWAYLAND";
+    const X11Reply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
+        connection.xcb(),
+        xcb_query_extension(connection.xcb(), static_cast<std::uint16_t>(extensionName.size()),
+                            extensionName.data()),
+        nullptr));
+    if (extension && extension->present != 0)
+        return true;
     constexpr QByteArrayView devicePrefix = "xwayland-";
     const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL);
     const X11Reply<xcb_input_xi_query_device_reply_t> devices(

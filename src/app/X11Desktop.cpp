@@ -3,14 +3,15 @@
 #include "clipboard/TextRecognizer.h"
 #include "core/AppConfig.h"
 #include "core/JsonUserDefaults.h"
-#include "platform/CaretLookup.h"
+#include "platform/desktop/AtSpiCaretLookup.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/PosixFileSystem.h"
 #include "platform/desktop/QtLocalKeyMonitor.h"
-#include "platform/desktop/QtScreens.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/ThreadPoolTaskRunner.h"
+#include "platform/desktop/ToolkitAccessibility.h"
 #include "platform/desktop/XdgAutostart.h"
+#include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11FloatingSurfaces.h"
 #include "platform/x11/X11KeyEventMonitor.h"
@@ -18,6 +19,7 @@
 #include "platform/x11/X11PasteKeystroke.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PrimarySelection.h"
+#include "platform/x11/X11Screens.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <QtCore/QLoggingCategory>
@@ -30,13 +32,6 @@ namespace driftbox {
 namespace {
 
 Q_LOGGING_CATEGORY(log, "X11Desktop")
-
-// No caret: the panel opens in the middle of the screen.
-class NoCaretLookup final : public CaretLookup
-{
-public:
-    void caretRectangle(QObject* /*owner*/, Answer answer) override { answer(std::nullopt); }
-};
 
 // No text is found in any picture.
 class NoTextRecognizer final : public TextRecognizer
@@ -62,8 +57,10 @@ struct X11Desktop::BackEnds
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     XdgAutostart loginItem{fileSystem, AppConfig::autostartFolder()};
     QtLocalKeyMonitor localKeys;
-    QtScreens screens;
-    NoCaretLookup caretLookup;
+    X11Screens screens{*connection};
+    ToolkitAccessibility toolkitAccessibility{QDBusConnection::sessionBus()};
+    X11ActiveWindow activeWindow{*connection};
+    AtSpiCaretLookup caretLookup{QDBusConnection::sessionBus(), tasks, activeWindow, screens};
     X11Pasteboard pasteboard{*connection, clock, tasks};
     X11PrimarySelection primarySelection{*connection, clock, pasteboard};
     X11Keyboard keyboard{*connection};

@@ -5,6 +5,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
+#include <QtWidgets/QAccessibleWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +21,19 @@ constexpr int textFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 // The middle of what is seen is felt to be a little above the middle.
 constexpr qreal opticalCentre = 0.46;
 
+// Screen readers read it as a text, not as an area that might hold something.
+QAccessibleInterface* makeInterface(const QString&, QObject* object)
+{
+    auto* view = qobject_cast<EmptyStateView*>(object);
+    return view ? new QAccessibleWidget(view, QAccessible::StaticText) : nullptr;
+}
+
 } // namespace
 
 EmptyStateView::EmptyStateView(QWidget* parent)
     : QWidget(parent)
 {
+    QAccessible::installFactory(makeInterface); // does nothing when it is installed
 }
 
 void EmptyStateView::setContent(const QString& systemImage, const QString& title,

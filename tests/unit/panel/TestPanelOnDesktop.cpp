@@ -19,6 +19,7 @@
 #include "support/X11Client.h"
 #include "support/X11User.h"
 
+#include <QtCore/QProcess>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
@@ -31,7 +32,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QRect otherFrame(900, 60, 300, 200);
+constexpr QRect otherFrame(300, 720, 500, 120); // its inside begins at the card's lower edge
 // The caret of the other application; the panel stands beneath it.
 constexpr QRectF caret(100, 100, 1, 18);
 constexpr QPoint panelCorner(100, 124);
@@ -54,6 +55,27 @@ public:
         page->setFocusProxy(field);
         return page;
     }
+};
+
+/// Blends the windows for as long as it lives.
+class Compositor
+{
+public:
+    Compositor()
+    {
+        m_process.setStandardErrorFile(QProcess::nullDevice());
+        m_process.start(u"picom"_s, {u"--backend"_s, u"xrender"_s, u"--config"_s, u"/dev/null"_s});
+    }
+    ~Compositor()
+    {
+        m_process.terminate();
+        m_process.waitForFinished();
+    }
+    Compositor(const Compositor&) = delete;
+    Compositor& operator=(const Compositor&) = delete;
+
+private:
+    QProcess m_process;
 };
 
 /// The whole panel, on the real desktop.
@@ -129,6 +151,30 @@ private Q_SLOTS:
         QTRY_COMPARE(m_user.colorAt(inTheCard), desktop);
     }
 
+    void whereWindowsAreBlendedTheCardComesInOnAShadow()
+    {
+        const Compositor compositor;
+        QTRY_VERIFY(m_panel->surface.isComposited());
+        const QColor desktop = m_user.colorAt(inTheCard);
+        const QPoint underTheCard = cardCorner + QPoint(248, 592 + 8);
+        const QColor other = m_user.colorAt(underTheCard);
+        m_panel->controller.show();
+        // Half way in the card is still blended with what is beneath it.
+        const auto isBlended = [&] {
+            const QColor color = m_user.colorAt(inTheCard);
+            return color != desktop && color != Theme::panelBackground();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isBlended(), 1'000);
+        QTRY_COMPARE(m_user.colorAt(inTheCard), Theme::panelBackground());
+        QTRY_VERIFY(m_user.colorAt(underTheCard).lightness() < other.lightness());
+
+        // The shadow is there to be seen only: a click goes through it.
+        QTRY_VERIFY(m_panel->isKey());
+        m_user.click(underTheCard);
+        QTRY_VERIFY(!m_panel->surface.isVisible());
+        QTRY_COMPARE(m_user.colorAt(underTheCard), other);
+    }
+
     void typingGoesToTheSearchFieldAndBackAgain()
     {
         m_panel->controller.show();
@@ -150,7 +196,7 @@ private Q_SLOTS:
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
-        m_user.click(otherFrame.center());
+        m_user.click(otherFrame.bottomRight() - QPoint(20, 20));
         QTRY_VERIFY(!m_panel->surface.isVisible());
         QVERIFY(!m_panel->animator.visible());
     }

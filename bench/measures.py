@@ -1,21 +1,19 @@
 """The measurements of the bench, each on a desktop of its own."""
 
-import os
 import select
 import statistics
 import subprocess
 import time
 from contextlib import contextmanager
-from dataclasses import dataclass
-from pathlib import Path
 
 from PIL import Image
 from Xlib import X
 
+from bench.footprint import idle_of_tree, settled_memory
+from bench.peer import CopyQ
 from harness import pictures
 from harness.apps import XTerm
 from harness.desktop import Desktop
-from harness.processes import descendants
 from harness.program import PROGRAM, Program, entry
 from harness.waiting import wait_for
 from harness.xclients import ClipboardOwner
@@ -24,53 +22,8 @@ INSIDE = PROGRAM.parent / "driftbox_bench"
 SHOWINGS = 50
 STARTS = 10
 ENTRIES = 40
-SAMPLE = 10.0  # seconds
 TAP_INTERVAL_MS = 120
 READY = {"Monitor started", "Hotkey monitors installed"}
-
-
-@dataclass
-class Memory:
-    """Of a process and all that it started, in MiB."""
-
-    pss: float
-    private: float
-
-
-@dataclass
-class Idle:
-    wakeups: float  # a second
-    processor_ms: float  # in the sample
-
-
-class CopyQ:
-    """The peer: its server on a desktop, worked by its own client."""
-
-    def __init__(self, desktop):
-        self._desktop = desktop
-        self.process = desktop.processes.start("copyq")
-        wait_for(self.answers, "CopyQ to answer", 30)
-
-    def answers(self):
-        return subprocess.run(["copyq", "eval", "1"], env=self._desktop.environment,
-                              capture_output=True).returncode == 0
-
-    def client(self, *command):
-        return self._desktop.processes.run("copyq", *command)
-
-    def window(self):
-        return next(iter(self._desktop.windows.of_process(self.process.pid)), None)
-
-    def fill(self):
-        self.client("add", *(text for text in texts()))
-
-    def show_once(self):
-        self.client("show")
-        wait_for(self.window, "CopyQ's window")
-        window = self.window()
-        self.client("hide")
-        wait_for(lambda: not self.window(), "CopyQ's window to be gone")
-        return window
 
 
 class MapWatch:
@@ -149,7 +102,7 @@ def show_of_peer():
     with Desktop() as desktop:
         XTerm(desktop)
         peer = CopyQ(desktop)
-        peer.fill()
+        peer.fill(texts())
         watch = MapWatch(desktop, peer.show_once())
         taken = []
         for _ in range(SHOWINGS):
@@ -206,15 +159,15 @@ def start_of_peer():
 def memory():
     with running_program() as program:
         _show_once(program)
-        return _settled_memory(program.process.pid)
+        return settled_memory(program.process.pid)
 
 
 def memory_of_peer():
     with Desktop() as desktop:
         peer = CopyQ(desktop)
-        peer.fill()
+        peer.fill(texts())
         peer.show_once()
-        return _settled_memory(peer.process.pid)
+        return settled_memory(peer.process.pid)
 
 
 def memory_of_pictures():
@@ -223,7 +176,7 @@ def memory_of_pictures():
         program = Program(desktop)
         program.start()
         _show_once(program)
-        before = _settled_memory(program.process.pid).pss
+        before = settled_memory(program.process.pid).pss
         program.stop()
 
         entries = [{"id": f"00000000-0000-4000-8000-{number:012X}", "kind": "image",
@@ -236,7 +189,7 @@ def memory_of_pictures():
         program.panel.open()
         for _ in entries:
             desktop.keyboard.tap("Down", after_ms=30)
-        after = _settled_memory(program.process.pid).pss
+        after = settled_memory(program.process.pid).pss
         program.stop()
         return after - before
 
@@ -247,65 +200,20 @@ def _show_once(program):
     program.panel.wait_until_closed()
 
 
-def _settled_memory(pid):
-    """Once it has not changed for two seconds."""
-    seen = []
-
-    def is_settled():
-        seen.append(_memory_of_tree(pid))
-        time.sleep(0.5)
-        return len(seen) > 4 and abs(seen[-1].pss - seen[-5].pss) < 0.1
-
-    wait_for(is_settled, "the memory to settle", 60)
-    return seen[-1]
-
-
-def _memory_of_tree(pid):
-    pss = private = 0
-    for process in descendants(pid):
-        for line in Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii").splitlines():
-            name, _, rest = line.partition(":")
-            if name == "Pss":
-                pss += int(rest.split()[0])
-            elif name.startswith("Private_"):
-                private += int(rest.split()[0])
-    return Memory(pss / 1024, private / 1024)
-
-
 def idle():
     with running_program() as program:
         _show_once(program)
-        _settled_memory(program.process.pid)
-        return _idle_of_tree(program.process.pid)
+        settled_memory(program.process.pid)
+        return idle_of_tree(program.process.pid)
 
 
 def idle_of_peer():
     with Desktop() as desktop:
         peer = CopyQ(desktop)
-        peer.fill()
+        peer.fill(texts())
         peer.show_once()
-        _settled_memory(peer.process.pid)
-        return _idle_of_tree(peer.process.pid)
-
-
-def _idle_of_tree(pid):
-    before = _activity_of_tree(pid)
-    time.sleep(SAMPLE)  # what is measured
-    after = _activity_of_tree(pid)
-    return Idle((after[0] - before[0]) / SAMPLE, after[1] - before[1])
-
-
-def _activity_of_tree(pid):
-    """Voluntary context switches (each begins with a wake-up) and processor time in ms."""
-    switches = ticks = 0
-    for process in descendants(pid):
-        for task in os.listdir(f"/proc/{process}/task"):
-            status = Path(f"/proc/{process}/task/{task}/status").read_text(encoding="ascii")
-            switches += int(status.split("\nvoluntary_ctxt_switches:")[1].split()[0])
-            stat = Path(f"/proc/{process}/task/{task}/stat").read_text(encoding="ascii")
-            fields = stat.rpartition(")")[2].split()
-            ticks += int(fields[11]) + int(fields[12])
-    return switches, ticks * 1000 / os.sysconf("SC_CLK_TCK")
+        settled_memory(peer.process.pid)
+        return idle_of_tree(peer.process.pid)
 
 
 def inside(name):

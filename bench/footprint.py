@@ -1,0 +1,70 @@
+"""What a process and all that it started cost."""
+
+import os
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+from harness.processes import descendants
+from harness.waiting import wait_for
+
+SAMPLE = 10.0  # seconds
+
+
+@dataclass
+class Memory:
+    """Of a process and all that it started, in MiB."""
+
+    pss: float
+    private: float
+
+
+@dataclass
+class Idle:
+    wakeups: float  # a second
+    processor_ms: float  # in the sample
+
+
+def settled_memory(pid):
+    """Once it has not changed for two seconds."""
+    seen = []
+
+    def is_settled():
+        seen.append(_memory_of_tree(pid))
+        time.sleep(0.5)
+        return len(seen) > 4 and abs(seen[-1].pss - seen[-5].pss) < 0.1
+
+    wait_for(is_settled, "the memory to settle", 60)
+    return seen[-1]
+
+
+def _memory_of_tree(pid):
+    pss = private = 0
+    for process in descendants(pid):
+        for line in Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii").splitlines():
+            name, _, rest = line.partition(":")
+            if name == "Pss":
+                pss += int(rest.split()[0])
+            elif name.startswith("Private_"):
+                private += int(rest.split()[0])
+    return Memory(pss / 1024, private / 1024)
+
+
+def idle_of_tree(pid):
+    before = _activity_of_tree(pid)
+    time.sleep(SAMPLE)  # what is measured
+    after = _activity_of_tree(pid)
+    return Idle((after[0] - before[0]) / SAMPLE, after[1] - before[1])
+
+
+def _activity_of_tree(pid):
+    """Voluntary context switches (each begins with a wake-up) and processor time in ms."""
+    switches = ticks = 0
+    for process in descendants(pid):
+        for task in os.listdir(f"/proc/{process}/task"):
+            status = Path(f"/proc/{process}/task/{task}/status").read_text(encoding="ascii")
+            switches += int(status.split("\nvoluntary_ctxt_switches:")[1].split()[0])
+            stat = Path(f"/proc/{process}/task/{task}/stat").read_text(encoding="ascii")
+            fields = stat.rpartition(")")[2].split()
+            ticks += int(fields[11]) + int(fields[12])
+    return switches, ticks * 1000 / os.sysconf("SC_CLK_TCK")

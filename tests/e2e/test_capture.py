@@ -135,7 +135,7 @@ def test_the_oldest_unpinned_entries_beyond_the_capacity_leave(desktop, stopped_
     for text in ("one", "two", "three", "four"):
         with copy(desktop, text):
             wait_for(lambda text=text: stopped_program.texts()[:1] == [text], text)
-    assert stopped_program.texts() == ["four", "three", "two"]
+    stopped_program.wait_for_texts(["four", "three", "two"])
 
 
 def test_the_files_are_the_users_alone(desktop, program):

@@ -169,7 +169,7 @@ def test_the_window_stays_out_of_task_bars(desktop, history):
 def test_the_log_tells_the_showing_but_no_content(desktop, history):
     XTerm(desktop)
     history.panel.open()
-    history.wait_for_log("^Panel show: captured target xterm pid ")
+    history.wait_for_log("^Panel show: captured target XTerm pid ")
     history.wait_for_log("^Panel shown$")
     assert not any("alpha" in line.message for line in history.log())
 

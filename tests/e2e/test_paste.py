@@ -62,7 +62,8 @@ def test_pasting_goes_on_where_the_typing_was(desktop, history):
 def test_picking_by_place(desktop, history):
     editor = GtkEditor(desktop)
     history.panel.open()
-    desktop.keyboard.tap("3", ["Control_L"])
+    # Sooner, this press of Control would be the third of a triple tap.
+    desktop.keyboard.tap("3", ["Control_L"], after_ms=400)
     assert_pasted(history, editor, "gamma")
 
 

@@ -53,7 +53,7 @@ def harbour(width=800, height=500):
 def encoded(picture, kind):
     """The picture's bytes; kinds that can lose nothing lose nothing."""
     buffer = io.BytesIO()
-    options = {"JPEG": {"quality": 95}, "WEBP": {"lossless": True}}.get(kind, {})
+    options = {"JPEG": {"quality": 95, "subsampling": 0}, "WEBP": {"lossless": True}}.get(kind, {})
     picture.save(buffer, kind, **options)
     return buffer.getvalue()
 

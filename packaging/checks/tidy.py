@@ -1,10 +1,13 @@
 #!/usr/bin/python3
 """Runs clang-tidy over what build/dev compiles, on every core; files found clean are remembered.
 
+Tests are compiled with every warning and fail by themselves; looking at them too would double the
+time, so they are looked at when they are named.
+
 A file is looked at again when it, a header of ours that it includes, its flags, the checks or the
 tool have changed.
 
-    tidy.py [PATH...]    only the sources below these paths
+    tidy.py [PATH...]    the sources below these paths; by default src and bench
 """
 
 import hashlib
@@ -67,7 +70,8 @@ def complaints(path):
 
 
 def main():
-    wanted = [Path(argument).resolve() for argument in sys.argv[1:]] or [PROJECT]
+    wanted = [Path(argument).resolve() for argument in sys.argv[1:]] or [
+        PROJECT / "src", PROJECT / "bench"]
     version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
     common = version + (PROJECT / ".clang-tidy").read_bytes()
     made_from = dependencies()

@@ -11,7 +11,7 @@ PROJECT = Path(__file__).resolve().parents[2]
 # Lines a file may have: the size to write for, and a tenth more. A test is a list of cases that
 # nobody reads as a whole, so it may be longer.
 LONGEST = {".cpp": 330, ".h": 165, ".py": 330}
-LONGEST_TEST = 440
+LONGEST_TEST = 600
 
 SOURCE = (".cpp", ".h", ".py", ".txt", ".cmake", ".md", ".yml", ".sh", "")
 

@@ -21,8 +21,8 @@ QString settingsFolder()
 
 QString autostartFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-           + u"/autostart"_s;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/autostart"_s;
 }
 
 QUrl feedbackURL()

@@ -16,13 +16,14 @@ class FakeRepetition final : public Repetition, public QObject
 
 Instant FakeClock::now() const
 {
-    return Instant::fromReferenceSeconds(startSeconds
-                                         + std::chrono::duration<double>(m_elapsed).count());
+    return Instant::fromReferenceSeconds(startSeconds +
+                                         std::chrono::duration<double>(m_elapsed).count());
 }
 
 void FakeClock::after(std::chrono::milliseconds delay, QObject* owner, std::function<void()> step)
 {
-    m_steps.push_back({m_elapsed + delay, std::chrono::milliseconds::zero(), owner, std::move(step)});
+    m_steps.push_back(
+        {m_elapsed + delay, std::chrono::milliseconds::zero(), owner, std::move(step)});
 }
 
 std::unique_ptr<Repetition> FakeClock::every(std::chrono::milliseconds interval,

@@ -97,7 +97,7 @@ void WindowManager::waitUntilReady() const
         while (!probeDeadline.hasExpired()) {
             if (probe.hasFocus())
                 return;
-            QThread::msleep(5);
+            QThread::msleep(5); // between two looks at a condition
         }
     }
     qFatal("The window manager does not manage windows");

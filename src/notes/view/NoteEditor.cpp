@@ -144,7 +144,7 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
         m_backgroundPress = event->pos();
-    // The toolkit would wait for the program that owns the selection of X11 to paste it.
+    // The toolkit would wait for the program that owns the primary selection to paste it.
     if (event->button() != Qt::MiddleButton)
         QPlainTextEdit::mousePressEvent(event);
 }

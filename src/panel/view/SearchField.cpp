@@ -49,7 +49,7 @@ void SearchField::mousePressEvent(QMouseEvent* event)
         QLineEdit::mousePressEvent(event);
 }
 
-// The toolkit would put the selected text on the selection of X11, or paste from it.
+// The toolkit would put the selected text on the primary selection, or paste from it.
 void SearchField::mouseReleaseEvent(QMouseEvent*)
 {
 }

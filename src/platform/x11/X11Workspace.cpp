@@ -20,8 +20,7 @@ constexpr auto activeWindowName = "_NET_ACTIVE_WINDOW";
 bool isOurFloatingWindow(xcb_window_t window)
 {
     return std::ranges::any_of(QGuiApplication::allWindows(), [window](const QWindow* ours) {
-        return ours->handle() != nullptr && ours->winId() == window &&
-               isFloating(*ours);
+        return ours->handle() != nullptr && ours->winId() == window && isFloating(*ours);
     });
 }
 

@@ -12,7 +12,7 @@ class TestCommandLine : public QObject
 private Q_SLOTS:
     void withoutArgumentsThereIsNothingToSayOrOpen()
     {
-        const auto commandLine = CommandLine::parse({}, u"/home/me"_s);
+        const auto commandLine = CommandLine::parse({}, u"/folder/me"_s);
         QVERIFY(!commandLine.answer);
         QVERIFY(commandLine.documents.isEmpty());
     }
@@ -20,13 +20,13 @@ private Q_SLOTS:
     void filesAreThoseOfTheFolder()
     {
         const auto commandLine = CommandLine::parse(
-            {u"a b.md"_s, u"/tmp/c.md"_s, u"file:///d%20e.md"_s, u"../f.md"_s}, u"/home/me"_s);
+            {u"a b.md"_s, u"/tmp/c.md"_s, u"file:///d%20e.md"_s, u"../f.md"_s}, u"/folder/me"_s);
         QVERIFY(!commandLine.answer);
         QStringList files;
         for (const QUrl& document : commandLine.documents)
             files << document.toLocalFile();
-        QCOMPARE(files, QStringList({u"/home/me/a b.md"_s, u"/tmp/c.md"_s, u"/d e.md"_s,
-                                     u"/home/f.md"_s}));
+        QCOMPARE(files, QStringList({u"/folder/me/a b.md"_s, u"/tmp/c.md"_s, u"/d e.md"_s,
+                                     u"/folder/f.md"_s}));
     }
 
     void afterTwoDashesEverythingIsAFile()

@@ -187,7 +187,7 @@ private Q_SLOTS:
         first.reset();
         // Twice: the first event tells the monitor that it has no listener left.
         user.tap(XK_a);
-        QTest::qWait(50);
+        QTest::qWait(50); // the time in which nothing must arrive
         user.release(XK_Control_L);
         const Record second(*monitor, KeyEventScope::global);
         user.tap(XK_a);

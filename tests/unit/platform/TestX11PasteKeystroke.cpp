@@ -252,7 +252,7 @@ private Q_SLOTS:
         target.quit();
         QTRY_VERIFY(application->isTerminated());
         QTest::ignoreMessage(QtWarningMsg, "Paste keystroke not sent: the target has gone");
-        QTest::qWait(100);
+        QTest::qWait(100); // the time in which nothing must be typed
         QVERIFY(other.keys().empty());
     }
 
@@ -277,7 +277,7 @@ private Q_SLOTS:
         QTRY_COMPARE(strokes(second).size(), std::size_t(1));
         firstApplication->activate();
         QTRY_VERIFY(first.hasFocus());
-        QTest::qWait(100);
+        QTest::qWait(100); // the time in which nothing must be typed
         QVERIFY(first.keys().empty());
     }
 

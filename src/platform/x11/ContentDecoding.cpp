@@ -1,5 +1,6 @@
 #include "platform/x11/ContentDecoding.h"
 
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/ImageConversion.h"
 #include "platform/x11/PasteboardTargets.h"
 
@@ -13,7 +14,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr qsizetype heavy = 64 * 1024;
+constexpr qsizetype heavy = 64 * kibibyte;
 
 qsizetype sizeOf(const std::optional<QByteArrayList>& pieces)
 {

@@ -15,7 +15,7 @@ struct ConvertedImage
 namespace ImageConversion {
 
 /// The most pixels that an image may have: more than two 5K screens side by side.
-inline constexpr qint64 mostPixels = 32 * 1024 * 1024;
+inline constexpr qint64 mostPixels = 33'554'432;
 
 /// Decodes the whole image and gives a PNG file of it: the very same bytes when they are one. The
 /// kind is told from the content. Refused are what does not decode completely, any kind that is not

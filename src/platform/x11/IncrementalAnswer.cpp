@@ -1,6 +1,7 @@
 #include "platform/x11/IncrementalAnswer.h"
 
 #include "platform/Clock.h"
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/X11Connection.h"
 
 #include <algorithm>
@@ -9,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr qsizetype wantedIncrement = 256 * 1024;
+constexpr qsizetype wantedIncrement = 256 * kibibyte;
 constexpr qsizetype requestOverhead = 64;
 
 } // namespace

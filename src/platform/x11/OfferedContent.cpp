@@ -1,5 +1,7 @@
 #include "platform/x11/OfferedContent.h"
 
+#include "platform/x11/ByteSizes.h"
+
 #include <algorithm>
 
 namespace driftbox {
@@ -8,10 +10,10 @@ namespace {
 
 // Looking through a longer text takes too long, and nobody pastes one into a program that knows
 // Latin-1 only.
-constexpr qsizetype longestLatin1 = 1024 * 1024;
+constexpr qsizetype longestLatin1 = mebibyte;
 
 // A shorter text is encoded at once, which tells its size.
-constexpr qsizetype longText = 1024 * 1024;
+constexpr qsizetype longText = mebibyte;
 
 bool isLatin1(const QString& text)
 {

@@ -1,6 +1,7 @@
 #include "platform/x11/SelectionReader.h"
 
 #include "platform/TaskRunner.h"
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/RequestorWindows.h"
 #include "platform/x11/X11Connection.h"
 
@@ -20,9 +21,9 @@ Q_LOGGING_CATEGORY(log, "SelectionReader")
 
 using Outcome = SelectionTransfer::Outcome;
 
-constexpr qsizetype contentLimit = 64 * 1024 * 1024;
-constexpr qsizetype opaqueLimit = 1024 * 1024;
-constexpr qsizetype targetsLimit = 64 * 1024;
+constexpr qsizetype contentLimit = 64 * mebibyte;
+constexpr qsizetype opaqueLimit = mebibyte;
+constexpr qsizetype targetsLimit = 64 * kibibyte;
 
 // An owner that has let two questions pass is not asked any more.
 constexpr int mostSilences = 2;

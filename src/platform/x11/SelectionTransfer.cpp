@@ -1,6 +1,7 @@
 #include "platform/x11/SelectionTransfer.h"
 
 #include "platform/Clock.h"
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/X11Connection.h"
 
 #include <cstring>
@@ -11,7 +12,7 @@ namespace driftbox {
 namespace {
 
 // A value is read in pieces, so that none of them holds up the event loop.
-constexpr qsizetype pieceSize = 1024 * 1024;
+constexpr qsizetype pieceSize = mebibyte;
 
 constexpr auto transferProperty = "_DRIFTBOX_TRANSFER";
 

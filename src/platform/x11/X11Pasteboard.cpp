@@ -1,6 +1,7 @@
 #include "platform/x11/X11Pasteboard.h"
 
 #include "platform/TaskRunner.h"
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/X11Connection.h"
 
 #include <memory>
@@ -15,7 +16,7 @@ namespace {
 Q_LOGGING_CATEGORY(log, "X11Pasteboard")
 
 // To give back the memory of more than this takes long enough to be felt.
-constexpr qsizetype heavy = 4 * 1024 * 1024;
+constexpr qsizetype heavy = 4 * mebibyte;
 
 bool isHeavy(const PasteboardContent& content)
 {

@@ -6,11 +6,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 namespace driftbox {
 
-ScriptedOwner::ScriptedOwner(const QByteArray& selection)
-    : m_selection(selection)
+ScriptedOwner::ScriptedOwner(QByteArray selection)
+    : m_selection(std::move(selection))
     , m_connection(X11Connection::open())
     , m_window(m_connection->createHiddenWindow(XCB_EVENT_MASK_NO_EVENT))
 {
@@ -147,12 +148,12 @@ void ScriptedOwner::refuse(const Request& request)
     send(request, XCB_ATOM_NONE);
 }
 
-void ScriptedOwner::whenTaken(const Request& request, std::function<void()> deleted)
+void ScriptedOwner::whenTaken(const Request& request, const std::function<void()>& deleted)
 {
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(m_connection->xcb(), request.requestor, XCB_CW_EVENT_MASK,
                                  &events);
-    m_taken.insert(request.property, std::move(deleted));
+    m_taken.insert(request.property, deleted);
 }
 
 ScriptedOwner::Answer ScriptedOwner::silence()
@@ -178,7 +179,7 @@ QByteArray ScriptedOwner::nameOf(xcb_atom_t atom)
 {
     auto* const reply = xcb_get_atom_name_reply(
         m_connection->xcb(), xcb_get_atom_name(m_connection->xcb(), atom), nullptr);
-    const QByteArray name(xcb_get_atom_name_name(reply), xcb_get_atom_name_name_length(reply));
+    QByteArray name(xcb_get_atom_name_name(reply), xcb_get_atom_name_name_length(reply));
     std::free(reply);
     return name;
 }

@@ -28,7 +28,7 @@ public:
     };
     using Answer = std::function<void(const Request&)>;
 
-    explicit ScriptedOwner(const QByteArray& selection = "CLIPBOARD");
+    explicit ScriptedOwner(QByteArray selection = "CLIPBOARD");
     ~ScriptedOwner() override;
 
     QHash<QByteArray, QByteArray> formats; ///< what TARGETS lists and is answered with
@@ -54,7 +54,7 @@ public:
     void notify(const Request& request);
     void refuse(const Request& request);
     /// Calls `deleted` whenever the requestor has taken what lies in the property.
-    void whenTaken(const Request& request, std::function<void()> deleted);
+    void whenTaken(const Request& request, const std::function<void()>& deleted);
 
     /// An answer that never comes.
     [[nodiscard]] static Answer silence();

@@ -117,9 +117,9 @@ QByteArray ScriptedRequestor::nameOf(xcb_atom_t atom)
 {
     auto* const reply = xcb_get_atom_name_reply(
         m_connection->xcb(), xcb_get_atom_name(m_connection->xcb(), atom), nullptr);
-    const QByteArray name = reply == nullptr ? QByteArray()
-                                             : QByteArray(xcb_get_atom_name_name(reply),
-                                                          xcb_get_atom_name_name_length(reply));
+    QByteArray name = reply == nullptr ? QByteArray()
+                                       : QByteArray(xcb_get_atom_name_name(reply),
+                                                    xcb_get_atom_name_name_length(reply));
     std::free(reply);
     return name;
 }

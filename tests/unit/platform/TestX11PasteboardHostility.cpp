@@ -1,4 +1,5 @@
 #include "platform/desktop/ThreadPoolTaskRunner.h"
+#include "platform/x11/ByteSizes.h"
 #include "platform/x11/SelectionTransfer.h"
 #include "support/Images.h"
 #include "support/VirtualDesktop.h"
@@ -14,8 +15,6 @@ using namespace Qt::StringLiterals;
 using Request = ScriptedOwner::Request;
 
 namespace {
-
-constexpr qsizetype mebibyte = 1024 * 1024;
 
 void expectLine(const char* line)
 {

@@ -1,37 +1,17 @@
 #include "fakes/FakeTaskRunner.h"
 #include "platform/x11/IncrementalAnswer.h"
-#include "platform/x11/X11PrimarySelection.h"
 #include "support/Images.h"
 #include "support/VirtualDesktop.h"
 #include "support/x11/PasteboardProgram.h"
 #include "support/x11/ScriptedOwner.h"
 #include "support/x11/ScriptedRequestor.h"
+#include "support/x11/Xclip.h"
 
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryFile>
 #include <QtGui/QGuiApplication>
 #include <QtTest/QTest>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// What the program xclip pastes; the event loop runs meanwhile.
-QByteArray pastedByXclip(const QString& target, const QString& selection = u"clipboard"_s)
-{
-    QTemporaryFile pasted;
-    if (!pasted.open())
-        return "there is no place for what is pasted";
-    QProcess xclip;
-    xclip.setStandardOutputFile(pasted.fileName());
-    xclip.start(u"xclip"_s, {u"-o"_s, u"-selection"_s, selection, u"-t"_s, target});
-    if (!QTest::qWaitFor([&] { return xclip.state() == QProcess::NotRunning; }, 20'000))
-        return "xclip does not end";
-    return pasted.readAll();
-}
-
-} // namespace
 
 class TestX11PasteboardOffering : public QObject
 {
@@ -41,11 +21,6 @@ class TestX11PasteboardOffering : public QObject
     std::unique_ptr<PasteboardProgram> m_program;
 
     [[nodiscard]] Pasteboard& pasteboard() const { return m_program->pasteboard; }
-    /// Whether other programs have this one's content before them by now.
-    [[nodiscard]] static bool isOffered(const QByteArray& text)
-    {
-        return pastedByXclip(u"UTF8_STRING"_s) == text;
-    }
 
 private Q_SLOTS:
     void init() { m_program = std::make_unique<PasteboardProgram>(m_runner); }
@@ -64,7 +39,7 @@ private Q_SLOTS:
     {
         pasteboard().write(textOnly(u"written"_s));
         const qint64 after = pasteboard().changeCount();
-        QTRY_VERIFY(isOffered("written"));
+        QTRY_VERIFY(Xclip::pastes("written"));
 
         QCOMPARE(pasteboard().changeCount(), after);
         QCOMPARE(pasteboard().content(), textOnly(u"written"_s));
@@ -86,7 +61,7 @@ private Q_SLOTS:
         QFETCH(QString, target);
         QFETCH(QByteArray, bytes);
         pasteboard().write(textOnly(u"caf\u00e9"_s));
-        QTRY_COMPARE(pastedByXclip(target), bytes);
+        QTRY_COMPARE(Xclip::pasted(target), bytes);
     }
 
     void everyFormatIsPasted()
@@ -94,10 +69,10 @@ private Q_SLOTS:
         const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
         pasteboard().write({.text = u"x"_s, .rtf = "{\\rtf1 x}", .png = png});
 
-        QTRY_COMPARE(pastedByXclip(u"image/png"_s), png);
-        QCOMPARE(pastedByXclip(u"text/rtf"_s), "{\\rtf1 x}");
-        QCOMPARE(pastedByXclip(u"application/rtf"_s), "{\\rtf1 x}");
-        QCOMPARE(pastedByXclip(u"text/richtext"_s), "{\\rtf1 x}");
+        QTRY_COMPARE(Xclip::pasted(u"image/png"_s), png);
+        QCOMPARE(Xclip::pasted(u"text/rtf"_s), "{\\rtf1 x}");
+        QCOMPARE(Xclip::pasted(u"application/rtf"_s), "{\\rtf1 x}");
+        QCOMPARE(Xclip::pasted(u"text/richtext"_s), "{\\rtf1 x}");
     }
 
     void largeContentIsPastedWhole_data()
@@ -116,7 +91,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         pasteboard().write(textOnly(text));
-        QTRY_VERIFY(isOffered(text.toUtf8()));
+        QTRY_VERIFY(Xclip::pastes(text.toUtf8()));
     }
 
     void emptyTextIsOfferedAsSuch()
@@ -130,11 +105,11 @@ private Q_SLOTS:
     void nothingIsOfferedAsNothing()
     {
         pasteboard().write(textOnly(u"before"_s));
-        QTRY_VERIFY(isOffered("before"));
+        QTRY_VERIFY(Xclip::pastes("before"));
         const qint64 before = pasteboard().changeCount();
         pasteboard().write({});
         QCOMPARE(pasteboard().changeCount(), before + 1);
-        QTRY_COMPARE(pastedByXclip(u"UTF8_STRING"_s), "");
+        QTRY_COMPARE(Xclip::pasted(u"UTF8_STRING"_s), "");
         QCOMPARE(pasteboard().changeCount(), before + 1);
     }
 
@@ -156,7 +131,7 @@ private Q_SLOTS:
     void whatIsNotOfferedIsRefused()
     {
         pasteboard().write(textOnly(u"\u20ac"_s));
-        QTRY_VERIFY(isOffered("\xe2\x82\xac"));
+        QTRY_VERIFY(Xclip::pastes("\xe2\x82\xac"));
         ScriptedRequestor requestor;
         for (const char* target : {"STRING", "image/png", "text/rtf", "text/html", "UNHEARD_OF"})
             requestor.ask(target);
@@ -169,7 +144,7 @@ private Q_SLOTS:
     void theTimeOfTheClaimIsTold()
     {
         pasteboard().write(textOnly(u"x"_s));
-        QTRY_VERIFY(isOffered("x"));
+        QTRY_VERIFY(Xclip::pastes("x"));
         ScriptedRequestor requestor;
         requestor.ask("TIMESTAMP");
         QTRY_COMPARE(requestor.answers, QByteArrayList{"TIMESTAMP"});
@@ -184,7 +159,7 @@ private Q_SLOTS:
     {
         const QString large(600'000, u'x');
         pasteboard().write({.text = large, .rtf = "{\\rtf1}", .png = {}});
-        QTRY_VERIFY(isOffered(large.toUtf8()));
+        QTRY_VERIFY(Xclip::pastes(large.toUtf8()));
         ScriptedRequestor requestor;
         requestor.askForMultiple({"text/rtf", "image/png", "UTF8_STRING", "MULTIPLE"});
         QTRY_COMPARE(requestor.answers, QByteArrayList{"MULTIPLE"});
@@ -202,7 +177,7 @@ private Q_SLOTS:
     void severalTargetsWithoutAListAreRefused()
     {
         pasteboard().write(textOnly(u"x"_s));
-        QTRY_VERIFY(isOffered("x"));
+        QTRY_VERIFY(Xclip::pastes("x"));
         ScriptedRequestor requestor;
         requestor.ask("MULTIPLE"); // the property is not there
         requestor.askWithoutProperty("MULTIPLE");
@@ -212,7 +187,7 @@ private Q_SLOTS:
     void oldProgramsNameNoProperty()
     {
         pasteboard().write(textOnly(u"x"_s));
-        QTRY_VERIFY(isOffered("x"));
+        QTRY_VERIFY(Xclip::pastes("x"));
         ScriptedRequestor requestor;
         requestor.askWithoutProperty("STRING");
         QTRY_COMPARE(requestor.answers, QByteArrayList{"STRING"});
@@ -223,7 +198,7 @@ private Q_SLOTS:
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
-        QTRY_VERIFY(isOffered(text));
+        QTRY_VERIFY(Xclip::pastes(text));
 
         std::vector<std::unique_ptr<ScriptedRequestor>> requestors;
         for (int i = 0; i < 12; ++i) {
@@ -244,12 +219,12 @@ private Q_SLOTS:
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
-        QTRY_VERIFY(isOffered(text));
+        QTRY_VERIFY(Xclip::pastes(text));
 
         ScriptedRequestor stuck;
         stuck.ask("UTF8_STRING");
         QTRY_COMPARE(stuck.answers, QByteArrayList{"UTF8_STRING"});
-        QVERIFY(isOffered(text));
+        QVERIFY(Xclip::pastes(text));
 
         // It is waited for as long as it makes progress, and then no more.
         m_program->clock.advance(IncrementalAnswer::patience / 2);
@@ -262,7 +237,7 @@ private Q_SLOTS:
         QTRY_COMPARE(dead.answers, QByteArrayList{"UTF8_STRING"});
         m_program->clock.advance(IncrementalAnswer::patience);
         dead.takeIncrements("UTF8_STRING");
-        QVERIFY(isOffered(text));
+        QVERIFY(Xclip::pastes(text));
         QCOMPARE(dead.incrementCount, 0);
     }
 
@@ -270,7 +245,7 @@ private Q_SLOTS:
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
-        QTRY_VERIFY(isOffered(text));
+        QTRY_VERIFY(Xclip::pastes(text));
 
         ScriptedRequestor goneBefore;
         goneBefore.ask("UTF8_STRING");
@@ -284,16 +259,16 @@ private Q_SLOTS:
         QTRY_COMPARE(ended->answers, QByteArrayList{"UTF8_STRING"});
         ended.reset();
 
-        QVERIFY(isOffered(text));
+        QVERIFY(Xclip::pastes(text));
         m_program->clock.advance(IncrementalAnswer::patience);
-        QVERIFY(isOffered(text));
+        QVERIFY(Xclip::pastes(text));
     }
 
     void windowsOfTheProgramItselfAreNotAnswered()
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
-        QTRY_VERIFY(isOffered(text));
+        QTRY_VERIFY(Xclip::pastes(text));
         const xcb_window_t watched =
             m_program->connection->createHiddenWindow(XCB_EVENT_MASK_PROPERTY_CHANGE);
         static_cast<void>(m_program->connection->atom("THE_WINDOW_IS_THERE"));
@@ -301,7 +276,7 @@ private Q_SLOTS:
         ScriptedRequestor impostor;
         impostor.askInTheNameOf(watched, "UTF8_STRING");
         impostor.askInTheNameOf(m_program->connection->root(), "UTF8_STRING");
-        QVERIFY(isOffered(text));
+        QVERIFY(Xclip::pastes(text));
         m_program->clock.advance(IncrementalAnswer::patience);
 
         // What the connection hears of its window is as before.
@@ -324,7 +299,7 @@ private Q_SLOTS:
         other.formats = {{"UTF8_STRING", "other"}};
         pasteboard().write(textOnly(u"written"_s));
         const qint64 after = pasteboard().changeCount();
-        QTRY_VERIFY(isOffered("written"));
+        QTRY_VERIFY(Xclip::pastes("written"));
         other.take();
 
         QTRY_COMPARE(pasteboard().changeCount(), after + 1);
@@ -347,7 +322,8 @@ private Q_SLOTS:
             // Whoever won, the program and the rest of the world agree on it.
             QTRY_VERIFY((other.ownsSelection() && pasteboard().content() == textOnly(u"other"_s)) ||
                         (!other.ownsSelection() &&
-                         pasteboard().content() == textOnly(u"written"_s) && isOffered("written")));
+                         pasteboard().content() == textOnly(u"written"_s) &&
+                         Xclip::pastes("written")));
         }
     }
 
@@ -356,204 +332,8 @@ private Q_SLOTS:
         for (int i = 0; i < 100; ++i)
             pasteboard().write(textOnly(QString::number(i)));
         QCOMPARE(pasteboard().content(), textOnly(u"99"_s));
-        QTRY_VERIFY(isOffered("99"));
+        QTRY_VERIFY(Xclip::pastes("99"));
         QCOMPARE(pasteboard().changeCount(), 100);
-    }
-
-    void whatAProgramOfferedOutlivesIt()
-    {
-        const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
-        auto owner = std::make_unique<ScriptedOwner>();
-        owner->formats = {{"UTF8_STRING", "text"},
-                          {"text/rtf", "{\\rtf1}"},
-                          {"image/png", png},
-                          {"text/html", "<b>text</b>"},
-                          {"text/uri-list", "file:///tmp/x\r\n"}};
-        owner->take();
-        QTRY_VERIFY((m_runner.runAll(), pasteboard().changeCount() == 1));
-        QTRY_VERIFY(owner->asked.contains("text/html") && owner->asked.contains("text/uri-list"));
-        const PasteboardContent before = pasteboard().content();
-        owner.reset();
-
-        QTRY_VERIFY(isOffered("text"));
-        QCOMPARE(pastedByXclip(u"text/rtf"_s), "{\\rtf1}");
-        QCOMPARE(pastedByXclip(u"image/png"_s), png);
-        QCOMPARE(pastedByXclip(u"text/html"_s), "<b>text</b>");
-        QCOMPARE(pastedByXclip(u"text/uri-list"_s), "file:///tmp/x\r\n");
-        QCOMPARE(pasteboard().changeCount(), 1);
-        QCOMPARE(pasteboard().content(), before);
-    }
-
-    void whatARealProgramOfferedOutlivesIt()
-    {
-        QProcess xclip;
-        xclip.start(u"xclip"_s, {u"-quiet"_s, u"-i"_s, u"-selection"_s, u"clipboard"_s});
-        xclip.write("from xclip");
-        xclip.closeWriteChannel();
-        QTRY_COMPARE(pasteboard().content(), textOnly(u"from xclip"_s));
-        xclip.kill();
-        QTRY_COMPARE(xclip.state(), QProcess::NotRunning);
-
-        QTRY_VERIFY(isOffered("from xclip"));
-        QCOMPARE(pasteboard().changeCount(), 1);
-    }
-
-    void anOwnersWindowMayEndWithoutIt()
-    {
-        ScriptedOwner owner;
-        owner.formats = {{"UTF8_STRING", "text"}};
-        owner.take();
-        QTRY_COMPARE(pasteboard().changeCount(), 1);
-        owner.destroyWindow();
-        QTRY_VERIFY(isOffered("text"));
-        QCOMPARE(pasteboard().changeCount(), 1);
-    }
-
-    void whatWasThereAtTheStartOutlivesItsProgram()
-    {
-        m_program.reset();
-        auto owner = std::make_unique<ScriptedOwner>();
-        owner->formats = {{"UTF8_STRING", "early"}};
-        owner->take();
-        QVERIFY(owner->ownsSelection());
-        m_program = std::make_unique<PasteboardProgram>(m_runner);
-        QTRY_COMPARE(pasteboard().content(), textOnly(u"early"_s));
-        owner.reset();
-
-        QTRY_VERIFY(isOffered("early"));
-        QCOMPARE(pasteboard().changeCount(), 0);
-    }
-
-    void whatArrivedBeforeTheOwnerEndedIsKept()
-    {
-        auto owner = std::make_unique<ScriptedOwner>();
-        owner->formats = {{"UTF8_STRING", "text"}};
-        owner->answers = {{"text/rtf", ScriptedOwner::silence()}};
-        owner->take();
-        QTRY_VERIFY(owner->asked.contains("text/rtf"));
-        owner.reset();
-
-        QTRY_COMPARE(pasteboard().changeCount(), 1);
-        QTRY_VERIFY(isOffered("text"));
-        QCOMPARE(pasteboard().changeCount(), 1);
-    }
-
-    void whatAProgramHandsOverWithItsLastBreathIsKept()
-    {
-        ScriptedOwner owner;
-        owner.answers = {{"UTF8_STRING", [&](const ScriptedOwner::Request& request) {
-                              owner.put(request, "UTF8_STRING", 8, "text");
-                              owner.notify(request);
-                              owner.end();
-                          }}};
-        owner.take();
-
-        QTRY_COMPARE(pasteboard().changeCount(), 1);
-        QCOMPARE(pasteboard().content(), textOnly(u"text"_s));
-        QTRY_VERIFY(isOffered("text"));
-    }
-
-    void anImageThatIsBeingDecodedOutlivesItsProgram()
-    {
-        const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
-        auto owner = std::make_unique<ScriptedOwner>();
-        owner->formats = {{"image/png", png}};
-        owner->take();
-        QTRY_COMPARE(m_runner.pending(), std::size_t(1));
-        owner.reset();
-        QCOMPARE(pastedByXclip(u"image/png"_s), "");
-        QCOMPARE(pasteboard().changeCount(), 0);
-
-        m_runner.runAll();
-        QCOMPARE(pasteboard().changeCount(), 1);
-        QTRY_COMPARE(pastedByXclip(u"image/png"_s), png);
-    }
-
-    void aSecretEndsWithItsProgram()
-    {
-        auto owner = std::make_unique<ScriptedOwner>();
-        owner->formats = {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}};
-        owner->take();
-        QTRY_COMPARE(pasteboard().changeCount(), 1);
-        owner.reset();
-
-        ScriptedRequestor requestor;
-        requestor.ask("TARGETS");
-        QTRY_COMPARE(requestor.answers, QByteArrayList{"TARGETS refused"});
-    }
-
-    void whatIsTakenBackIsGone()
-    {
-        ScriptedOwner owner;
-        owner.formats = {{"UTF8_STRING", "text"}, {"text/html", "text"}};
-        owner.take();
-        QTRY_VERIFY(owner.asked.contains("text/html"));
-        QCOMPARE(pasteboard().changeCount(), 1);
-        owner.clear();
-
-        QTRY_COMPARE(pasteboard().changeCount(), 2);
-        QVERIFY(pasteboard().content().isEmpty());
-        owner.end();
-        ScriptedRequestor requestor;
-        requestor.ask("TARGETS");
-        QTRY_COMPARE(requestor.answers, QByteArrayList{"TARGETS refused"});
-    }
-
-    void whatIsTakenBackWhileItIsBeingReadIsGone()
-    {
-        ScriptedOwner owner;
-        owner.formats = {{"UTF8_STRING", "text"}};
-        owner.answers = {{"text/rtf", ScriptedOwner::silence()}};
-        owner.take();
-        QTRY_VERIFY(owner.asked.contains("text/rtf"));
-        owner.clear();
-
-        QTRY_COMPARE(pasteboard().changeCount(), 1);
-        QVERIFY(pasteboard().content().isEmpty());
-    }
-
-    void primaryHasTheTextOfThePasteboardWhenAsked()
-    {
-        X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());
-        pasteboard().write({.text = u"for the terminal"_s, .rtf = "{\\rtf1}", .png = {}});
-        QCOMPARE(pastedByXclip(u"UTF8_STRING"_s, u"primary"_s), "");
-
-        bool offered = false;
-        primary.offerPasteboardText(this, [&] { offered = true; });
-        QVERIFY(!offered);
-        QTRY_VERIFY(offered);
-        QCOMPARE(pastedByXclip(u"UTF8_STRING"_s, u"primary"_s), "for the terminal");
-        QCOMPARE(pastedByXclip(u"text/rtf"_s, u"primary"_s), "");
-    }
-
-    void primaryStaysAsItIsWhenThereIsNoText()
-    {
-        ScriptedOwner selected("PRIMARY");
-        selected.formats = {{"UTF8_STRING", "selected"}};
-        selected.take();
-        QVERIFY(selected.ownsSelection());
-        X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());
-        pasteboard().write({.text = {}, .rtf = "{\\rtf1}", .png = {}});
-
-        bool offered = false;
-        primary.offerPasteboardText(this, [&] { offered = true; });
-        QTRY_VERIFY(offered);
-        QVERIFY(selected.ownsSelection());
-    }
-
-    void aDestroyedOwnerIsNotToldOfPrimary()
-    {
-        X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());
-        pasteboard().write(textOnly(u"x"_s));
-        auto dead = std::make_unique<QObject>();
-        bool toldTheDead = false;
-        bool toldTheLiving = false;
-        primary.offerPasteboardText(dead.get(), [&] { toldTheDead = true; });
-        primary.offerPasteboardText(this, [&] { toldTheLiving = true; });
-        dead.reset();
-
-        QTRY_VERIFY(toldTheLiving);
-        QVERIFY(!toldTheDead);
     }
 };
 

@@ -66,17 +66,17 @@ ClipboardFooter::ClipboardFooter(ClipboardViewModel& viewModel, QWidget* parent)
 
     connect(m_clearButton, &QAbstractButton::clicked, &viewModel,
             &ClipboardViewModel::clearUnpinned);
-    connect(&viewModel, &ClipboardViewModel::itemsChanged, this, &ClipboardFooter::update);
-    update();
+    connect(&viewModel, &ClipboardViewModel::itemsChanged, this, &ClipboardFooter::showCounts);
+    showCounts();
 }
 
-void ClipboardFooter::update()
+void ClipboardFooter::showCounts()
 {
     m_total->setText(u"%1 total"_s.arg(m_viewModel.items().size()));
     m_pinned->setText(u"%1 pinned"_s.arg(m_viewModel.pinnedCount()));
     m_pinned->setVisible(m_viewModel.pinnedCount() > 0);
     m_clearButton->setEnabled(m_viewModel.unpinnedCount() > 0);
-    QWidget::update();
+    update();
 }
 
 void ClipboardFooter::paintEvent(QPaintEvent*)

@@ -23,7 +23,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void update();
+    void showCounts();
 
     ClipboardViewModel& m_viewModel;
     QLabel* m_total;

@@ -137,7 +137,7 @@ void ClipboardRowView::pick(const QModelIndex& index)
 void ClipboardRowView::press(const QModelIndex& index, int button)
 {
     const ClipboardItem& item = itemAt(index);
-    m_actions.perform(buttonActions(item).at(static_cast<size_t>(button)), item);
+    m_actions.perform(buttonActions(item)[static_cast<size_t>(button)], item);
 }
 
 void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelIndex& index,

@@ -84,8 +84,10 @@ void ClipboardSectionView::connectParts()
             &ClipboardSectionView::updateEmptyState);
     connect(&m_viewModel, &ClipboardViewModel::ocrProcessingIdChanged, this,
             &ClipboardSectionView::updateBusyIndicator);
-    connect(&m_selection, &ClipboardSelection::changed, this,
-            [this] { m_list->setSelectedRow(m_selection.row()); });
+    connect(&m_selection, &ClipboardSelection::changed, this, [this] {
+        m_list->setSelectedRow(m_selection.row());
+        m_selectionHasChanged = true;
+    });
 
     m_busyTimer.setInterval(busyFrame);
     int angle = 0;
@@ -125,9 +127,9 @@ void ClipboardSectionView::startOver()
 void ClipboardSectionView::followScreen()
 {
     m_viewModel.setImagePixelRatio(devicePixelRatioF());
-    const QWindow* window = this->window()->windowHandle();
-    connect(window, &QWindow::screenChanged, this, &ClipboardSectionView::handleScreenChanged,
-            Qt::UniqueConnection);
+    if (const QWindow* window = this->window()->windowHandle())
+        connect(window, &QWindow::screenChanged, this, &ClipboardSectionView::handleScreenChanged,
+                Qt::UniqueConnection);
 }
 
 void ClipboardSectionView::handleScreenChanged()
@@ -174,11 +176,11 @@ bool ClipboardSectionView::eventFilter(QObject* watched, QEvent* event)
 
 bool ClipboardSectionView::handleKeyPress(const QKeyEvent& event)
 {
-    const int before = m_selection.row();
+    m_selectionHasChanged = false;
     const bool isHandled = m_keyboard.handle(
         {static_cast<Qt::Key>(event.key()), event.modifiers(), event.isAutoRepeat()},
         m_list->rowsPerPage());
-    if (m_selection.row() != before) {
+    if (m_selectionHasChanged) {
         m_list->announceSelectedRow();
         m_rowIsAnnounced = true;
     }

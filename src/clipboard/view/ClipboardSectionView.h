@@ -54,6 +54,7 @@ private:
     ClipboardSelection m_selection; ///< hears of changes of the rows after the list
     ClipboardKeyboard m_keyboard;
     QTimer m_busyTimer;
+    bool m_selectionHasChanged = false; ///< since the last key press
     bool m_rowIsAnnounced = false; ///< assistive technology takes a row for what the user is at
 };
 

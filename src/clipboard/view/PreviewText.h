@@ -2,6 +2,7 @@
 
 #include "clipboard/PreviewLines.h"
 
+#include <memory>
 #include <vector>
 
 #include <QtGui/QFont>

@@ -102,8 +102,9 @@ int RowListAccessible::indexOfChild(const QAccessibleInterface* child) const
 
 QAccessibleInterface* RowListAccessible::childAt(int x, int y) const
 {
+    const QPoint place = m_view.viewport()->mapFromGlobal(QPoint(x, y));
     for (int row = 0; row < childCount(); ++row) {
-        if (m_view.rowRect(row).contains(m_view.viewport()->mapFromGlobal(QPoint(x, y))))
+        if (m_view.rowRect(row).contains(place))
             return child(row);
     }
     return nullptr;

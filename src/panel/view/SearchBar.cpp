@@ -40,19 +40,23 @@ SearchBar::SearchBar(const QString& placeholder, const TextExchange& exchange, Q
     row->addWidget(m_field, 1);
     row->addWidget(m_clearButton);
 
-    connect(m_field, &QLineEdit::textEdited, this, &SearchBar::queryEdited);
-    connect(m_field, &QLineEdit::textChanged, m_clearButton,
-            [this](const QString& text) { m_clearButton->setVisible(!text.isEmpty()); });
-    connect(m_clearButton, &QAbstractButton::clicked, this, [this] {
-        m_field->clear();
-        Q_EMIT queryEdited({});
-    });
+    connect(m_field, &QLineEdit::textChanged, this, &SearchBar::handleTextChanged);
+    connect(m_clearButton, &QAbstractButton::clicked, m_field, &QLineEdit::clear);
 }
 
 void SearchBar::setQuery(const QString& query)
 {
+    m_query = query;
     if (m_field->text() != query)
         m_field->setText(query);
+}
+
+// Not only what is typed: assistive technology sets the text.
+void SearchBar::handleTextChanged(const QString& text)
+{
+    m_clearButton->setVisible(!text.isEmpty());
+    if (std::exchange(m_query, text) != text)
+        Q_EMIT queryEdited(text);
 }
 
 void SearchBar::paintEvent(QPaintEvent*)

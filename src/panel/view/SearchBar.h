@@ -21,7 +21,7 @@ public:
     void setQuery(const QString& query);
 
 Q_SIGNALS:
-    /// The user has changed what the field holds.
+    /// The user has changed what the field holds, by whatever means.
     void queryEdited(const QString& query);
 
 protected:
@@ -29,6 +29,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void handleTextChanged(const QString& text);
+
+    QString m_query;
     SearchField* m_field;
     SymbolButton* m_clearButton;
 };

@@ -98,6 +98,15 @@ private Q_SLOTS:
         QCOMPARE(f.edited.count(), 0);
     }
 
+    void whatAssistiveTechnologyWritesIsAnEdit()
+    {
+        const Fixture f;
+        QAccessibleInterface* field = QAccessible::queryAccessibleInterface(&f.bar.field());
+        field->editableTextInterface()->insertText(0, u"abc"_s);
+        QCOMPARE(f.edited.count(), 1);
+        QCOMPARE(f.edited.last().first().toString(), u"abc"_s);
+    }
+
     void copyingAndPastingGoThroughTheProgram()
     {
         Fixture f;

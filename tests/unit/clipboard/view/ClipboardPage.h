@@ -1,0 +1,106 @@
+#pragma once
+
+#include "clipboard/view/ClipboardSection.h"
+#include "panel/view/RowListView.h"
+#include "panel/view/SearchField.h"
+#include "panel/view/SymbolButton.h"
+#include "unit/clipboard/ClipboardHistory.h"
+
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+
+namespace driftbox {
+
+/// The clipboard's page in a window, used by mouse and keyboard and read like assistive technology
+/// does.
+struct ClipboardPage
+{
+    static constexpr QSize pageSize{451, 592};
+
+    explicit ClipboardPage(ClipboardHistory& shownHistory)
+        : history(shownHistory)
+    {
+        page = section.makeRootView(&window);
+        page->resize(pageSize);
+        window.resize(pageSize);
+    }
+    void show()
+    {
+        window.show();
+        (void)QTest::qWaitForWindowExposed(&window);
+    }
+
+    [[nodiscard]] RowListView& list() const { return *page->findChild<RowListView*>(); }
+    [[nodiscard]] SearchField& field() const { return *page->findChild<SearchField*>(); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(&field(), key, modifiers);
+    }
+    [[nodiscard]] QLabel& label(const QString& text) const
+    {
+        const auto labels = page->findChildren<QLabel*>();
+        const auto found =
+            std::ranges::find_if(labels, [&](QLabel* label) { return label->text() == text; });
+        return **found;
+    }
+    [[nodiscard]] SymbolButton& clearUnpinned() const
+    {
+        const auto buttons = page->findChildren<SymbolButton*>();
+        return **std::ranges::find(buttons, QStringLiteral("Clear unpinned"), &SymbolButton::text);
+    }
+    /// What is said in the place of the rows.
+    [[nodiscard]] QString emptyState() const
+    {
+        for (const QWidget* widget : page->findChildren<QWidget*>()) {
+            if (widget->isVisible() && widget->accessibleName().startsWith(QStringLiteral("No")))
+                return widget->accessibleName();
+        }
+        return {};
+    }
+
+    [[nodiscard]] QAccessibleInterface& row(int row) const
+    {
+        return *QAccessible::queryAccessibleInterface(&list())->child(row);
+    }
+    [[nodiscard]] QStringList rowNames() const
+    {
+        QStringList names;
+        const auto* rows = QAccessible::queryAccessibleInterface(&list());
+        for (int i = 0; i < rows->childCount(); ++i)
+            names << rows->child(i)->text(QAccessible::Name);
+        return names;
+    }
+    [[nodiscard]] QStringList buttonNames(int of) const
+    {
+        QStringList names;
+        for (int i = 0; i < row(of).childCount(); ++i)
+            names << row(of).child(i)->text(QAccessible::Name);
+        return names;
+    }
+    [[nodiscard]] QAccessibleInterface& button(int of, const QString& name) const
+    {
+        return *row(of).child(int(buttonNames(of).indexOf(name)));
+    }
+    static void activate(QAccessibleInterface& element)
+    {
+        element.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    /// Moves there and clicks.
+    void click(const QAccessibleInterface& element) const
+    {
+        const QPoint place = list().viewport()->mapFromGlobal(element.rect().center());
+        QTest::mouseMove(list().viewport(), place);
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
+    }
+    [[nodiscard]] QImage picture() const { return page->grab().toImage(); }
+
+    ClipboardHistory& history;
+    std::vector<ClipboardItem> notes;
+    ClipboardSection section{history.viewModel, history.clock,
+                             [this](const ClipboardItem& item) { notes.push_back(item); }};
+    QWidget window;
+    QWidget* page;
+};
+
+} // namespace driftbox

@@ -63,8 +63,7 @@ bool ClipboardRowActions::isBusy(Action action, const ClipboardItem& item) const
     return action == Action::recognizeText && m_viewModel.ocrProcessingId() == item.id;
 }
 
-// Items are taken by value: most actions replace the list that the caller's item is in.
-void ClipboardRowActions::perform(Action action, ClipboardItem item)
+void ClipboardRowActions::perform(Action action, const ClipboardItem& item)
 {
     if (isBusy(action, item))
         return;
@@ -82,15 +81,15 @@ void ClipboardRowActions::perform(Action action, ClipboardItem item)
     }
 }
 
-void ClipboardRowActions::pick(ClipboardItem item)
+void ClipboardRowActions::pick(const ClipboardItem& item)
 {
     m_viewModel.pick(item);
 }
 
-void ClipboardRowActions::pasteAsText(ClipboardItem item)
+void ClipboardRowActions::pasteAsText(const ClipboardItem& item)
 {
     const bool isText = item.kind == ClipboardItem::Kind::text;
-    perform(isText ? Action::pastePlain : Action::recognizeText, std::move(item));
+    perform(isText ? Action::pastePlain : Action::recognizeText, item);
 }
 
 } // namespace driftbox

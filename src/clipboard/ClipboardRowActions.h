@@ -11,7 +11,8 @@ class ClipboardViewModel;
 
 enum class ClipboardRowAction { pastePlain, recognizeText, makeNote, remove, togglePin };
 
-/// What a row of the history offers to do with its item.
+/// What a row of the history offers to do with its item. The item may be one of the list that an
+/// action replaces.
 class ClipboardRowActions
 {
 public:
@@ -30,11 +31,11 @@ public:
     [[nodiscard]] bool isBusy(ClipboardRowAction action, const ClipboardItem& item) const;
 
     /// A busy action does nothing.
-    void perform(ClipboardRowAction action, ClipboardItem item);
+    void perform(ClipboardRowAction action, const ClipboardItem& item);
     /// What a click on the row does.
-    void pick(ClipboardItem item);
+    void pick(const ClipboardItem& item);
     /// Pastes text without its looks, of a picture the text in it.
-    void pasteAsText(ClipboardItem item);
+    void pasteAsText(const ClipboardItem& item);
 
 private:
     ClipboardViewModel& m_viewModel;

@@ -68,7 +68,7 @@ void PreviewText::addParagraph(const QString& text, bool continues)
 // The part of `text` that a line has room for, with an ellipsis where something is missing.
 QString PreviewText::cut(const QString& text, bool continues) const
 {
-    const QString whole = continues ? trimmedAtEnd(text) + ellipsis : text;
+    QString whole = continues ? trimmedAtEnd(text) + ellipsis : text;
     const qsizetype length = lengthOfFirstLine(whole);
     if (length == whole.size())
         return whole;

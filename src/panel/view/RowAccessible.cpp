@@ -6,9 +6,9 @@
 
 namespace driftbox {
 
-PressableAccessible::PressableAccessible(RowListView& view, const QPersistentModelIndex& index)
+PressableAccessible::PressableAccessible(RowListView& view, QPersistentModelIndex index)
     : m_view(view)
-    , m_index(index)
+    , m_index(std::move(index))
 {
 }
 

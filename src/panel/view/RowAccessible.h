@@ -13,7 +13,7 @@ class RowListView;
 class PressableAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
-    PressableAccessible(RowListView& view, const QPersistentModelIndex& index);
+    PressableAccessible(RowListView& view, QPersistentModelIndex index);
 
     /// Minus one once the row has left the list.
     [[nodiscard]] int row() const { return m_index.isValid() ? m_index.row() : -1; }

@@ -20,9 +20,9 @@ constexpr qreal pressedOpacity = 1.8; // of the fill under the pointer
 
 } // namespace
 
-SymbolButton::SymbolButton(const QString& systemImage, const QString& help, QWidget* parent)
+SymbolButton::SymbolButton(QString systemImage, const QString& help, QWidget* parent)
     : QAbstractButton(parent)
-    , m_systemImage(systemImage)
+    , m_systemImage(std::move(systemImage))
 {
     setFont(Theme::Font::rowMeta());
     setFocusPolicy(Qt::TabFocus);

@@ -15,7 +15,7 @@ public:
     static constexpr int padding = 5;
 
     /// `help` is the tooltip; without a label it is the accessible name too.
-    SymbolButton(const QString& systemImage, const QString& help, QWidget* parent);
+    SymbolButton(QString systemImage, const QString& help, QWidget* parent);
 
     /// The label is the accessible name, the help then only describes.
     void setLabel(const QString& label);

@@ -36,6 +36,7 @@ Figures search()
 {
     BenchMachine machine;
     std::vector<ClipboardItem> items;
+    items.reserve(entries);
     for (int index = 0; index < entries; ++index)
         items.push_back(textItem(index, length));
     machine.writeManifest(items);

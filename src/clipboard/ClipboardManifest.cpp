@@ -63,7 +63,7 @@ QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
         if (element.text.isEmpty() || element.pinnedAt != item.pinnedAt)
             element = {item.pinnedAt, ClipboardManifest::encode(item)};
         objects.push_back(element.text);
-        elements.insert(item.id, std::move(element));
+        elements.insert(item.id, element);
     }
     m_elements = std::move(elements);
     return JsonRecords::join(objects);

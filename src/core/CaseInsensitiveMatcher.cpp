@@ -100,9 +100,10 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
     for (const QChar character : needle) {
         Variants variants;
         variants.fill(folded(character.unicode(), turkic));
-        const auto others = std::ranges::equal_range(pairs, variants.front(), {}, &Folding::folded);
-        auto place = variants.begin() + 1;
-        for (auto other = others.begin(); other != others.end() && place != variants.end(); ++other)
+        auto other = std::ranges::lower_bound(pairs, variants.front(), {}, &Folding::folded);
+        for (auto place = variants.begin() + 1;
+             place != variants.end() && other != pairs.end() && other->folded == variants.front();
+             ++other)
             *place++ = other->character;
         if (character.isLowSurrogate() && QChar::isHighSurrogate(previous))
             variants[1] = otherLowSurrogate(previous, character.unicode());

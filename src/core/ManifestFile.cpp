@@ -6,11 +6,15 @@ using namespace Qt::StringLiterals;
 
 namespace driftbox {
 
+namespace {
+constexpr QStringView ending = u".json";
+}
+
 ManifestFile::ManifestFile(FileSystem& fileSystem, const QString& path)
     : m_fileSystem(fileSystem)
     , m_path(path)
 {
-    Q_ASSERT(path.endsWith(u".json"));
+    Q_ASSERT(path.endsWith(ending));
 }
 
 std::optional<QByteArray> ManifestFile::read() const
@@ -21,7 +25,7 @@ std::optional<QByteArray> ManifestFile::read() const
 std::optional<QString> ManifestFile::write(const QByteArray& contents)
 {
     if (m_corrupt) {
-        const QString aside = m_path.chopped(qstrlen(".json")) + u".corrupt.json"_s;
+        const QString aside = m_path.chopped(ending.size()) + u".corrupt.json"_s;
         if (auto error = m_fileSystem.writeAtomically(aside, *m_corrupt))
             return error;
         m_corrupt.reset();

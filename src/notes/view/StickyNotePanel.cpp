@@ -76,7 +76,7 @@ double StickyNotePanel::shadowMargin() const
 
 void StickyNotePanel::followCompositing(bool composited)
 {
-    const auto inset = [this](double margin) { return QMarginsF(margin, margin, margin, margin); };
+    const auto inset = [](double margin) { return QMarginsF(margin, margin, margin, margin); };
     const QRectF note = m_surface->frame().marginsRemoved(inset(shadowMargin()));
     setComposited(composited);
     m_surface->setFrame(note.marginsAdded(inset(shadowMargin())));

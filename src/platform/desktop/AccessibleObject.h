@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include <QtCore/QList>
 #include <QtCore/QRect>
@@ -50,9 +51,9 @@ public:
     template <typename T>
     using Answer = std::function<void(const std::optional<T>&)>;
 
-    AccessibleObject(const QDBusConnection& bus, const AccessibleReference& reference)
-        : m_bus(bus)
-        , m_reference(reference)
+    AccessibleObject(QDBusConnection bus, AccessibleReference reference)
+        : m_bus(std::move(bus))
+        , m_reference(std::move(reference))
     {
     }
 

@@ -159,8 +159,7 @@ std::vector<int> decisiveCharacters(const Text& text)
 
     std::erase_if(offsets, [](int offset) { return offset < 0; });
     std::ranges::sort(offsets);
-    const auto doubles = std::ranges::unique(offsets);
-    offsets.erase(doubles.begin(), doubles.end());
+    offsets.erase(std::unique(offsets.begin(), offsets.end()), offsets.end());
     return offsets;
 }
 

@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include <climits>
 #include <fcntl.h>
-#include <limits.h>
 #include <sys/stat.h>
 
 #include <QtCore/QFile>

@@ -130,7 +130,7 @@ void X11Keyboard::take(const xcb_xkb_get_map_reply_t& map)
         const int groups = keys.data->groupInfo & groupCountMask;
         for (int group = 0; group < groups && (group + 1) * keys.data->width <= keys.data->nSyms;
              ++group)
-            m_keys[code].symbols.push_back(symbols[group * keys.data->width]);
+            m_keys[code].symbols.push_back(symbols[std::ptrdiff_t(group) * keys.data->width]);
     }
 
     for (auto keys = xcb_xkb_get_map_map_modmap_rtrn_iterator(&map, &parts); keys.rem > 0;

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <malloc.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QApplication>
@@ -39,10 +41,19 @@ void describeApplication()
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
+// Memory of large copies goes back to the system when they are replaced, however many small things
+// were allocated meanwhile.
+void returnLargeBlocks()
+{
+    constexpr int largeBlock = 256 * 1024;
+    mallopt(M_MMAP_THRESHOLD, largeBlock);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    returnLargeBlocks();
     const driftbox::CommandLine commandLine = readCommandLine(argc, argv);
     if (commandLine.answer)
         return answer(commandLine);

@@ -1,5 +1,6 @@
 #include "clipboard/view/PreviewText.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QtGui/QFontMetricsF>
@@ -12,6 +13,8 @@ namespace {
 constexpr size_t mostLines = 2;
 constexpr int tabWidth = 4; // in spaces
 constexpr QChar ellipsis(0x2026);
+// More characters than nearly every line has room for: what follows need not be looked at.
+constexpr qsizetype usualLine = 100;
 
 QTextOption optionFor(const QFont& font, Qt::LayoutDirection direction)
 {
@@ -69,29 +72,33 @@ void PreviewText::addParagraph(const QString& text, bool continues)
 QString PreviewText::cut(const QString& text, bool continues) const
 {
     QString whole = continues ? trimmedAtEnd(text) + ellipsis : text;
-    const qsizetype length = lengthOfFirstLine(whole);
-    if (length == whole.size())
-        return whole;
-    // What is cut off is far more than there is room for; the metrics need not see it all.
-    constexpr qsizetype margin = 40;
-    const QString nearby = whole.first(std::min(whole.size(), length + margin));
-    QString kept = QFontMetricsF(m_font).elidedText(nearby, Qt::ElideRight, m_width);
-    while (kept.endsWith(ellipsis))
-        kept.chop(1);
-    return trimmedAtEnd(kept) + ellipsis;
+    const QFontMetricsF metrics(m_font);
+    for (const qsizetype length : {std::min(whole.size(), usualLine), whole.size()}) {
+        const QString beginning = whole.first(length);
+        QString kept = metrics.elidedText(beginning, Qt::ElideRight, m_width);
+        if (kept == beginning)
+            continue;
+        while (kept.endsWith(ellipsis))
+            kept.chop(1);
+        return trimmedAtEnd(kept) + ellipsis;
+    }
+    return whole;
 }
 
 qsizetype PreviewText::lengthOfFirstLine(const QString& text) const
 {
-    QTextLayout layout(text, m_font);
-    layout.setTextOption(optionFor(m_font, directionOf(text)));
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    if (!line.isValid())
-        return text.size();
-    line.setLineWidth(m_width);
-    layout.endLayout();
-    return line.textLength();
+    for (const qsizetype length : {std::min(text.size(), usualLine), text.size()}) {
+        QTextLayout layout(text.first(length), m_font);
+        layout.setTextOption(optionFor(m_font, directionOf(text)));
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        if (line.isValid())
+            line.setLineWidth(m_width);
+        layout.endLayout();
+        if (line.isValid() && line.textLength() < length)
+            return line.textLength();
+    }
+    return text.size();
 }
 
 void PreviewText::addLine(const QString& text, Qt::LayoutDirection direction)

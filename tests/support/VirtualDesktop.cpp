@@ -6,7 +6,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int startTimeoutMs = 20'000;
+constexpr int startTimeoutMs = 60'000;
 
 } // namespace
 

@@ -152,6 +152,19 @@ def test_modifiers_still_held_do_not_spoil_the_paste(desktop, history, kind, hel
         desktop.keyboard.release(held)
 
 
+def test_the_programs_own_keystroke_is_no_tap(desktop, stopped_program):
+    stopped_program.write_defaults({"settings.hotkeyThresholdMs": 5000})
+    stopped_program.write_manifest_of([entry(1, "alpha")])
+    stopped_program.start()
+    editor = GtkEditor(desktop)
+    stopped_program.panel.open()
+    stopped_program.panel.click(ALPHA)
+    assert_pasted(stopped_program, editor, "alpha")
+    desktop.keyboard.type("!")
+    wait_for_equal(editor.text, "alpha!", "the editor's text")
+    assert [line.message for line in stopped_program.log()].count("Panel shown") == 1
+
+
 def test_what_was_copied_a_moment_ago_stands_first(desktop, history):
     editor = GtkEditor(desktop, "")
     with ClipboardOwner(desktop, {"UTF8_STRING": b"just now"}) as owner:

@@ -62,8 +62,7 @@ def test_pasting_goes_on_where_the_typing_was(desktop, history):
 def test_picking_by_place(desktop, history):
     editor = GtkEditor(desktop)
     history.panel.open()
-    # Sooner, this press of Control would be the third of a triple tap.
-    desktop.keyboard.tap("3", ["Control_L"], after_ms=400)
+    desktop.keyboard.tap("3", ["Control_L"])
     assert_pasted(history, editor, "gamma")
 
 
@@ -151,6 +150,19 @@ def test_modifiers_still_held_do_not_spoil_the_paste(desktop, history, kind, hel
         wait_for_equal(application.text, "alpha", f"the text of {application!r}")
     finally:
         desktop.keyboard.release(held)
+
+
+def test_the_programs_own_keystroke_is_no_tap(desktop, stopped_program):
+    stopped_program.write_defaults({"settings.hotkeyThresholdMs": 5000})
+    stopped_program.write_manifest_of([entry(1, "alpha")])
+    stopped_program.start()
+    editor = GtkEditor(desktop)
+    stopped_program.panel.open()
+    stopped_program.panel.click(ALPHA)
+    assert_pasted(stopped_program, editor, "alpha")
+    desktop.keyboard.type("!")
+    wait_for_equal(editor.text, "alpha!", "the editor's text")
+    assert [line.message for line in stopped_program.log()].count("Panel shown") == 1
 
 
 def test_what_was_copied_a_moment_ago_stands_first(desktop, history):

@@ -1,5 +1,6 @@
 #include "platform/x11/X11Connection.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <QtCore/QAbstractEventDispatcher>
@@ -7,6 +8,7 @@
 #include <QtCore/QLoggingCategory>
 
 #include <xcb/xcbext.h>
+#include <xcb/xtest.h>
 
 namespace driftbox {
 
@@ -16,6 +18,9 @@ Q_LOGGING_CATEGORY(log, "X11Connection")
 
 // Other work of the event loop gets its turn after this long.
 constexpr qint64 sliceMs = 6;
+
+// More than two shortcuts take, the release of all modifiers included.
+constexpr std::size_t mostFakedKeys = 64;
 
 constexpr auto timeProperty = "_DRIFTBOX_SERVER_TIME";
 
@@ -157,6 +162,20 @@ void X11Connection::deliver()
         QMetaObject::invokeMethod(this, &X11Connection::deliver, Qt::QueuedConnection);
     xcb_flush(xcb());
     checkForClosing();
+}
+
+void X11Connection::fakeKey(std::uint8_t type, xcb_keycode_t code)
+{
+    const auto request =
+        xcb_test_fake_input(xcb(), type, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    m_fakedKeys.push_back(request.sequence);
+    if (m_fakedKeys.size() > mostFakedKeys)
+        m_fakedKeys.pop_front();
+}
+
+bool X11Connection::hasFaked(std::uint32_t sequence) const
+{
+    return std::ranges::find(m_fakedKeys, sequence) != m_fakedKeys.end();
 }
 
 bool X11Connection::deliverNextReply()

@@ -70,6 +70,12 @@ public:
     /// Whether this connection, and no other client, has made the window.
     [[nodiscard]] bool hasCreated(xcb_window_t window) const;
 
+    /// Presses or releases (XCB_KEY_PRESS, XCB_KEY_RELEASE) a key as the user would.
+    void fakeKey(std::uint8_t type, xcb_keycode_t code);
+    /// Whether that made the event with this full sequence number: events that a request makes bear
+    /// the request's own.
+    [[nodiscard]] bool hasFaked(std::uint32_t sequence) const;
+
     /// Sends the requests made so far.
     void flush();
 
@@ -111,8 +117,9 @@ private:
     xcb_window_t m_helperWindow = XCB_NONE;
     QSocketNotifier m_notifier;
     QHash<QByteArray, xcb_atom_t> m_atoms;
-    std::deque<PendingReply> m_replies; ///< in the order of the requests
-    std::deque<PendingTime> m_times;    ///< in the order of the requests
+    std::deque<PendingReply> m_replies;    ///< in the order of the requests
+    std::deque<PendingTime> m_times;       ///< in the order of the requests
+    std::deque<std::uint32_t> m_fakedKeys; ///< the latest requests that faked a key
     bool m_isOpen = true;
 };
 

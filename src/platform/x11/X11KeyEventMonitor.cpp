@@ -132,7 +132,9 @@ void X11KeyEventMonitor::handleEvent(const xcb_generic_event_t& event)
     ++m_eventCount;
     const EventTime time = m_clock.extended(raw.time, std::chrono::steady_clock::now());
     const auto code = static_cast<xcb_keycode_t>(raw.detail);
-    if (isPress)
+    if (m_connection.hasFaked(raw.full_sequence))
+        followOwn(isPress, raw.sourceid, code);
+    else if (isPress)
         handlePress(raw.sourceid, code, time);
     else
         handleRelease(raw.sourceid, code, time);
@@ -162,6 +164,15 @@ void X11KeyEventMonitor::handleRelease(PressedModifiers::Keyboard source, xcb_ke
     m_pressed.release(source, code);
     if (m_keyboard.isModifier(code))
         deliver(KeyEventKind::flagsChanged, time);
+}
+
+void X11KeyEventMonitor::followOwn(bool isPress, PressedModifiers::Keyboard source,
+                                   xcb_keycode_t code)
+{
+    if (!isPress)
+        m_pressed.release(source, code);
+    else if (m_keyboard.isModifier(code))
+        m_pressed.press(source, code);
 }
 
 void X11KeyEventMonitor::verifyHeldModifiers(EventTime time)

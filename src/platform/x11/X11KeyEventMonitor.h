@@ -18,7 +18,8 @@ class X11Keyboard;
 
 /// The keys of the session as XInput2 raw events of the root window: they come whoever has the
 /// focus or holds a grab, need no permission, and nobody misses them. A key that is held does not
-/// repeat. Events are asked for only while monitors are installed. Main thread only.
+/// repeat, and keys that the program itself types are not told. Events are asked for only while
+/// monitors are installed. Main thread only.
 class X11KeyEventMonitor final : public QObject, public KeyEventMonitor
 {
 public:
@@ -34,6 +35,7 @@ private:
     void handleEvent(const xcb_generic_event_t& event);
     void handlePress(PressedModifiers::Keyboard source, xcb_keycode_t code, EventTime time);
     void handleRelease(PressedModifiers::Keyboard source, xcb_keycode_t code, EventTime time);
+    void followOwn(bool isPress, PressedModifiers::Keyboard source, xcb_keycode_t code);
     void deliver(KeyEventKind kind, EventTime time) const;
 
     void selectRawEvents(bool selected);

@@ -9,7 +9,6 @@
 #include <optional>
 
 #include <X11/keysym.h>
-#include <xcb/xtest.h>
 
 namespace driftbox {
 
@@ -111,14 +110,12 @@ void X11Typist::lock(std::uint8_t affected, std::uint8_t modifiers, std::uint8_t
 
 void X11Typist::press(xcb_keycode_t code) const
 {
-    xcb_test_fake_input(m_connection.xcb(), XCB_KEY_PRESS, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                        0);
+    m_connection.fakeKey(XCB_KEY_PRESS, code);
 }
 
 void X11Typist::release(xcb_keycode_t code) const
 {
-    xcb_test_fake_input(m_connection.xcb(), XCB_KEY_RELEASE, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                        0);
+    m_connection.fakeKey(XCB_KEY_RELEASE, code);
 }
 
 } // namespace driftbox

@@ -1,8 +1,12 @@
 """Real input: what is pressed here goes through the X server like a hand's."""
 
+import time
+
 from Xlib import XK, X
 from Xlib.ext import xtest
 
+# Presses of one modifier that are further apart belong to no double tap.
+_BETWEEN_TAPS_MS = 350
 _NAMES = {"\n": "Return", "\t": "Tab", " ": "space"}
 
 
@@ -11,9 +15,12 @@ class Keyboard:
 
     def __init__(self, display):
         self._display = display
+        self._last_control = 0.0
 
     def press(self, key, after_ms=0):
         self._fake(X.KeyPress, self._keycode(key)[0], after_ms)
+        if key == "Control_L":
+            self._last_control = time.monotonic() + after_ms / 1000
 
     def release(self, key, after_ms=0):
         self._fake(X.KeyRelease, self._keycode(key)[0], after_ms)
@@ -22,6 +29,8 @@ class Keyboard:
         """Presses and releases `key` while `modifiers` are held: tap("v", ["Control_L"])."""
         code, shifted = self._keycode(key)
         modifiers = list(modifiers) + (["Shift_L"] if shifted else [])
+        if "Control_L" in modifiers:
+            after_ms = max(after_ms, self._until_control_is_no_tap())
         for modifier in modifiers:
             self.press(modifier, after_ms)
             after_ms = 0
@@ -41,13 +50,19 @@ class Keyboard:
         `between` names a key that is tapped between the two.
         """
         half = interval_ms // 2
-        self.press(key)
+        self.press(key, self._until_control_is_no_tap())
         self.release(key, half)
         if between:
             self.tap(between)
         self.press(key, interval_ms - half)
         self.release(key, 20)
         self._display.sync()
+        self._last_control = time.monotonic()
+
+    def _until_control_is_no_tap(self):
+        """How long to wait so that the next press makes no double tap with the last one."""
+        passed = (time.monotonic() - self._last_control) * 1000
+        return max(0, round(_BETWEEN_TAPS_MS - passed))
 
     def _fake(self, kind, detail, after_ms=0):
         xtest.fake_input(self._display, kind, detail, time=after_ms)

@@ -51,6 +51,8 @@ class ClipboardOwner:
         self._closing = True
         os.write(self._wake_write, b"x")
         self._thread.join(PATIENCE)
+        os.close(self._wake_read)
+        os.close(self._wake_write)
 
     def atom(self, name):
         return self._display.intern_atom(name)
@@ -104,8 +106,6 @@ class ClipboardOwner:
             pass
         finally:
             self._display.close()
-            os.close(self._wake_read)
-            os.close(self._wake_write)
 
     def _handle(self, received):
         if received.type == X.SelectionRequest:

@@ -11,7 +11,6 @@ namespace {
 
 using Lanes = CaseInsensitiveMatcher::Lanes;
 using Mask = CaseInsensitiveMatcher::Mask;
-constexpr qsizetype lanes = CaseInsensitiveMatcher::lanes;
 
 Lanes load(const char16_t* text)
 {

@@ -1,10 +1,12 @@
 #include "core/Log.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include <sys/stat.h>
 #include <syslog.h>
 #include <systemd/sd-journal.h>
+#include <unistd.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
@@ -37,9 +39,12 @@ Level levelOf(QtMsgType type)
     Q_UNREACHABLE();
 }
 
-// The session manager names the journal's stream, by device and inode, to what it starts.
+// The session manager names the journal's stream, by device and inode, to what it starts. A sandbox
+// may hide the journal's socket, and what is sent to a hidden one is lost without an error.
 bool standardErrorIsTheJournal()
 {
+    if (access("/run/systemd/journal/socket", W_OK) != 0)
+        return false;
     struct stat status = {};
     if (fstat(fileno(stderr), &status) != 0)
         return false;
@@ -48,17 +53,29 @@ bool standardErrorIsTheJournal()
     return qgetenv("JOURNAL_STREAM") == stream;
 }
 
-void toJournal(QtMsgType type, const QMessageLogContext& context, const QString& message)
+bool isControl(QChar character)
 {
-    sd_journal_send("MESSAGE=%s", qUtf8Printable(message), "PRIORITY=%d", levelOf(type).priority,
-                    "SUBSYSTEM=%s", subsystem, "CATEGORY=%s", context.category, nullptr);
+    return character.category() == QChar::Other_Control;
+}
+
+// A file name, say, must not make lines of its own or talk to the terminal.
+QString onOneLine(QString message)
+{
+    std::ranges::replace_if(message, &isControl, QChar(u' '));
+    return message;
 }
 
 void toStandardError(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     const QString time = QDateTime::currentDateTime().toString(Qt::ISODateWithMs);
     std::fprintf(stderr, "%s %s %s:%s %s\n", qUtf8Printable(time), levelOf(type).name, subsystem,
-                 context.category, qUtf8Printable(message));
+                 context.category, qUtf8Printable(onOneLine(message)));
+}
+
+void toJournal(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    sd_journal_send("MESSAGE=%s", qUtf8Printable(message), "PRIORITY=%d", levelOf(type).priority,
+                    "SUBSYSTEM=%s", subsystem, "CATEGORY=%s", context.category, nullptr);
 }
 
 } // namespace

@@ -15,9 +15,9 @@ from dataclasses import asdict, dataclass
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[1]
-sys.path[:0] = [str(PROJECT / "tests/e2e"), str(PROJECT)]
+sys.path.insert(0, str(PROJECT / "tests/e2e"))
 
-from bench import measures  # noqa: E402
+import measures  # noqa: E402
 from harness.program import PROGRAM  # noqa: E402
 
 RESULTS = PROJECT / "bench/results.json"

@@ -9,14 +9,14 @@ from contextlib import contextmanager
 from PIL import Image
 from Xlib import X
 
-from bench.footprint import idle_of_tree, settled_memory
-from bench.peer import CopyQ
+from footprint import idle_of_tree, settled_memory
 from harness import pictures
 from harness.apps import XTerm
 from harness.desktop import Desktop
 from harness.program import PROGRAM, Program, entry
 from harness.waiting import wait_for
 from harness.xclients import ClipboardOwner
+from peer import CopyQ
 
 INSIDE = PROGRAM.parent / "driftbox_bench"
 SHOWINGS = 50

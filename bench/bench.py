@@ -21,6 +21,7 @@ import measures  # noqa: E402
 from harness.program import PROGRAM  # noqa: E402
 
 RESULTS = PROJECT / "bench/results.json"
+TICK = 10  # ms; what takes less is not seen by those who sample the processor time
 
 
 @dataclass
@@ -68,7 +69,7 @@ def rows_of(wanted):
     if is_wanted("idle"):
         own, peer = measures.idle(), measures.idle_of_peer()
         yield Row("idle: wake-ups a second", "/s", own.wakeups, 3, peer.wakeups)
-        yield Row("idle: processor time in 10 s", "ms", own.processor_ms, 0, peer.processor_ms)
+        yield Row("idle: processor time in 10 s", "ms", own.processor_ms, TICK, peer.processor_ms)
     if is_wanted("search"):
         figures = measures.inside("search")
         yield Row("search: keystroke over 10,000, median", "ms",

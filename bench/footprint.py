@@ -59,12 +59,11 @@ def idle_of_tree(pid):
 
 def _activity_of_tree(pid):
     """Voluntary context switches (each begins with a wake-up) and processor time in ms."""
-    switches = ticks = 0
+    switches = nanoseconds = 0
     for process in descendants(pid):
         for task in os.listdir(f"/proc/{process}/task"):
             status = Path(f"/proc/{process}/task/{task}/status").read_text(encoding="ascii")
             switches += int(status.split("\nvoluntary_ctxt_switches:")[1].split()[0])
-            stat = Path(f"/proc/{process}/task/{task}/stat").read_text(encoding="ascii")
-            fields = stat.rpartition(")")[2].split()
-            ticks += int(fields[11]) + int(fields[12])
-    return switches, ticks * 1000 / os.sysconf("SC_CLK_TCK")
+            schedule = Path(f"/proc/{process}/task/{task}/schedstat").read_text(encoding="ascii")
+            nanoseconds += int(schedule.split()[0])
+    return switches, nanoseconds / 1e6

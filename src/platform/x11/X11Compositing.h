@@ -1,15 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-
-#include <QtCore/QObject>
-
-#include <xcb/xcb.h>
+#include "platform/x11/X11ScreenSelection.h"
 
 namespace driftbox {
-
-class X11Connection;
 
 /// Whether a compositing manager blends the windows of the screen; they come and go. Main thread
 /// only.
@@ -21,17 +14,13 @@ public:
     /// Round trips. `connection` must outlive this.
     explicit X11Compositing(X11Connection& connection);
 
-    [[nodiscard]] bool isActive() const { return m_isActive; }
+    [[nodiscard]] bool isActive() const { return m_selection.isOwned(); }
 
 Q_SIGNALS:
     void changed(bool active);
 
 private:
-    void handleEvent(const xcb_generic_event_t& event);
-
-    xcb_atom_t m_selection;
-    std::optional<std::uint8_t> m_firstEvent;
-    bool m_isActive = false;
+    X11ScreenSelection m_selection; ///< compositing managers own that of the screen they blend
 };
 
 } // namespace driftbox

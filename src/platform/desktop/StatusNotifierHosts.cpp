@@ -1,0 +1,64 @@
+#include "platform/desktop/StatusNotifierHosts.h"
+
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <QtDBus/QDBusVariant>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+const QString service = u"org.kde.StatusNotifierWatcher"_s; // also the interface's name
+const QString path = u"/StatusNotifierWatcher"_s;
+
+} // namespace
+
+StatusNotifierHosts::StatusNotifierHosts(const QDBusConnection& sessionBus, QObject* parent)
+    : StatusArea(parent)
+    , m_bus(sessionBus)
+{
+}
+
+void StatusNotifierHosts::watch()
+{
+    if (m_watcher || !m_bus.isConnected())
+        return;
+    m_watcher = std::make_unique<QDBusServiceWatcher>(service, m_bus);
+    connect(m_watcher.get(), &QDBusServiceWatcher::serviceRegistered, this,
+            &StatusNotifierHosts::ask);
+    connect(m_watcher.get(), &QDBusServiceWatcher::serviceUnregistered, this,
+            &StatusNotifierHosts::forget);
+    for (const auto& change :
+         {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
+        m_bus.connect(service, path, service, change, this, SLOT(ask()));
+    m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                  u"Disconnected"_s, this, SLOT(forget()));
+    ask();
+}
+
+void StatusNotifierHosts::ask()
+{
+    auto call = QDBusMessage::createMethodCall(service, path, u"org.freedesktop.DBus.Properties"_s,
+                                               u"Get"_s);
+    call << service << u"IsStatusNotifierHostRegistered"_s;
+    call.setAutoStartService(false);
+    const int question = ++m_question;
+    auto* answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, question, answer] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        if (question == m_question)
+            setAvailable(reply.isValid() && reply.value().variant().toBool());
+    });
+}
+
+void StatusNotifierHosts::forget()
+{
+    ++m_question;
+    setAvailable(false);
+}
+
+} // namespace driftbox

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class X11Connection;
+
+/// One of the selections by which a program says that it does a job for the whole screen. Such
+/// programs come and go. Main thread only.
+class X11ScreenSelection final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The screen's number is appended to `prefix`. Round trips. `connection` must outlive this.
+    X11ScreenSelection(X11Connection& connection, const QByteArray& prefix);
+
+    [[nodiscard]] bool isOwned() const { return m_isOwned; }
+
+Q_SIGNALS:
+    void ownedChanged(bool owned);
+
+private:
+    void handleEvent(const xcb_generic_event_t& event);
+
+    xcb_atom_t m_selection;
+    std::optional<std::uint8_t> m_firstEvent;
+    bool m_isOwned = false;
+};
+
+} // namespace driftbox

@@ -14,6 +14,7 @@
 #include "panel/view/ThemeFollower.h"
 #include "platform/Clock.h"
 #include "platform/LoginItem.h"
+#include "platform/PageOpener.h"
 
 #include <chrono>
 
@@ -111,6 +112,20 @@ void AppCoordinator::showPanel()
 {
     if (!panelController().isPanelVisible())
         panelController().show();
+}
+
+void AppCoordinator::openMarkdown()
+{
+}
+
+void AppCoordinator::showSettings()
+{
+}
+
+void AppCoordinator::sendFeedback()
+{
+    if (const auto error = m_desktop.pages.openWebPage(AppConfig::feedbackURL()))
+        qCCritical(log).noquote() << u"The feedback page cannot be opened: %1"_s.arg(*error);
 }
 
 ClipboardStore& AppCoordinator::store()

@@ -49,6 +49,12 @@ public:
     void togglePanel();
     /// Shows the panel if it is not shown.
     void showPanel();
+    /// Lets the user choose Markdown files to read.
+    void openMarkdown();
+    /// Shows the settings window in front of all others.
+    void showSettings();
+    /// Opens the product's feedback page in the browser.
+    void sendFeedback();
 
     [[nodiscard]] AppSettings& settings() { return m_settings; }
     [[nodiscard]] SectionRegistry& registry() { return m_registry; }

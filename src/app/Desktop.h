@@ -10,9 +10,11 @@ class FloatingSurfaces;
 class KeyEventMonitor;
 class LocalKeyMonitor;
 class LoginItem;
+class PageOpener;
 class PasteKeystroke;
 class Pasteboard;
 class Screens;
+class StatusArea;
 class TaskRunner;
 class TextRecognizer;
 class UserDefaults;
@@ -36,6 +38,9 @@ struct Desktop
     PasteKeystroke& pasteKeystroke;
     FloatingSurfaces& floatingSurfaces;
     TextRecognizer& textRecognizer;
+    PageOpener& pages;
+    StatusArea& statusNotifiers; ///< shows the item and draws its menu
+    StatusArea& systemTray;      ///< holds a window of the program
 };
 
 } // namespace driftbox

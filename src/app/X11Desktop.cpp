@@ -4,9 +4,11 @@
 #include "core/AppConfig.h"
 #include "core/JsonUserDefaults.h"
 #include "platform/desktop/AtSpiCaretLookup.h"
+#include "platform/desktop/DesktopPageOpener.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/PosixFileSystem.h"
 #include "platform/desktop/QtLocalKeyMonitor.h"
+#include "platform/desktop/StatusNotifierHosts.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/ThreadPoolTaskRunner.h"
 #include "platform/desktop/ToolkitAccessibility.h"
@@ -20,6 +22,7 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11SystemTray.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <QtCore/QLoggingCategory>
@@ -69,6 +72,9 @@ struct X11Desktop::BackEnds
     X11PasteKeystroke pasteKeystroke{*connection, keyboard, primarySelection};
     X11FloatingSurfaces floatingSurfaces{*connection};
     NoTextRecognizer textRecognizer;
+    DesktopPageOpener pages;
+    StatusNotifierHosts statusNotifiers{QDBusConnection::sessionBus()};
+    X11SystemTray systemTray{*connection};
 };
 
 std::unique_ptr<X11Desktop> X11Desktop::open()
@@ -92,14 +98,15 @@ X11Desktop::~X11Desktop() = default;
 Desktop X11Desktop::services()
 {
     BackEnds& own = *m_backEnds;
-    return {own.fileSystem,     own.clock,
-            own.userDefaults,   own.tasks,
-            own.appearance,     own.loginItem,
-            own.localKeys,      own.screens,
-            own.caretLookup,    own.pasteboard,
-            own.keyEvents,      own.workspace,
-            own.pasteKeystroke, own.floatingSurfaces,
-            own.textRecognizer};
+    return {own.fileSystem,      own.clock,
+            own.userDefaults,    own.tasks,
+            own.appearance,      own.loginItem,
+            own.localKeys,       own.screens,
+            own.caretLookup,     own.pasteboard,
+            own.keyEvents,       own.workspace,
+            own.pasteKeystroke,  own.floatingSurfaces,
+            own.textRecognizer,  own.pages,
+            own.statusNotifiers, own.systemTray};
 }
 
 } // namespace driftbox

@@ -1,6 +1,7 @@
 #include "app/AppCoordinator.h"
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/MenuBarItem.h"
 #include "app/X11Desktop.h"
 #include "core/Log.h"
 #include "platform/desktop/DBusInstanceLink.h"
@@ -34,7 +35,7 @@ int answer(const driftbox::CommandLine& commandLine)
 
 void describeApplication()
 {
-    QApplication::setApplicationName(u"driftbox"_s);
+    QApplication::setApplicationName(u"Drift Box"_s); // bars and screen readers show it
     QApplication::setApplicationDisplayName(u"Drift Box"_s);
     QApplication::setApplicationVersion(QStringLiteral(DRIFTBOX_VERSION));
     QApplication::setDesktopFileName(u"app.driftbox"_s);
@@ -75,6 +76,8 @@ int main(int argc, char** argv)
     if (!desktop)
         return EXIT_FAILURE;
     driftbox::AppCoordinator coordinator(desktop->services());
+    driftbox::MenuBarItem menuBarItem(desktop->services(), coordinator.settings());
+    menuBarItem.start();
     driftbox::AppDelegate delegate(coordinator, link);
     delegate.applicationDidFinishLaunching(commandLine.documents);
     return QApplication::exec();

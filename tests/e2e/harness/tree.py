@@ -23,7 +23,7 @@ _STATES = {"checked": 4, "editable": 7, "enabled": 8, "expanded": 10, "focusable
            "visible": 30}
 
 
-def _connect(address):
+def connect(address):
     return Gio.DBusConnection.new_for_address_sync(
         address,
         Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
@@ -41,9 +41,9 @@ class Tree:
     """All applications that take part in accessibility."""
 
     def __init__(self, session_address):
-        session = _connect(session_address)
+        session = connect(session_address)
         address = wait_for(lambda: self._accessibility_address(session), "the accessibility bus")
-        self._bus = _connect(address)
+        self._bus = connect(address)
 
     @staticmethod
     def _accessibility_address(session):

@@ -9,9 +9,11 @@
 #include "fakes/FakeFloatingSurface.h"
 #include "fakes/FakeKeyEventMonitor.h"
 #include "fakes/FakeLocalKeyMonitor.h"
+#include "fakes/FakePageOpener.h"
 #include "fakes/FakePasteKeystroke.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeScreens.h"
+#include "fakes/FakeStatusArea.h"
 #include "fakes/FakeTaskRunner.h"
 #include "fakes/FakeUserDefaults.h"
 #include "fakes/FakeWorkspace.h"
@@ -64,17 +66,21 @@ struct FakeDesktop
     FakePasteKeystroke pasteKeystroke;
     FakeFloatingSurfaces floatingSurfaces;
     BlindRecognizer textRecognizer;
+    FakePageOpener pages;
+    FakeStatusArea statusNotifiers;
+    FakeStatusArea systemTray;
 
     [[nodiscard]] Desktop services()
     {
-        return {fileSystem,     clock,
-                userDefaults,   tasks,
-                appearance,     loginItem,
-                localKeys,      screens,
-                caretLookup,    pasteboard,
-                keyboard,       workspace,
-                pasteKeystroke, floatingSurfaces,
-                textRecognizer};
+        return {fileSystem,      clock,
+                userDefaults,    tasks,
+                appearance,      loginItem,
+                localKeys,       screens,
+                caretLookup,     pasteboard,
+                keyboard,        workspace,
+                pasteKeystroke,  floatingSurfaces,
+                textRecognizer,  pages,
+                statusNotifiers, systemTray};
     }
 };
 

@@ -1,0 +1,86 @@
+#include "app/MenuBarItem.h"
+
+#include "app/MenuBarMenu.h"
+#include "app/MenuBarSymbol.h"
+#include "platform/Clock.h"
+#include "platform/StatusArea.h"
+
+#include <chrono>
+
+#include <QtGui/QCursor>
+#include <QtWidgets/QSystemTrayIcon>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr auto idleAfterStart = 500ms;
+
+// The toolkit decides for good, at the first icon, between notifier items and windows in a tray.
+// While a session starts, the tray may be there before the better place is.
+constexpr auto patience = 3s;
+
+} // namespace
+
+MenuBarItem::MenuBarItem(const Desktop& desktop, const AppSettings& settings, QObject* parent)
+    : QObject(parent)
+    , m_desktop(desktop)
+    , m_settings(settings)
+{
+    for (const StatusArea* area : {&desktop.statusNotifiers, &desktop.systemTray})
+        connect(area, &StatusArea::availableChanged, this, &MenuBarItem::followDesktop);
+}
+
+MenuBarItem::~MenuBarItem() = default;
+
+void MenuBarItem::start()
+{
+    m_desktop.clock.after(idleAfterStart, this, [this] {
+        m_desktop.statusNotifiers.watch();
+        m_desktop.systemTray.watch();
+        waitForNotifiers();
+    });
+}
+
+void MenuBarItem::waitForNotifiers()
+{
+    m_desktop.clock.after(patience, this, [this] {
+        m_traySuffices = true;
+        followDesktop();
+    });
+}
+
+void MenuBarItem::followDesktop()
+{
+    const bool hasPlace = m_desktop.statusNotifiers.isAvailable() ||
+                          (m_traySuffices && m_desktop.systemTray.isAvailable());
+    if (hasPlace && !m_icon)
+        show();
+    else if (!hasPlace && m_icon)
+        hide();
+}
+
+void MenuBarItem::show()
+{
+    m_menu = std::make_unique<MenuBarMenu>(m_settings);
+    m_icon = std::make_unique<QSystemTrayIcon>(menuBarSymbol());
+    m_icon->setToolTip(u"Drift Box"_s);
+    m_icon->setContextMenu(m_menu.get());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    m_menu->popup(QCursor::pos());
+            });
+    m_icon->show();
+}
+
+void MenuBarItem::hide()
+{
+    m_icon.reset();
+    m_menu.reset();
+}
+
+} // namespace driftbox

@@ -2,13 +2,13 @@
 
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardRowActions.h"
-#include "clipboard/ClipboardSelection.h"
 #include "clipboard/ClipboardViewModel.h"
+#include "core/RowSelection.h"
 
 namespace driftbox {
 
 ClipboardKeyboard::ClipboardKeyboard(const ClipboardViewModel& viewModel,
-                                     const ClipboardListModel& rows, ClipboardSelection& selection,
+                                     const ClipboardListModel& rows, RowSelection& selection,
                                      ClipboardRowActions& actions)
     : m_viewModel(viewModel)
     , m_rows(rows)
@@ -19,39 +19,8 @@ ClipboardKeyboard::ClipboardKeyboard(const ClipboardViewModel& viewModel,
 
 bool ClipboardKeyboard::handle(const KeyPress& press, int rowsPerPage)
 {
-    const Qt::KeyboardModifiers modifiers = press.modifiers & ~Qt::KeypadModifier;
-    if (modifiers == Qt::NoModifier && moveSelection(press.key, rowsPerPage))
-        return true;
-    return act({press.key, modifiers, press.isRepeated});
-}
-
-bool ClipboardKeyboard::moveSelection(Qt::Key key, int rowsPerPage)
-{
-    const bool fieldIsEmpty = m_viewModel.query().isEmpty();
-    switch (key) {
-    case Qt::Key_Up:
-        m_selection.moveBy(-1);
-        return true;
-    case Qt::Key_Down:
-        m_selection.moveBy(1);
-        return true;
-    case Qt::Key_PageUp:
-        m_selection.moveBy(-rowsPerPage);
-        return true;
-    case Qt::Key_PageDown:
-        m_selection.moveBy(rowsPerPage);
-        return true;
-    case Qt::Key_Home:
-        if (fieldIsEmpty)
-            m_selection.selectFirst();
-        return fieldIsEmpty;
-    case Qt::Key_End:
-        if (fieldIsEmpty)
-            m_selection.selectLast();
-        return fieldIsEmpty;
-    default:
-        return false;
-    }
+    return m_selection.moveByKey(press, rowsPerPage, m_viewModel.query().isEmpty()) ||
+           act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
 }
 
 // Whatever the key is held down for, it acts once; and where there is no item it does nothing.

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
-
-#include <QtCore/Qt>
+#include "core/ListKeyPress.h"
 
 namespace driftbox {
 
 class ClipboardListModel;
 class ClipboardRowActions;
-class ClipboardSelection;
+class RowSelection;
 class ClipboardViewModel;
 
 /// The history by keyboard, while the typing goes to the search field: the arrows and the page keys
@@ -17,30 +16,24 @@ class ClipboardViewModel;
 class ClipboardKeyboard
 {
 public:
-    struct KeyPress
-    {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-        bool isRepeated = false; ///< comes from a key that is held down
-    };
+    using KeyPress = ListKeyPress;
 
     /// All arguments must outlive this.
     ClipboardKeyboard(const ClipboardViewModel& viewModel, const ClipboardListModel& rows,
-                      ClipboardSelection& selection, ClipboardRowActions& actions);
+                      RowSelection& selection, ClipboardRowActions& actions);
 
     /// Whether the key press is the list's, and done; all others are the search field's. A page has
     /// `rowsPerPage` rows.
     bool handle(const KeyPress& press, int rowsPerPage);
 
 private:
-    [[nodiscard]] bool moveSelection(Qt::Key key, int rowsPerPage);
     [[nodiscard]] bool act(const KeyPress& press);
     template <typename Act>
     bool withItem(const KeyPress& press, int row, Act act) const;
 
     const ClipboardViewModel& m_viewModel;
     const ClipboardListModel& m_rows;
-    ClipboardSelection& m_selection;
+    RowSelection& m_selection;
     ClipboardRowActions& m_actions;
 };
 

@@ -1,17 +1,14 @@
 #pragma once
 
-#include <QtWidgets/QWidget>
-
-class QLabel;
+#include "panel/view/PageFooter.h"
 
 namespace driftbox {
 
 class ClipboardViewModel;
-class SymbolButton;
 
 /// The bottom of the clipboard's page: how many items there are, how many are pinned, and a button
 /// that clears the others.
-class ClipboardFooter final : public QWidget
+class ClipboardFooter final : public PageFooter
 {
     Q_OBJECT
 
@@ -26,9 +23,8 @@ private:
     void showCounts();
 
     ClipboardViewModel& m_viewModel;
-    QLabel* m_total;
-    QLabel* m_pinned;
-    SymbolButton* m_clearButton;
+    CountLabel* m_total;
+    CountLabel* m_pinned;
 };
 
 } // namespace driftbox

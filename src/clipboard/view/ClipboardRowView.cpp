@@ -2,14 +2,10 @@
 
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ThumbnailCache.h"
-#include "clipboard/view/ClipboardRowLayout.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/RowLayout.h"
+#include "panel/view/RowPainting.h"
 #include "panel/view/Theme.h"
 
-#include <algorithm>
-
-#include <QtCore/QtMath>
-#include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
 using namespace Qt::StringLiterals;
@@ -21,46 +17,9 @@ using Action = ClipboardRowAction;
 namespace {
 
 constexpr int rememberedPreviews = 64;
-constexpr int symbolSize = 13;
-constexpr qreal highlightRadius = 7.0;
-constexpr qreal buttonRadius = 5.0;
-constexpr qreal selectedOpacity = 0.16;
-constexpr qreal pointerOpacity = 0.6; // of the usual fill, which is for smaller areas
 constexpr qreal unpinnedOpacity = 0.55;
 constexpr qreal outlineOpacity = 0.14;
 constexpr QSize placeholderSize(107, 60);
-
-// Of a digit of the time. All digits are given the widest one's room, for the times to stand
-// exactly beneath each other.
-qreal digitWidth(const QFontMetricsF& metrics)
-{
-    qreal widest = 0;
-    for (const QChar digit : u"0123456789"_s)
-        widest = std::max(widest, metrics.horizontalAdvance(digit));
-    return widest;
-}
-
-// The same for every time, so that all rows agree on the place of their texts.
-int timeWidth()
-{
-    const QFontMetricsF metrics(Theme::Font::rowMeta());
-    constexpr int digits = 10;
-    return qCeil(digits * digitWidth(metrics) + metrics.horizontalAdvance(u"- ::"_s));
-}
-
-void paintTime(QPainter& painter, const QRectF& area, const QString& time)
-{
-    const QFontMetricsF metrics(painter.font());
-    const qreal digitRoom = digitWidth(metrics);
-    const qreal baseline = qRound((area.height() - metrics.height()) / 2 + metrics.ascent());
-    QPointF place(area.left(), area.top() + baseline);
-    for (const QChar character : time) {
-        const qreal width = metrics.horizontalAdvance(character);
-        const qreal room = character.isDigit() ? digitRoom : width;
-        painter.drawText(place + QPointF((room - width) / 2, 0), QString(character));
-        place.rx() += room;
-    }
-}
 
 std::vector<Action> buttonActions(const ClipboardItem& item)
 {
@@ -69,10 +28,10 @@ std::vector<Action> buttonActions(const ClipboardItem& item)
     return actions;
 }
 
-std::vector<QRect> buttonRects(const ClipboardRowLayout& layout, size_t count)
+std::vector<QRect> buttonRects(const RowLayout& layout, size_t count)
 {
     std::vector<QRect> rects = layout.actions(count - 1);
-    rects.push_back(layout.pinButton());
+    rects.push_back(layout.mark());
     return rects;
 }
 
@@ -104,8 +63,8 @@ const ClipboardItem& ClipboardRowView::itemAt(const QModelIndex& index) const
 int ClipboardRowView::heightOfRow(int row) const
 {
     const bool isImage = m_rows.item(row).kind == ClipboardItem::Kind::image;
-    return ClipboardRowLayout::dividerHeight +
-           (isImage ? ClipboardRowLayout::imageRowHeight : ClipboardRowLayout::textRowHeight);
+    return RowLayout::dividerHeight +
+           (isImage ? RowLayout::imageRowHeight : RowLayout::textRowHeight);
 }
 
 QString ClipboardRowView::help() const
@@ -117,7 +76,7 @@ std::vector<RowButton> ClipboardRowView::buttons(const QModelIndex& index, QSize
 {
     const ClipboardItem& item = itemAt(index);
     const std::vector<Action> actions = buttonActions(item);
-    const auto rects = buttonRects(ClipboardRowLayout(rowSize, timeWidth()), actions.size());
+    const auto rects = buttonRects(RowLayout(rowSize, RowPainting::timeWidth()), actions.size());
     std::vector<RowButton> buttons;
     for (size_t i = 0; i < actions.size(); ++i)
         buttons.push_back({.rect = rects[i],
@@ -144,22 +103,21 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelI
                              const RowState& state) const
 {
     const ClipboardItem& item = itemAt(index);
-    const ClipboardRowLayout layout(rect.size(), timeWidth());
+    const RowLayout layout(rect.size(), RowPainting::timeWidth());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipRect(rect); // marks may be piled up to any height
     painter.translate(rect.topLeft());
 
     painter.fillRect(layout.divider(), Theme::divider());
-    paintHighlight(painter, layout.highlight(), state);
+    RowPainting::paintHighlight(painter, layout.highlight(), state);
     if (item.kind == ClipboardItem::Kind::image)
         paintPicture(painter, index, layout);
     else
         paintText(painter, item, layout.content());
 
-    painter.setFont(Theme::Font::rowMeta());
-    painter.setPen(Theme::tertiary());
-    paintTime(painter, layout.time(), index.data(ClipboardListModel::TimeRole).toString());
+    RowPainting::paintTime(painter, layout.time(),
+                           index.data(ClipboardListModel::TimeRole).toString());
 
     const std::vector<Action> actions = buttonActions(item);
     const std::vector<QRect> rects = buttonRects(layout, actions.size());
@@ -168,21 +126,6 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelI
             paintButton(painter, rects[i], actions[i], item, state, static_cast<int>(i));
     }
     painter.restore();
-}
-
-void ClipboardRowView::paintHighlight(QPainter& painter, const QRect& area,
-                                      const RowState& state) const
-{
-    if (!state.isRevealed())
-        return;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(state.isSelected ? Theme::withOpacity(Theme::accent(), selectedOpacity)
-                                      : Theme::withOpacity(Theme::hoverFill(), pointerOpacity));
-    painter.drawRoundedRect(area, highlightRadius, highlightRadius);
-    if (state.isPressed) {
-        painter.setBrush(Theme::hoverFill());
-        painter.drawRoundedRect(area, highlightRadius, highlightRadius);
-    }
 }
 
 const PreviewText& ClipboardRowView::preview(const ClipboardItem& item, qreal width) const
@@ -204,14 +147,14 @@ void ClipboardRowView::paintText(QPainter& painter, const ClipboardItem& item,
 }
 
 void ClipboardRowView::paintPicture(QPainter& painter, const QModelIndex& index,
-                                    const ClipboardRowLayout& layout) const
+                                    const RowLayout& layout) const
 {
     const auto picture = index.data(ClipboardListModel::PictureRole).value<QImage>();
     const QSize size =
         picture.isNull()
             ? placeholderSize
             : picture.deviceIndependentSize().toSize().boundedTo(ThumbnailCache::largestSize);
-    constexpr qreal radius = ClipboardRowLayout::cornerRadius;
+    constexpr qreal radius = RowLayout::cornerRadius;
     const QRectF area({}, size);
     // The picture is a brush, not clipped: clips have no smooth edges.
     painter.save();
@@ -233,15 +176,9 @@ void ClipboardRowView::paintButton(QPainter& painter, const QRect& area, Action 
 {
     if (m_actions.isBusy(action, item))
         return paintBusyIndicator(painter, area);
-    const bool hasPointer = state.buttonUnderPointer == button;
-    if (hasPointer) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(
-            Theme::withOpacity(Theme::hoverFill(), state.pressedButton == button ? 2.0 : 1.0));
-        painter.drawRoundedRect(area, buttonRadius, buttonRadius);
-    }
-    Symbols::paint(painter, area, ClipboardRowActions::systemImage(action),
-                   {.size = symbolSize, .color = buttonColor(action, item, hasPointer)});
+    const QColor color = buttonColor(action, item, state.buttonUnderPointer == button);
+    RowPainting::paintButton(painter, area, ClipboardRowActions::systemImage(action), color, state,
+                             button);
 }
 
 void ClipboardRowView::paintBusyIndicator(QPainter& painter, const QRect& area) const

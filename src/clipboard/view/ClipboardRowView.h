@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clipboard/ClipboardRowActions.h"
-#include "clipboard/view/PreviewText.h"
+#include "panel/view/PreviewText.h"
 #include "panel/view/RowDelegate.h"
 
 #include <QtCore/QCache>
@@ -9,7 +9,7 @@
 namespace driftbox {
 
 class ClipboardListModel;
-class ClipboardRowLayout;
+class RowLayout;
 
 /// A row of the history: its text or its picture, when it was captured, the pin, and the actions
 /// that show while the row has the pointer or is selected.
@@ -35,10 +35,8 @@ public:
 private:
     [[nodiscard]] const ClipboardItem& itemAt(const QModelIndex& index) const;
     [[nodiscard]] const PreviewText& preview(const ClipboardItem& item, qreal width) const;
-    void paintHighlight(QPainter& painter, const QRect& area, const RowState& state) const;
     void paintText(QPainter& painter, const ClipboardItem& item, const QRect& area) const;
-    void paintPicture(QPainter& painter, const QModelIndex& index,
-                      const ClipboardRowLayout& layout) const;
+    void paintPicture(QPainter& painter, const QModelIndex& index, const RowLayout& layout) const;
     void paintButton(QPainter& painter, const QRect& area, ClipboardRowAction action,
                      const ClipboardItem& item, const RowState& state, int button) const;
     void paintBusyIndicator(QPainter& painter, const QRect& area) const;

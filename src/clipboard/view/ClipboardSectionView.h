@@ -3,7 +3,6 @@
 #include "clipboard/ClipboardKeyboard.h"
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardRowActions.h"
-#include "clipboard/ClipboardSelection.h"
 #include "clipboard/view/ClipboardRowView.h"
 
 #include <QtCore/QTimer>
@@ -11,13 +10,9 @@
 
 namespace driftbox {
 
-class EmptyStateView;
-class RowListView;
-class SearchBar;
+class ListPage;
 
-/// The clipboard's page in the panel: a search bar, the rows of the history and a footer. Each time
-/// it is shown it begins with an empty query and the first row selected. The typing goes to the
-/// search field all the time; the keys that are the list's are taken from there.
+/// The clipboard's page in the panel.
 class ClipboardSectionView final : public QWidget
 {
     Q_OBJECT
@@ -31,31 +26,22 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void buildLayout();
+    [[nodiscard]] ListPage* makePage();
     void connectParts();
-    void startOver();
     void followScreen();
     void handleScreenChanged();
-    void updateEmptyState();
+    void handleQueryChanged();
     void updateBusyIndicator();
-    void handleQueryEdited(const QString& query);
-    [[nodiscard]] bool handleKeyPress(const QKeyEvent& event);
 
     ClipboardViewModel& m_viewModel;
     ClipboardListModel m_rows;
     ClipboardRowActions m_actions;
     ClipboardRowView m_rowView;
-    SearchBar* m_searchBar;
-    RowListView* m_list;
-    EmptyStateView* m_emptyState;
-    ClipboardSelection m_selection; ///< hears of changes of the rows after the list
+    ListPage* m_page;
     ClipboardKeyboard m_keyboard;
     QTimer m_busyTimer;
-    bool m_selectionHasChanged = false; ///< since the last key press
-    bool m_rowIsAnnounced = false; ///< assistive technology takes a row for what the user is at
 };
 
 } // namespace driftbox

@@ -44,6 +44,11 @@ SearchBar::SearchBar(const QString& placeholder, const TextExchange& exchange, Q
     connect(m_clearButton, &QAbstractButton::clicked, m_field, &QLineEdit::clear);
 }
 
+void SearchBar::addButton(SymbolButton* button)
+{
+    layout()->addWidget(button);
+}
+
 void SearchBar::setQuery(const QString& query)
 {
     m_query = query;

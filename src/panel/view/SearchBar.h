@@ -17,6 +17,9 @@ public:
 
     [[nodiscard]] SearchField& field() const { return *m_field; }
 
+    /// Puts a button of the page's behind the field; the bar then owns it.
+    void addButton(SymbolButton* button);
+
     /// Shows a query; the field is left alone when it holds that already.
     void setQuery(const QString& query);
 

@@ -1,7 +1,7 @@
 #include "clipboard/ClipboardKeyboard.h"
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardRowActions.h"
-#include "clipboard/ClipboardSelection.h"
+#include "core/RowSelection.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QTest>
@@ -41,7 +41,7 @@ struct Page
 
     ClipboardHistory history;
     ClipboardListModel rows{history.viewModel, history.clock};
-    ClipboardSelection selection{rows};
+    RowSelection selection{rows};
     std::vector<ClipboardItem> notes;
     ClipboardRowActions actions{history.viewModel,
                                 [this](const ClipboardItem& item) { notes.push_back(item); }};

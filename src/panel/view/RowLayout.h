@@ -7,8 +7,8 @@
 
 namespace driftbox {
 
-/// Where the parts of a history row lie, in points within the row.
-class ClipboardRowLayout
+/// Where the parts of a row of a page's list lie, in points within the row.
+class RowLayout
 {
 public:
     static constexpr int textRowHeight = 52;
@@ -17,14 +17,15 @@ public:
     static constexpr int cornerRadius = 6;  ///< of pictures
 
     /// `size` includes the divider. `timeWidth` is what the time needs.
-    ClipboardRowLayout(QSize size, int timeWidth);
+    RowLayout(QSize size, int timeWidth);
 
     /// The text or the picture.
     [[nodiscard]] QRect content() const;
     /// A picture of that size, in the middle of the row's height.
     [[nodiscard]] QRect picture(QSize size) const;
     [[nodiscard]] QRect time() const;
-    [[nodiscard]] QRect pinButton() const;
+    /// What stands behind the time.
+    [[nodiscard]] QRect mark() const;
     /// The actions beneath the time, from left to right.
     [[nodiscard]] std::vector<QRect> actions(size_t count) const;
     [[nodiscard]] QRect divider() const;

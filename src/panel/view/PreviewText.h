@@ -1,6 +1,6 @@
 #pragma once
 
-#include "clipboard/PreviewLines.h"
+#include "core/PreviewLines.h"
 
 #include <memory>
 #include <vector>

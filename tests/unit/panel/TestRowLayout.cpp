@@ -1,10 +1,10 @@
-#include "clipboard/view/ClipboardRowLayout.h"
+#include "panel/view/RowLayout.h"
 
 #include <QtTest/QTest>
 
 using namespace driftbox;
 
-class TestClipboardRowLayout : public QObject
+class TestRowLayout : public QObject
 {
     Q_OBJECT
 
@@ -12,21 +12,21 @@ private Q_SLOTS:
     void partsDoNotOverlap_data()
     {
         QTest::addColumn<int>("height");
-        QTest::newRow("text") << ClipboardRowLayout::textRowHeight;
-        QTest::newRow("image") << ClipboardRowLayout::imageRowHeight;
+        QTest::newRow("text") << RowLayout::textRowHeight;
+        QTest::newRow("image") << RowLayout::imageRowHeight;
     }
     void partsDoNotOverlap()
     {
         QFETCH(const int, height);
         constexpr int width = 451;
         constexpr int timeWidth = 90;
-        const ClipboardRowLayout layout({width, height + 1}, timeWidth);
+        const RowLayout layout({width, height + 1}, timeWidth);
 
         std::vector<QRect> parts = layout.actions(3);
         QCOMPARE(parts.size(), size_t(3));
         parts.push_back(layout.content());
         parts.push_back(layout.time());
-        parts.push_back(layout.pinButton());
+        parts.push_back(layout.mark());
         parts.push_back(layout.divider());
         for (size_t i = 0; i < parts.size(); ++i) {
             QVERIFY(QRect(0, 0, width, height + 1).contains(parts[i]));
@@ -39,11 +39,11 @@ private Q_SLOTS:
 
     void actionsKeepTheirSpacingAndEndUnderThePin()
     {
-        const ClipboardRowLayout layout({451, 53}, 90);
+        const RowLayout layout({451, 53}, 90);
         for (const size_t count : {size_t(2), size_t(3)}) {
             const std::vector<QRect> actions = layout.actions(count);
-            QCOMPARE(actions.back().right(), layout.pinButton().right());
-            QVERIFY(actions.back().top() > layout.pinButton().bottom());
+            QCOMPARE(actions.back().right(), layout.mark().right());
+            QVERIFY(actions.back().top() > layout.mark().bottom());
             for (size_t i = 1; i < count; ++i)
                 QCOMPARE(actions[i].left() - actions[i - 1].right() - 1, 4);
         }
@@ -51,12 +51,12 @@ private Q_SLOTS:
 
     void thereIsRoomForTheLargestPicture()
     {
-        const ClipboardRowLayout layout({451, 77}, 90);
+        const RowLayout layout({451, 77}, 90);
         const QRect picture = layout.picture({220, 60});
         QVERIFY(layout.content().contains(picture));
         QCOMPARE(picture.top(), 8);
     }
 };
 
-QTEST_GUILESS_MAIN(TestClipboardRowLayout)
-#include "TestClipboardRowLayout.moc"
+QTEST_GUILESS_MAIN(TestRowLayout)
+#include "TestRowLayout.moc"

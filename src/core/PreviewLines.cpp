@@ -1,4 +1,4 @@
-#include "clipboard/PreviewLines.h"
+#include "core/PreviewLines.h"
 
 #include <algorithm>
 #include <array>

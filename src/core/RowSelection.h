@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/ListKeyPress.h"
+
 #include <QtCore/QAbstractItemModel>
 
 namespace driftbox {
@@ -8,13 +10,13 @@ namespace driftbox {
 /// first row and begins there again when the list is replaced as a whole. It stays with its row
 /// when others come, go or move; but the first row stays selected when another one becomes the
 /// first. When the selected row goes, the one that takes its place is selected.
-class ClipboardSelection : public QObject
+class RowSelection : public QObject
 {
     Q_OBJECT
 
 public:
     /// `rows` must outlive the selection.
-    explicit ClipboardSelection(const QAbstractItemModel& rows, QObject* parent = nullptr);
+    explicit RowSelection(const QAbstractItemModel& rows, QObject* parent = nullptr);
 
     /// Minus one while there is no row.
     [[nodiscard]] int row() const { return m_row.isValid() ? m_row.row() : -1; }
@@ -23,6 +25,10 @@ public:
     void selectLast();
     /// `steps` rows down, or up when negative, as far as there are rows.
     void moveBy(int steps);
+    /// Moves as far as the arrows, the page keys, Home or End go; those last two are the list's
+    /// only while the search field is empty. Returns whether the key press was one of these. A page
+    /// has `rowsPerPage` rows.
+    bool moveByKey(const ListKeyPress& press, int rowsPerPage, bool fieldIsEmpty);
 
 Q_SIGNALS:
     /// Another row is selected, or the selected row is in another place.

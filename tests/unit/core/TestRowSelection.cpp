@@ -1,4 +1,4 @@
-#include "clipboard/ClipboardSelection.h"
+#include "core/RowSelection.h"
 
 #include <QtCore/QStringListModel>
 #include <QtTest/QSignalSpy>
@@ -7,7 +7,7 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-class TestClipboardSelection : public QObject
+class TestRowSelection : public QObject
 {
     Q_OBJECT
 
@@ -16,16 +16,16 @@ private Q_SLOTS:
 
     void beginsAtTheFirstRow()
     {
-        const ClipboardSelection selection(m_rows);
+        const RowSelection selection(m_rows);
         QCOMPARE(selection.row(), 0);
         const QStringListModel empty;
-        QCOMPARE(ClipboardSelection(empty).row(), -1);
+        QCOMPARE(RowSelection(empty).row(), -1);
     }
 
     void movesAsFarAsThereAreRows()
     {
-        ClipboardSelection selection(m_rows);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        RowSelection selection(m_rows);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         selection.moveBy(-1);
         QCOMPARE(selection.row(), 0);
         QCOMPARE(changed.count(), 0);
@@ -46,8 +46,8 @@ private Q_SLOTS:
     void anEmptyListHasNothingToMoveTo()
     {
         QStringListModel empty;
-        ClipboardSelection selection(empty);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        RowSelection selection(empty);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         selection.moveBy(1);
         selection.moveBy(-1);
         selection.selectFirst();
@@ -61,8 +61,8 @@ private Q_SLOTS:
 
     void theFirstRowStaysSelectedWhenAnotherBecomesTheFirst()
     {
-        const ClipboardSelection selection(m_rows);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        const RowSelection selection(m_rows);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         insert(m_rows, 0, u"new"_s);
         QCOMPARE(selected(selection), u"new"_s);
         QCOMPARE(changed.count(), 1);
@@ -76,9 +76,9 @@ private Q_SLOTS:
 
     void anyOtherRowIsFollowed()
     {
-        ClipboardSelection selection(m_rows);
+        RowSelection selection(m_rows);
         selection.moveBy(2);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         insert(m_rows, 0, u"new"_s);
         QCOMPARE(selected(selection), u"c"_s);
         QCOMPARE(selection.row(), 3);
@@ -94,8 +94,8 @@ private Q_SLOTS:
 
     void whenItGoesTheNextOneTakesItsPlace()
     {
-        ClipboardSelection selection(m_rows);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        RowSelection selection(m_rows);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         m_rows.removeRow(0);
         QCOMPARE(selected(selection), u"b"_s);
         QCOMPARE(changed.count(), 1);
@@ -112,7 +112,7 @@ private Q_SLOTS:
 
     void whenManyGoItStaysInTheList()
     {
-        ClipboardSelection selection(m_rows);
+        RowSelection selection(m_rows);
         selection.moveBy(2);
         m_rows.removeRows(1, 3);
         QCOMPARE(selected(selection), u"a"_s);
@@ -122,9 +122,9 @@ private Q_SLOTS:
 
     void anotherListBeginsAtItsFirstRow()
     {
-        ClipboardSelection selection(m_rows);
+        RowSelection selection(m_rows);
         selection.moveBy(2);
-        const QSignalSpy changed(&selection, &ClipboardSelection::changed);
+        const QSignalSpy changed(&selection, &RowSelection::changed);
         m_rows.setStringList({u"x"_s, u"y"_s, u"z"_s});
         QCOMPARE(selected(selection), u"x"_s);
         m_rows.setStringList({u"x"_s});
@@ -135,7 +135,7 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] QString selected(const ClipboardSelection& selection) const
+    [[nodiscard]] QString selected(const RowSelection& selection) const
     {
         return m_rows.stringList().value(selection.row());
     }
@@ -148,5 +148,5 @@ private:
     QStringListModel m_rows;
 };
 
-QTEST_GUILESS_MAIN(TestClipboardSelection)
-#include "TestClipboardSelection.moc"
+QTEST_GUILESS_MAIN(TestRowSelection)
+#include "TestRowSelection.moc"

@@ -1,4 +1,4 @@
-#include "clipboard/view/ClipboardRowLayout.h"
+#include "panel/view/RowLayout.h"
 
 #include <algorithm>
 
@@ -11,39 +11,39 @@ constexpr int trailingPadding = 12;
 constexpr int columnSpacing = 12;
 constexpr int buttonSide = 22;
 constexpr int buttonSpacing = 4;
-constexpr int timeSpacing = 4; // to the pin
+constexpr int timeSpacing = 4; // to the mark
 constexpr int mostActions = 3;
 constexpr int highlightInset = 7;
 
 } // namespace
 
-ClipboardRowLayout::ClipboardRowLayout(QSize size, int timeWidth)
+RowLayout::RowLayout(QSize size, int timeWidth)
     : m_size(size.width(), size.height() - dividerHeight)
     , m_timeWidth(timeWidth)
 {
 }
 
 // The time and the actions beneath it are in the middle of the row's height.
-int ClipboardRowLayout::trailingTop() const
+int RowLayout::trailingTop() const
 {
     return (m_size.height() - 2 * buttonSide) / 2;
 }
 
-QRect ClipboardRowLayout::pinButton() const
+QRect RowLayout::mark() const
 {
     return {m_size.width() - trailingPadding - buttonSide, trailingTop(), buttonSide, buttonSide};
 }
 
-QRect ClipboardRowLayout::time() const
+QRect RowLayout::time() const
 {
-    const QRect pin = pinButton();
-    return {pin.left() - timeSpacing - m_timeWidth, pin.top(), m_timeWidth, pin.height()};
+    const QRect mark = this->mark();
+    return {mark.left() - timeSpacing - m_timeWidth, mark.top(), m_timeWidth, mark.height()};
 }
 
-std::vector<QRect> ClipboardRowLayout::actions(size_t count) const
+std::vector<QRect> RowLayout::actions(size_t count) const
 {
     std::vector<QRect> rects;
-    QRect rect = pinButton().translated(0, buttonSide);
+    QRect rect = mark().translated(0, buttonSide);
     for (size_t i = 0; i < count; ++i) {
         rects.push_back(rect);
         rect.translate(-buttonSide - buttonSpacing, 0);
@@ -52,7 +52,7 @@ std::vector<QRect> ClipboardRowLayout::actions(size_t count) const
     return rects;
 }
 
-QRect ClipboardRowLayout::content() const
+QRect RowLayout::content() const
 {
     constexpr int actionsWidth = mostActions * buttonSide + (mostActions - 1) * buttonSpacing;
     const int actionsLeft = m_size.width() - trailingPadding - actionsWidth;
@@ -60,18 +60,18 @@ QRect ClipboardRowLayout::content() const
     return {leadingPadding, 0, right - leadingPadding, m_size.height()};
 }
 
-QRect ClipboardRowLayout::picture(QSize size) const
+QRect RowLayout::picture(QSize size) const
 {
     return {leadingPadding, (m_size.height() - size.height()) / 2, size.width(), size.height()};
 }
 
-QRect ClipboardRowLayout::divider() const
+QRect RowLayout::divider() const
 {
     return {leadingPadding, m_size.height(), m_size.width() - leadingPadding - trailingPadding,
             dividerHeight};
 }
 
-QRect ClipboardRowLayout::highlight() const
+QRect RowLayout::highlight() const
 {
     return QRect({}, m_size).adjusted(highlightInset, 1, -highlightInset, -1);
 }

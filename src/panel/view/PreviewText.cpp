@@ -1,4 +1,4 @@
-#include "clipboard/view/PreviewText.h"
+#include "panel/view/PreviewText.h"
 
 #include <algorithm>
 #include <cmath>

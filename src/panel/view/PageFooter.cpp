@@ -1,0 +1,43 @@
+#include "panel/view/PageFooter.h"
+
+#include "panel/view/CountLabel.h"
+#include "panel/view/SymbolButton.h"
+
+#include <QtWidgets/QBoxLayout>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int barHeight = 34;
+constexpr int sidePadding = 14;
+constexpr int countSpacing = 12;
+
+} // namespace
+
+PageFooter::PageFooter(const QString& systemImage, const QString& label, const QString& help,
+                       QWidget* parent)
+    : QWidget(parent)
+    , m_counts(new QHBoxLayout)
+    , m_button(new SymbolButton(systemImage, help, this))
+{
+    setFixedHeight(barHeight);
+    m_button->setLabel(label);
+    m_counts->setSpacing(countSpacing);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(sidePadding, 0, sidePadding - SymbolButton::padding, 0);
+    row->setSpacing(countSpacing);
+    row->addLayout(m_counts);
+    row->addStretch(1);
+    row->addWidget(m_button);
+}
+
+CountLabel* PageFooter::addCount()
+{
+    auto* count = new CountLabel(this);
+    m_counts->addWidget(count);
+    return count;
+}
+
+} // namespace driftbox

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "panel/view/RowDelegate.h"
+
+#include <QtGui/QColor>
+
+/// What the rows of all lists have in common to the eye.
+namespace driftbox::RowPainting {
+
+/// Behind a row that has the pointer or is selected.
+void paintHighlight(QPainter& painter, const QRect& area, const RowState& state);
+
+/// `button` is counted as the delegate does.
+void paintButton(QPainter& painter, const QRect& area, const QString& systemImage,
+                 const QColor& color, const RowState& state, int button);
+
+/// What a time takes: the same for every one, so that all rows agree on the place of their texts.
+[[nodiscard]] int timeWidth();
+/// `time` is as "12-31 23:59:59".
+void paintTime(QPainter& painter, const QRectF& area, const QString& time);
+
+} // namespace driftbox::RowPainting

@@ -1,0 +1,45 @@
+#include "notes/NotesKeyboard.h"
+
+#include "core/RowSelection.h"
+#include "notes/NoteManager.h"
+#include "notes/NotesListModel.h"
+
+namespace driftbox {
+
+NotesKeyboard::NotesKeyboard(NoteManager& manager, const NotesListModel& rows,
+                             RowSelection& selection)
+    : m_manager(manager)
+    , m_rows(rows)
+    , m_selection(selection)
+{
+}
+
+bool NotesKeyboard::handle(const ListKeyPress& press, int rowsPerPage)
+{
+    return m_selection.moveByKey(press, rowsPerPage, m_rows.query().isEmpty()) ||
+           act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
+}
+
+bool NotesKeyboard::act(const ListKeyPress& press)
+{
+    if (press.modifiers == Qt::NoModifier) {
+        if (press.key == Qt::Key_Return || press.key == Qt::Key_Enter)
+            return withNote(press, m_selection.row(), &NoteManager::focus);
+        if (press.key == Qt::Key_Delete && m_rows.query().isEmpty())
+            return withNote(press, m_selection.row(), &NoteManager::remove);
+    }
+    // On some keyboards the digits need Shift.
+    const bool isDigit = press.key >= Qt::Key_1 && press.key <= Qt::Key_9;
+    const bool isControl = (press.modifiers & ~Qt::ShiftModifier) == Qt::ControlModifier;
+    return isDigit && isControl && withNote(press, press.key - Qt::Key_1, &NoteManager::focus);
+}
+
+// Whatever the key is held down for, it acts once; and where there is no note it does nothing.
+bool NotesKeyboard::withNote(const ListKeyPress& press, int row, Action action)
+{
+    if (!press.isRepeated && row >= 0 && row < m_rows.rowCount())
+        (m_manager.*action)(m_rows.record(row).id);
+    return true;
+}
+
+} // namespace driftbox

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "notes/StickyNote.h"
+#include "panel/view/PreviewText.h"
+#include "panel/view/RowDelegate.h"
+
+#include <QtCore/QCache>
+
+namespace driftbox {
+
+class NoteManager;
+class NotesListModel;
+class RowLayout;
+
+/// A row of the list of notes: the note's colour and kind, its text, when it was changed, whether
+/// it is saved, and the actions that show while the row has the pointer or is selected.
+class NoteRow final : public RowDelegate
+{
+public:
+    /// Both must outlive this.
+    NoteRow(const NotesListModel& rows, NoteManager& manager);
+
+    [[nodiscard]] int heightOfRow(int row) const override;
+    [[nodiscard]] QString help() const override;
+    /// Copying, then deleting.
+    [[nodiscard]] std::vector<RowButton> buttons(const QModelIndex& index,
+                                                 QSize rowSize) const override;
+    void paint(QPainter& painter, const QRect& rect, const QModelIndex& index,
+               const RowState& state) const override;
+    void pick(const QModelIndex& index) override;
+    void press(const QModelIndex& index, int button) override;
+
+private:
+    struct Preview
+    {
+        QString text;
+        PreviewText lines;
+    };
+
+    [[nodiscard]] const StickyNote& noteAt(const QModelIndex& index) const;
+    [[nodiscard]] const PreviewText& preview(const StickyNote& note, qreal width) const;
+    void paintNote(QPainter& painter, const StickyNote& note, const QRect& area) const;
+    static void paintActions(QPainter& painter, const RowLayout& layout, const RowState& state);
+
+    const NotesListModel& m_rows;
+    NoteManager& m_manager;
+    mutable QCache<StickyNoteId, Preview> m_previews; ///< of the rows seen last
+};
+
+} // namespace driftbox

@@ -7,12 +7,17 @@
 #include "clipboard/ThumbnailCache.h"
 #include "clipboard/view/ClipboardSection.h"
 #include "core/AppConfig.h"
+#include "notes/FileNotesStore.h"
+#include "notes/NoteManager.h"
+#include "notes/view/NotesSection.h"
+#include "notes/view/StickyNotePanel.h"
 #include "panel/CursorLocator.h"
 #include "panel/HotkeyManager.h"
 #include "panel/MagicPanelController.h"
 #include "panel/view/FloatingPanel.h"
 #include "panel/view/ThemeFollower.h"
 #include "platform/Clock.h"
+#include "platform/FileSystem.h"
 #include "platform/LoginItem.h"
 #include "platform/PageOpener.h"
 
@@ -61,7 +66,9 @@ void AppCoordinator::start()
 {
     sharedCoordinator() = this;
     registerClipboardSection();
+    registerNotesSection();
     monitor().start();
+    noteManager().restore();
     startHotkey();
     applyLaunchAtLogin();
     buildPanelWhenIdle();
@@ -69,8 +76,26 @@ void AppCoordinator::start()
 
 void AppCoordinator::registerClipboardSection()
 {
-    m_registry.registerSection(std::make_unique<ClipboardSection>(clipboardVM(), m_desktop.clock,
-                                                                  [](const ClipboardItem&) {}));
+    m_registry.registerSection(std::make_unique<ClipboardSection>(
+        clipboardVM(), m_desktop.clock,
+        [self = QPointer<AppCoordinator>(this)](const ClipboardItem& item) {
+            if (self)
+                self->makeNote(item);
+        }));
+}
+
+void AppCoordinator::registerNotesSection()
+{
+    m_registry.registerSection(
+        std::make_unique<NotesSection>(noteManager(), m_desktop.pasteboard, m_pasteboardWriter));
+}
+
+void AppCoordinator::makeNote(const ClipboardItem& item)
+{
+    if (item.kind == ClipboardItem::Kind::text)
+        noteManager().createNote(item.textContent.value_or(QString()));
+    else if (const auto bytes = m_desktop.fileSystem.read(store().imageURL(item)))
+        noteManager().createNote(*bytes);
 }
 
 void AppCoordinator::startHotkey()
@@ -157,6 +182,27 @@ ClipboardViewModel& AppCoordinator::clipboardVM()
             m_desktop.textRecognizer, m_desktop.clock});
     }
     return *m_clipboardVM;
+}
+
+NotesStore& AppCoordinator::notesStore()
+{
+    if (!m_notesStore) {
+        m_notesStore = std::make_unique<FileNotesStore>(
+            m_desktop.fileSystem, AppConfig::storage::defaultRootURL() + u"/notes"_s);
+    }
+    return *m_notesStore;
+}
+
+NoteManager& AppCoordinator::noteManager()
+{
+    if (!m_noteManager) {
+        m_notePanels =
+            std::make_unique<StickyNotePanels>(m_desktop.floatingSurfaces, m_desktop.pasteboard);
+        m_noteManager = std::make_unique<NoteManager>(NoteManager::Services{
+            notesStore(), m_settings, m_desktop.fileSystem, m_desktop.tasks, m_pasteboardWriter,
+            m_desktop.clock, m_desktop.screens, m_desktop.localKeys, *m_notePanels});
+    }
+    return *m_noteManager;
 }
 
 HotkeyManager& AppCoordinator::hotkeyManager()

@@ -20,6 +20,9 @@ class CursorLocator;
 class FloatingPanel;
 class HotkeyManager;
 class MagicPanelController;
+class NoteManager;
+class NotesStore;
+class StickyNotePanels;
 class ThemeFollower;
 class ThumbnailCache;
 struct ClipboardItem;
@@ -62,11 +65,15 @@ public:
     [[nodiscard]] ClipboardStore& store();
     [[nodiscard]] ClipboardMonitor& monitor();
     [[nodiscard]] ClipboardViewModel& clipboardVM();
+    [[nodiscard]] NotesStore& notesStore();
+    [[nodiscard]] NoteManager& noteManager();
     [[nodiscard]] MagicPanelController& panelController();
     [[nodiscard]] HotkeyManager& hotkeyManager();
 
 private:
     void registerClipboardSection();
+    void registerNotesSection();
+    void makeNote(const ClipboardItem& item);
     void startHotkey();
     void buildPanelWhenIdle();
 
@@ -81,6 +88,9 @@ private:
     std::unique_ptr<ClipboardMonitor> m_monitor;
     std::unique_ptr<ThumbnailCache> m_thumbnails;
     std::unique_ptr<ClipboardViewModel> m_clipboardVM;
+    std::unique_ptr<NotesStore> m_notesStore;
+    std::unique_ptr<StickyNotePanels> m_notePanels;
+    std::unique_ptr<NoteManager> m_noteManager;
     std::unique_ptr<CursorLocator> m_cursorLocator;
     std::unique_ptr<FloatingPanel> m_panel;
     std::unique_ptr<MagicPanelController> m_panelController;

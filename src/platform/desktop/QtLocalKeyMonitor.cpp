@@ -19,18 +19,33 @@ bool QtLocalKeyMonitor::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
+        // The filter that was installed last comes first.
+        QCoreApplication::instance()->installEventFilter(this);
+        return !belongsToCopy(*event) && take(*receiver, *event);
     case QEvent::KeyPress:
-        if (!isTaken(*receiver, static_cast<const QKeyEvent&>(*event)))
-            return false;
-        // An accepted question keeps the toolkit from looking for a shortcut.
-        event->accept();
-        return true;
+        m_lastWasCopy = !event->spontaneous();
+        return !m_lastWasCopy && take(*receiver, *event);
     case QEvent::KeyRelease:
         m_verdict.reset();
         return false;
     default:
         return false;
     }
+}
+
+// A copy has no time, nor has the question that the toolkit asks once more because of it.
+bool QtLocalKeyMonitor::belongsToCopy(const QEvent& question) const
+{
+    return m_lastWasCopy && static_cast<const QKeyEvent&>(question).timestamp() == 0;
+}
+
+bool QtLocalKeyMonitor::take(const QObject& receiver, QEvent& event)
+{
+    if (!isTaken(receiver, static_cast<const QKeyEvent&>(event)))
+        return false;
+    // An accepted question keeps the toolkit from looking for a shortcut.
+    event.accept();
+    return true;
 }
 
 bool QtLocalKeyMonitor::isNewPress(const QObject& receiver, const QKeyEvent& event) const

@@ -3,6 +3,8 @@
 #include "platform/LocalKeyMonitor.h"
 #include "platform/MonitorRegistry.h"
 
+#include <optional>
+
 #include <QtCore/QObject>
 
 class QKeyEvent;
@@ -32,11 +34,16 @@ private:
         bool taken = false;
     };
 
+    /// Assistive technology holds presses back and posts copies of them later. Presses are taken
+    /// before that, and copies left alone: the handlers have seen the originals.
+    [[nodiscard]] bool belongsToCopy(const QEvent& question) const;
+    [[nodiscard]] bool take(const QObject& receiver, QEvent& event);
     [[nodiscard]] bool isNewPress(const QObject& receiver, const QKeyEvent& event) const;
     [[nodiscard]] bool isTaken(const QObject& receiver, const QKeyEvent& event);
 
     MonitorRegistry<Handler> m_registry;
     std::optional<Verdict> m_verdict;
+    bool m_lastWasCopy = false;
 };
 
 } // namespace driftbox

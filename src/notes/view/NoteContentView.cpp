@@ -18,7 +18,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int sidePadding = 9; // of the text
+constexpr int sidePadding = 10; // of the text
 constexpr int controlPadding = 3;
 constexpr int gap = 3;
 constexpr int hintHeight = 15;
@@ -72,7 +72,7 @@ void NoteContentView::arrange()
         m_image->setGeometry(QRect(body.topLeft(), QSize(body.width(), std::min(wanted, room))));
         body.setTop(m_image->geometry().bottom() + 1 + gap);
     }
-    m_editor->setGeometry(body);
+    m_editor->setGeometry(body.adjusted(0, 0, NoteEditor::rightMargin, 0));
 }
 
 void NoteContentView::paintEvent(QPaintEvent*)
@@ -87,15 +87,23 @@ void NoteContentView::paintEvent(QPaintEvent*)
 
 void NoteContentView::mousePressEvent(QMouseEvent* event)
 {
-    m_press = event->pos();
+    if (event->button() == Qt::LeftButton)
+        m_press = event->pos();
     event->accept();
 }
 
+// One drag a press: whoever takes the window over takes the release, too.
 void NoteContentView::mouseMoveEvent(QMouseEvent* event)
 {
-    const bool isDrag = (event->pos() - m_press).manhattanLength() >= dragDistance;
-    if (event->buttons() == Qt::LeftButton && isDrag)
-        Q_EMIT backgroundDragged();
+    if (!m_press || (event->pos() - *m_press).manhattanLength() < dragDistance)
+        return;
+    m_press.reset();
+    Q_EMIT backgroundDragged();
+}
+
+void NoteContentView::mouseReleaseEvent(QMouseEvent*)
+{
+    m_press.reset();
 }
 
 } // namespace driftbox

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QtWidgets/QWidget>
 
 namespace driftbox {
@@ -32,6 +34,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void showImage(StickyNoteViewModel& viewModel);
@@ -40,7 +43,7 @@ private:
     NoteControlRow* m_controls;
     NoteImageView* m_image = nullptr; ///< of image notes only
     NoteEditor* m_editor;
-    QPoint m_press;
+    std::optional<QPoint> m_press; ///< until it becomes a drag
 };
 
 } // namespace driftbox

@@ -2,6 +2,7 @@
 
 #include "notes/StickyNoteViewModel.h"
 #include "notes/view/NoteDocumentLayout.h"
+#include "notes/view/NoteEditorAccessible.h"
 #include "notes/view/NotePaper.h"
 #include "panel/view/Theme.h"
 #include "platform/Pasteboard.h"
@@ -20,12 +21,6 @@ namespace {
 constexpr int dragDistance = 3; // points until a press is a drag
 constexpr qreal pointsPerInch = 72.0;
 
-// The document's own plain text would turn no-break spaces into ordinary ones.
-QString textOf(const QTextDocument& document)
-{
-    return document.toRawText().replace(QChar::ParagraphSeparator, u'\n');
-}
-
 QTextDocument* makeDocument(QObject* parent)
 {
     auto* document = new QTextDocument(parent);
@@ -43,11 +38,17 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, Q
     : QPlainTextEdit(parent)
     , m_viewModel(viewModel)
     , m_pasteboard(pasteboard)
+    , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
+    NoteEditorAccessible::install(); // before anything asks
     setFrameShape(QFrame::NoFrame);
     setContextMenuPolicy(Qt::PreventContextMenu);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setViewportMargins(0, 0, rightMargin, 0);
+    QPalette ink;
+    ink.setColor(QPalette::WindowText, NotePaper::ink());
+    m_scrollBar->setPalette(ink);
     setAccessibleName(u"Note text"_s);
     setDocument(makeDocument(this));
     showColor();
@@ -58,9 +59,20 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, Q
     connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteEditor::showZoom);
 }
 
+QString NoteEditor::textOf(QString raw)
+{
+    return std::move(raw.replace(QChar::ParagraphSeparator, u'\n'));
+}
+
+// The document's own plain text would turn no-break spaces into ordinary ones.
+QString NoteEditor::text() const
+{
+    return textOf(document()->toRawText());
+}
+
 void NoteEditor::report()
 {
-    m_viewModel.setText(textOf(*document()));
+    m_viewModel.setText(text());
 }
 
 void NoteEditor::showText()
@@ -95,14 +107,20 @@ void NoteEditor::showEvent(QShowEvent* event)
         verticalScrollBar()->setValue(0);
 }
 
+void NoteEditor::resizeEvent(QResizeEvent* event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    m_scrollBar->setGeometry(width() - OverlayScrollBar::thickness, 0, OverlayScrollBar::thickness,
+                             height());
+}
+
 // The pasteboard
 
 void NoteEditor::copySelection()
 {
     const QTextCursor cursor = textCursor();
     if (cursor.hasSelection()) {
-        m_pasteboard.write(
-            {.text = cursor.selectedText().replace(QChar::ParagraphSeparator, u'\n')});
+        m_pasteboard.write({.text = textOf(cursor.selectedText())});
     }
 }
 
@@ -142,6 +160,7 @@ bool NoteEditor::isBelowText(QPoint position) const
 
 void NoteEditor::mousePressEvent(QMouseEvent* event)
 {
+    m_isHandedOver = false;
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
         m_backgroundPress = event->pos();
     // The toolkit would wait for the program that owns the primary selection to paste it.
@@ -149,18 +168,23 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
         QPlainTextEdit::mousePressEvent(event);
 }
 
+// Whoever takes the window over takes the release, too.
 void NoteEditor::mouseMoveEvent(QMouseEvent* event)
 {
+    if (m_isHandedOver)
+        return;
     if (!m_backgroundPress)
         return QPlainTextEdit::mouseMoveEvent(event);
     if ((event->pos() - *m_backgroundPress).manhattanLength() < dragDistance)
         return;
     m_backgroundPress.reset();
+    m_isHandedOver = true;
     Q_EMIT backgroundDragged();
 }
 
 void NoteEditor::mouseReleaseEvent(QMouseEvent* event)
 {
+    m_isHandedOver = false;
     m_backgroundPress.reset();
     if (event->button() != Qt::MiddleButton)
         QPlainTextEdit::mouseReleaseEvent(event);

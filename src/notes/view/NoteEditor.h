@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panel/view/OverlayScrollBar.h"
+
 #include <optional>
 
 #include <QtWidgets/QPlainTextEdit>
@@ -16,8 +18,15 @@ class NoteEditor final : public QPlainTextEdit
     Q_OBJECT
 
 public:
+    /// Behind the text, for a scroll bar.
+    static constexpr int rightMargin = OverlayScrollBar::thickness;
+
     /// Both must outlive the editor.
     NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent);
+
+    [[nodiscard]] QString text() const;
+    /// The text that a part of the document stands for.
+    [[nodiscard]] static QString textOf(QString raw);
 
 Q_SIGNALS:
     /// The mouse is being dragged where there is no text.
@@ -30,6 +39,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void report();
@@ -41,7 +51,9 @@ private:
 
     StickyNoteViewModel& m_viewModel;
     Pasteboard& m_pasteboard;
+    OverlayScrollBar* m_scrollBar;
     std::optional<QPoint> m_backgroundPress;
+    bool m_isHandedOver = false; ///< the press has become a drag of the window
 };
 
 } // namespace driftbox

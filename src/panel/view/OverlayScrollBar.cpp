@@ -102,8 +102,8 @@ void OverlayScrollBar::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const bool isActive = underMouse() || m_grip;
-    painter.setBrush(
-        Theme::withOpacity(Theme::primary(), isActive ? activeOpacity : restingOpacity));
+    painter.setBrush(Theme::withOpacity(palette().color(QPalette::Active, QPalette::WindowText),
+                                        isActive ? activeOpacity : restingOpacity));
     const QRectF area = thumb();
     painter.drawRoundedRect(area, area.width() / 2, area.width() / 2);
 }

@@ -126,6 +126,21 @@ private Q_SLOTS:
         QVERIFY(surface().resizes.empty());
     }
 
+    // The window manager that moves the window takes the release of the button.
+    void aMoveEndsWithoutARelease()
+    {
+        auto* content = editor().parentWidget();
+        QWidget* text = editor().viewport();
+        for (QWidget* widget : {content, text}) {
+            surface().moves = 0;
+            QTest::mousePress(widget, Qt::LeftButton, {}, {60, widget->height() - 6});
+            for (const int y : {20, 40, 60})
+                moveMouse(*widget, {60, y});
+            QCOMPARE(surface().moves, 1);
+        }
+        QVERIFY(!editor().textCursor().hasSelection());
+    }
+
     void anImageStandsAboveTheText()
     {
         const StickyNote note{.kind = StickyNote::Kind::image};
@@ -179,10 +194,15 @@ private:
     static void drag(QWidget& widget, QPoint from, QPoint to)
     {
         QTest::mousePress(&widget, Qt::LeftButton, {}, from);
+        moveMouse(widget, to);
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
+    }
+
+    static void moveMouse(QWidget& widget, QPoint to)
+    {
         QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton,
                          Qt::LeftButton, {});
         QCoreApplication::sendEvent(&widget, &move);
-        QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
     }
 
     std::optional<OpenNote> m_note;

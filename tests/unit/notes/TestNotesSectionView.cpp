@@ -1,0 +1,219 @@
+#include "NotesDesk.h"
+#include "notes/view/NotesSection.h"
+#include "panel/view/CountLabel.h"
+#include "panel/view/EmptyStateView.h"
+#include "panel/view/RowListView.h"
+#include "panel/view/SearchField.h"
+#include "panel/view/SymbolButton.h"
+#include "panel/view/Theme.h"
+
+#include <memory>
+
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize pageSize(451, 592);
+
+/// The page in a window, used by mouse and keyboard and read like assistive technology does.
+struct Page
+{
+    Page()
+    {
+        page = section.makeRootView(&window);
+        page->resize(pageSize);
+        window.resize(pageSize);
+        window.show();
+        (void)QTest::qWaitForWindowExposed(&window);
+    }
+
+    [[nodiscard]] NoteManager& manager() const { return *desk.manager; }
+    [[nodiscard]] RowListView& list() const { return *page->findChild<RowListView*>(); }
+    [[nodiscard]] SearchField& field() const { return *page->findChild<SearchField*>(); }
+    [[nodiscard]] QString count() const { return page->findChild<CountLabel*>()->text(); }
+    [[nodiscard]] QString emptyState() const
+    {
+        const auto* view = page->findChild<EmptyStateView*>();
+        return view->isVisible() ? view->accessibleName() : QString();
+    }
+    [[nodiscard]] SymbolButton& button(const QString& name) const
+    {
+        const auto buttons = page->findChildren<SymbolButton*>();
+        return **std::ranges::find(buttons, name, &SymbolButton::accessibleName);
+    }
+    [[nodiscard]] QStringList rowNames() const
+    {
+        QStringList names;
+        const auto* rows = QAccessible::queryAccessibleInterface(&list());
+        for (int i = 0; i < rows->childCount(); ++i)
+            names << rows->child(i)->text(QAccessible::Name);
+        return names;
+    }
+    [[nodiscard]] QAccessibleInterface& action(int row, const QString& name) const
+    {
+        const auto* rows = QAccessible::queryAccessibleInterface(&list());
+        QAccessibleInterface* found = nullptr;
+        for (int i = 0; i < rows->child(row)->childCount(); ++i) {
+            if (rows->child(row)->child(i)->text(QAccessible::Name) == name)
+                found = rows->child(row)->child(i);
+        }
+        return *found;
+    }
+    void click(QPoint place) const
+    {
+        QTest::mouseMove(list().viewport(), place);
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
+    }
+    void clickAction(int row, const QString& name) const
+    {
+        click(list().viewport()->mapFromGlobal(action(row, name).rect().center()));
+    }
+
+    NotesDesk desk;
+    NotesSection section{*desk.manager, desk.pasteboard, desk.writer};
+    QWidget window;
+    QWidget* page;
+};
+
+} // namespace
+
+class TestNotesSectionView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QCursor::setPos(2000, 2000);
+        m_page = std::make_unique<Page>();
+    }
+    void cleanup() { m_page.reset(); }
+
+    void theSectionIsNotes()
+    {
+        QCOMPARE(m_page->section.id(), u"notes"_s);
+        QCOMPARE(m_page->section.title(), u"Notes"_s);
+        QCOMPARE(m_page->section.systemImage(), u"note.text"_s);
+        QCOMPARE(m_page->field().placeholderText(), u"Search notes"_s);
+    }
+
+    void withoutNotesThePageSaysHowToMakeOne()
+    {
+        QCOMPARE(m_page->emptyState(), u"No notes yet. Click + or a clipboard item to make one."_s);
+        QCOMPARE(m_page->count(), u"0 notes"_s);
+        QVERIFY(!m_page->list().isVisible());
+        QTest::keyClicks(&m_page->field(), u"x"_s);
+        QCOMPARE(m_page->emptyState().first(12), u"No notes yet"_s);
+    }
+
+    void theButtonMakesANote()
+    {
+        SymbolButton& button = m_page->button(u"New sticky note"_s);
+        QCOMPARE(button.toolTip(), u"New sticky note"_s);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(m_page->manager().notes().size(), size_t(1));
+        QCOMPARE(m_page->rowNames(), QStringList(u"(empty)"_s));
+        QCOMPARE(m_page->count(), u"1 note"_s);
+        QCOMPARE(m_page->emptyState(), QString());
+    }
+
+    void rowsFollowTheQuery()
+    {
+        m_page->desk.open(u"Buy MILK"_s);
+        m_page->desk.open(u"call home"_s);
+        QTest::keyClicks(&m_page->field(), u"milk"_s);
+        QCOMPARE(m_page->rowNames(), QStringList(u"Buy MILK"_s));
+        QCOMPARE(m_page->count(), u"2 notes"_s);
+        QTest::keyClicks(&m_page->field(), u"y"_s);
+        QCOMPARE(m_page->emptyState(), u"No matches"_s);
+        QTest::mouseClick(&m_page->button(u"Clear search"_s), Qt::LeftButton);
+        QCOMPARE(m_page->rowNames().size(), 2);
+        QCOMPARE(m_page->field().text(), QString());
+    }
+
+    void aClickOnARowBringsTheNoteToTheFront()
+    {
+        const StickyNoteId id = m_page->desk.openSaved(u"a"_s).note().id;
+        m_page->manager().closeAll();
+        m_page->click({100, 20});
+        QVERIFY(m_page->manager().isOpen(id));
+    }
+
+    void theActionsOfARow()
+    {
+        m_page->desk.open(u"text"_s);
+        m_page->clickAction(0, u"Copy to clipboard"_s);
+        QCOMPARE(m_page->desk.pasteboard.content().text, u"text"_s);
+        QVERIFY(m_page->desk.lastSurface().isVisible());
+        m_page->clickAction(0, u"Delete note"_s);
+        QVERIFY(m_page->manager().notes().empty());
+    }
+
+    void closingAllKeepsTheSavedNotes()
+    {
+        m_page->desk.open(u"draft"_s);
+        m_page->desk.openSaved(u"saved"_s);
+        SymbolButton& button = m_page->button(u"Close all"_s);
+        QCOMPARE(button.toolTip(), u"Close and delete every note"_s);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(m_page->rowNames(), QStringList(u"saved"_s));
+    }
+
+    void theKeyboardReachesTheRowsFromTheField()
+    {
+        m_page->desk.openSaved(u"a"_s);
+        m_page->desk.openSaved(u"b"_s);
+        m_page->manager().closeAll();
+        QTest::keyClick(&m_page->field(), Qt::Key_Down);
+        QTest::keyClick(&m_page->field(), Qt::Key_Return);
+        QCOMPARE(m_page->desk.windows.last->viewModel.text(), u"a"_s);
+    }
+
+    void aRowShowsItsNotesColor()
+    {
+        m_page->desk.open(u"a"_s).setColor(NoteColor::blue);
+        const QImage picture = m_page->list().viewport()->grab().toImage();
+        QCOMPARE(picture.pixel(20, 26), Theme::noteSwatch(NoteColor::blue).rgb());
+    }
+
+    void aRowShowsWhatIsTyped()
+    {
+        StickyNoteViewModel& note = m_page->desk.open(u"a"_s);
+        const QImage before = m_page->list().viewport()->grab().toImage();
+        note.setText(u"completely different"_s);
+        QVERIFY(m_page->list().viewport()->grab().toImage() != before);
+    }
+
+    void theFieldCopiesAndPastesThroughTheProgram()
+    {
+        m_page->desk.pasteboard.copy({.text = u"pasted"_s});
+        QTest::keyClick(&m_page->field(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(m_page->field().text(), u"pasted"_s);
+        QTest::keyClick(&m_page->field(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&m_page->field(), Qt::Key_X, Qt::ControlModifier);
+        QCOMPARE(m_page->desk.pasteboard.content().text, u"pasted"_s);
+        QCOMPARE(m_page->desk.pasteboard.writes, 1);
+    }
+
+    void everyShowingStartsOver()
+    {
+        for (int i = 0; i < 30; ++i)
+            m_page->desk.open(QString::number(i));
+        QTest::keyClicks(&m_page->field(), u"1"_s);
+        m_page->window.hide();
+        m_page->window.show();
+        QCOMPARE(m_page->field().text(), QString());
+        QCOMPARE(m_page->rowNames().size(), 30);
+        QCOMPARE(m_page->list().selectedRow(), 0);
+    }
+
+private:
+    std::unique_ptr<Page> m_page;
+};
+
+QTEST_MAIN(TestNotesSectionView)
+#include "TestNotesSectionView.moc"

@@ -7,6 +7,9 @@ from Xlib.ext import xtest
 
 # Presses of one modifier that are further apart belong to no double tap.
 _BETWEEN_TAPS_MS = 350
+# Slow enough for a window manager that takes the mouse over after the first few pixels.
+_DRAG_STEP_MS = 40
+_DRAG_BEGINNING = 4
 _NAMES = {"\n": "Return", "\t": "Tab", " ": "space"}
 
 
@@ -92,6 +95,20 @@ class Pointer:
         self.move(x, y)
         xtest.fake_input(self._display, X.ButtonPress, button)
         xtest.fake_input(self._display, X.ButtonRelease, button)
+        self._display.sync()
+
+    def drag(self, start, end, steps=8):
+        """Presses the left button at `start` and lets it go at `end`; begins slowly, as a hand."""
+        self.move(*start)
+        xtest.fake_input(self._display, X.ButtonPress, 1)
+        length = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
+        beginning = [pixels / length for pixels in range(1, _DRAG_BEGINNING + 1)]
+        for share in [*beginning, *(step / steps for step in range(1, steps + 1))]:
+            xtest.fake_input(
+                self._display, X.MotionNotify, time=_DRAG_STEP_MS,
+                x=round(start[0] + (end[0] - start[0]) * share),
+                y=round(start[1] + (end[1] - start[1]) * share))
+        xtest.fake_input(self._display, X.ButtonRelease, 1, time=_DRAG_STEP_MS)
         self._display.sync()
 
     def position(self):

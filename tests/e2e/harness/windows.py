@@ -6,6 +6,9 @@ from Xlib import X, error
 from Xlib.protocol import event
 
 
+_ALL_DESKTOPS = 0xFFFFFFFF
+
+
 @dataclass(frozen=True)
 class Geometry:
     x: int
@@ -95,6 +98,9 @@ class Windows:
         value = self._property(self._object(window_id), "_NET_WM_STATE")
         return {self._display.get_atom_name(atom) for atom in value.value} if value else set()
 
+    def is_on_all_desktops(self, window_id):
+        return self._cardinal(self._object(window_id), "_NET_WM_DESKTOP") == _ALL_DESKTOPS
+
     def geometry(self, window_id):
         """Where the window's content is on the screen."""
         window = self._object(window_id)
@@ -104,12 +110,11 @@ class Windows:
 
     def activate(self, window_id):
         """Asks the window manager for the window, as a task bar would."""
-        message = event.ClientMessage(
-            window=self._object(window_id), client_type=self._atom("_NET_ACTIVE_WINDOW"),
-            data=(32, [2, X.CurrentTime, 0, 0, 0]))
-        self._root.send_event(
-            message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
-        self._display.sync()
+        self._ask_window_manager(window_id, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime, 0, 0, 0])
+
+    def close(self, window_id):
+        """Asks the window manager to close the window, as a task bar would."""
+        self._ask_window_manager(window_id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
 
     def move(self, window_id, x, y):
         """Moves a window as its title bar would; the window manager may place it otherwise."""
@@ -119,6 +124,13 @@ class Windows:
     def place(self, window_id, x, y, width, height):
         """Moves and resizes a window."""
         self._object(window_id).configure(x=x, y=y, width=width, height=height)
+        self._display.sync()
+
+    def _ask_window_manager(self, window_id, request, data):
+        message = event.ClientMessage(window=self._object(window_id),
+                                      client_type=self._atom(request), data=(32, data))
+        self._root.send_event(
+            message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self._display.sync()
 
     def _object(self, window_id):

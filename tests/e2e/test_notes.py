@@ -1,0 +1,266 @@
+"""Sticky notes: made, typed into, saved, closed, opened again."""
+
+import json
+
+import pytest
+
+from harness import notes as controls
+from harness.apps import GtkEditor, XTerm
+from harness.notes import Notes
+from harness.program import entry
+from harness.waiting import wait_for, wait_for_equal
+from harness.windows import Geometry
+from harness.xclients import ClipboardOwner
+
+
+@pytest.fixture
+def notes(program):
+    """The notes of the running program; there are none."""
+    return Notes(program)
+
+
+def saved_note(number=1, **more):
+    """A note as a manifest has it, made by hand."""
+    return {"id": f"00000000-0000-4000-8000-{number:012X}", "kind": "text", "textContent": "text",
+            "color": "green", "frame": {"x": 300, "y": 400, "width": 260, "height": 180},
+            "zoom": 1, "isSaved": True, "createdAt": 700000000.5, "updatedAt": 700000001.5, **more}
+
+
+# Making notes
+
+
+def test_a_new_note_takes_the_typing_and_is_a_draft(desktop, notes):
+    XTerm(desktop)
+    note = notes.make("hello")
+    assert note.geometry() == Geometry(1440 - 40 - 240, 40, 240, 200)
+    notes.program.panel.wait_until_closed()
+    assert notes.manifest() == []
+
+
+def test_notes_cascade(desktop, notes):
+    places = [notes.make().geometry() for _ in range(3)]
+    assert [(place.x, place.y) for place in places] == [(1160, 40), (1134, 66), (1108, 92)]
+
+
+def test_a_note_is_made_of_a_text_entry(desktop, stopped_program):
+    stopped_program.write_manifest_of([entry(1, "alpha"), entry(2, "beta\ngamma")])
+    notes = Notes(stopped_program.start())
+    stopped_program.panel.open()
+    stopped_program.panel.click_action("Text: beta\ngamma", "Make a sticky note")
+    note = notes.next_window()
+    note.wait_for_text("beta\ngamma")
+    stopped_program.panel.wait_until_closed()
+
+
+def test_a_note_is_made_of_a_picture(desktop, program, notes, picture):
+    with ClipboardOwner(desktop, {"image/png": picture}):
+        [item] = program.wait_for_entries(1)
+    program.panel.open()
+    program.panel.click_action(program.panel.row_names()[0], "Make a sticky note")
+    note = notes.next_window()
+    assert (note.geometry().width, note.geometry().height) == (320, 320 * 200 // 320 + 96)
+    [image] = notes.images.iterdir()
+    assert image.read_bytes() == program.image_path(item).read_bytes()
+    desktop.keyboard.type("a caption")
+    note.wait_for_text("a caption")
+    note.click(controls.CLOSE)
+    note.wait_until_closed()
+    wait_for(lambda: not list(notes.images.iterdir()), "the draft's picture to be gone")
+
+
+# Saving, closing, opening again
+
+
+def test_every_key_press_in_a_saved_note_reaches_the_disk(desktop, notes):
+    notes.make_saved("a")
+    for text in ("ab", "abc"):
+        desktop.keyboard.type(text[-1])
+        notes.wait_for_texts([text])
+
+
+def test_unsaving_takes_a_note_off_the_disk(desktop, notes):
+    note = notes.make_saved("kept for a while")
+    note.click(controls.UNSAVE)
+    notes.wait_for_texts([])
+    note.click(controls.CLOSE)
+    note.wait_until_closed()
+    notes.open_section()
+    wait_for(lambda: notes.program.panel.shows("No notes yet*"), "the empty page")
+
+
+def test_a_saved_note_is_closed_and_opened_again(desktop, notes):
+    note = notes.make_saved("still here")
+    place = note.geometry()
+    desktop.keyboard.tap("w", ["Control_L"])
+    note.wait_until_closed()
+    assert notes.texts() == ["still here"]
+    again = notes.reopen()
+    again.wait_for_text("still here")
+    again.wait_for_geometry(place)
+
+
+def test_the_keys_of_a_note(desktop, notes):
+    note = notes.make("zoom")
+    desktop.keyboard.tap("equal", ["Control_L"])
+    note.wait_for_geometry(Geometry(1160 - 12, 30, 264, 220))
+    desktop.keyboard.tap("minus", ["Super_L"])
+    note.wait_for_geometry(Geometry(1160, 40, 240, 200))
+    desktop.keyboard.tap("n", ["Control_L"])
+    second = notes.next_window([note.window])
+    desktop.keyboard.tap("w", ["Super_L"])
+    second.wait_until_closed()
+    assert note.is_open()
+    assert note.text() == "zoom"
+
+
+def test_the_keys_of_notes_pass_everywhere_else(desktop, notes):
+    editor = GtkEditor(desktop)
+    note = notes.make()
+    place = note.geometry()
+    editor.focus()
+    desktop.keyboard.tap("n", ["Control_L"])
+    desktop.keyboard.tap("equal", ["Control_L"])
+    desktop.keyboard.tap("w", ["Control_L"])
+    desktop.keyboard.type("end")
+    wait_for_equal(editor.text, "end", "the editor's text")
+    assert notes.windows() == [note.window]
+    assert note.geometry() == place
+
+
+def test_closing_all_leaves_the_saved_notes_listed(desktop, notes):
+    notes.make_saved("saved")
+    notes.make("draft")
+    notes.open_section()
+    assert notes.program.panel.shows("2 notes")
+    notes.program.panel.click_button(controls.CLOSE_ALL)
+    notes.wait_for_windows(0)
+    wait_for(lambda: notes.program.panel.shows("1 note"), "the count")
+    assert notes.texts() == ["saved"]
+
+
+def test_after_a_restart_notes_are_listed_and_closed(desktop, notes):
+    note = notes.make_saved("survivor")
+    first = note.geometry()
+    note.drag(-300, 200)
+    place = note.settled(first)
+    frame = {"x": place.x, "y": 900 - place.y - 200, "width": 240, "height": 200}
+    wait_for(lambda: notes.manifest()[0]["frame"] == frame, "the frame on disk")
+    mark = len(notes.program.log())
+    notes.program.restart()
+    notes.program.wait_for_log(r"^Loaded 1 saved note\(s\); windows left closed$", mark)
+    assert notes.windows() == []
+    notes.reopen().wait_for_geometry(place)
+
+
+def test_the_search_finds_notes_in_whatever_case(desktop, stopped_program):
+    notes = Notes(stopped_program)
+    notes.write_manifest(json.dumps([saved_note(1, textContent="Buy MILK"),
+                                     saved_note(2, textContent="call home")]))
+    stopped_program.start()
+    notes.open_section()
+    desktop.keyboard.type("HOME")
+    wait_for(lambda: not stopped_program.panel.shows("Buy MILK"), "the row to go")
+    desktop.keyboard.tap("Return")
+    notes.next_window().wait_for_text("call home")
+
+
+# The pasteboard
+
+
+def test_what_a_note_copies_can_be_pasted_and_is_no_history(desktop, notes):
+    editor = GtkEditor(desktop)
+    note = notes.make("from a note")
+    note.click(controls.COPY)
+    editor.focus()
+    desktop.keyboard.tap("v", ["Control_L"])
+    wait_for_equal(editor.text, "from a note", "the editor's text")
+    with ClipboardOwner(desktop, {"UTF8_STRING": b"later"}):
+        notes.program.wait_for_texts(["later"])
+
+
+def test_copy_and_paste_within_a_note(desktop, notes):
+    note = notes.make("word ")
+    for key in "acvv":
+        desktop.keyboard.tap(key, ["Control_L"])
+    note.wait_for_text("word word ")
+
+
+# The window
+
+
+def test_a_note_stays_above_on_every_desktop_and_out_of_the_way(desktop, notes):
+    note = notes.make()
+    states = desktop.windows.states(note.window)
+    assert {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR",
+            "_NET_WM_STATE_SKIP_PAGER"} <= states
+    assert desktop.windows.is_on_all_desktops(note.window)
+
+
+def test_the_controls_come_and_go_with_the_pointer(desktop, notes):
+    note = notes.make("text")
+    note.hover()
+    text = note.node().find(name="Note text").extents()
+    desktop.pointer.move(10, 10)
+    wait_for(lambda: not note.node().find(name=controls.CLOSE).is_showing, "the controls to go")
+    assert note.node().find(name="Note text").extents() == text
+
+
+def test_closing_by_the_window_manager_is_closing(desktop, notes):
+    note = notes.make_saved("kept")
+    desktop.windows.close(note.window)
+    note.wait_until_closed()
+    assert notes.texts() == ["kept"]
+    notes.reopen().wait_for_text("kept")
+
+
+# Bad luck
+
+
+def test_a_note_whose_screen_is_gone_comes_back(desktop, stopped_program):
+    notes = Notes(stopped_program)
+    frame = {"x": 5000, "y": 400, "width": 260, "height": 180}
+    notes.write_manifest(json.dumps([saved_note(frame=frame)]))
+    stopped_program.start()
+    note = notes.reopen()
+    note.wait_for_geometry(Geometry(1160, 40, 240, 200))
+    assert notes.manifest()[0]["frame"] == frame
+
+
+@pytest.mark.parametrize("frame", [
+    {"x": 100, "y": 100, "width": 1, "height": 1},
+    {"x": 300, "y": 300, "width": -50, "height": -50},
+    {"x": -1e300, "y": -1e300, "width": 2e300, "height": 2e300},
+    {"x": 100, "y": -30000000, "width": 300, "height": 30000500},
+])
+def test_a_strange_frame_makes_a_window_all_the_same(desktop, stopped_program, frame):
+    notes = Notes(stopped_program)
+    notes.write_manifest(json.dumps([saved_note(frame=frame, zoom=1e300)]))
+    stopped_program.start()
+    note = notes.reopen()
+    place = note.geometry()
+    assert 160 <= place.width <= 1600 and 120 <= place.height <= 2000
+    desktop.keyboard.type("!")
+    notes.wait_for_texts(["text!"])
+
+
+def test_a_manifest_with_one_bad_note_starts_empty_and_is_kept_aside(desktop, stopped_program):
+    notes = Notes(stopped_program)
+    bad = json.dumps([saved_note(1), saved_note(2, color="purple")])
+    notes.write_manifest(bad)
+    stopped_program.expect_complaint("^Notes manifest corrupt, starting empty: ")
+    stopped_program.start()
+    stopped_program.wait_for_log("^Notes manifest corrupt, starting empty: ")
+    notes.make_saved("new")
+    assert (notes.root / "manifest.corrupt.json").read_text(encoding="utf-8") == bad
+
+
+def test_killed_while_typing_at_most_the_last_key_is_missing(desktop, notes):
+    notes.make_saved("a")
+    for length in range(2, 12):
+        notes.wait_for_texts(["a" * (length - 1)])
+        desktop.keyboard.type("a")
+    notes.program.kill()
+    [text] = notes.texts()
+    assert text in ("a" * 10, "a" * 11)
+    notes.program.start()
+    notes.reopen().wait_for_text(text)

@@ -1,0 +1,60 @@
+"""Notes stand where they were put, to the pixel, whoever manages the windows."""
+
+import pytest
+
+from harness.desktop import LEFT_OF_PRIMARY
+from harness.notes import Notes
+from harness.windows import Geometry
+
+
+def assert_stays_after_restart(notes, place):
+    notes.program.restart()
+    notes.reopen().wait_for_geometry(place)
+
+
+@pytest.mark.parametrize("composited", [False, True], ids=["plain", "composited"])
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+def test_dragged_resized_closed_and_restarted(manager, composited, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager, compositor=composited)
+    notes = Notes(make_program(desktop).start())
+    note = notes.make_saved("here")
+    first = note.geometry()
+    assert first == Geometry(1160, 40, 240, 200)
+
+    note.drag(-417, 203)
+    moved = note.settled(first)
+    assert abs(moved.x - 743) <= 4 and abs(moved.y - 243) <= 4
+    assert (moved.width, moved.height) == (240, 200)
+    desktop.pointer.move(moved.x + 100, moved.y + 100)
+    note.drag_corner(63, 41)
+    resized = note.settled(moved)
+    assert (resized.x, resized.y) == (moved.x, moved.y)
+    assert abs(resized.width - 303) <= 4 and abs(resized.height - 241) <= 4
+
+    desktop.keyboard.tap("w", ["Control_L"])
+    note.wait_until_closed()
+    notes.reopen().wait_for_geometry(resized)
+    assert_stays_after_restart(notes, resized)
+
+
+@pytest.mark.parametrize("manager", ["openbox", "kwin_x11"])
+def test_on_a_second_screen(manager, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager, monitors=LEFT_OF_PRIMARY)
+    notes = Notes(make_program(desktop).start())
+    note = notes.make_saved("far left")
+    first = note.geometry()
+    assert first == Geometry(1200 + 1160, 40, 240, 200)
+    note.drag(-1700, 300)
+    place = note.settled(first)
+    assert desktop.monitor_at(*place.center).name == "left"
+    assert notes.manifest()[0]["frame"]["x"] == place.x - 1200
+    assert_stays_after_restart(notes, place)
+
+
+def test_a_note_cannot_be_made_too_small(make_desktop, make_program):
+    notes = Notes(make_program(make_desktop()).start())
+    note = notes.make_saved("small")
+    first = note.geometry()
+    note.drag_corner(-200, -150)
+    place = note.settled(first)
+    assert (place.width, place.height) == (160, 120)

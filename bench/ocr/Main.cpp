@@ -1,0 +1,179 @@
+#include "bench/ocr/CharacterErrors.h"
+#include "bench/ocr/TextPictures.h"
+#include "clipboard/OCREngine.h"
+
+#include <array>
+#include <cstdio>
+#include <future>
+#include <map>
+#include <thread>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+
+using namespace Qt::StringLiterals;
+using namespace driftbox;
+using namespace driftbox::bench;
+
+namespace {
+
+const QString languages = u"chi_sim+chi_tra+eng+jpn+kor"_s;
+
+/// Of the engine and of the `tesseract` command on the same pictures.
+struct Pair
+{
+    CharacterErrors engine;
+    CharacterErrors command;
+};
+
+void print(const QString& name, double value)
+{
+    std::printf("%s %.3f\n", qUtf8Printable(name), value);
+    std::fflush(stdout);
+}
+
+void print(const QString& name, const Pair& pair)
+{
+    print(name, pair.engine.percent());
+    print(name + u"_command"_s, pair.command.percent());
+}
+
+QByteArray fileOf(const QImage& image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+QString readByCommand(const QString& path)
+{
+    QProcess command;
+    command.setStandardErrorFile(QProcess::nullDevice());
+    command.start(u"tesseract"_s, {path, u"stdout"_s, u"-l"_s, languages});
+    if (!command.waitForFinished(-1) || command.exitCode() != 0)
+        qFatal("The tesseract command does not work");
+    return QString::fromUtf8(command.readAllStandardOutput()).remove(u'\f');
+}
+
+/// Private memory of this process, in MiB.
+double privateMemory()
+{
+    QFile file(u"/proc/self/smaps_rollup"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Cannot read %s", qUtf8Printable(file.fileName()));
+    double kib = 0;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith("Private_"))
+            kib += line.simplified().split(' ').at(1).toDouble();
+    }
+    return kib / 1024;
+}
+
+void measureErrors(const QString& samples, const QString& folder)
+{
+    const OCREngine engine;
+    std::map<QString, Pair> of;
+    for (const TextPicture& picture : allTextPictures(samples, {11, 12, 14, 20, 32})) {
+        const QString path = folder + u'/' + picture.name() + u".png"_s;
+        const QByteArray file = fileOf(picture.rendered());
+        QFile out(path);
+        if (!out.open(QIODevice::WriteOnly) || out.write(file) != file.size())
+            qFatal("Cannot write %s", qUtf8Printable(path));
+        out.close();
+
+        const QString written = picture.lines.join(u'\n');
+        const QString read = engine.recognizeText(file);
+        const QString readBy = readByCommand(path);
+        Pair pair;
+        pair.engine.add(written, read);
+        pair.command.add(written, readBy);
+        std::fprintf(stderr, "  %-40s %5.1f %% %5.1f %%\n", qUtf8Printable(picture.name()),
+                     pair.engine.percent(), pair.command.percent());
+
+        QStringList groups = {u"all"_s, picture.script};
+        if (picture.script == u"english"_s && picture.pixelSize >= 14)
+            groups.push_back(u"english_from_14"_s);
+        for (const QString& group : groups) {
+            of[group].engine.add(pair.engine);
+            of[group].command.add(pair.command);
+        }
+        Pair& unspaced = of[u"all_without_blanks"_s];
+        unspaced.engine.add(withoutBlanks(written), withoutBlanks(read));
+        unspaced.command.add(withoutBlanks(written), withoutBlanks(readBy));
+    }
+    for (const auto& [group, pair] : of)
+        print(u"error_"_s + group, pair);
+}
+
+/// Reads a screenshot full of text on another thread, as the program does, while this thread has to
+/// answer every millisecond.
+void measureScreenshot(const QString& samples, const QString& folder)
+{
+    const QString path = folder + u"/screenshot.png"_s;
+    const QByteArray file = fileOf(screenshotFullOfText(samples));
+    QFile out(path);
+    if (!out.open(QIODevice::WriteOnly) || out.write(file) != file.size())
+        qFatal("Cannot write %s", qUtf8Printable(path));
+    out.close();
+
+    const double before = privateMemory();
+    QElapsedTimer total;
+    QElapsedTimer sinceAnswer;
+    qint64 longest = 0;
+    QTimer answers;
+    answers.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
+        longest = std::max(longest, sinceAnswer.nsecsElapsed());
+        sinceAnswer.start();
+    });
+    QEventLoop loop;
+    total.start();
+    sinceAnswer.start();
+    answers.start(1);
+    {
+        const std::jthread reading([&] {
+            (void)OCREngine().recognizeText(file);
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        loop.exec();
+    }
+    answers.stop();
+    print(u"screenshot_ms"_s, static_cast<double>(total.elapsed()));
+    print(u"screenshot_held_longest_ms"_s, static_cast<double>(longest) / 1e6);
+
+    QTimer::singleShot(5'000, &loop, &QEventLoop::quit);
+    loop.exec();
+    print(u"memory_kept_mib"_s, privateMemory() - before);
+
+    total.start();
+    (void)readByCommand(path);
+    print(u"screenshot_ms_command"_s, static_cast<double>(total.elapsed()));
+}
+
+} // namespace
+
+// driftbox_ocr_bench SAMPLES [FOLDER]: how well and how quickly the text in pictures is read,
+// beside the `tesseract` command with the same languages. SAMPLES holds the texts; the pictures are
+// left in FOLDER if one is given.
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() < 2) {
+        std::fputs("driftbox_ocr_bench SAMPLES [FOLDER]\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const QTemporaryDir temporary;
+    const QString folder = arguments.value(2, temporary.path());
+    measureScreenshot(arguments[1], folder);
+    measureErrors(arguments[1], folder);
+    return EXIT_SUCCESS;
+}

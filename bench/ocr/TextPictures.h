@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtGui/QImage>
+
+namespace driftbox::bench {
+
+enum class Theme { light, dark };
+
+/// What a picture of text is made of.
+struct TextPicture
+{
+    QString script; ///< name of the sample file
+    QString typeface;
+    int pixelSize = 16;
+    Theme theme = Theme::light;
+    QStringList lines;
+
+    /// script-typeface-size-theme, fit for a file name
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QImage rendered() const;
+};
+
+/// The lines of the UTF-8 file `folder`/`script`.txt. Stops the program when it cannot be read.
+[[nodiscard]] QStringList sampleLines(const QString& folder, const QString& script);
+
+/// Pictures of the samples in `folder`: every script in its typefaces, at every size of `sizes`,
+/// light and dark. Stops the program when a typeface is not installed.
+[[nodiscard]] std::vector<TextPicture> allTextPictures(const QString& folder,
+                                                       const std::vector<int>& sizes);
+
+/// 1280x800 pixels full of English text, as an editor at 13 pixels shows it.
+[[nodiscard]] QImage screenshotFullOfText(const QString& folder);
+
+} // namespace driftbox::bench

@@ -1,0 +1,80 @@
+"""The text in a picture, pasted."""
+
+import pytest
+from PIL import Image, ImageDraw, ImageFont
+
+from harness import pictures
+from harness.apps import GtkEditor, XTerm
+from harness.waiting import wait_for, wait_for_equal
+from harness.xclients import ClipboardOwner
+
+ACTION = "Paste text in image (OCR)"
+WORDS = "The quick backup finished\nand saved 1,208 files."
+PATIENCE = 20  # seconds
+
+
+def picture_of(text, *, size=14, ink="#e0e0e0", ground="#1e1e1e", times=1):
+    """A picture of the text, written `times` times below each other."""
+    font = ImageFont.truetype("DejaVuSans.ttf", size)
+    lines = text.split("\n") * times
+    width = max(int(font.getlength(line)) for line in lines) + 2 * size
+    picture = Image.new("RGB", (width, (len(lines) + 1) * 2 * size), ground)
+    draw = ImageDraw.Draw(picture)
+    for number, line in enumerate(lines):
+        draw.text((size, (number + 0.5) * 2 * size), line, font=font, fill=ink)
+    return pictures.encoded(picture, "PNG")
+
+
+@pytest.fixture
+def copy_picture(desktop, program):
+    """Has another program copy a picture."""
+    def copy(data):
+        with ClipboardOwner(desktop, {"image/png": data}):
+            program.wait_for_entries(1)
+
+    return copy
+
+
+def row_of_picture(panel):
+    (name,) = [name for name in panel.row_names() if name.startswith("Image, ")]
+    return name
+
+
+def click_and_wait_until_busy(desktop, panel):
+    button = panel.hover(row_of_picture(panel)).find(name=ACTION)
+    assert button.has_state("enabled")
+    desktop.pointer.click(*button.extents().center)
+    wait_for(lambda: not button.has_state("enabled"), "the action to be busy")
+
+
+def wait_for_text(application, text):
+    wait_for_equal(application.text, text, f"the text of {application!r}", PATIENCE)
+
+
+@pytest.mark.parametrize("kind", [GtkEditor, XTerm])
+def test_the_text_is_pasted(desktop, program, copy_picture, kind):
+    copy_picture(picture_of(WORDS))
+    application = kind(desktop)
+    program.panel.open()
+    program.panel.click_action(row_of_picture(program.panel), ACTION)
+    wait_for_text(application, WORDS)
+    program.panel.wait_until_closed()
+    assert [entry["kind"] for entry in program.manifest()] == ["image"]
+
+
+def test_the_action_is_busy_while_the_picture_is_read(desktop, program, copy_picture):
+    copy_picture(picture_of(WORDS, times=40))
+    editor = GtkEditor(desktop)
+    program.panel.open()
+    click_and_wait_until_busy(desktop, program.panel)
+    wait_for_text(editor, "\n".join([WORDS] * 40))
+
+
+def test_reading_goes_on_when_the_panel_hides(desktop, program, copy_picture):
+    copy_picture(picture_of(WORDS, times=20))
+    editor = GtkEditor(desktop)
+    program.panel.open()
+    click_and_wait_until_busy(desktop, program.panel)
+    desktop.keyboard.tap("Escape")
+    program.panel.wait_until_closed()
+    wait_for_text(editor, "\n".join([WORDS] * 20))

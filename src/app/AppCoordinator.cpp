@@ -178,7 +178,7 @@ ClipboardViewModel& AppCoordinator::clipboardVM()
         m_thumbnails = std::make_unique<ThumbnailCache>(m_desktop.fileSystem, m_desktop.tasks);
         m_clipboardVM = std::make_unique<ClipboardViewModel>(ClipboardServices{
             store(), monitor(), m_settings, m_desktop.pasteboard, m_pasteboardWriter,
-            m_notifications, *m_thumbnails, m_desktop.fileSystem, m_desktop.tasks,
+            m_notifications, *m_thumbnails, m_desktop.fileSystem, m_desktop.recognitions,
             m_desktop.textRecognizer, m_desktop.clock});
     }
     return *m_clipboardVM;

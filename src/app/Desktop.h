@@ -38,6 +38,7 @@ struct Desktop
     PasteKeystroke& pasteKeystroke;
     FloatingSurfaces& floatingSurfaces;
     TextRecognizer& textRecognizer;
+    TaskRunner& recognitions; ///< apart from `tasks`: they may take many seconds
     PageOpener& pages;
     StatusArea& statusNotifiers; ///< shows the item and draws its menu
     StatusArea& systemTray;      ///< holds a window of the program

@@ -1,6 +1,6 @@
 #include "app/X11Desktop.h"
 
-#include "clipboard/TextRecognizer.h"
+#include "clipboard/OCREngine.h"
 #include "core/AppConfig.h"
 #include "core/JsonUserDefaults.h"
 #include "platform/desktop/AtSpiCaretLookup.h"
@@ -36,13 +36,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "X11Desktop")
 
-// No text is found in any picture.
-class NoTextRecognizer final : public TextRecognizer
-{
-public:
-    [[nodiscard]] QString recognizeText(const QByteArray& /*image*/) const override { return {}; }
-};
-
 } // namespace
 
 struct X11Desktop::BackEnds
@@ -57,6 +50,8 @@ struct X11Desktop::BackEnds
     SystemClock clock;
     JsonUserDefaults userDefaults{fileSystem, AppConfig::settingsFolder()};
     ThreadPoolTaskRunner tasks;
+    OCREngine textRecognizer;
+    ThreadPoolTaskRunner recognitions;
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     XdgAutostart loginItem{fileSystem, AppConfig::autostartFolder()};
     QtLocalKeyMonitor localKeys;
@@ -71,7 +66,6 @@ struct X11Desktop::BackEnds
     X11Workspace workspace{*connection};
     X11PasteKeystroke pasteKeystroke{*connection, keyboard, primarySelection};
     X11FloatingSurfaces floatingSurfaces{*connection};
-    NoTextRecognizer textRecognizer;
     DesktopPageOpener pages;
     StatusNotifierHosts statusNotifiers{QDBusConnection::sessionBus()};
     X11SystemTray systemTray{*connection};
@@ -93,20 +87,25 @@ X11Desktop::X11Desktop(std::unique_ptr<BackEnds> backEnds)
 {
 }
 
-X11Desktop::~X11Desktop() = default;
+X11Desktop::~X11Desktop()
+{
+    // Reading a picture may take long, and the tasks are waited for.
+    m_backEnds->textRecognizer.stop();
+}
 
 Desktop X11Desktop::services()
 {
     BackEnds& own = *m_backEnds;
-    return {own.fileSystem,      own.clock,
-            own.userDefaults,    own.tasks,
-            own.appearance,      own.loginItem,
-            own.localKeys,       own.screens,
-            own.caretLookup,     own.pasteboard,
-            own.keyEvents,       own.workspace,
-            own.pasteKeystroke,  own.floatingSurfaces,
-            own.textRecognizer,  own.pages,
-            own.statusNotifiers, own.systemTray};
+    return {own.fileSystem,     own.clock,
+            own.userDefaults,   own.tasks,
+            own.appearance,     own.loginItem,
+            own.localKeys,      own.screens,
+            own.caretLookup,    own.pasteboard,
+            own.keyEvents,      own.workspace,
+            own.pasteKeystroke, own.floatingSurfaces,
+            own.textRecognizer, own.recognitions,
+            own.pages,          own.statusNotifiers,
+            own.systemTray};
 }
 
 } // namespace driftbox

@@ -66,21 +66,23 @@ struct FakeDesktop
     FakePasteKeystroke pasteKeystroke;
     FakeFloatingSurfaces floatingSurfaces;
     BlindRecognizer textRecognizer;
+    FakeTaskRunner recognitions;
     FakePageOpener pages;
     FakeStatusArea statusNotifiers;
     FakeStatusArea systemTray;
 
     [[nodiscard]] Desktop services()
     {
-        return {fileSystem,      clock,
-                userDefaults,    tasks,
-                appearance,      loginItem,
-                localKeys,       screens,
-                caretLookup,     pasteboard,
-                keyboard,        workspace,
-                pasteKeystroke,  floatingSurfaces,
-                textRecognizer,  pages,
-                statusNotifiers, systemTray};
+        return {fileSystem,     clock,
+                userDefaults,   tasks,
+                appearance,     loginItem,
+                localKeys,      screens,
+                caretLookup,    pasteboard,
+                keyboard,       workspace,
+                pasteKeystroke, floatingSurfaces,
+                textRecognizer, recognitions,
+                pages,          statusNotifiers,
+                systemTray};
     }
 };
 

@@ -1,0 +1,98 @@
+#include "clipboard/OCREngine.h"
+
+#include "clipboard/InstalledLanguages.h"
+#include "clipboard/PageTextReader.h"
+#include "clipboard/PictureDecoding.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QPluginLoader>
+#include <QtGui/QImage>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "OCREngine")
+
+constexpr auto timeLimit = 15s;
+
+/// Simplified and Traditional Chinese, English, Japanese, Korean.
+const QStringList& usualLanguages()
+{
+    static const QStringList languages = {u"chi_sim"_s, u"chi_tra"_s, u"eng"_s, u"jpn"_s, u"kor"_s};
+    return languages;
+}
+
+/// The module where the build leaves it, or else where it is installed.
+QString modulePath()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString beside = folder + u"/driftbox-ocr.so"_s;
+    if (QFileInfo::exists(beside))
+        return beside;
+    return folder + u"/" DRIFTBOX_MODULES_FROM_PROGRAM "/driftbox-ocr.so"_s;
+}
+
+const PageTextReader* loadedModule()
+{
+    // Loaded once, even if two threads are the first.
+    static const PageTextReader* const reader = [] {
+        QPluginLoader loader(modulePath());
+        const auto* loaded = qobject_cast<PageTextReader*>(loader.instance());
+        if (loaded == nullptr)
+            qCCritical(log).noquote()
+                << u"Text recognition is missing: %1"_s.arg(loader.errorString());
+        return loaded;
+    }();
+    return reader;
+}
+
+} // namespace
+
+OCREngine::OCREngine()
+    : OCREngine(loadedModule, timeLimit)
+{
+}
+
+OCREngine::OCREngine(ReaderSource source, std::chrono::milliseconds limit)
+    : m_source(std::move(source))
+    , m_limit(limit)
+{
+}
+
+QString OCREngine::recognizeText(const QByteArray& image) const
+{
+    const ReadingLimit limit(m_limit, m_stop.get_token());
+    const QImage picture = decodedPicture(image);
+    if (picture.isNull())
+        return {};
+    const PageTextReader* const reader = m_source();
+    if (reader == nullptr)
+        return {};
+    if (const auto text = run(*reader, picture, usualLanguages(), limit))
+        return *text;
+    const QStringList languages =
+        preferredLanguages(reader->installedLanguages(), QLocale::system(), usualLanguages());
+    return run(*reader, picture, languages, limit).value_or(QString());
+}
+
+std::optional<QString> OCREngine::run(const PageTextReader& reader, const QImage& picture,
+                                      const QStringList& languages, const ReadingLimit& limit)
+{
+    if (languages.isEmpty())
+        return std::nullopt;
+    const QStringList installed = reader.installedLanguages();
+    for (const QString& language : languages) {
+        if (!installed.contains(language))
+            return std::nullopt;
+    }
+    return reader.read(picture, languages, limit);
+}
+
+} // namespace driftbox

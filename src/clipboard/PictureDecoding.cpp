@@ -1,0 +1,56 @@
+#include "clipboard/PictureDecoding.h"
+
+#include <QtCore/QBuffer>
+#include <QtGui/QImageReader>
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+// Two screens of 8K side by side have this many. They decode to four bytes each.
+constexpr qint64 mostPixels = 66'355'200;
+
+/// White or black, whichever what is visible of `image` stands out from.
+QColor groundFor(const QImage& image)
+{
+    const QImage small = image.scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                             .convertToFormat(QImage::Format_ARGB32);
+    qint64 lightness = 0;
+    qint64 weight = 0;
+    for (int y = 0; y < small.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(small.constScanLine(y));
+        for (int x = 0; x < small.width(); ++x) {
+            lightness += qint64{qGray(line[x])} * qAlpha(line[x]);
+            weight += qAlpha(line[x]);
+        }
+    }
+    return lightness > weight * 128 ? Qt::black : Qt::white;
+}
+
+QImage opaque(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage result(image.size(), QImage::Format_RGB32);
+    result.fill(groundFor(image));
+    QPainter(&result).drawImage(0, 0, image);
+    return result;
+}
+
+} // namespace
+
+QImage decodedPicture(const QByteArray& bytes)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels)
+        return {};
+    const QImage image = reader.read();
+    return image.isNull() ? image : opaque(image);
+}
+
+} // namespace driftbox

@@ -1,0 +1,76 @@
+#include "clipboard/recognition/LineReader.h"
+
+#include "clipboard/ReadingLimit.h"
+
+#include <tesseract/baseapi.h>
+#include <tesseract/ocrclass.h>
+
+namespace driftbox {
+
+namespace {
+
+// Of print of the size to which lines are scaled; Tesseract guesses when it is not told.
+constexpr int dotsPerInch = 200;
+
+std::vector<Reading::Word> wordsOf(tesseract::TessBaseAPI& api)
+{
+    std::vector<Reading::Word> words;
+    const std::unique_ptr<tesseract::ResultIterator> it(api.GetIterator());
+    if (!it)
+        return words;
+    do {
+        const std::unique_ptr<char[]> text(it->GetUTF8Text(tesseract::RIL_WORD));
+        int left = 0;
+        int top = 0;
+        int right = 0;
+        int bottom = 0;
+        if (!text || !it->BoundingBox(tesseract::RIL_WORD, &left, &top, &right, &bottom))
+            continue;
+        words.push_back({.text = QString::fromUtf8(text.get()),
+                         .box = QRect(left, top, right - left, bottom - top),
+                         .confidence = static_cast<int>(it->Confidence(tesseract::RIL_WORD))});
+    } while (it->Next(tesseract::RIL_WORD));
+    return words;
+}
+
+} // namespace
+
+LineReader::LineReader() = default;
+LineReader::~LineReader() = default;
+
+tesseract::TessBaseAPI* LineReader::engine(const QString& language)
+{
+    auto& engine = m_engines[language];
+    if (!engine) {
+        engine = std::make_unique<tesseract::TessBaseAPI>();
+        if (engine->Init(nullptr, language.toUtf8().constData(), tesseract::OEM_LSTM_ONLY) != 0)
+            engine->End();
+        engine->SetPageSegMode(tesseract::PSM_RAW_LINE);
+    }
+    return engine.get();
+}
+
+Reading LineReader::read(const QImage& line, const QString& language, const ReadingLimit& limit)
+{
+    Reading reading;
+    reading.language = language;
+    const int left = limit.timeLeft();
+    if (left == 0)
+        return reading;
+    tesseract::TessBaseAPI& api = *engine(language);
+    api.SetImage(line.constBits(), line.width(), line.height(), 1,
+                 static_cast<int>(line.bytesPerLine()));
+    api.SetSourceResolution(dotsPerInch);
+    tesseract::ETEXT_DESC monitor;
+    monitor.set_deadline_msecs(left);
+    if (api.Recognize(&monitor) != 0)
+        return reading;
+    const std::unique_ptr<char[]> text(api.GetUTF8Text());
+    reading.text = QString::fromUtf8(text.get());
+    reading.confidence = api.MeanTextConf();
+    reading.words = wordsOf(api);
+    api.Clear();
+    return reading;
+}
+
+} // namespace driftbox

@@ -1,0 +1,137 @@
+#include "clipboard/recognition/PageReader.h"
+
+#include "clipboard/ReadingLimit.h"
+#include "clipboard/recognition/InkMap.h"
+#include "clipboard/recognition/LanguageChoice.h"
+#include "clipboard/recognition/LineImage.h"
+#include "clipboard/recognition/LineReader.h"
+#include "clipboard/recognition/PieceReader.h"
+#include "clipboard/recognition/ReaderThreads.h"
+#include "clipboard/recognition/ReadingOrder.h"
+#include "clipboard/recognition/RecognizedText.h"
+#include "clipboard/recognition/TextPieces.h"
+
+#include <algorithm>
+
+namespace driftbox {
+
+namespace {
+
+constexpr size_t sampleCount = 6;
+constexpr int sampleLength = 24; // heights
+constexpr int leastSampleLength = 3;
+
+/// Reads the pieces of one page.
+class Page
+{
+public:
+    Page(const QImage& picture, const QStringList& languages, const ReadingLimit& limit)
+        : m_languages(languages)
+        , m_limit(limit)
+        , m_ink(inkOf(picture))
+    {
+        for (TextLine& line : inReadingOrder(textPieces(m_ink.marks))) {
+            m_lineLengths.push_back(line.size());
+            std::ranges::move(line, std::back_inserter(m_pieces));
+        }
+    }
+
+    QString read()
+    {
+        if (m_pieces.empty())
+            return {};
+        chooseLanguages();
+        std::vector<QString> texts(m_pieces.size());
+        m_threads.run(m_pieces.size(), [&](LineReader& reader, size_t i) {
+            texts[i] = readPiece(lineImage(m_ink, m_pieces[i]), m_choice, reader, m_limit);
+        });
+        return m_limit.isReached() ? QString() : joined(texts);
+    }
+
+private:
+    /// Finds out by a few pieces what the page is written in. The languages with an alphabet are
+    /// asked first: they are quick, and never sure of what is written in another script.
+    void chooseLanguages()
+    {
+        const std::vector<QImage> samples = sampleImages();
+        QStringList alphabetic;
+        QStringList eastern;
+        for (const QString& language : m_languages)
+            (isEastAsian(language) ? eastern : alphabetic).push_back(language);
+
+        std::vector<SampleReadings> readings = readSamples(samples, alphabetic);
+        const bool mayBeEastern = !explainAll(readings);
+        if (mayBeEastern)
+            std::ranges::move(readSamples(samples, eastern), std::back_inserter(readings));
+        m_choice = languagesOf(std::move(readings));
+        if (!mayBeEastern)
+            m_choice.unlikely += eastern;
+    }
+
+    [[nodiscard]] std::vector<SampleReadings> readSamples(const std::vector<QImage>& samples,
+                                                          const QStringList& languages)
+    {
+        std::vector<SampleReadings> readings;
+        for (const QString& language : languages)
+            readings.push_back({.language = language, .confidences = {}});
+        m_threads.run(readings.size(), [&](LineReader& reader, size_t i) {
+            for (const QImage& sample : samples) {
+                const Reading reading = reader.read(sample, readings[i].language, m_limit);
+                readings[i].confidences.push_back(reading.confidence);
+            }
+        });
+        return readings;
+    }
+
+    [[nodiscard]] std::vector<QImage> sampleImages() const
+    {
+        std::vector<QRect> candidates;
+        std::ranges::copy_if(m_pieces, std::back_inserter(candidates), [](const QRect& piece) {
+            return piece.width() >= leastSampleLength * piece.height();
+        });
+        if (candidates.empty())
+            candidates = m_pieces;
+
+        std::vector<QImage> images;
+        const size_t count = std::min(sampleCount, candidates.size());
+        for (size_t i = 0; i < count; ++i) {
+            QRect piece = candidates[(2 * i + 1) * candidates.size() / (2 * count)];
+            piece.setWidth(std::min(piece.width(), sampleLength * piece.height()));
+            images.push_back(lineImage(m_ink, piece));
+        }
+        return images;
+    }
+
+    [[nodiscard]] QString joined(const std::vector<QString>& texts) const
+    {
+        QStringList lines;
+        auto next = texts.begin();
+        for (const size_t length : m_lineLengths) {
+            QStringList line;
+            for (size_t i = 0; i < length; ++i, ++next) {
+                if (!next->isEmpty())
+                    line.push_back(*next);
+            }
+            if (!line.isEmpty())
+                lines.push_back(line.join(u' '));
+        }
+        return lines.join(u'\n');
+    }
+
+    QStringList m_languages;
+    ReadingLimit m_limit;
+    InkMap m_ink;
+    std::vector<QRect> m_pieces; ///< line by line
+    std::vector<size_t> m_lineLengths;
+    LanguageChoice m_choice;
+    ReaderThreads m_threads;
+};
+
+} // namespace
+
+QString readPage(const QImage& picture, const QStringList& languages, const ReadingLimit& limit)
+{
+    return Page(picture, languages, limit).read();
+}
+
+} // namespace driftbox

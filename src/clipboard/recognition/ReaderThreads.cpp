@@ -1,0 +1,48 @@
+#include "clipboard/recognition/ReaderThreads.h"
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+
+#include <omp.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace driftbox {
+
+namespace {
+
+constexpr unsigned mostThreads = 4;
+constexpr int niceness = 10;
+
+void prepareThread()
+{
+    // Of the calling thread alone, as Linux has it.
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness);
+    // Tesseract's own threads are slower than none on pictures as small as lines.
+    omp_set_max_active_levels(0);
+}
+
+} // namespace
+
+ReaderThreads::ReaderThreads()
+    : m_readers(std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads))
+{
+}
+
+void ReaderThreads::run(size_t count, const Task& task)
+{
+    std::atomic<size_t> next = 0;
+    std::vector<std::jthread> threads;
+    for (LineReader& reader : m_readers) {
+        if (threads.size() == count)
+            break;
+        threads.emplace_back([&] {
+            prepareThread();
+            for (size_t i = next++; i < count; i = next++)
+                task(reader, i);
+        });
+    }
+}
+
+} // namespace driftbox

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "clipboard/recognition/LineReader.h"
+
+#include <functional>
+#include <vector>
+
+namespace driftbox {
+
+/// A few threads that read lines, each with a reader of its own. They have a low priority, so that
+/// whatever else the user does stays quick.
+class ReaderThreads
+{
+public:
+    using Task = std::function<void(LineReader& reader, size_t index)>;
+
+    ReaderThreads();
+
+    /// Calls `task` once for every index below `count`, on several threads at a time, and returns
+    /// when all are done.
+    void run(size_t count, const Task& task);
+
+private:
+    std::vector<LineReader> m_readers;
+};
+
+} // namespace driftbox

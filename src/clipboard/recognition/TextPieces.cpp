@@ -1,0 +1,225 @@
+#include "clipboard/recognition/TextPieces.h"
+
+#include "clipboard/recognition/ConnectedComponents.h"
+
+#include <algorithm>
+#include <span>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int leastHeight = 4;        // pixels, of a mark that can start a piece
+constexpr int bandHeight = 16;        // pixels
+constexpr size_t mostMarks = 300'000; // a large screen full of dense text has a third of it
+
+int gapBetween(const QRect& left, const QRect& right)
+{
+    return right.left() - left.right() - 1;
+}
+
+int verticalOverlap(const QRect& a, const QRect& b)
+{
+    return std::min(a.bottom(), b.bottom()) - std::max(a.top(), b.top()) + 1;
+}
+
+/// A piece that grows to the right, mark by mark.
+class GrowingPiece
+{
+public:
+    explicit GrowingPiece(const QRect& mark)
+        : m_box(mark)
+        , m_height(mark.height())
+    {
+        m_tail.push_back(mark);
+    }
+
+    [[nodiscard]] const QRect& box() const { return m_box; }
+
+    /// The widest gap that a piece of this height bridges.
+    [[nodiscard]] int reach() const { return m_height; }
+
+    /// The rows in which the next mark is to stand: those of the last few marks, so that a line
+    /// may lean.
+    [[nodiscard]] QRect tail() const
+    {
+        QRect tail;
+        for (const QRect& mark : m_tail)
+            tail |= mark;
+        return tail;
+    }
+
+    [[nodiscard]] bool takes(const QRect& mark) const
+    {
+        const int slack = 2 * mark.height() <= m_height ? m_height / 4 : 0;
+        const QRect rows = tail().adjusted(0, -slack, 0, slack);
+        const int smaller = std::min(rows.height(), mark.height());
+        return 2 * verticalOverlap(rows, mark) >= smaller &&
+               gapBetween(m_box, mark) <= std::max(reach(), mark.height()) &&
+               mark.height() * 2 <= m_height * 5;
+    }
+
+    [[nodiscard]] bool takesSmall(const QRect& mark) const
+    {
+        const int slack = m_height / 4;
+        const QRect rows = m_box.adjusted(-m_height, -slack, m_height * 3 / 4, slack);
+        return rows.contains(mark.center()) && mark.height() <= m_height;
+    }
+
+    void add(const QRect& mark)
+    {
+        m_box |= mark;
+        m_height = std::max(m_height, mark.height());
+        if (m_tail.size() == tailLength)
+            m_tail.erase(m_tail.begin());
+        m_tail.push_back(mark);
+    }
+
+    void join(const GrowingPiece& other) { m_box |= other.m_box; }
+    void addSmall(const QRect& mark) { m_box |= mark; }
+
+private:
+    static constexpr size_t tailLength = 6;
+
+    QRect m_box;
+    int m_height;
+    std::vector<QRect> m_tail;
+};
+
+/// Finds the pieces near a row without looking at all of them.
+class PiecesByRow
+{
+public:
+    explicit PiecesByRow(int height)
+        : m_bands(static_cast<size_t>(height / bandHeight + 1))
+    {
+    }
+
+    std::vector<size_t>& bandAt(int y)
+    {
+        const auto last = static_cast<int>(m_bands.size()) - 1;
+        return m_bands[static_cast<size_t>(std::clamp(y / bandHeight, 0, last))];
+    }
+
+    void put(size_t piece, const QRect& rows)
+    {
+        for (int y = rows.top() / bandHeight; y <= rows.bottom() / bandHeight; ++y) {
+            auto& band = bandAt(y * bandHeight);
+            if (std::ranges::find(band, piece) == band.end())
+                band.push_back(piece);
+        }
+    }
+
+private:
+    std::vector<std::vector<size_t>> m_bands;
+};
+
+class PieceFinder
+{
+public:
+    explicit PieceFinder(int height)
+        : m_index(height)
+    {
+    }
+
+    /// `marks` from left to right.
+    std::vector<QRect> find(std::span<const QRect> marks)
+    {
+        std::vector<QRect> early; // small ones that stand left of their piece
+        for (const QRect& mark : marks) {
+            if (mark.height() >= leastHeight)
+                addToNearest(mark);
+            else if (!addSmall(mark))
+                early.push_back(mark);
+        }
+        for (const QRect& mark : early)
+            addSmall(mark);
+        std::vector<QRect> boxes;
+        for (const GrowingPiece& piece : m_pieces)
+            boxes.push_back(piece.box());
+        return boxes;
+    }
+
+private:
+    void addToNearest(const QRect& mark)
+    {
+        std::optional<size_t> nearest;
+        for (int y = mark.top() / bandHeight; y <= mark.bottom() / bandHeight; ++y) {
+            auto& band = m_index.bandAt(y * bandHeight);
+            std::erase_if(band, [&](size_t i) {
+                return gapBetween(m_pieces[i].box(), mark) > bandHeight + 8 * m_pieces[i].reach();
+            });
+            for (const size_t i : band) {
+                if (m_pieces[i].takes(mark) &&
+                    (!nearest || verticalOverlap(m_pieces[i].tail(), mark) >
+                                     verticalOverlap(m_pieces[*nearest].tail(), mark)))
+                    nearest = i;
+            }
+        }
+        if (nearest)
+            m_pieces[*nearest].add(mark);
+        else
+            nearest = m_pieces.size(), m_pieces.emplace_back(mark);
+        m_index.put(*nearest, m_pieces[*nearest].box());
+    }
+
+    bool addSmall(const QRect& mark)
+    {
+        for (const size_t i : m_index.bandAt(mark.center().y())) {
+            if (m_pieces[i].takesSmall(mark)) {
+                m_pieces[i].addSmall(mark);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    PiecesByRow m_index;
+    std::vector<GrowingPiece> m_pieces;
+};
+
+/// Whether two pieces are one: on one row, and no wide gap between them.
+bool belongTogether(const QRect& left, const QRect& right)
+{
+    const int smaller = std::min(left.height(), right.height());
+    const int larger = std::max(left.height(), right.height());
+    return 2 * verticalOverlap(left, right) > smaller && gapBetween(left, right) <= larger;
+}
+
+/// Joins the pieces that met only as they grew.
+std::vector<QRect> joined(std::vector<QRect> boxes)
+{
+    std::ranges::sort(boxes, {}, &QRect::left);
+    for (size_t i = 0; i < boxes.size();) {
+        const auto isNear = [&](const QRect& other) {
+            return &other != &boxes[i] &&
+                   (other.left() < boxes[i].left() ? belongTogether(other, boxes[i])
+                                                   : belongTogether(boxes[i], other));
+        };
+        const auto other = std::ranges::find_if(boxes, isNear);
+        if (other == boxes.end()) {
+            ++i;
+            continue;
+        }
+        boxes[i] |= *other;
+        boxes.erase(other);
+        i = 0;
+    }
+    return boxes;
+}
+
+} // namespace
+
+std::vector<QRect> textPieces(const QImage& marks)
+{
+    const ConnectedComponents components(marks);
+    if (components.components().size() > mostMarks)
+        return {};
+    std::vector<QRect> boxes;
+    for (const ConnectedComponents::Component& component : components.components())
+        boxes.push_back(component.box);
+    std::ranges::sort(boxes, {}, [](const QRect& box) { return std::pair(box.left(), box.top()); });
+    return joined(PieceFinder(marks.height()).find(boxes));
+}
+
+} // namespace driftbox

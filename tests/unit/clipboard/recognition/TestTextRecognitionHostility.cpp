@@ -1,0 +1,120 @@
+#include "RenderedText.h"
+#include "clipboard/OCREngine.h"
+#include "clipboard/PageTextReader.h"
+#include "support/Images.h"
+
+#include <random>
+#include <thread>
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QPluginLoader>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+QImage noise(const QSize& size, int density)
+{
+    QImage image(size, QImage::Format_RGB32);
+    std::minstd_rand random(7);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const bool isSet = static_cast<int>(random() % 100) < density;
+            image.setPixel(x, y, isSet ? static_cast<QRgb>(random()) : qRgb(255, 255, 255));
+        }
+    }
+    return image;
+}
+
+/// Lines that cross each other, as in a drawing.
+QImage scrawl(const QSize& size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    std::minstd_rand random(3);
+    const auto point = [&] {
+        const auto x = static_cast<int>(random() % static_cast<unsigned>(size.width()));
+        return QPoint(x, static_cast<int>(random() % static_cast<unsigned>(size.height())));
+    };
+    for (int i = 0; i < 400; ++i)
+        painter.drawLine(point(), point());
+    return image;
+}
+
+QImage manyWords(const QSize& size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const QString line = u"Neither the time nor the place was chosen by those who came. "_s;
+    for (int y = 4; y < size.height(); y += 16)
+        drawText(painter, {4, y}, line.repeated(8), {.pixelSize = 11});
+    return image;
+}
+
+} // namespace
+
+/// What no picture of text is, and what would take for ever.
+class TestTextRecognitionHostility : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void giveUpSoonOnWhatIsNoText_data()
+    {
+        QTest::addColumn<QImage>("picture");
+        QTest::newRow("noise") << noise({1280, 800}, 100);
+        QTest::newRow("sparse noise") << noise({1280, 800}, 10);
+        QTest::newRow("specks") << noise({1280, 800}, 1);
+        QTest::newRow("a scrawl") << scrawl({1280, 800});
+        QTest::newRow("one wide row") << noise({20'000, 2}, 50);
+        QTest::newRow("one high column") << noise({2, 20'000}, 50);
+    }
+    void giveUpSoonOnWhatIsNoText()
+    {
+        QFETCH(const QImage, picture);
+        const QByteArray file = imageFile(picture, "png");
+        QElapsedTimer timer;
+        timer.start();
+        const QString text = OCREngine().recognizeText(file);
+        QVERIFY2(text.size() < 20, qPrintable(text));
+        QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void theTimeLimitEndsTheWork()
+    {
+        QPluginLoader loader(QCoreApplication::applicationDirPath() + u"/driftbox-ocr.so"_s);
+        const auto* reader = qobject_cast<PageTextReader*>(loader.instance());
+        QVERIFY2(reader != nullptr, qPrintable(loader.errorString()));
+        const OCREngine hasty([&] { return reader; }, 100ms);
+        const QByteArray file = imageFile(manyWords({2560, 1600}), "png");
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(hasty.recognizeText(file), QString());
+        // What is under way ends with its line; decoding and finding the lines have to be done.
+        QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void severalReadSideBySide()
+    {
+        const QByteArray one = imageFile(renderedText(u"Open the settings"_s), "png");
+        const QByteArray other = imageFile(renderedText(u"Close the window"_s), "png");
+        QString first;
+        QString second;
+        {
+            const OCREngine engine;
+            const std::jthread reading([&] { first = engine.recognizeText(one); });
+            second = engine.recognizeText(other);
+        }
+        QCOMPARE(first, u"Open the settings"_s);
+        QCOMPARE(second, u"Close the window"_s);
+    }
+};
+
+QTEST_MAIN(TestTextRecognitionHostility)
+#include "TestTextRecognitionHostility.moc"

@@ -21,6 +21,9 @@ public:
     /// An ordinary key was pressed: the tap before it counts no more.
     void registerKeyPress() { m_commandUsedSinceLastTap = true; }
 
+    /// Forgets what was seen.
+    void reset() { *this = {}; }
+
 private:
     std::optional<EventTime> m_lastTap;
     bool m_commandUsedSinceLastTap = false;

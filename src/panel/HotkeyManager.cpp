@@ -67,6 +67,14 @@ void HotkeyManager::uninstall()
     m_localMonitor.reset();
 }
 
+void HotkeyManager::restart()
+{
+    uninstall();
+    m_detector.reset();
+    m_previousFlags = 0;
+    start();
+}
+
 void HotkeyManager::handle(const KeyEvent& event)
 {
     switch (event.kind) {

@@ -21,12 +21,17 @@ public:
     /// Nothing is watched yet. Both arguments must outlive the manager.
     HotkeyManager(const AppSettings& settings, KeyEventMonitor& keyboard);
 
-    /// Starts watching if the settings want it; does nothing when it watches already. To take up a
-    /// changed switch or modifier call `uninstall` first.
+    /// Starts watching if the settings want it; does nothing when it watches already.
     void start();
 
     /// Stops watching. What was seen so far is remembered.
     void uninstall();
+
+    /// Takes up a changed switch or modifier: forgets what was seen so far and starts anew.
+    void restart();
+
+    /// Whether the keys of other applications can be seen.
+    [[nodiscard]] bool isTrusted() const { return m_keyboard.isTrusted(); }
 
     /// Replaces what a double tap does; an empty function does nothing.
     void setOnTrigger(std::function<void()> onTrigger) { m_onTrigger = std::move(onTrigger); }

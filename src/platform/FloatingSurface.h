@@ -10,7 +10,8 @@ class QWindow;
 
 namespace driftbox {
 
-/// A window that floats above the others on every desktop, outside the task bar and the pager.
+/// A window that the program draws all of, its frame included. Panels and notes float above the
+/// others on every desktop, outside the task bar and the pager.
 ///
 /// Main thread only. The view makes the window's content; place, stacking, visibility and keyboard
 /// are asked for here and nowhere else.
@@ -20,8 +21,9 @@ class FloatingSurface : public QObject
 
 public:
     enum class Role {
-        panel, ///< one at a time, comes and goes, takes the keyboard when it is presented
-        note,  ///< stays, moved and resized by the user
+        panel,    ///< one at a time, comes and goes, takes the keyboard when it is presented
+        note,     ///< stays, moved and resized by the user
+        ordinary, ///< a window among the others, moved and resized by the user
     };
     enum class Keyboard {
         take,  ///< the user asked for this window: typing goes to it

@@ -3,6 +3,8 @@
 #include "platform/FloatingSurface.h"
 #include "platform/x11/X11WindowManager.h"
 
+#include <QtCore/QMargins>
+
 #include <xcb/xcb.h>
 
 namespace driftbox {
@@ -10,7 +12,8 @@ namespace driftbox {
 class X11Connection;
 
 /// What makes a window of the toolkit float for the window manager: above the others, on all
-/// desktops, in no list of windows. Main thread only.
+/// desktops, in no list of windows; and what else it need know of one that is drawn as a whole by
+/// the program. Main thread only.
 class X11FloatingHints
 {
 public:
@@ -19,6 +22,9 @@ public:
 
     /// To be called before each mapping: window managers take them off a window that goes away.
     void put() const;
+
+    /// What of the window, at its edges, is only its shadow.
+    void putFrameExtents(const QMargins& pixels) const;
 
     /// Tells a window manager that has come while the window was mapped.
     void repeat() const;

@@ -6,6 +6,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Shape.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -63,6 +64,7 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     : m_window(window)
     , m_connection(connection)
     , m_compositing(compositing)
+    , m_role(role)
     , m_id(static_cast<xcb_window_t>(window.winId()))
     , m_hints(connection, m_id, role)
     , m_windowManager(connection, QtXcb::connection())
@@ -71,7 +73,7 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     // That it stays on top is among the hints: as a flag it would make the toolkit replace the
     // window by another when it is shown.
     window.setFlags(Qt::Window | Qt::FramelessWindowHint);
-    window.setProperty(floatingProperty, true);
+    window.setProperty(floatingProperty, role != Role::ordinary);
     window.installEventFilter(this);
     connect(&window, &QWindow::xChanged, this, &X11FloatingSurface::noticeGeometry);
     connect(&window, &QWindow::yChanged, this, &X11FloatingSurface::noticeGeometry);
@@ -225,6 +227,18 @@ void X11FloatingSurface::applyShape()
     const bool composited = m_compositing.isActive();
     X11Shape::set(m_id, X11Shape::Kind::drawing, composited ? QRegion() : pixels);
     X11Shape::set(m_id, X11Shape::Kind::input, composited ? pixels : QRegion());
+    if (m_role == Role::ordinary)
+        m_hints.putFrameExtents(extentsAround(pixels));
+}
+
+QMargins X11FloatingSurface::extentsAround(const QRegion& shape) const
+{
+    if (shape.isEmpty())
+        return {};
+    const QRect inner = shape.boundingRect();
+    const QSize whole = (QSizeF(m_window.size()) * m_window.devicePixelRatio()).toSize();
+    return {inner.left(), inner.top(), std::max(0, whole.width() - 1 - inner.right()),
+            std::max(0, whole.height() - 1 - inner.bottom())};
 }
 
 void X11FloatingSurface::startMove()

@@ -17,10 +17,11 @@ namespace driftbox {
 class X11Compositing;
 class X11Connection;
 
-/// Whether a floating surface has been made of the window.
+/// Whether the window is a panel or a note.
 [[nodiscard]] bool isFloating(const QWindow& window);
 
-/// A window of the toolkit that the window manager is told to let float. Main thread only.
+/// A window of the toolkit that the program draws all of, and that the window manager is told to
+/// let float unless it is an ordinary one. Main thread only.
 class X11FloatingSurface final : public FloatingSurface
 {
     Q_OBJECT
@@ -55,6 +56,7 @@ private:
     void takeKeyboard(xcb_timestamp_t time);
     void handleExposed();
     void applyShape();
+    [[nodiscard]] QMargins extentsAround(const QRegion& shape) const;
     void noticeGeometry();
     void settleGeometry();
     void insistOnPlaceFor(std::chrono::milliseconds time);
@@ -62,6 +64,7 @@ private:
     QWindow& m_window;
     X11Connection& m_connection;
     const X11Compositing& m_compositing;
+    const Role m_role;
     const xcb_window_t m_id;
     const X11FloatingHints m_hints;
     const X11WindowManager m_windowManager;

@@ -18,8 +18,10 @@
 #include "panel/view/ThemeFollower.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/KeyEventMonitor.h"
 #include "platform/LoginItem.h"
 #include "platform/PageOpener.h"
+#include "settings/view/SettingsWindowController.h"
 
 #include <chrono>
 
@@ -145,12 +147,19 @@ void AppCoordinator::openMarkdown()
 
 void AppCoordinator::showSettings()
 {
+    settingsController().showWindow();
 }
 
 void AppCoordinator::sendFeedback()
 {
     if (const auto error = m_desktop.pages.openWebPage(AppConfig::feedbackURL()))
         qCCritical(log).noquote() << u"The feedback page cannot be opened: %1"_s.arg(*error);
+}
+
+void AppCoordinator::openAccessibilitySettings()
+{
+    if (const auto error = m_desktop.pages.openAccessibilitySettings())
+        qCCritical(log).noquote() << u"System settings cannot be opened: %1"_s.arg(*error);
 }
 
 ClipboardStore& AppCoordinator::store()
@@ -225,10 +234,37 @@ MagicPanelController& AppCoordinator::panelController()
         MagicPanelController::Services{m_desktop.workspace, m_desktop.pasteKeystroke,
                                        *m_cursorLocator, m_desktop.screens, m_desktop.localKeys,
                                        m_notifications, m_desktop.clock});
+    connect(m_panel.get(), &FloatingPanel::settingsRequested, this, &AppCoordinator::showSettings);
     // What was copied a moment ago stands first.
     connect(m_panelController.get(), &MagicPanelController::aboutToShow, m_monitor.get(),
             &ClipboardMonitor::tick);
     return *m_panelController;
+}
+
+SettingsWindowController& AppCoordinator::settingsController()
+{
+    if (!m_settingsController) {
+        const TextExchange exchange{[this] { return clipboardVM().pasteboardText(); },
+                                    [this](const QString& text) { clipboardVM().copyText(text); }};
+        m_settingsController = std::make_unique<SettingsWindowController>(
+            std::make_unique<SettingsWindow>(m_desktop.floatingSurfaces, settingsServices(),
+                                             exchange),
+            m_desktop.screens);
+    }
+    return *m_settingsController;
+}
+
+SettingsServices AppCoordinator::settingsServices()
+{
+    return {.settings = m_settings,
+            .clipboard = clipboardVM(),
+            .isAccessibilityTrusted = [this] { return hotkeyManager().isTrusted(); },
+            .requestAccessibilityTrust = [this] { m_desktop.keyboard.requestTrust(); },
+            .openAccessibilitySettings = [this] { openAccessibilitySettings(); },
+            .restartHotkey = [this] { hotkeyManager().restart(); },
+            .applyLaunchAtLogin = [this] { applyLaunchAtLogin(); },
+            .closeAllNotes = [this] { noteManager().closeAll(); },
+            .sendFeedback = [this] { sendFeedback(); }};
 }
 
 } // namespace driftbox

@@ -6,6 +6,7 @@
 #include "core/PasteboardWriter.h"
 #include "panel/PanelAnimator.h"
 #include "panel/SectionRegistry.h"
+#include "settings/SettingsServices.h"
 
 #include <memory>
 
@@ -23,6 +24,7 @@ class MagicPanelController;
 class NoteManager;
 class NotesStore;
 class StickyNotePanels;
+class SettingsWindowController;
 class ThemeFollower;
 class ThumbnailCache;
 struct ClipboardItem;
@@ -69,6 +71,7 @@ public:
     [[nodiscard]] NoteManager& noteManager();
     [[nodiscard]] MagicPanelController& panelController();
     [[nodiscard]] HotkeyManager& hotkeyManager();
+    [[nodiscard]] SettingsWindowController& settingsController();
 
 private:
     void registerClipboardSection();
@@ -76,6 +79,8 @@ private:
     void makeNote(const ClipboardItem& item);
     void startHotkey();
     void buildPanelWhenIdle();
+    void openAccessibilitySettings();
+    [[nodiscard]] SettingsServices settingsServices();
 
     Desktop m_desktop;
     AppSettings m_settings;
@@ -95,6 +100,7 @@ private:
     std::unique_ptr<FloatingPanel> m_panel;
     std::unique_ptr<MagicPanelController> m_panelController;
     std::unique_ptr<HotkeyManager> m_hotkeyManager;
+    std::unique_ptr<SettingsWindowController> m_settingsController;
 };
 
 } // namespace driftbox

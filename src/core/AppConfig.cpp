@@ -30,4 +30,14 @@ QUrl feedbackURL()
     return QUrl(QStringLiteral(DRIFTBOX_FEEDBACK_URL));
 }
 
+QString version()
+{
+    return QStringLiteral(DRIFTBOX_VERSION);
+}
+
+QString buildNumber()
+{
+    return QStringLiteral(DRIFTBOX_BUILD_NUMBER);
+}
+
 } // namespace driftbox::AppConfig

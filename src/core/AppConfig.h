@@ -21,4 +21,8 @@ namespace storage {
 /// The product's feedback page, set at build time.
 [[nodiscard]] QUrl feedbackURL();
 
+/// Of this build, as the build system says.
+[[nodiscard]] QString version();
+[[nodiscard]] QString buildNumber();
+
 } // namespace driftbox::AppConfig

@@ -1,0 +1,71 @@
+#include "settings/view/AboutSettingsView.h"
+
+#include "core/AppConfig.h"
+#include "panel/view/Theme.h"
+#include "settings/AboutText.h"
+#include "settings/view/ActionButton.h"
+#include "settings/view/FormLabel.h"
+#include "settings/view/FormSection.h"
+#include "settings/view/TipPicture.h"
+
+#include <QtWidgets/QBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int lineSpacing = 4;
+constexpr int pictureSpacing = 28;
+constexpr int cardPadding = 18;
+
+QWidget* makeProduct(QWidget* parent)
+{
+    auto* product = new QWidget(parent);
+    auto* lines = new QVBoxLayout(product);
+    lines->setContentsMargins(FormSection::sidePadding, cardPadding / 2, FormSection::sidePadding,
+                              cardPadding / 2);
+    lines->setSpacing(lineSpacing);
+    const auto add = [&](const QString& text, const QFont& font, FormLabel::Tone tone) {
+        lines->addWidget(new FormLabel(text, font, tone, product));
+    };
+    add(u"Drift Box"_s, Theme::systemFont(15, QFont::DemiBold), FormLabel::Tone::primary);
+    add(u"A minimal quick-panel for macOS."_s, Theme::systemFont(13), FormLabel::Tone::secondary);
+    add(AboutText::versionLine(AppConfig::version(), AppConfig::buildNumber()),
+        Theme::systemFont(13), FormLabel::Tone::secondary);
+    return product;
+}
+
+QWidget* makeTips(QWidget* parent)
+{
+    auto* tips = new QWidget(parent);
+    auto* row = new QHBoxLayout(tips);
+    row->setContentsMargins(cardPadding, cardPadding, cardPadding, cardPadding);
+    row->setSpacing(pictureSpacing);
+    row->addStretch();
+    row->addWidget(new TipPicture(u"tip-wechat"_s, u"WeChat · 微信"_s, tips));
+    row->addWidget(new TipPicture(u"tip-alipay"_s, u"Alipay · 支付宝"_s, tips));
+    row->addStretch();
+    return tips;
+}
+
+} // namespace
+
+AboutSettingsView::AboutSettingsView(const SettingsServices& services, QWidget* parent)
+    : FormPage(parent)
+{
+    auto* about = new FormSection({}, content());
+    about->addRow(makeProduct(about));
+    auto* feedback = new ActionButton(u"envelope"_s, u"Send Feedback · 反馈"_s,
+                                      ActionButton::Kind::plain, about);
+    connect(feedback, &QAbstractButton::clicked, this, services.sendFeedback);
+    about->addRow(feedback, Qt::AlignLeft);
+    column().addWidget(about);
+
+    auto* tips = new FormSection(u"Buy me a coffee · 请作者喝咖啡"_s, content());
+    tips->addRow(makeTips(tips));
+    column().addWidget(tips);
+}
+
+} // namespace driftbox

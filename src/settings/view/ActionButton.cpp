@@ -1,0 +1,69 @@
+#include "settings/view/ActionButton.h"
+
+#include "panel/view/ControlParts.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+
+#include <algorithm>
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleOptionButton>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int symbolSize = 13;
+constexpr int symbolSpacing = 7;
+constexpr int sidePadding = 14;
+constexpr int leastHeight = 30;
+constexpr int verticalPadding = 6;
+
+} // namespace
+
+ActionButton::ActionButton(QString systemImage, const QString& label, Kind kind, QWidget* parent)
+    : QPushButton(label, parent)
+    , m_systemImage(std::move(systemImage))
+    , m_kind(kind)
+{
+    setFont(Theme::systemFont(13));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+}
+
+int ActionButton::contentWidth() const
+{
+    const int symbol = m_systemImage.isEmpty() ? 0 : Symbols::extent(symbolSize) + symbolSpacing;
+    return symbol + fontMetrics().horizontalAdvance(text());
+}
+
+QSize ActionButton::sizeHint() const
+{
+    return {contentWidth() + 2 * sidePadding,
+            std::max(leastHeight, fontMetrics().height() + 2 * verticalPadding)};
+}
+
+void ActionButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    ControlParts::drawButton(painter, rect(), palette(), option.state);
+
+    const QColor color = !isEnabled() ? palette().color(QPalette::Disabled, QPalette::ButtonText)
+                         : m_kind == Kind::destructive ? Theme::destructive()
+                                                       : Theme::primary();
+    int left = (width() - contentWidth()) / 2;
+    if (!m_systemImage.isEmpty()) {
+        const int symbol = Symbols::extent(symbolSize);
+        Symbols::paint(painter, QRect(left, 0, symbol, height()), m_systemImage,
+                       {.size = symbolSize, .color = color});
+        left += symbol + symbolSpacing;
+    }
+    painter.setFont(font());
+    painter.setPen(color);
+    painter.drawText(QRect(left, 0, width() - left, height()), Qt::AlignVCenter, text());
+}
+
+} // namespace driftbox

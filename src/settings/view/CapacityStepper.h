@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtWidgets/QSpinBox>
+
+namespace driftbox {
+
+class ClipboardSettings;
+
+/// Shows the capacity of the history and goes up and down in its steps.
+class CapacityStepper final : public QSpinBox
+{
+    Q_OBJECT
+
+public:
+    /// `model` must outlive the stepper.
+    CapacityStepper(ClipboardSettings& model, QWidget* parent);
+
+    void stepBy(int steps) override;
+
+protected:
+    [[nodiscard]] StepEnabled stepEnabled() const override;
+    [[nodiscard]] QString textFromValue(int value) const override;
+
+private:
+    void refresh();
+    void takeValue(int value);
+
+    ClipboardSettings& m_model;
+};
+
+} // namespace driftbox

@@ -1,0 +1,43 @@
+#include "settings/view/FormLabel.h"
+
+#include "panel/view/Theme.h"
+
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+FormLabel::FormLabel(const QString& text, const QFont& font, Tone tone, QWidget* parent)
+    : QLabel(text, parent)
+    , m_tone(tone)
+{
+    setFont(font);
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void FormLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(!isEnabled()              ? palette().color(QPalette::Disabled, QPalette::Text)
+                   : m_tone == Tone::primary ? Theme::primary()
+                                             : Theme::secondary());
+    if (m_hasFixedDigits)
+        return paintWithFixedDigits(painter);
+    const int wrap = wordWrap() ? Qt::TextWordWrap : 0;
+    painter.drawText(contentsRect(), static_cast<int>(alignment()) | wrap, text());
+}
+
+// One line, from its end to its start.
+void FormLabel::paintWithFixedDigits(QPainter& painter) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    int right = contentsRect().right() + 1;
+    const QString line = text();
+    for (auto character = line.crbegin(); character != line.crend(); ++character) {
+        const int width = metrics.horizontalAdvance(character->isDigit() ? u'0' : *character);
+        right -= width;
+        painter.drawText(QRect(right, 0, width, height()), Qt::AlignCenter, *character);
+    }
+}
+
+} // namespace driftbox

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtWidgets/QLabel>
+
+namespace driftbox {
+
+/// Text in the colours of the theme, which it follows. Long text goes on in further lines.
+class FormLabel final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    enum class Tone { primary, secondary };
+
+    FormLabel(const QString& text, const QFont& font, Tone tone, QWidget* parent);
+
+    /// Digits take the same room each, so that a number that changes does not jump.
+    void setDigitsOfFixedWidth() { m_hasFixedDigits = true; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintWithFixedDigits(QPainter& painter) const;
+
+    Tone m_tone;
+    bool m_hasFixedDigits = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,51 @@
+#include "settings/view/FormPage.h"
+
+#include "panel/view/OverlayScrollBar.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QScrollBar>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int sidePadding = 24;
+constexpr int topPadding = 18;
+constexpr int bottomPadding = 20;
+constexpr int sectionSpacing = 18;
+constexpr int edgeForResizing = 6; // the scroll bar leaves the window's edge free
+
+} // namespace
+
+FormPage::FormPage(QWidget* parent)
+    : QScrollArea(parent)
+    , m_column(nullptr)
+    , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    viewport()->setAutoFillBackground(false);
+
+    auto* page = new QWidget;
+    page->setAutoFillBackground(false);
+    m_column = new QVBoxLayout(page);
+    m_column->setContentsMargins(sidePadding, topPadding, sidePadding, bottomPadding);
+    m_column->setSpacing(sectionSpacing);
+    m_column->setAlignment(Qt::AlignTop);
+    setWidget(page);
+    page->setAutoFillBackground(false); // the area has switched it on
+}
+
+void FormPage::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    m_scrollBar->setGeometry(width() - OverlayScrollBar::thickness - edgeForResizing, 0,
+                             OverlayScrollBar::thickness, height());
+    m_scrollBar->raise();
+}
+
+} // namespace driftbox

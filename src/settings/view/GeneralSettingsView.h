@@ -1,0 +1,48 @@
+#pragma once
+
+#include "settings/GeneralSettings.h"
+#include "settings/view/FormPage.h"
+
+class QComboBox;
+class QSlider;
+
+namespace driftbox {
+
+class FormLabel;
+class FormSection;
+class StatusLine;
+class ToggleRow;
+
+/// The page of the double tap, the start at login and the permission that the double tap needs.
+class GeneralSettingsView final : public FormPage
+{
+    Q_OBJECT
+
+public:
+    /// What `services` refers to must outlive the page.
+    GeneralSettingsView(const SettingsServices& services, QWidget* parent);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] FormSection* makeHotkeySection();
+    [[nodiscard]] FormSection* makeStartupSection();
+    [[nodiscard]] FormSection* makeAccessibilitySection();
+    void addModifierRow(FormSection& section);
+    void addSpeedRow(FormSection& section);
+    void refresh();
+    void takeThreshold();
+
+    GeneralSettings m_model;
+    ToggleRow* m_enabled = nullptr;
+    QComboBox* m_modifier = nullptr;
+    QWidget* m_modifierRow = nullptr;
+    QSlider* m_speed = nullptr;
+    FormLabel* m_speedValue = nullptr;
+    QWidget* m_speedRow = nullptr;
+    ToggleRow* m_launch = nullptr;
+    StatusLine* m_status = nullptr;
+};
+
+} // namespace driftbox

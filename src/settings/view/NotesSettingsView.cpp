@@ -1,0 +1,58 @@
+#include "settings/view/NotesSettingsView.h"
+
+#include "core/AppSettings.h"
+#include "panel/view/Theme.h"
+#include "settings/view/ActionButton.h"
+#include "settings/view/FormLabel.h"
+#include "settings/view/FormSection.h"
+#include "settings/view/SwatchButton.h"
+
+#include <QtWidgets/QBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+constexpr int swatchSpacing = 4;
+}
+
+NotesSettingsView::NotesSettingsView(const SettingsServices& services, QWidget* parent)
+    : FormPage(parent)
+{
+    auto* newNotes = new FormSection(u"New notes"_s, content());
+    auto* label = new FormLabel(u"Default color"_s, Theme::systemFont(13), FormLabel::Tone::primary,
+                                newNotes);
+    newNotes->addRow({label, makeSwatches(services.settings, newNotes)}, label);
+    column().addWidget(newNotes);
+
+    auto* closing = new FormSection({}, content());
+    auto* close = new ActionButton(u"xmark.circle"_s, u"Close all notes"_s,
+                                   ActionButton::Kind::destructive, closing);
+    connect(close, &QAbstractButton::clicked, this, services.closeAllNotes);
+    closing->addRow(close, Qt::AlignLeft);
+    column().addWidget(closing);
+}
+
+QWidget* NotesSettingsView::makeSwatches(AppSettings& settings, QWidget* parent)
+{
+    auto* swatches = new QWidget(parent);
+    swatches->setAccessibleName(u"Default color"_s);
+    auto* row = new QHBoxLayout(swatches);
+    row->setContentsMargins({});
+    row->setSpacing(swatchSpacing);
+    for (const NoteColor color : allNoteColors) {
+        auto* swatch = new SwatchButton(color, swatches);
+        const auto follow = [swatch, &settings] {
+            swatch->setChecked(settings.noteDefaultColor() == swatch->color());
+        };
+        follow();
+        connect(&settings, &AppSettings::noteDefaultColorChanged, swatch, follow);
+        connect(swatch, &QAbstractButton::clicked, swatch,
+                [swatch, &settings] { settings.setNoteDefaultColor(swatch->color()); });
+        row->addWidget(swatch);
+    }
+    return swatches;
+}
+
+} // namespace driftbox

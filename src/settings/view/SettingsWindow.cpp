@@ -1,0 +1,180 @@
+#include "settings/view/SettingsWindow.h"
+
+#include "panel/view/Theme.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QHoverEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr QSize contentSize(760, 520);
+constexpr QSize leastContentSize(700, 400);
+constexpr int shadowMargin = 28;
+constexpr qreal cornerRadius = 12.0;
+constexpr qreal shadowRadius = 14.0;
+constexpr qreal shadowOpacity = 0.22;
+constexpr qreal shadowOffset = 6.0;
+constexpr qreal outlineOpacity = 0.12;
+constexpr int edgeThickness = 5; // of what resizes, along the inside of the frame
+constexpr int cornerLength = 14;
+
+constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shadowMargin);
+
+} // namespace
+
+SettingsWindow::SettingsWindow(FloatingSurfaces& surfaces, const SettingsServices& services,
+                               const TextExchange& exchange)
+    : m_rootView(new SettingsRootView(services, exchange, this))
+    , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
+{
+    setWindowTitle(u"Drift Box Settings"_s);
+    setAccessibleName(windowTitle());
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_Hover);
+    setMinimumSize(leastContentSize.grownBy(shadowMargins));
+    resize(initialSize().toSize());
+    connect(m_rootView, &SettingsRootView::closeRequested, this, &QWidget::close);
+    connect(m_rootView, &SettingsRootView::minimizeRequested, this, &QWidget::showMinimized);
+
+    winId(); // makes the window that the surface adopts
+    m_surface = surfaces.adopt(*windowHandle(), FloatingSurface::Role::ordinary);
+    connect(m_surface.get(), &FloatingSurface::compositedChanged, this, [this] { update(); });
+    fitFrame();
+}
+
+SettingsWindow::~SettingsWindow() = default;
+
+QSizeF SettingsWindow::initialSize()
+{
+    return contentSize.grownBy(shadowMargins);
+}
+
+bool SettingsWindow::fillsScreen() const
+{
+    return windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+}
+
+QRect SettingsWindow::card() const
+{
+    return fillsScreen() ? rect() : rect().marginsRemoved(shadowMargins);
+}
+
+QPainterPath SettingsWindow::cardPath() const
+{
+    if (!fillsScreen())
+        return continuousRoundedRect(card(), cornerRadius);
+    QPainterPath path;
+    path.addRect(card());
+    return path;
+}
+
+void SettingsWindow::fitFrame()
+{
+    m_rootView->setGeometry(card());
+    if (m_surface)
+        m_surface->setShape(QRegion(cardPath().toFillPolygon().toPolygon()));
+}
+
+void SettingsWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitFrame();
+}
+
+void SettingsWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        fitFrame();
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    m_surface->orderOut();
+}
+
+bool SettingsWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::HoverMove)
+        showCursorFor(edgesAt(static_cast<const QHoverEvent*>(event)->position().toPoint()));
+    return QWidget::event(event);
+}
+
+Qt::Edges SettingsWindow::edgesAt(const QPoint& position) const
+{
+    const QRect frame = card();
+    if (fillsScreen() || !frame.contains(position))
+        return {};
+    const int left = position.x() - frame.left();
+    const int right = frame.right() - position.x();
+    const int top = position.y() - frame.top();
+    const int bottom = frame.bottom() - position.y();
+    if (std::min({left, right, top, bottom}) >= edgeThickness)
+        return {};
+    Qt::Edges edges;
+    edges.setFlag(Qt::LeftEdge, left < cornerLength);
+    edges.setFlag(Qt::RightEdge, right < cornerLength);
+    edges.setFlag(Qt::TopEdge, top < cornerLength);
+    edges.setFlag(Qt::BottomEdge, bottom < cornerLength);
+    return edges;
+}
+
+void SettingsWindow::showCursorFor(Qt::Edges edges)
+{
+    if (!edges)
+        unsetCursor();
+    else if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge))
+        setCursor(Qt::SizeFDiagCursor);
+    else if (edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge))
+        setCursor(Qt::SizeBDiagCursor);
+    else
+        setCursor(edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor);
+}
+
+void SettingsWindow::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    if (event->button() != Qt::LeftButton)
+        return QWidget::mousePressEvent(event);
+    if (const Qt::Edges edges = edgesAt(position))
+        m_surface->startResize(edges);
+    else if (m_rootView->isTitleArea(m_rootView->mapFrom(this, position)))
+        m_surface->startMove();
+}
+
+void SettingsWindow::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton &&
+        m_rootView->isTitleArea(m_rootView->mapFrom(this, event->position().toPoint())))
+        setWindowState(windowState() ^ Qt::WindowMaximized);
+}
+
+void SettingsWindow::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    if (m_surface->isComposited() && !fillsScreen())
+        m_shadow.paint(painter, QRectF(card()).translated(0, shadowOffset));
+    else
+        painter.fillRect(event->rect(), Theme::panelBackground());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath path = cardPath();
+    painter.fillPath(path, palette().color(QPalette::Base));
+
+    QPainterPath sidebar;
+    sidebar.addRect(QRectF(card()).adjusted(0, 0, m_rootView->sidebarWidth() - card().width(), 0));
+    painter.fillPath(path.intersected(sidebar), Theme::panelBackground());
+    painter.setPen(QPen(Theme::withOpacity(Theme::primary(), outlineOpacity), 1.0));
+    constexpr qreal inset = 0.5;
+    if (!fillsScreen())
+        painter.drawPath(continuousRoundedRect(
+            QRectF(card()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset));
+}
+
+} // namespace driftbox

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "panel/view/CardShape.h"
+#include "platform/FloatingSurface.h"
+#include "settings/view/SettingsRootView.h"
+
+#include <memory>
+
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+/// The window of the settings. It draws its own frame, so that its columns run up to the top edge;
+/// closing it only hides it.
+class SettingsWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The surfaces and what `services` refers to must outlive the window. It is not shown yet.
+    SettingsWindow(FloatingSurfaces& surfaces, const SettingsServices& services,
+                   const TextExchange& exchange);
+    ~SettingsWindow() override;
+
+    [[nodiscard]] FloatingSurface& surface() { return *m_surface; }
+    [[nodiscard]] SettingsRootView& rootView() { return *m_rootView; }
+
+    /// The size of the window with its shadow at first, in points.
+    [[nodiscard]] static QSizeF initialSize();
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] bool fillsScreen() const;
+    [[nodiscard]] QRect card() const;
+    [[nodiscard]] QPainterPath cardPath() const;
+    [[nodiscard]] Qt::Edges edgesAt(const QPoint& position) const;
+    void fitFrame();
+    void showCursorFor(Qt::Edges edges);
+
+    SettingsRootView* m_rootView;
+    std::unique_ptr<FloatingSurface> m_surface;
+    CardShadow m_shadow;
+};
+
+} // namespace driftbox

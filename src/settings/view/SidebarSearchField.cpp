@@ -1,0 +1,71 @@
+#include "settings/view/SidebarSearchField.h"
+
+#include "panel/view/ControlParts.h"
+#include "panel/view/SymbolButton.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/Theme.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr int fieldHeight = 30;
+constexpr int padding = 9;
+constexpr int symbolSize = 12;
+constexpr int symbolSpacing = 7;
+
+} // namespace
+
+SidebarSearchField::SidebarSearchField(const QString& prompt, const TextExchange& exchange,
+                                       QWidget* parent)
+    : QWidget(parent)
+    , m_field(new SearchField(prompt, exchange, this))
+    , m_clearButton(new SymbolButton(u"xmark.circle.fill"_s, u"Clear search"_s, this))
+{
+    setFixedHeight(fieldHeight);
+    setFocusProxy(m_field);
+    m_field->setFont(Theme::systemFont(13));
+    m_field->installEventFilter(this);
+    m_clearButton->hide();
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(padding + Symbols::extent(symbolSize) + symbolSpacing, 0, 4, 0);
+    row->setSpacing(0);
+    row->addWidget(m_field, 1);
+    row->addWidget(m_clearButton);
+    connect(m_field, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_clearButton->setVisible(!text.isEmpty()); });
+    connect(m_clearButton, &QAbstractButton::clicked, m_field, &QLineEdit::clear);
+}
+
+void SidebarSearchField::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QStyle::State state = QStyle::State_Enabled;
+    state.setFlag(QStyle::State_HasFocus, m_field->hasFocus());
+    ControlParts::drawField(painter, rect(), palette(), state);
+    Symbols::paint(painter, QRect(padding, 0, Symbols::extent(symbolSize), rect().height()),
+                   u"magnifyingglass"_s, {.size = symbolSize, .color = Theme::secondary()});
+}
+
+// All of it is the field to whoever aims at it.
+void SidebarSearchField::mousePressEvent(QMouseEvent* event)
+{
+    m_field->setFocus(Qt::MouseFocusReason);
+    event->accept();
+}
+
+bool SidebarSearchField::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace driftbox

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "panel/view/SearchField.h"
+
+namespace driftbox {
+
+class SymbolButton;
+
+/// The round field above the sidebar that narrows what it lists. Gives its focus to the text.
+class SidebarSearchField final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SidebarSearchField(const QString& prompt, const TextExchange& exchange, QWidget* parent);
+
+    [[nodiscard]] SearchField& field() const { return *m_field; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    SearchField* m_field;
+    SymbolButton* m_clearButton;
+};
+
+} // namespace driftbox

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+class FormLabel;
+
+/// A symbol that says well or not, and a text that says what.
+class StatusLine final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Status { good, warning };
+
+    explicit StatusLine(QWidget* parent);
+
+    void setStatus(Status status, const QString& text);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Status m_status = Status::warning;
+    FormLabel* m_text;
+};
+
+} // namespace driftbox

@@ -1,0 +1,64 @@
+#include "settings/view/SwatchButton.h"
+
+#include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
+
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int diameter = 20;
+constexpr int outlineRoom = 4; // for the outline and that of the keyboard's focus
+constexpr qreal chosenWidth = 2.0;
+constexpr qreal otherWidth = 0.5;
+constexpr qreal otherOpacity = 0.1;
+
+QString nameOf(NoteColor color)
+{
+    QString name = rawValue(color);
+    name[0] = name[0].toUpper();
+    return name;
+}
+
+} // namespace
+
+SwatchButton::SwatchButton(NoteColor color, QWidget* parent)
+    : QRadioButton(parent)
+    , m_color(color)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setHelp(*this, nameOf(color));
+}
+
+QSize SwatchButton::sizeHint() const
+{
+    return {diameter + 2 * outlineRoom, diameter + 2 * outlineRoom};
+}
+
+bool SwatchButton::hitButton(const QPoint& position) const
+{
+    return rect().contains(position);
+}
+
+void SwatchButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(rect()).center();
+    constexpr qreal radius = diameter / 2.0;
+    if (isChecked())
+        painter.setPen(QPen(Theme::accent(), chosenWidth));
+    else
+        painter.setPen(QPen(Theme::withOpacity(Qt::black, otherOpacity), otherWidth));
+    painter.setBrush(Theme::noteSwatch(m_color));
+    painter.drawEllipse(centre, radius, radius);
+    if (hasFocus()) {
+        painter.setPen(QPen(Theme::withOpacity(Theme::accent(), 0.5), 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(centre, radius + outlineRoom - 1.0, radius + outlineRoom - 1.0);
+    }
+}
+
+} // namespace driftbox

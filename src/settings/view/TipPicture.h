@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtGui/QImage>
+#include <QtWidgets/QLabel>
+
+namespace driftbox {
+
+/// The picture of that name in the program's resources; null when there is none.
+[[nodiscard]] QImage bundledImage(const QString& name);
+
+/// A payment code with its caption. Where its picture is missing a placeholder takes its place.
+class TipPicture final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    TipPicture(const QString& name, const QString& caption, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage m_image;
+};
+
+} // namespace driftbox

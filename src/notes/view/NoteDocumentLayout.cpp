@@ -9,6 +9,9 @@ namespace driftbox {
 // looked at only then, so it may be changed after they were broken.
 QRectF NoteDocumentLayout::blockBoundingRect(const QTextBlock& block) const
 {
+    // Else the paragraph would be shaped once more for each look at it.
+    if (block.isValid())
+        block.layout()->setCacheEnabled(true);
     const QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);
     const bool isRightToLeft = block.isValid() && block.textDirection() == Qt::RightToLeft;
     if (isRightToLeft && !(block.layout()->textOption().alignment() & Qt::AlignRight)) {

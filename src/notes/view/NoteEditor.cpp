@@ -7,6 +7,9 @@
 #include "panel/view/Theme.h"
 #include "platform/Pasteboard.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QtCore/QMimeData>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QTextBlock>
@@ -20,6 +23,9 @@ namespace {
 
 constexpr int dragDistance = 3; // points until a press is a drag
 constexpr qreal pointsPerInch = 72.0;
+// Characters of a paragraph beyond which, and up to which again, its letters are set one by one.
+constexpr int longParagraph = 16'000;
+constexpr int usualParagraph = 12'000;
 
 QTextDocument* makeDocument(QObject* parent)
 {
@@ -70,14 +76,28 @@ QString NoteEditor::text() const
     return textOf(document()->toRawText());
 }
 
+// Every key press sets the whole paragraph anew. Ligatures and kerning make that five times as
+// long, which shows in a very long one. Scripts that need them have them all the same.
+void NoteEditor::chooseSetting()
+{
+    int longest = 0;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        longest = std::max(longest, block.length());
+    if (std::exchange(m_isSetPlainly, longest > (m_isSetPlainly ? usualParagraph
+                                                                : longParagraph)) != m_isSetPlainly)
+        showZoom();
+}
+
 void NoteEditor::report()
 {
+    chooseSetting();
     m_viewModel.setText(text());
 }
 
 void NoteEditor::showText()
 {
     setPlainText(m_viewModel.text());
+    chooseSetting();
     moveCursor(QTextCursor::End);
 }
 
@@ -94,6 +114,8 @@ void NoteEditor::showColor()
 void NoteEditor::showZoom()
 {
     QFont font = Theme::systemFont(qRound(m_viewModel.textSize()));
+    if (m_isSetPlainly)
+        font.setStyleStrategy(QFont::PreferNoShaping);
     // In pixels a font has whole sizes only.
     font.setPointSizeF(m_viewModel.textSize() * pointsPerInch / logicalDpiY());
     setFont(font);

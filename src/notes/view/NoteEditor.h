@@ -44,6 +44,7 @@ protected:
 private:
     void report();
     void showText();
+    void chooseSetting();
     void showColor();
     void showZoom();
     void copySelection();
@@ -53,6 +54,7 @@ private:
     Pasteboard& m_pasteboard;
     OverlayScrollBar* m_scrollBar;
     std::optional<QPoint> m_backgroundPress;
+    bool m_isSetPlainly = false; ///< for the sake of a very long paragraph
     bool m_isHandedOver = false; ///< the press has become a drag of the window
 };
 

@@ -207,6 +207,30 @@ private Q_SLOTS:
         QVERIFY(qAbs(pixels() - 15.4) < 0.01);
     }
 
+    void aVeryLongParagraphIsSetWithoutShaping()
+    {
+        const auto isPlain = [this] {
+            return m_editor->document()->defaultFont().styleStrategy() == QFont::PreferNoShaping;
+        };
+        open({.textContent = QString(u"word "_s).repeated(3'199)});
+        QVERIFY(!isPlain());
+        QTest::keyClicks(m_editor.get(), u"words"_s);
+        QVERIFY(isPlain());
+        m_note->viewModel.setZoom(1.1);
+        QVERIFY(isPlain());
+        QTest::keyClick(m_editor.get(), Qt::Key_Backspace);
+        QVERIFY(isPlain()); // it would go to and fro
+        QTest::keyClick(m_editor.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(m_editor.get(), Qt::Key_Backspace);
+        QVERIFY(!isPlain());
+        QCOMPARE(m_note->viewModel.text(), QString());
+
+        open({.textContent = QString(u"word\n"_s).repeated(20'000)});
+        QVERIFY(!isPlain());
+        open({.textContent = QString(u"word "_s).repeated(20'000)});
+        QVERIFY(isPlain());
+    }
+
     void aLongTextIsShownFromItsBeginning()
     {
         open({.textContent = QString(u"line\n"_s).repeated(200)});

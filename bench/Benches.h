@@ -20,4 +20,12 @@ using Figures = std::map<QString, double>;
 /// has been printed.
 [[nodiscard]] Figures screenshot();
 
+/// Among 200 saved notes: until a new one takes typing, and a keystroke in one of 4,000 characters,
+/// in one of 100,000 in lines, and in one of 100,000 in a single paragraph, each at the end and at
+/// the beginning, writing and painting included.
+[[nodiscard]] Figures notes();
+
+/// Scrolling the panel's page of 1,000 notes, by nearly a page at a time.
+[[nodiscard]] Figures notesList();
+
 } // namespace driftbox::bench

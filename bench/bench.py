@@ -23,6 +23,9 @@ from harness.program import PROGRAM  # noqa: E402
 RESULTS = PROJECT / "bench/results.json"
 TICK = 10  # ms; what takes less is not seen by those who sample the processor time
 
+NOTES = {"keystroke": "key with 200 saved", "lines": "key in 100,000, in lines",
+         "paragraph": "key in 100,000, one paragraph"}
+
 
 @dataclass
 class Row:
@@ -85,6 +88,17 @@ def rows_of(wanted):
         yield Row("screenshot: main thread held, longest", "ms",
                   figures["screenshot_held_longest"], 16)
         yield Row("screenshot: captured after", "ms", figures["screenshot_captured_after"])
+    if is_wanted("notes"):
+        figures = measures.inside("notes")
+        yield Row("notes: a new one takes typing, median", "ms",
+                  measures.opening_of_note(), 50)
+        for kind, budget in (("keystroke", 8), ("lines", 8), ("paragraph", 16)):
+            yield Row(f"notes: {NOTES[kind]}, median", "ms", figures[f"notes_{kind}_median"],
+                      budget)
+            yield Row(f"notes: {NOTES[kind]}, worst", "ms", figures[f"notes_{kind}_worst"])
+        figures = measures.inside("notesList")
+        yield Row("notes: scrolling 1,000 listed, worst", "ms", figures["notes_scrolling_worst"], 16)
+        yield Row("notes: memory of 200 closed", "MiB", measures.memory_of_notes(), 2)
 
 
 def print_table(lines):

@@ -1,5 +1,6 @@
 """The measurements of the bench, each on a desktop of its own."""
 
+import json
 import select
 import statistics
 import subprocess
@@ -13,6 +14,7 @@ from footprint import idle_of_tree, settled_memory
 from harness import pictures
 from harness.apps import XTerm
 from harness.desktop import Desktop
+from harness.notes import NEW_STICKY_NOTE, Notes, saved_note
 from harness.program import PROGRAM, Program, entry
 from harness.waiting import wait_for
 from harness.xclients import ClipboardOwner
@@ -21,6 +23,8 @@ from peer import CopyQ
 INSIDE = PROGRAM.parent / "driftbox_bench"
 SHOWINGS = 50
 STARTS = 10
+OPENINGS = 20
+SAVED_NOTES = 200
 ENTRIES = 40
 TAP_INTERVAL_MS = 120
 READY = {"Monitor started", "Hotkey monitors installed"}
@@ -214,6 +218,40 @@ def idle_of_peer():
         peer.show_once()
         settled_memory(peer.process.pid)
         return idle_of_tree(peer.process.pid)
+
+
+def opening_of_note():
+    """From the press of the button for a new note until its window has the keyboard."""
+    with running_program() as program:
+        notes = Notes(program)
+        taken = []
+        for _ in range(OPENINGS):
+            notes.open_section()
+            button = program.panel.find(NEW_STICKY_NOTE).extents().center
+            program.desktop.pointer.move(*button)
+            panel = program.desktop.windows.focused()
+            started = time.monotonic()
+            program.desktop.pointer.click(*button)
+            wait_for(lambda: program.desktop.windows.focused() != panel, "the note to take typing")
+            taken.append((time.monotonic() - started) * 1000)
+            notes.wait_for_windows(1)
+            program.desktop.keyboard.tap("w", ["Control_L"])
+            notes.wait_for_windows(0)
+        return statistics.median(taken)
+
+
+def memory_of_notes():
+    """What 200 saved notes of 2,000 characters cost while they are closed."""
+    with running_program() as program:
+        _show_once(program)
+        before = settled_memory(program.process.pid).private
+        program.stop()
+        Notes(program).write_manifest(json.dumps([
+            saved_note(number, textContent=f"{number} {'words of a usual length ' * 100}"[:2000])
+            for number in range(SAVED_NOTES)]))
+        program.start()
+        _show_once(program)
+        return settled_memory(program.process.pid).private - before
 
 
 def inside(name):

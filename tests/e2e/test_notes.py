@@ -6,7 +6,7 @@ import pytest
 
 from harness import notes as controls
 from harness.apps import GtkEditor, XTerm
-from harness.notes import Notes
+from harness.notes import Notes, saved_note
 from harness.program import entry
 from harness.waiting import wait_for, wait_for_equal
 from harness.windows import Geometry
@@ -17,13 +17,6 @@ from harness.xclients import ClipboardOwner
 def notes(program):
     """The notes of the running program; there are none."""
     return Notes(program)
-
-
-def saved_note(number=1, **more):
-    """A note as a manifest has it, made by hand."""
-    return {"id": f"00000000-0000-4000-8000-{number:012X}", "kind": "text", "textContent": "text",
-            "color": "green", "frame": {"x": 300, "y": 400, "width": 260, "height": 180},
-            "zoom": 1, "isSaved": True, "createdAt": 700000000.5, "updatedAt": 700000001.5, **more}
 
 
 # Making notes

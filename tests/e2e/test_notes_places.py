@@ -37,6 +37,7 @@ def test_dragged_resized_closed_and_restarted(manager, composited, make_desktop,
     assert_stays_after_restart(notes, resized)
 
 
+# Xfce's window manager tells monitors by their outputs, of which the virtual server has one.
 @pytest.mark.parametrize("manager", ["openbox", "kwin_x11"])
 def test_on_a_second_screen(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager, monitors=LEFT_OF_PRIMARY)

@@ -17,6 +17,13 @@ CLOSE_ALL = "Close all"
 _SHADOW = 20  # around a note, where windows are blended
 
 
+def saved_note(number=1, **more):
+    """A note as a manifest has it, made by hand."""
+    return {"id": f"00000000-0000-4000-8000-{number:012X}", "kind": "text", "textContent": "text",
+            "color": "green", "frame": {"x": 300, "y": 400, "width": 260, "height": 180},
+            "zoom": 1, "isSaved": True, "createdAt": 700000000.5, "updatedAt": 700000001.5, **more}
+
+
 class Notes:
     """The notes of a program, on the screen and on disk."""
 

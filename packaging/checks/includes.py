@@ -52,7 +52,7 @@ def kind_of(name):
         return "core"
     if folder == "app":
         return "app"
-    if folder.endswith("/view"):
+    if folder.endswith(("/view", "/webengine")):
         return "view"
     return "record" if RECORD.search(Path(name).stem) else "service"
 

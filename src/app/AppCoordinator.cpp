@@ -7,6 +7,10 @@
 #include "clipboard/ThumbnailCache.h"
 #include "clipboard/view/ClipboardSection.h"
 #include "core/AppConfig.h"
+#include "markdown/MarkdownReaderCoordinator.h"
+#include "markdown/view/MarkdownOpenDialog.h"
+#include "markdown/view/ReaderWindow.h"
+#include "markdown/view/WebEngineModule.h"
 #include "notes/FileNotesStore.h"
 #include "notes/NoteManager.h"
 #include "notes/view/NotesSection.h"
@@ -47,6 +51,22 @@ QPointer<AppCoordinator>& sharedCoordinator()
 }
 
 } // namespace
+
+// The widgets of the Markdown reader.
+struct AppCoordinator::MarkdownWindows
+{
+    explicit MarkdownWindows(const Desktop& desktop)
+        : windows({desktop.standardWindows, desktop.documentOpener, desktop.pasteboard,
+                   MarkdownResource(AppConfig::resourcesFolder()),
+                   [this] { return webEngine.engine(); }})
+        , openPanel(desktop.standardWindows)
+    {
+    }
+
+    WebEngineModule webEngine{AppConfig::modulesFolder() + u"/driftbox_webengine.so"_s};
+    ReaderWindows windows;
+    MarkdownOpenDialog openPanel;
+};
 
 AppCoordinator::AppCoordinator(const Desktop& desktop, QObject* parent)
     : QObject(parent)
@@ -143,6 +163,7 @@ void AppCoordinator::showPanel()
 
 void AppCoordinator::openMarkdown()
 {
+    markdownReader().openViaPanel();
 }
 
 void AppCoordinator::showSettings()
@@ -219,6 +240,17 @@ HotkeyManager& AppCoordinator::hotkeyManager()
     if (!m_hotkeyManager)
         m_hotkeyManager = std::make_unique<HotkeyManager>(m_settings, m_desktop.keyboard);
     return *m_hotkeyManager;
+}
+
+MarkdownReaderCoordinator& AppCoordinator::markdownReader()
+{
+    if (!m_markdownReader) {
+        m_markdownWindows = std::make_unique<MarkdownWindows>(m_desktop);
+        m_markdownReader =
+            std::make_unique<MarkdownReaderCoordinator>(MarkdownReaderCoordinator::Services{
+                m_desktop.fileSystem, m_markdownWindows->windows, m_markdownWindows->openPanel});
+    }
+    return *m_markdownReader;
 }
 
 MagicPanelController& AppCoordinator::panelController()

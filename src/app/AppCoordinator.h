@@ -25,6 +25,7 @@ class NoteManager;
 class NotesStore;
 class StickyNotePanels;
 class SettingsWindowController;
+class MarkdownReaderCoordinator;
 class ThemeFollower;
 class ThumbnailCache;
 struct ClipboardItem;
@@ -72,8 +73,11 @@ public:
     [[nodiscard]] MagicPanelController& panelController();
     [[nodiscard]] HotkeyManager& hotkeyManager();
     [[nodiscard]] SettingsWindowController& settingsController();
+    [[nodiscard]] MarkdownReaderCoordinator& markdownReader();
 
 private:
+    struct MarkdownWindows;
+
     void registerClipboardSection();
     void registerNotesSection();
     void makeNote(const ClipboardItem& item);
@@ -101,6 +105,8 @@ private:
     std::unique_ptr<MagicPanelController> m_panelController;
     std::unique_ptr<HotkeyManager> m_hotkeyManager;
     std::unique_ptr<SettingsWindowController> m_settingsController;
+    std::unique_ptr<MarkdownWindows> m_markdownWindows;
+    std::unique_ptr<MarkdownReaderCoordinator> m_markdownReader;
 };
 
 } // namespace driftbox

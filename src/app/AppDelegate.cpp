@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include "app/AppCoordinator.h"
+#include "markdown/MarkdownFiles.h"
+#include "markdown/MarkdownReaderCoordinator.h"
 #include "platform/InstanceLink.h"
 
 #include <QtCore/QLoggingCategory>
@@ -37,6 +39,10 @@ void AppDelegate::handleOpenDocuments(const QList<QUrl>& documents)
     for (const QUrl& document : documents)
         names << document.fileName();
     qCWarning(log).noquote() << u"kAEOpenDocuments: "_s + names.join(u", "_s);
+    for (const QUrl& document : documents) {
+        if (document.isLocalFile() && isMarkdownFile(document))
+            m_coordinator.markdownReader().open(document);
+    }
 }
 
 } // namespace driftbox

@@ -5,6 +5,7 @@ namespace driftbox {
 class Appearance;
 class CaretLookup;
 class Clock;
+class DocumentOpener;
 class FileSystem;
 class FloatingSurfaces;
 class KeyEventMonitor;
@@ -15,6 +16,7 @@ class PasteKeystroke;
 class Pasteboard;
 class Screens;
 class StatusArea;
+class StandardWindows;
 class TaskRunner;
 class TextRecognizer;
 class UserDefaults;
@@ -42,6 +44,8 @@ struct Desktop
     PageOpener& pages;
     StatusArea& statusNotifiers; ///< shows the item and draws its menu
     StatusArea& systemTray;      ///< holds a window of the program
+    StandardWindows& standardWindows;
+    DocumentOpener& documentOpener;
 };
 
 } // namespace driftbox

@@ -4,6 +4,7 @@
 #include "core/AppConfig.h"
 #include "core/JsonUserDefaults.h"
 #include "platform/desktop/AtSpiCaretLookup.h"
+#include "platform/desktop/DesktopDocumentOpener.h"
 #include "platform/desktop/DesktopPageOpener.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/PosixFileSystem.h"
@@ -22,6 +23,7 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11StandardWindows.h"
 #include "platform/x11/X11SystemTray.h"
 #include "platform/x11/X11Workspace.h"
 
@@ -69,6 +71,8 @@ struct X11Desktop::BackEnds
     DesktopPageOpener pages;
     StatusNotifierHosts statusNotifiers{QDBusConnection::sessionBus()};
     X11SystemTray systemTray{*connection};
+    X11StandardWindows standardWindows{*connection};
+    DesktopDocumentOpener documentOpener{QDBusConnection::sessionBus()};
 };
 
 std::unique_ptr<X11Desktop> X11Desktop::open()
@@ -105,7 +109,8 @@ Desktop X11Desktop::services()
             own.pasteKeystroke, own.floatingSurfaces,
             own.textRecognizer, own.recognitions,
             own.pages,          own.statusNotifiers,
-            own.systemTray};
+            own.systemTray,     own.standardWindows,
+            own.documentOpener};
 }
 
 } // namespace driftbox

@@ -36,7 +36,6 @@ int answer(const driftbox::CommandLine& commandLine)
 void describeApplication()
 {
     QApplication::setApplicationName(u"Drift Box"_s); // bars and screen readers show it
-    QApplication::setApplicationDisplayName(u"Drift Box"_s);
     QApplication::setApplicationVersion(QStringLiteral(DRIFTBOX_VERSION));
     QApplication::setDesktopFileName(u"app.driftbox"_s);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,10 +1,22 @@
 #include "core/AppConfig.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
 namespace driftbox::AppConfig {
+
+namespace {
+
+// The program finds its own files wherever it has been put.
+QString besideProgram(const QString& path)
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + u'/' + path);
+}
+
+} // namespace
 
 QString storage::defaultRootURL()
 {
@@ -23,6 +35,16 @@ QString autostartFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            u"/autostart"_s;
+}
+
+QString resourcesFolder()
+{
+    return besideProgram(QStringLiteral(DRIFTBOX_RESOURCES));
+}
+
+QString modulesFolder()
+{
+    return besideProgram(QStringLiteral(DRIFTBOX_MODULES));
 }
 
 QUrl feedbackURL()

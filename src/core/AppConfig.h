@@ -18,6 +18,10 @@ namespace storage {
 /// The folder of what the session starts when the user logs in; it need not exist.
 [[nodiscard]] QString autostartFolder();
 
+/// The folder of the files that the program brings along, and that of its shared modules.
+[[nodiscard]] QString resourcesFolder();
+[[nodiscard]] QString modulesFolder();
+
 /// The product's feedback page, set at build time.
 [[nodiscard]] QUrl feedbackURL();
 

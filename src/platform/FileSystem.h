@@ -24,6 +24,13 @@ public:
     [[nodiscard]] virtual std::optional<QString> writeAtomically(const QString& path,
                                                                  const QByteArray& bytes) = 0;
 
+    /// Replaces a document of the user as a whole, and the disk has it on return: a write that
+    /// fails leaves the old file. Permissions and a symbolic link on the way stay as they are; a
+    /// new file gets the user's usual permissions; a file that is protected from writing is not
+    /// replaced. Returns what went wrong, or none.
+    [[nodiscard]] virtual std::optional<QString> replaceDocument(const QString& path,
+                                                                 const QByteArray& bytes) = 0;
+
     /// Creates the folder and those above it, for the user alone. False when it is not there after.
     virtual bool createFolder(const QString& path) = 0;
 

@@ -18,6 +18,12 @@ public:
     [[nodiscard]] std::optional<QByteArray> read(const QString& path) const override;
     [[nodiscard]] std::optional<QString> writeAtomically(const QString& path,
                                                          const QByteArray& bytes) override;
+    /// Counts and fails as any write.
+    [[nodiscard]] std::optional<QString> replaceDocument(const QString& path,
+                                                         const QByteArray& bytes) override
+    {
+        return writeAtomically(path, bytes);
+    }
     bool createFolder(const QString& path) override;
     bool remove(const QString& path) override;
 

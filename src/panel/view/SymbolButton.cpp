@@ -30,6 +30,12 @@ SymbolButton::SymbolButton(QString systemImage, const QString& help, QWidget* pa
     setHelp(*this, help);
 }
 
+void SymbolButton::setSystemImage(const QString& systemImage)
+{
+    m_systemImage = systemImage;
+    update();
+}
+
 void SymbolButton::setLabel(const QString& label)
 {
     setText(label);

@@ -17,6 +17,7 @@ public:
     /// `help` is the tooltip; without a label it is the accessible name too.
     SymbolButton(QString systemImage, const QString& help, QWidget* parent);
 
+    void setSystemImage(const QString& systemImage);
     /// The label is the accessible name, the help then only describes.
     void setLabel(const QString& label);
 

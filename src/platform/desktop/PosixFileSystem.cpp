@@ -11,6 +11,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QMutexLocker>
+#include <QtCore/QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +32,13 @@ bool isFolder(const QByteArray& path)
 {
     struct stat status = {};
     return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isProtected(const QByteArray& path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0 &&
+           (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
 }
 
 // Runs a system call again for as long as signals interrupt it.
@@ -166,6 +174,18 @@ std::optional<QString> PosixFileSystem::writeAtomically(const QString& path,
     }
     m_sync.schedule(*target);
     return std::nullopt;
+}
+
+std::optional<QString> PosixFileSystem::replaceDocument(const QString& path,
+                                                        const QByteArray& bytes)
+{
+    // The superuser may write everything, but a protected file is meant to stay.
+    if (isProtected(QFile::encodeName(path)))
+        return qt_error_string(EACCES);
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return std::nullopt;
+    return file.errorString();
 }
 
 bool PosixFileSystem::createFolder(const QString& path)

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] std::optional<QByteArray> read(const QString& path) const override;
     [[nodiscard]] std::optional<QString> writeAtomically(const QString& path,
                                                          const QByteArray& bytes) override;
+    [[nodiscard]] std::optional<QString> replaceDocument(const QString& path,
+                                                         const QByteArray& bytes) override;
     bool createFolder(const QString& path) override;
     bool remove(const QString& path) override;
 

@@ -5,6 +5,7 @@
 #include "fakes/FakeAppearance.h"
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeDocumentOpener.h"
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakeFloatingSurface.h"
 #include "fakes/FakeKeyEventMonitor.h"
@@ -13,6 +14,7 @@
 #include "fakes/FakePasteKeystroke.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeScreens.h"
+#include "fakes/FakeStandardWindows.h"
 #include "fakes/FakeStatusArea.h"
 #include "fakes/FakeTaskRunner.h"
 #include "fakes/FakeUserDefaults.h"
@@ -70,6 +72,8 @@ struct FakeDesktop
     FakePageOpener pages;
     FakeStatusArea statusNotifiers;
     FakeStatusArea systemTray;
+    FakeStandardWindows standardWindows;
+    FakeDocumentOpener documentOpener;
 
     [[nodiscard]] Desktop services()
     {
@@ -82,7 +86,8 @@ struct FakeDesktop
                 pasteKeystroke, floatingSurfaces,
                 textRecognizer, recognitions,
                 pages,          statusNotifiers,
-                systemTray};
+                systemTray,     standardWindows,
+                documentOpener};
     }
 };
 

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+namespace driftbox {
+
+class FileSystem;
+
+/// One Markdown file that is open in a window: its text, whether that differs from the file, and
+/// whether the source or the rendered preview is shown. Failures are logged and leave the state as
+/// the operation says; nothing is shown to the user.
+///
+/// Main thread only; reading and writing wait for the file.
+class MarkdownReaderViewModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString markdown READ markdown WRITE setMarkdown NOTIFY markdownChanged)
+    Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges WRITE setHasUnsavedChanges NOTIFY
+                   hasUnsavedChangesChanged)
+    Q_PROPERTY(bool isEditing READ isEditing WRITE setIsEditing NOTIFY isEditingChanged)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
+
+public:
+    /// `url` is a local file, which is not read yet. `fileSystem` must outlive this.
+    MarkdownReaderViewModel(const QUrl& url, FileSystem& fileSystem, QObject* parent = nullptr);
+
+    [[nodiscard]] const QUrl& fileURL() const { return m_fileURL; }
+    /// The last path component of the file.
+    [[nodiscard]] const QString& displayName() const { return m_displayName; }
+
+    [[nodiscard]] const QString& markdown() const { return m_markdown; }
+    /// Marks the document as changed, also when the text is the same, except while it is loaded.
+    void setMarkdown(const QString& markdown);
+
+    [[nodiscard]] bool hasUnsavedChanges() const { return m_hasUnsavedChanges; }
+    void setHasUnsavedChanges(bool hasUnsavedChanges);
+
+    [[nodiscard]] bool isEditing() const { return m_isEditing; }
+    void setIsEditing(bool isEditing);
+
+    [[nodiscard]] bool isLoading() const { return m_isLoading; }
+
+    /// Reads the file: as UTF-8, else as Latin-1. A file that cannot be read gives an empty text.
+    void load();
+
+    /// Writes the text as UTF-8 if it was changed. False when that failed: the old file is whole
+    /// then, and the text stays marked as changed.
+    bool save();
+
+    /// Enters the editor, or saves and leaves it, even when the saving failed.
+    void toggleEdit();
+
+Q_SIGNALS:
+    void markdownChanged();
+    void hasUnsavedChangesChanged();
+    void isEditingChanged();
+    void isLoadingChanged();
+
+private:
+    [[nodiscard]] QString readText() const;
+    void setIsLoading(bool isLoading);
+
+    QUrl m_fileURL;
+    QString m_displayName;
+    FileSystem& m_fileSystem;
+    QString m_markdown;
+    bool m_hasUnsavedChanges = false;
+    bool m_isEditing = false;
+    bool m_isLoading = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QtCore/QUrl>
+
+namespace driftbox {
+
+class MarkdownReaderViewModel;
+class MarkdownReaderWindow;
+class MarkdownReaderWindows;
+
+/// Owns the document and the window of one open file, and saves the document as the window closes.
+/// Main thread only.
+class MarkdownReaderWindowController
+{
+public:
+    /// The window is made and not shown yet. `openDocument` as for MarkdownReaderWindows.
+    MarkdownReaderWindowController(std::unique_ptr<MarkdownReaderViewModel> viewModel,
+                                   MarkdownReaderWindows& windows,
+                                   std::function<void(const QUrl&)> openDocument);
+    ~MarkdownReaderWindowController();
+    MarkdownReaderWindowController(const MarkdownReaderWindowController&) = delete;
+    MarkdownReaderWindowController& operator=(const MarkdownReaderWindowController&) = delete;
+
+    [[nodiscard]] MarkdownReaderViewModel& viewModel() { return *m_viewModel; }
+
+    /// Called when the window closes.
+    void setOnClose(std::function<void()> onClose) { m_onClose = std::move(onClose); }
+
+    /// Shows the window in front of all others.
+    void showWindow();
+
+    /// Saves and reports the close. The window always closes, even when the saving failed.
+    bool windowShouldClose();
+
+private:
+    std::unique_ptr<MarkdownReaderViewModel> m_viewModel;
+    std::unique_ptr<MarkdownReaderWindow> m_window;
+    std::function<void()> m_onClose;
+};
+
+} // namespace driftbox

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+
+#include <QtCore/QString>
+
+namespace driftbox {
+
+/// The files that the page of a document is made of. They are read anew at every call.
+class MarkdownResource
+{
+public:
+    /// `resourcesFolder` holds the folder "MarkdownReader", or the files themselves.
+    explicit MarkdownResource(QString resourcesFolder);
+
+    /// The file's text; none when it is in neither place or is not UTF-8.
+    [[nodiscard]] std::optional<QString> bundledString(const QString& name) const;
+
+    /// The page with its style sheet and scripts in it; none when one of them is missing.
+    [[nodiscard]] std::optional<QString> shellHTML() const;
+
+private:
+    QString m_folder;
+};
+
+} // namespace driftbox

@@ -1,0 +1,81 @@
+#include "markdown/MarkdownWebViewCoordinator.h"
+
+#include "markdown/MarkdownFiles.h"
+#include "platform/DocumentOpener.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QMetaObject>
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+bool couldStartSomething(const QFileInfo& file)
+{
+    return file.suffix().toLower() == u"desktop" || (file.isFile() && file.isExecutable());
+}
+
+} // namespace
+
+MarkdownWebViewCoordinator::MarkdownWebViewCoordinator(
+    DocumentOpener& opener, std::function<void(const QUrl&)> openDocument, QObject* parent)
+    : QObject(parent)
+    , m_opener(opener)
+    , m_openDocument(std::move(openDocument))
+{
+}
+
+void MarkdownWebViewCoordinator::push(const QString& markdown, const QString& theme)
+{
+    m_pendingMarkdown = markdown;
+    m_pendingTheme = theme;
+    if (m_isReady)
+        scheduleRender(markdown, theme);
+}
+
+void MarkdownWebViewCoordinator::didFinishNavigation()
+{
+    m_isReady = true;
+    scheduleRender(m_pendingMarkdown, m_pendingTheme);
+}
+
+void MarkdownWebViewCoordinator::scheduleRender(const QString& markdown, const QString& theme)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, markdown, theme] {
+            if (m_page)
+                m_page->renderMarkdown(markdown, theme);
+        },
+        Qt::QueuedConnection);
+}
+
+void MarkdownWebViewCoordinator::didReceiveMessage(const QString& name, const QVariant& body)
+{
+    if (name != u"openExternal" || body.typeId() != QMetaType::QString)
+        return;
+    const QUrl url(body.toString(), QUrl::StrictMode);
+    static const QStringList handedOver{u"http"_s, u"https"_s, u"mailto"_s};
+    if (!url.isValid())
+        return;
+    if (handedOver.contains(url.scheme()))
+        m_opener.open(url);
+    else if (url.isLocalFile() && url.host().isEmpty())
+        openFile(url.adjusted(QUrl::RemoveFragment | QUrl::RemoveQuery));
+}
+
+void MarkdownWebViewCoordinator::openFile(const QUrl& url)
+{
+    if (isMarkdownFile(url))
+        m_openDocument(url);
+    else if (couldStartSomething(QFileInfo(url.toLocalFile())))
+        m_opener.reveal(url);
+    else
+        m_opener.open(url);
+}
+
+} // namespace driftbox

@@ -1,0 +1,56 @@
+#include "markdown/view/MarkdownOpenDialog.h"
+
+#include "platform/StandardWindows.h"
+
+#include <QtCore/QMimeDatabase>
+#include <QtGui/QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+const QString markdownType = u"text/markdown"_s;
+
+} // namespace
+
+void offerMarkdownFiles(QFileDialog& dialog, bool systemKnowsMarkdown)
+{
+    if (systemKnowsMarkdown)
+        dialog.setMimeTypeFilters({markdownType});
+    else
+        dialog.setNameFilter(u"Markdown (*.md)"_s);
+}
+
+MarkdownOpenDialog::MarkdownOpenDialog(StandardWindows& windows)
+    : m_windows(windows)
+{
+}
+
+MarkdownOpenDialog::~MarkdownOpenDialog()
+{
+    delete m_dialog;
+}
+
+void MarkdownOpenDialog::run(std::function<void(const QUrl&)> chosen)
+{
+    if (!m_dialog) {
+        m_dialog = new QFileDialog;
+        m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        m_dialog->setWindowTitle(u"Open Markdown"_s);
+        m_dialog->setLabelText(QFileDialog::Accept, u"Open"_s);
+        m_dialog->setFileMode(QFileDialog::ExistingFile);
+        m_dialog->setOption(QFileDialog::ReadOnly); // no folder can be made
+        offerMarkdownFiles(*m_dialog, QMimeDatabase().mimeTypeForName(markdownType).isValid());
+        QObject::connect(m_dialog, &QFileDialog::accepted, m_dialog,
+                         [dialog = m_dialog.data(), chosen = std::move(chosen)] {
+                             chosen(dialog->selectedUrls().value(0));
+                         });
+        m_dialog->open();
+    }
+    if (QWindow* window = m_dialog->windowHandle())
+        m_windows.present(*window);
+}
+
+} // namespace driftbox

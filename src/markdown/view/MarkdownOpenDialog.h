@@ -1,0 +1,32 @@
+#pragma once
+
+#include "markdown/MarkdownReaderWindow.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <QtWidgets/QFileDialog>
+
+namespace driftbox {
+
+class StandardWindows;
+
+/// The desktop's file dialog.
+class MarkdownOpenDialog final : public MarkdownOpenPanel
+{
+public:
+    /// `windows` must outlive this.
+    explicit MarkdownOpenDialog(StandardWindows& windows);
+    ~MarkdownOpenDialog() override;
+
+    void run(std::function<void(const QUrl&)> chosen) override;
+
+private:
+    StandardWindows& m_windows;
+    QPointer<QFileDialog> m_dialog;
+};
+
+/// What the dialog offers: the files of the system's Markdown type, or those ending in "md" where
+/// the system does not know that type.
+void offerMarkdownFiles(QFileDialog& dialog, bool systemKnowsMarkdown);
+
+} // namespace driftbox

@@ -1,0 +1,75 @@
+#include "markdown/view/MarkdownReaderView.h"
+
+#include "markdown/MarkdownReaderViewModel.h"
+#include "markdown/view/MarkdownEditor.h"
+#include "markdown/view/MarkdownWebView.h"
+#include "markdown/view/ReaderHeader.h"
+#include "markdown/view/ReaderServices.h"
+#include "panel/view/Divider.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+MarkdownReaderView::MarkdownReaderView(MarkdownReaderViewModel& viewModel,
+                                       const ReaderServices& services,
+                                       std::function<void(const QUrl&)> openDocument,
+                                       QWidget* parent)
+    : QWidget(parent)
+    , m_viewModel(viewModel)
+    , m_services(services)
+    , m_openDocument(std::move(openDocument))
+    , m_column(new QVBoxLayout(this))
+{
+    m_column->setContentsMargins({});
+    m_column->setSpacing(0);
+    m_column->addWidget(new ReaderHeader(viewModel, services.opener, this));
+    m_column->addWidget(new Divider(Qt::Horizontal, this));
+    showContent();
+    connect(&viewModel, &MarkdownReaderViewModel::isEditingChanged, this,
+            &MarkdownReaderView::showContent);
+    connect(&viewModel, &MarkdownReaderViewModel::markdownChanged, this,
+            &MarkdownReaderView::updatePreview);
+}
+
+void MarkdownReaderView::showContent()
+{
+    delete m_content; // the preview's web page ends with it
+    m_content = makeContent();
+    m_column->addWidget(m_content, 1);
+    m_content->setFocus();
+}
+
+QWidget* MarkdownReaderView::makeContent()
+{
+    m_preview = nullptr;
+    if (m_viewModel.isEditing())
+        return new MarkdownEditor(m_viewModel, m_services.pasteboard, this);
+    m_preview = new MarkdownWebView(m_viewModel.fileURL(), m_services, m_openDocument, this);
+    updatePreview();
+    return m_preview;
+}
+
+void MarkdownReaderView::updatePreview()
+{
+    if (m_preview)
+        m_preview->update(m_viewModel.markdown(), theme());
+}
+
+QString MarkdownReaderView::theme() const
+{
+    const bool isDark = palette().color(QPalette::Base).lightnessF() < 0.5F;
+    return isDark ? u"dark"_s : u"light"_s;
+}
+
+void MarkdownReaderView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        updatePreview();
+}
+
+} // namespace driftbox

@@ -1,0 +1,71 @@
+#include "markdown/view/MarkdownWebView.h"
+
+#include "markdown/view/MarkdownWebEngine.h"
+#include "markdown/view/ReaderServices.h"
+
+#include <utility>
+
+#include <QtCore/QEvent>
+#include <QtCore/QTimer>
+#include <QtGui/QPainter>
+
+namespace driftbox {
+
+MarkdownWebView::MarkdownWebView(const QUrl& fileURL, const ReaderServices& services,
+                                 std::function<void(const QUrl&)> openDocument, QWidget* parent)
+    : QWidget(parent)
+    , m_fileURL(fileURL)
+    , m_services(services)
+    , m_coordinator(services.opener, std::move(openDocument))
+{
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+MarkdownWebView::~MarkdownWebView()
+{
+    m_coordinator.setPage(nullptr);
+}
+
+void MarkdownWebView::update(const QString& markdown, const QString& theme)
+{
+    m_coordinator.push(markdown, theme);
+}
+
+void MarkdownWebView::makePage()
+{
+    const auto html = m_services.resources.shellHTML();
+    MarkdownWebEngine* engine = html ? m_services.webEngine() : nullptr;
+    if (engine == nullptr)
+        return;
+    m_page = engine->makePage(m_coordinator, *this);
+    m_page->setUnderPageColor(palette().color(QPalette::Base));
+    m_coordinator.setPage(m_page.get());
+    m_page->load(*html, m_fileURL.adjusted(QUrl::RemoveFilename));
+    setFocusProxy(&m_page->widget());
+    m_page->widget().setGeometry(rect());
+    m_page->widget().show();
+}
+
+void MarkdownWebView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), palette().color(QPalette::Base));
+    // The first page of the program takes a while to make: the window shows before that.
+    if (!std::exchange(m_isPageWanted, true))
+        QTimer::singleShot(0, this, &MarkdownWebView::makePage);
+}
+
+void MarkdownWebView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (m_page)
+        m_page->widget().setGeometry(rect());
+}
+
+void MarkdownWebView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (m_page && event->type() == QEvent::PaletteChange)
+        m_page->setUnderPageColor(palette().color(QPalette::Base));
+}
+
+} // namespace driftbox

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "markdown/MarkdownWebViewCoordinator.h"
+
+#include <functional>
+#include <memory>
+
+#include <QtCore/QUrl>
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+class MarkdownPageView;
+struct ReaderServices;
+
+/// The rendered preview of a document. The page comes once the view is on the screen, so that the
+/// window need not wait for it; the preview stays blank without a web engine or one of the page's
+/// files.
+class MarkdownWebView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Relative paths in the document start at the folder of `fileURL`. `services` must outlive
+    /// this; `openDocument` opens a Markdown file in a reader.
+    MarkdownWebView(const QUrl& fileURL, const ReaderServices& services,
+                    std::function<void(const QUrl&)> openDocument, QWidget* parent);
+    ~MarkdownWebView() override;
+
+    /// Shows this text in this theme, "light" or "dark".
+    void update(const QString& markdown, const QString& theme);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void makePage();
+
+    QUrl m_fileURL;
+    const ReaderServices& m_services;
+    MarkdownWebViewCoordinator m_coordinator;
+    std::unique_ptr<MarkdownPageView> m_page;
+    bool m_isPageWanted = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "markdown/MarkdownReaderWindow.h"
+#include "markdown/view/ReaderServices.h"
+
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+/// The window of a document: an ordinary one, with the file's name in its title bar.
+class ReaderWindow final : public QWidget, public MarkdownReaderWindow
+{
+    Q_OBJECT
+
+public:
+    /// All must outlive the window.
+    ReaderWindow(MarkdownReaderViewModel& viewModel, const ReaderServices& services,
+                 std::function<void(const QUrl&)> openDocument);
+
+    void present() override;
+    void setShouldClose(std::function<bool()> shouldClose) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    StandardWindows& m_windows;
+    std::function<bool()> m_shouldClose;
+};
+
+/// Makes such windows.
+class ReaderWindows final : public MarkdownReaderWindows
+{
+public:
+    explicit ReaderWindows(ReaderServices services);
+
+    [[nodiscard]] std::unique_ptr<MarkdownReaderWindow>
+    makeWindow(MarkdownReaderViewModel& viewModel,
+               std::function<void(const QUrl&)> openDocument) override;
+
+private:
+    ReaderServices m_services;
+};
+
+} // namespace driftbox

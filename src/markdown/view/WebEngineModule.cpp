@@ -1,0 +1,55 @@
+#include "markdown/view/WebEngineModule.h"
+
+#include "markdown/view/MarkdownWebEngine.h"
+
+#include <utility>
+
+#include <QtCore/QLoggingCategory>
+#include <QtGui/private/qopenglcontext_p.h>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "MarkdownReader")
+
+// The engine insists on a graphics context that it may share, though it draws without one here.
+// Made by the application object as the engine's makers advise, that context would load the
+// graphics drivers at every start of the program. This one stays empty, and belongs to the toolkit
+// for good.
+void provideShareContext()
+{
+    if (qt_gl_global_share_context() == nullptr)
+        qt_gl_set_global_share_context(new QOpenGLContext);
+}
+
+} // namespace
+
+WebEngineModule::WebEngineModule(const QString& path)
+    : m_loader(path)
+{
+}
+
+WebEngineModule::~WebEngineModule() = default;
+
+MarkdownWebEngine* WebEngineModule::engine()
+{
+    if (!std::exchange(m_isTried, true))
+        load();
+    return m_engine.get();
+}
+
+void WebEngineModule::load()
+{
+    provideShareContext();
+    if (auto* plugin = qobject_cast<MarkdownWebEnginePlugin*>(m_loader.instance())) {
+        m_engine = plugin->makeEngine();
+        return;
+    }
+    qCCritical(log).noquote() << u"The web engine cannot be loaded: %1"_s.arg(
+        m_loader.errorString());
+}
+
+} // namespace driftbox

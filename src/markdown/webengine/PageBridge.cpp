@@ -1,0 +1,44 @@
+#include "markdown/webengine/PageBridge.h"
+
+#include "markdown/webengine/DocumentScheme.h"
+
+#include <QtCore/QLoggingCategory>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "MarkdownReader")
+
+QVariant withLocalAddress(const QVariant& body)
+{
+    const QUrl url(body.toString(), QUrl::StrictMode);
+    if (body.typeId() != QMetaType::QString || !url.isValid() ||
+        url.scheme() != QLatin1StringView(DocumentScheme::name))
+        return body;
+    return DocumentScheme::localFile(url).toString(QUrl::FullyEncoded);
+}
+
+} // namespace
+
+PageBridge::PageBridge(MarkdownPageDelegate& delegate, QObject* parent)
+    : QObject(parent)
+    , m_delegate(delegate)
+{
+}
+
+void PageBridge::pageFinished()
+{
+    m_delegate.didFinishNavigation();
+}
+
+void PageBridge::postMessage(const QString& name, const QVariant& body)
+{
+    if (name == u"rendered")
+        qCInfo(log).noquote() << u"Rendered after %1 ms"_s.arg(body.toInt());
+    m_delegate.didReceiveMessage(name, withLocalAddress(body));
+}
+
+} // namespace driftbox

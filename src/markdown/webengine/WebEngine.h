@@ -1,0 +1,28 @@
+#pragma once
+
+#include "markdown/view/MarkdownWebEngine.h"
+#include "markdown/webengine/DocumentSchemeHandler.h"
+#include "markdown/webengine/RequestGuard.h"
+
+#include <QtWebEngineCore/QWebEngineProfile>
+
+namespace driftbox {
+
+/// The engine with one profile for all pages, which keeps nothing on disk and reaches no network.
+class WebEngine final : public MarkdownWebEngine
+{
+public:
+    WebEngine();
+    ~WebEngine() override;
+
+    [[nodiscard]] std::unique_ptr<MarkdownPageView> makePage(MarkdownPageDelegate& delegate,
+                                                             QWidget& parent) override;
+
+private:
+    DocumentSchemeHandler m_documents;
+    RequestGuard m_guard;
+    QWebEngineProfile m_profile; ///< keeps nothing, since it has no name
+    int m_pages = 0;
+};
+
+} // namespace driftbox

@@ -1,0 +1,49 @@
+#include "markdown/webengine/WebEnginePlugin.h"
+
+#include "markdown/webengine/DocumentScheme.h"
+#include "markdown/webengine/Sandbox.h"
+#include "markdown/webengine/WebEngine.h"
+
+#include <utility>
+
+#include <QtCore/QLoggingCategory>
+#include <QtQuick/QQuickWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "MarkdownReader")
+
+constexpr auto flags = "--disable-background-networking --disable-component-update "
+                       "--no-first-run --no-pings --log-level=3";
+
+// The engine reads these once, when it starts.
+void setUpProcess()
+{
+    // A document needs no graphics card, and drivers that are not loaded take no memory and cannot
+    // take the program down.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    DocumentScheme::registerScheme();
+    const QByteArray users = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", QByteArray(flags) + ' ' + users);
+    if (!Sandbox::isPossible()) {
+        qCInfo(log).noquote()
+            << u"The web engine runs without its sandbox, which cannot work here"_s;
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    }
+}
+
+} // namespace
+
+std::unique_ptr<MarkdownWebEngine> WebEnginePlugin::makeEngine()
+{
+    static bool isSetUp = false;
+    if (!std::exchange(isSetUp, true))
+        setUpProcess();
+    return std::make_unique<WebEngine>();
+}
+
+} // namespace driftbox

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "markdown/view/MarkdownWebEngine.h"
+
+namespace driftbox {
+
+/// What the module is loaded for.
+class WebEnginePlugin final : public QObject, public MarkdownWebEnginePlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID DRIFTBOX_WEB_ENGINE_ID)
+    Q_INTERFACES(driftbox::MarkdownWebEnginePlugin)
+
+public:
+    [[nodiscard]] std::unique_ptr<MarkdownWebEngine> makeEngine() override;
+};
+
+} // namespace driftbox

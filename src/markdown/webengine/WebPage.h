@@ -1,0 +1,43 @@
+#pragma once
+
+#include "markdown/view/MarkdownWebEngine.h"
+#include "markdown/webengine/PageBridge.h"
+
+#include <QtCore/QDeadlineTimer>
+#include <QtWebChannel/QWebChannel>
+#include <QtWebEngineCore/QWebEnginePage>
+#include <QtWebEngineWidgets/QWebEngineView>
+
+namespace driftbox {
+
+class DocumentSchemeHandler;
+
+/// A page in the engine. It never leaves its address, and is loaded again when its process crashes.
+class WebPage final : public MarkdownPageView
+{
+public:
+    /// All must outlive the page. `number` tells it from the profile's other pages.
+    WebPage(QWebEngineProfile& profile, DocumentSchemeHandler& documents, int number,
+            MarkdownPageDelegate& delegate, QWidget& parent);
+    ~WebPage() override;
+
+    [[nodiscard]] QWidget& widget() override { return *m_view; }
+    void setUnderPageColor(const QColor& color) override;
+    void load(const QString& html, const QUrl& baseURL) override;
+    void renderMarkdown(const QString& text, const QString& theme) override;
+
+private:
+    void recover(QWebEnginePage::RenderProcessTerminationStatus status);
+
+    DocumentSchemeHandler& m_documents;
+    int m_number;
+    QUrl m_address;
+    PageBridge m_bridge;
+    QWebChannel m_channel;
+    std::unique_ptr<QWebEngineView> m_view;
+    QWebEnginePage* m_page; ///< the view's
+    int m_crashes = 0;
+    QDeadlineTimer m_crashPeriod;
+};
+
+} // namespace driftbox

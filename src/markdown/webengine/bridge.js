@@ -1,0 +1,22 @@
+// Joins the page and the program. Runs before anything of the page.
+"use strict";
+
+(() => {
+    let post = () => {};
+
+    // What the page may tell the program, by the name of the message.
+    const handler = (name) => ({ postMessage: (body) => post(name, body) });
+    window.messageHandlers = Object.freeze({
+        openExternal: handler("openExternal"),
+        rendered: handler("rendered"),
+    });
+
+    document.addEventListener("DOMContentLoaded", () => {
+        new QWebChannel(qt.webChannelTransport, (channel) => {
+            const program = channel.objects.program;
+            post = (name, body) => program.postMessage(name, body);
+            program.renderRequested.connect((text, theme) => window.renderMarkdown(text, theme));
+            program.pageFinished();
+        });
+    });
+})();

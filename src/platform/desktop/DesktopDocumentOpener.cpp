@@ -1,0 +1,50 @@
+#include "platform/desktop/DesktopDocumentOpener.h"
+
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <QtGui/QDesktopServices>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+// A file manager may have to be started first.
+constexpr int answerTimeoutMs = 10'000;
+
+void openFolderOf(const QUrl& file)
+{
+    QDesktopServices::openUrl(file.adjusted(QUrl::RemoveFilename));
+}
+
+} // namespace
+
+DesktopDocumentOpener::DesktopDocumentOpener(const QDBusConnection& sessionBus)
+    : m_bus(sessionBus)
+{
+}
+
+void DesktopDocumentOpener::open(const QUrl& url)
+{
+    QDesktopServices::openUrl(url);
+}
+
+void DesktopDocumentOpener::reveal(const QUrl& file)
+{
+    auto call = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
+                                               u"/org/freedesktop/FileManager1"_s,
+                                               u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
+    const QString startupId; // the desktop has given this action none
+    call << QStringList(file.toString(QUrl::FullyEncoded)) << startupId;
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, answerTimeoutMs));
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
+                     [file](QDBusPendingCallWatcher* finished) {
+                         finished->deleteLater();
+                         if (finished->isError())
+                             openFolderOf(file);
+                     });
+}
+
+} // namespace driftbox

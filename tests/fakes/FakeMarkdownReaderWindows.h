@@ -1,0 +1,69 @@
+#pragma once
+
+#include "markdown/MarkdownReaderWindow.h"
+
+#include <vector>
+
+namespace driftbox {
+
+class FakeMarkdownReaderWindows;
+
+/// A window that counts how often it is presented and closes when a test says so.
+class FakeMarkdownReaderWindow final : public MarkdownReaderWindow
+{
+public:
+    explicit FakeMarkdownReaderWindow(FakeMarkdownReaderWindows& all);
+    ~FakeMarkdownReaderWindow() override;
+
+    void present() override { ++presented; }
+    void setShouldClose(std::function<bool()> ask) override { shouldClose = std::move(ask); }
+
+    int presented = 0;
+    std::function<bool()> shouldClose;
+    std::function<void(const QUrl&)> openDocument;
+
+private:
+    FakeMarkdownReaderWindows& m_all;
+};
+
+/// Makes such windows and knows the living ones, in the order in which they were made.
+class FakeMarkdownReaderWindows final : public MarkdownReaderWindows
+{
+public:
+    [[nodiscard]] std::unique_ptr<MarkdownReaderWindow>
+    makeWindow(MarkdownReaderViewModel&, std::function<void(const QUrl&)> openDocument) override
+    {
+        auto window = std::make_unique<FakeMarkdownReaderWindow>(*this);
+        window->openDocument = std::move(openDocument);
+        return window;
+    }
+
+    std::vector<FakeMarkdownReaderWindow*> windows;
+};
+
+inline FakeMarkdownReaderWindow::FakeMarkdownReaderWindow(FakeMarkdownReaderWindows& all)
+    : m_all(all)
+{
+    all.windows.push_back(this);
+}
+
+inline FakeMarkdownReaderWindow::~FakeMarkdownReaderWindow()
+{
+    std::erase(m_all.windows, this);
+}
+
+/// A panel in which a test chooses.
+class FakeMarkdownOpenPanel final : public MarkdownOpenPanel
+{
+public:
+    void run(std::function<void(const QUrl&)> callback) override
+    {
+        ++runs;
+        chosen = std::move(callback);
+    }
+
+    int runs = 0;
+    std::function<void(const QUrl&)> chosen;
+};
+
+} // namespace driftbox

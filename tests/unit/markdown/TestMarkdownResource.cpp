@@ -1,0 +1,120 @@
+#include "markdown/MarkdownResource.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+class TestMarkdownResource : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir(m_folder->path()).mkdir(u"MarkdownReader"_s));
+    }
+
+    void theOwnFolderComesBeforeTheTopLevel()
+    {
+        write(u"theme.css"_s, "top");
+        QCOMPARE(resource().bundledString(u"theme.css"_s), u"top"_s);
+        write(u"MarkdownReader/theme.css"_s, "own");
+        QCOMPARE(resource().bundledString(u"theme.css"_s), u"own"_s);
+    }
+
+    void whatIsMissingOrNoUtf8IsNothing()
+    {
+        QVERIFY(!resource().bundledString(u"theme.css"_s));
+        write(u"MarkdownReader/theme.css"_s, "\xE9");
+        QVERIFY(!resource().bundledString(u"theme.css"_s));
+    }
+
+    void everyPlaceholderIsFilledEverywhere()
+    {
+        writeAll();
+        write(u"MarkdownReader/reader.html"_s,
+              "<__THEME_CSS__|__MARKDOWN_IT_JS__|__HIGHLIGHT_JS__|__MERMAID_JS__|__THEME_CSS__|"
+              "__theme_css__>");
+        QCOMPARE(resource().shellHTML(), u"<css|md|hl|mm|css|__theme_css__>"_s);
+    }
+
+    void laterStepsWorkOnTheResultOfEarlierOnes()
+    {
+        writeAll();
+        write(u"MarkdownReader/reader.html"_s, "__MERMAID_JS__ __MARKDOWN_IT_JS__");
+        write(u"MarkdownReader/markdown-it.min.js"_s, "a __MERMAID_JS__");
+        write(u"MarkdownReader/mermaid.min.js"_s, "b __THEME_CSS__");
+        QCOMPARE(resource().shellHTML(), u"b __THEME_CSS__ a b __THEME_CSS__"_s);
+    }
+
+    void scriptsCannotCloseTheirElement()
+    {
+        writeAll();
+        write(u"MarkdownReader/reader.html"_s,
+              "__THEME_CSS__ __MARKDOWN_IT_JS__ __HIGHLIGHT_JS__ __MERMAID_JS__");
+        write(u"MarkdownReader/theme.css"_s, "</script>");
+        write(u"MarkdownReader/markdown-it.min.js"_s, "'</script>'");
+        write(u"MarkdownReader/highlight.min.js"_s, "'</SCRIPT>'");
+        write(u"MarkdownReader/mermaid.min.js"_s, "'</ScRiPt' </div>");
+        QCOMPARE(resource().shellHTML(),
+                 u"</script> '<\\/script>' '<\\/script>' '<\\/script' </div>"_s);
+    }
+
+    void withoutOneOfTheFilesThereIsNoPage_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const QString& name : names())
+            QTest::newRow(qPrintable(name)) << name;
+    }
+
+    void withoutOneOfTheFilesThereIsNoPage()
+    {
+        QFETCH(QString, name);
+        writeAll();
+        QVERIFY(resource().shellHTML());
+        QVERIFY(QFile::remove(m_folder->filePath(u"MarkdownReader/"_s + name)));
+        QVERIFY(!resource().shellHTML());
+    }
+
+    void thePageIsMadeAnewEveryTime()
+    {
+        writeAll();
+        const MarkdownResource resources = resource();
+        QCOMPARE(resources.shellHTML(), u"page"_s);
+        write(u"MarkdownReader/reader.html"_s, "another");
+        QCOMPARE(resources.shellHTML(), u"another"_s);
+    }
+
+private:
+    static QStringList names()
+    {
+        return {u"reader.html"_s, u"theme.css"_s, u"markdown-it.min.js"_s, u"highlight.min.js"_s,
+                u"mermaid.min.js"_s};
+    }
+
+    void writeAll()
+    {
+        const QList<QByteArray> texts{"page", "css", "md", "hl", "mm"};
+        for (qsizetype i = 0; i < texts.size(); ++i)
+            write(u"MarkdownReader/"_s + names()[i], texts[i]);
+    }
+
+    void write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(m_folder->filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
+    [[nodiscard]] MarkdownResource resource() const { return MarkdownResource(m_folder->path()); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestMarkdownResource)
+#include "TestMarkdownResource.moc"

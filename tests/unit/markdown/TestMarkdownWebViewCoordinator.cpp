@@ -1,0 +1,175 @@
+#include "markdown/MarkdownWebViewCoordinator.h"
+
+#include "fakes/FakeDocumentOpener.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Keeps what it was told to render.
+class RecordingPage final : public MarkdownPage
+{
+public:
+    void load(const QString&, const QUrl&) override {}
+    void renderMarkdown(const QString& text, const QString& theme) override
+    {
+        renders << text + u'|' + theme;
+    }
+
+    QStringList renders;
+};
+
+} // namespace
+
+class TestMarkdownWebViewCoordinator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_opener = std::make_unique<FakeDocumentOpener>();
+        m_page = std::make_unique<RecordingPage>();
+        m_documents.clear();
+        m_coordinator = std::make_unique<MarkdownWebViewCoordinator>(
+            *m_opener, [this](const QUrl& url) { m_documents << url; });
+        m_coordinator->setPage(m_page.get());
+    }
+
+    void atFirstNothingIsPending()
+    {
+        QVERIFY(!m_coordinator->isReady());
+        QCOMPARE(m_coordinator->pendingMarkdown(), QString());
+        QCOMPARE(m_coordinator->pendingTheme(), u"light"_s);
+    }
+
+    void beforeThePageIsReadyTheLastPushWins()
+    {
+        m_coordinator->push(u"a"_s, u"light"_s);
+        m_coordinator->push(u"b"_s, u"dark"_s);
+        turn();
+        QCOMPARE(m_page->renders, QStringList());
+        m_coordinator->didFinishNavigation();
+        QVERIFY(m_coordinator->isReady());
+        QCOMPARE(m_page->renders, QStringList()); // on the next turn
+        turn();
+        QCOMPARE(m_page->renders, {u"b|dark"_s});
+    }
+
+    void afterwardsEveryPushRendersInOrder()
+    {
+        m_coordinator->didFinishNavigation();
+        m_coordinator->push(u"a"_s, u"light"_s);
+        m_coordinator->push(u"a"_s, u"dark"_s);
+        turn();
+        QCOMPARE(m_page->renders, QStringList({u"|light"_s, u"a|light"_s, u"a|dark"_s}));
+    }
+
+    void aReloadRendersAgain()
+    {
+        m_coordinator->push(u"a"_s, u"dark"_s);
+        m_coordinator->didFinishNavigation();
+        m_coordinator->didFinishNavigation();
+        turn();
+        QCOMPARE(m_page->renders, QStringList({u"a|dark"_s, u"a|dark"_s}));
+    }
+
+    void aPageThatIsGoneIsNotCalled()
+    {
+        m_coordinator->didFinishNavigation();
+        m_coordinator->setPage(nullptr);
+        turn();
+        QCOMPARE(m_page->renders, QStringList());
+    }
+
+    void linksOfTheWebGoToTheirPrograms()
+    {
+        const QStringList links{u"https://example.org/a?b=c#d"_s, u"http://example.org"_s,
+                                u"mailto:ada@example.org"_s};
+        for (const QString& link : links)
+            m_coordinator->didReceiveMessage(u"openExternal"_s, link);
+        QCOMPARE(QUrl::toStringList(m_opener->opened), links);
+    }
+
+    void markdownFilesOpenInAReader()
+    {
+        m_coordinator->didReceiveMessage(u"openExternal"_s,
+                                         u"file:///x/other%20file.MD?raw#part"_s);
+        QCOMPARE(m_documents, {QUrl::fromLocalFile(u"/x/other file.MD"_s)});
+        QVERIFY(m_opener->opened.isEmpty());
+    }
+
+    void otherFilesOpenInTheirPrograms()
+    {
+        m_coordinator->didReceiveMessage(u"openExternal"_s, u"file:///x/sheet.pdf#page=2"_s);
+        QCOMPARE(m_opener->opened, {QUrl::fromLocalFile(u"/x/sheet.pdf"_s)});
+    }
+
+    void programsAreOnlyShown_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("executable");
+        QTest::newRow("program") << u"run.sh"_s << true;
+        QTest::newRow("desktop entry") << u"evil.desktop"_s << false;
+        QTest::newRow("desktop entry in capitals") << u"evil.Desktop"_s << false;
+    }
+
+    void programsAreOnlyShown()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, executable);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        if (executable)
+            QVERIFY(file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeUser));
+        const QUrl url = QUrl::fromLocalFile(file.fileName());
+        m_coordinator->didReceiveMessage(u"openExternal"_s, url.toString());
+        QVERIFY(m_opener->opened.isEmpty());
+        QCOMPARE(m_opener->revealed, {url});
+    }
+
+    void allElseIsIgnored_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("body");
+        const QString open = u"openExternal"_s;
+        QTest::newRow("another message") << u"openInternal"_s << QVariant(u"https://a.org"_s);
+        QTest::newRow("a number") << open << QVariant(1);
+        QTest::newRow("nothing") << open << QVariant();
+        QTest::newRow("a list") << open << QVariant(QStringList{u"https://a.org"_s});
+        QTest::newRow("no address") << open << QVariant(u"http://[bad"_s);
+        QTest::newRow("empty") << open << QVariant(QString());
+        QTest::newRow("a script") << open << QVariant(u"javascript:alert(1)"_s);
+        QTest::newRow("data") << open << QVariant(u"data:text/html,x"_s);
+        QTest::newRow("an unknown scheme") << open << QVariant(u"steam://run/1"_s);
+        QTest::newRow("a relative path") << open << QVariant(u"other.md"_s);
+        QTest::newRow("a file elsewhere") << open << QVariant(u"file://server/share/a.md"_s);
+    }
+
+    void allElseIsIgnored()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVariant, body);
+        m_coordinator->didReceiveMessage(name, body);
+        QVERIFY(m_opener->opened.isEmpty());
+        QVERIFY(m_opener->revealed.isEmpty());
+        QVERIFY(m_documents.isEmpty());
+    }
+
+private:
+    static void turn() { QCoreApplication::processEvents(); }
+
+    std::unique_ptr<FakeDocumentOpener> m_opener;
+    std::unique_ptr<RecordingPage> m_page;
+    QList<QUrl> m_documents;
+    std::unique_ptr<MarkdownWebViewCoordinator> m_coordinator;
+};
+
+QTEST_GUILESS_MAIN(TestMarkdownWebViewCoordinator)
+#include "TestMarkdownWebViewCoordinator.moc"

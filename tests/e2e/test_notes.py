@@ -171,6 +171,13 @@ def test_what_a_note_copies_can_be_pasted_and_is_no_history(desktop, notes):
         notes.program.wait_for_texts(["later"])
 
 
+def test_what_the_user_copies_in_a_note_enters_the_history(desktop, notes):
+    notes.make("from a note")
+    for key in "ac":
+        desktop.keyboard.tap(key, ["Control_L"])
+    notes.program.wait_for_texts(["from a note"])
+
+
 def test_copy_and_paste_within_a_note(desktop, notes):
     note = notes.make("word ")
     for key in "acvv":
@@ -204,56 +211,3 @@ def test_closing_by_the_window_manager_is_closing(desktop, notes):
     note.wait_until_closed()
     assert notes.texts() == ["kept"]
     notes.reopen().wait_for_text("kept")
-
-
-# Bad luck
-
-
-def test_a_note_whose_screen_is_gone_comes_back(desktop, stopped_program):
-    notes = Notes(stopped_program)
-    frame = {"x": 5000, "y": 400, "width": 260, "height": 180}
-    notes.write_manifest(json.dumps([saved_note(frame=frame)]))
-    stopped_program.start()
-    note = notes.reopen()
-    note.wait_for_geometry(Geometry(1160, 40, 240, 200))
-    assert notes.manifest()[0]["frame"] == frame
-
-
-@pytest.mark.parametrize("frame", [
-    {"x": 100, "y": 100, "width": 1, "height": 1},
-    {"x": 300, "y": 300, "width": -50, "height": -50},
-    {"x": -1e300, "y": -1e300, "width": 2e300, "height": 2e300},
-    {"x": 100, "y": -30000000, "width": 300, "height": 30000500},
-])
-def test_a_strange_frame_makes_a_window_all_the_same(desktop, stopped_program, frame):
-    notes = Notes(stopped_program)
-    notes.write_manifest(json.dumps([saved_note(frame=frame, zoom=1e300)]))
-    stopped_program.start()
-    note = notes.reopen()
-    place = note.geometry()
-    assert 160 <= place.width <= 1600 and 120 <= place.height <= 2000
-    desktop.keyboard.type("!")
-    notes.wait_for_texts(["text!"])
-
-
-def test_a_manifest_with_one_bad_note_starts_empty_and_is_kept_aside(desktop, stopped_program):
-    notes = Notes(stopped_program)
-    bad = json.dumps([saved_note(1), saved_note(2, color="purple")])
-    notes.write_manifest(bad)
-    stopped_program.expect_complaint("^Notes manifest corrupt, starting empty: ")
-    stopped_program.start()
-    stopped_program.wait_for_log("^Notes manifest corrupt, starting empty: ")
-    notes.make_saved("new")
-    assert (notes.root / "manifest.corrupt.json").read_text(encoding="utf-8") == bad
-
-
-def test_killed_while_typing_at_most_the_last_key_is_missing(desktop, notes):
-    notes.make_saved("a")
-    for length in range(2, 12):
-        notes.wait_for_texts(["a" * (length - 1)])
-        desktop.keyboard.type("a")
-    notes.program.kill()
-    [text] = notes.texts()
-    assert text in ("a" * 10, "a" * 11)
-    notes.program.start()
-    notes.reopen().wait_for_text(text)

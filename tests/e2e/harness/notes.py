@@ -2,6 +2,7 @@
 
 import json
 
+from . import screenshot
 from .waiting import wait_for, wait_for_equal
 from .windows import Geometry
 
@@ -166,6 +167,12 @@ class Note:
 
     def wait_for_text(self, expected):
         wait_for_equal(self.text, expected, "the note's text")
+
+    def picture(self):
+        """The paper as it is seen."""
+        place = self.geometry()
+        return screenshot.take(self._desktop.display).crop(
+            (place.x, place.y, place.x + place.width, place.y + place.height))
 
     # What can be done with it
 

@@ -2,13 +2,14 @@
 
 import pytest
 
-from harness.apps import FeatherPad, GtkEditor, XTerm
-from harness.desktop import LEFT_OF_PRIMARY
+from harness.apps import FeatherPad, Firefox, GtkEditor, XTerm
+from harness.desktop import LEFT_OF_PRIMARY, Monitor
 from harness.program import entry
 from harness.waiting import wait_for, wait_for_equal
 
 WIDTH, HEIGHT = 552, 648
 GAP = 6
+LARGE = (Monitor("left", 0, 0, 1600, 1500), Monitor("right", 1600, 0, 1600, 1500, primary=True))
 UNDER_COMPOSITOR = pytest.param(True, marks=pytest.mark.desktop(compositor=True), id="composited")
 PLAIN = pytest.param(False, id="plain")
 
@@ -46,6 +47,15 @@ def test_the_panel_opens_below_the_caret_of_a_qt_editor(desktop, history):
     assert_at_caret(history.panel, caret)
 
 
+def test_the_panel_opens_below_the_caret_of_a_page(desktop, history):
+    browser = Firefox(desktop)
+    move_to_top(desktop, browser)
+    desktop.keyboard.type("words")
+    wait_for(lambda: browser.text() == "words", "the typing")
+    history.panel.open()  # the first question that the browser hears for the place of a character
+    assert_at_caret(history.panel, browser.caret())
+
+
 def test_the_panel_goes_above_a_caret_near_the_bottom(desktop, history):
     editor = GtkEditor(desktop, "words")
     move(desktop, editor, 100, desktop.primary.height - 160)
@@ -80,6 +90,27 @@ def test_the_panel_opens_at_a_caret_left_of_the_primary_screen(desktop, history)
     assert desktop.monitor_at(*caret.center).name == "left"
     history.panel.open()
     assert_at_caret(history.panel, caret)
+
+
+@pytest.mark.desktop(monitors=LARGE)
+@pytest.mark.parametrize("scales", [(1, 2), (2, 1)])
+@pytest.mark.parametrize("index", [0, 1])
+def test_screens_of_different_scale(desktop, stopped_program, scales, index):
+    """Only this program is told of the scales: the caret's place is in pixels either way."""
+    factors = ";".join(f"{monitor.name}={scale}"
+                       for monitor, scale in zip(desktop.monitors, scales))
+    desktop.environment["QT_SCREEN_SCALE_FACTORS"] = factors
+    stopped_program.write_manifest_of([entry(1, "alpha")])
+    program = stopped_program.start()
+    editor = GtkEditor(desktop, "words")
+    monitor, scale = desktop.monitors[index], scales[index]
+    move(desktop, editor, monitor.x + 100, 20)
+    caret = editor.caret()
+    program.panel.open()
+    geometry = program.panel.geometry()
+    assert (geometry.width, geometry.height) == (WIDTH * scale, HEIGHT * scale)
+    assert abs(geometry.x - caret.x) <= scale
+    assert abs(geometry.y - (caret.y + caret.height + GAP * scale)) <= scale
 
 
 @pytest.mark.desktop(monitors=LEFT_OF_PRIMARY)

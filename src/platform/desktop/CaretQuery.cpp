@@ -41,7 +41,8 @@ CaretQuery::CaretQuery(const QDBusConnection& bus, const AccessibleReference& el
 void CaretQuery::askForContext()
 {
     if (!m_states.focused || !m_caretOffset || *m_caretOffset < 0) {
-        Q_EMIT finished({.focused = m_states.focused, .rectangle = {}, .window = {}});
+        Q_EMIT finished(
+            {.focused = m_states.focused, .hasCaret = false, .rectangle = {}, .window = {}});
         return;
     }
     m_next = &CaretQuery::askAboutCharacters;
@@ -86,8 +87,10 @@ void CaretQuery::askAboutCharacters()
 
 void CaretQuery::conclude()
 {
-    Result result{
-        .focused = true, .rectangle = CaretGeometry::caretRectangle(m_text), .window = {}};
+    Result result{.focused = true,
+                  .hasCaret = true,
+                  .rectangle = CaretGeometry::caretRectangle(m_text),
+                  .window = {}};
     if (m_deviceFrame && m_reportedFrame)
         result.window = {*m_reportedFrame, *m_deviceFrame};
     Q_EMIT finished(result);

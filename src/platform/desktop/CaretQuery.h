@@ -22,7 +22,8 @@ class CaretQuery final : public QObject
 public:
     struct Result
     {
-        bool focused = false; ///< whether the element still has the keyboard focus
+        bool focused = false;  ///< whether the element still has the keyboard focus
+        bool hasCaret = false; ///< whether there is one, wherever
         /// In the application's own coordinates; none when it has no text or cannot tell.
         std::optional<QRectF> rectangle;
         std::optional<CaretGeometry::Window> window;

@@ -13,6 +13,11 @@ namespace driftbox {
 namespace {
 // Somewhat less than what is promised, since a timer is never early.
 constexpr std::chrono::milliseconds deadline{140};
+
+// A browser has to ask its page for the places of characters. It does so when it is asked for them,
+// and meanwhile answers that they are nowhere.
+constexpr std::chrono::milliseconds patience{15};
+constexpr int mostQueries = 5;
 } // namespace
 
 CaretRequest::CaretRequest(const QDBusConnection& bus, FocusTracker& focus,
@@ -31,26 +36,30 @@ CaretRequest::CaretRequest(const QDBusConnection& bus, FocusTracker& focus,
 
 void CaretRequest::query(const AccessibleReference& element)
 {
-    auto* query = new CaretQuery(m_bus, element, m_activeWindow, this);
-    connect(query, &CaretQuery::finished, this, [this](const CaretQuery::Result& result) {
-        if (result.rectangle)
-            finish(result);
-        else if (result.focused || m_searched)
-            finish(std::nullopt);
-        else
-            search();
-    });
+    auto* question = new CaretQuery(m_bus, element, m_activeWindow, this);
+    connect(question, &CaretQuery::finished, this,
+            [this, element](const CaretQuery::Result& result) {
+                if (result.rectangle)
+                    finish(result);
+                else if (result.hasCaret && ++m_queries < mostQueries)
+                    QTimer::singleShot(patience, this, [this, element] { query(element); });
+                else if (result.focused || m_searched)
+                    finish(std::nullopt);
+                else
+                    search();
+            });
 }
 
 void CaretRequest::search()
 {
     m_searched = true;
+    m_focus.forget();
     auto* search = new FocusSearch(m_bus, this);
     connect(search, &FocusSearch::finished, this,
             [this](const std::optional<AccessibleReference>& focused) {
                 m_focus.noteFound(focused);
-                if (focused)
-                    query(*focused);
+                if (m_focus.focused())
+                    query(*m_focus.focused());
                 else
                     finish(std::nullopt);
             });

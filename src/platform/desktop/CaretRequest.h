@@ -35,6 +35,7 @@ private:
     FocusTracker& m_focus;
     ActiveWindow& m_activeWindow;
     bool m_searched = false;
+    int m_queries = 0; ///< without an answer that helps
     bool m_finished = false;
 };
 

@@ -26,8 +26,15 @@ public:
 
     [[nodiscard]] const std::optional<AccessibleReference>& focused() const { return m_focused; }
 
-    /// What a search has found out. Changes that applications tell later count for more.
-    void noteFound(const std::optional<AccessibleReference>& focused) { m_focused = focused; }
+    /// What was known has turned out to be wrong.
+    void forget() { m_focused.reset(); }
+
+    /// What a search has found out; what applications have told meanwhile counts for more.
+    void noteFound(const std::optional<AccessibleReference>& focused)
+    {
+        if (!m_focused)
+            m_focused = focused;
+    }
 
 private Q_SLOTS:
     void noteFocusChange(const QDBusMessage& signal); ///< by name: what the bus library calls

@@ -7,6 +7,15 @@ from .waiting import wait_for
 
 _APPLICATIONS = Path(__file__).parent / "applications"
 
+# Nothing that asks, greets or calls home.
+_FIREFOX_SETTINGS = """
+user_pref("datareporting.policy.dataSubmissionEnabled", false);
+user_pref("browser.aboutwelcome.enabled", false);
+user_pref("browser.shell.checkDefaultBrowser", false);
+user_pref("app.normandy.enabled", false);
+user_pref("network.captive-portal-service.enabled", false);
+"""
+
 
 class Application:
     """A running application with one main window that had the keyboard when this was made."""
@@ -140,13 +149,13 @@ class XTerm(Application):
 class Browser(Application):
     """Chromium with a page that is one text field; the window's title shows what it holds."""
 
-    _PAGE = """<!DOCTYPE html><title>Holds: </title><body style="margin:40px">
-<textarea autofocus rows=8 cols=60 style="font-size:16px"
+    PAGE = """<!DOCTYPE html><title>Holds: </title><body style="margin:40px">
+<textarea autofocus aria-label=Field rows=8 cols=60 style="font-size:16px"
  oninput="document.title = 'Holds: ' + this.value"></textarea>"""
 
     def __init__(self, desktop):
         page = desktop.folder / "page.html"
-        page.write_text(self._PAGE, encoding="utf-8")
+        page.write_text(self.PAGE, encoding="utf-8")
         process = desktop.processes.start(
             "chromium", "--no-sandbox", "--no-first-run", "--disable-gpu", "--password-store=basic",
             "--disable-background-networking", "--disable-sync", "--disable-default-apps",
@@ -158,3 +167,26 @@ class Browser(Application):
     def text(self):
         title = self.desktop.windows.title(self.window)
         return title.removeprefix("Holds:").removeprefix(" ")
+
+
+class Firefox(Application):
+    """Firefox with a page that is one text field."""
+
+    def __init__(self, desktop):
+        profile = desktop.folder / "firefox"
+        profile.mkdir()
+        (profile / "user.js").write_text(_FIREFOX_SETTINGS, encoding="ascii")
+        page = desktop.folder / "page.html"
+        page.write_text(Browser.PAGE, encoding="utf-8")
+        process = desktop.processes.start(
+            "firefox-esr", "--no-remote", "--profile", profile, f"file://{page}", name="firefox")
+        super().__init__(desktop, process, "Holds:")
+        self.focus()
+
+    def caret(self):
+        field = self.desktop.tree.application(self.process.pid).find(role="entry", name="Field")
+        return wait_for(field.caret, "the place of the caret")
+
+    def text(self):
+        title = self.desktop.windows.title(self.window)
+        return title.removeprefix("Holds: ").rpartition(" — ")[0]

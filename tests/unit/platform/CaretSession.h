@@ -64,6 +64,14 @@ public:
         return bus.property("IsEnabled").toBool();
     }
 
+    /// Where applications and assistive technology meet.
+    [[nodiscard]] QString accessibilityAddress() const
+    {
+        QDBusInterface bus(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+                           QStringLiteral("org.a11y.Bus"), m_session);
+        return QDBusReply<QString>(bus.call(QStringLiteral("GetAddress"))).value();
+    }
+
     /// The process that offers the accessibility bus.
     [[nodiscard]] pid_t launcher() const
     {

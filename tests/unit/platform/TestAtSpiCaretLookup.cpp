@@ -1,4 +1,5 @@
 #include "CaretSession.h"
+#include "SlowEditor.h"
 #include "support/OtherProgram.h"
 #include "support/SessionBus.h"
 #include "support/VirtualDesktop.h"
@@ -210,6 +211,20 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
         typeText(u"text"_s);
         QTRY_CARET_NEAR(*m_session, scaled(editor.caretAt(4, 4), theirs / ours), 10);
+    }
+
+    void aProgramThatHasToThinkIsAskedAgain()
+    {
+        SlowEditor editor(m_session->accessibilityAddress());
+        const auto isFound = [&] {
+            editor.takeFocus(); // again, for whoever did not listen yet
+            return isNear(m_session->caret(), SlowEditor::place, 0);
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isFound(), timeoutMs);
+        editor.forgetPlaces(3);
+        QVERIFY(isNear(m_session->caret(), SlowEditor::place, 0));
+        editor.forgetPlaces(1000);
+        QCOMPARE(m_session->caret(), std::nullopt);
     }
 
     void aWindowThatTellsNothingHasNoCaret_data() { theCaretIsFoundWhereItIs_data(); }

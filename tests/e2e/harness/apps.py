@@ -182,9 +182,10 @@ class Firefox(Application):
             "firefox-esr", "--no-remote", "--profile", profile, f"file://{page}", name="firefox")
         super().__init__(desktop, process, "Holds:")
         self.focus()
+        self._tree = desktop.tree.application(process.pid, timeout=30)
 
     def caret(self):
-        field = self.desktop.tree.application(self.process.pid).find(role="entry", name="Field")
+        field = self._tree.find(role="entry", name="Field")
         return wait_for(field.caret, "the place of the caret")
 
     def text(self):

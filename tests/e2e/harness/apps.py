@@ -126,8 +126,11 @@ class PictureViewer(Application):
 
     def copy(self):
         """Chooses the command from the menu: it is the second there that goes by C."""
+        windows = self.desktop.windows
         self.desktop.keyboard.tap("e", ["Alt_L"])
+        wait_for(windows.menus, "the menu")
         self.desktop.keyboard.type("cc\n")
+        wait_for(lambda: not windows.menus(), "the menu to be gone")
 
 
 class XTerm(Application):

@@ -78,6 +78,13 @@ class Windows:
         return [window.id for window in self._all(self._root, 4)
                 if title in self.title(window.id) and self.is_viewable(window.id)]
 
+    def menus(self):
+        """The menus that are open, as ids."""
+        types = {self._atom(f"_NET_WM_WINDOW_TYPE_{kind}_MENU") for kind in ("DROPDOWN", "POPUP")}
+        return [window.id for window in self._all(self._root, 1)
+                if self._cardinal(window, "_NET_WM_WINDOW_TYPE") in types
+                and self.is_viewable(window.id)]
+
     def is_viewable(self, window_id):
         try:
             attributes = self._object(window_id).get_attributes()

@@ -15,6 +15,7 @@ class PageOpener;
 class PasteKeystroke;
 class Pasteboard;
 class Screens;
+class SelectedText;
 class StatusArea;
 class StandardWindows;
 class TaskRunner;
@@ -35,6 +36,7 @@ struct Desktop
     Screens& screens;
     CaretLookup& caretLookup;
     Pasteboard& pasteboard;
+    SelectedText& selectedText;
     KeyEventMonitor& keyboard;
     Workspace& workspace;
     PasteKeystroke& pasteKeystroke;

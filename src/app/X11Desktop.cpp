@@ -23,6 +23,7 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11SelectedText.h"
 #include "platform/x11/X11StandardWindows.h"
 #include "platform/x11/X11SystemTray.h"
 #include "platform/x11/X11Workspace.h"
@@ -62,6 +63,7 @@ struct X11Desktop::BackEnds
     X11ActiveWindow activeWindow{*connection};
     AtSpiCaretLookup caretLookup{QDBusConnection::sessionBus(), tasks, activeWindow, screens};
     X11Pasteboard pasteboard{*connection, clock, tasks};
+    X11SelectedText selectedText{*connection, clock, tasks};
     X11PrimarySelection primarySelection{*connection, clock, pasteboard};
     X11Keyboard keyboard{*connection};
     X11KeyEventMonitor keyEvents{*connection, keyboard};
@@ -100,17 +102,12 @@ X11Desktop::~X11Desktop()
 Desktop X11Desktop::services()
 {
     BackEnds& own = *m_backEnds;
-    return {own.fileSystem,     own.clock,
-            own.userDefaults,   own.tasks,
-            own.appearance,     own.loginItem,
-            own.localKeys,      own.screens,
-            own.caretLookup,    own.pasteboard,
-            own.keyEvents,      own.workspace,
-            own.pasteKeystroke, own.floatingSurfaces,
-            own.textRecognizer, own.recognitions,
-            own.pages,          own.statusNotifiers,
-            own.systemTray,     own.standardWindows,
-            own.documentOpener};
+    return {own.fileSystem,      own.clock,          own.userDefaults,     own.tasks,
+            own.appearance,      own.loginItem,      own.localKeys,        own.screens,
+            own.caretLookup,     own.pasteboard,     own.selectedText,     own.keyEvents,
+            own.workspace,       own.pasteKeystroke, own.floatingSurfaces, own.textRecognizer,
+            own.recognitions,    own.pages,          own.statusNotifiers,  own.systemTray,
+            own.standardWindows, own.documentOpener};
 }
 
 } // namespace driftbox

@@ -59,10 +59,11 @@ QString reasonFor(Outcome outcome)
 } // namespace
 
 SelectionReader::SelectionReader(const Services& services, xcb_atom_t selection,
-                                 xcb_timestamp_t time)
+                                 xcb_timestamp_t time, Wanted wanted)
     : m_services(services)
     , m_selection(selection)
     , m_time(time)
+    , m_wanted(wanted)
 {
     request(services.connection.atom("TARGETS"), targetsLimit, &SelectionReader::targetsArrived);
 }
@@ -107,6 +108,10 @@ void SelectionReader::targetsArrived(const SelectionTransfer::Result& result)
 
 void SelectionReader::plan(const TargetChoice& choice)
 {
+    if (m_wanted == Wanted::text) {
+        m_steps = {{Format::text, choice.text}};
+        return;
+    }
     m_steps = {
         {Format::image, choice.image}, {Format::text, choice.text}, {Format::rtf, choice.rtf}};
     m_opaque = choice.opaque;

@@ -31,8 +31,11 @@ public:
         RequestorWindows& windows;
     };
 
+    enum class Wanted : std::uint8_t { everything, text };
+
     /// Reads `selection` as of `time`.
-    SelectionReader(const Services& services, xcb_atom_t selection, xcb_timestamp_t time);
+    SelectionReader(const Services& services, xcb_atom_t selection, xcb_timestamp_t time,
+                    Wanted wanted = Wanted::everything);
     ~SelectionReader() override;
 
     [[nodiscard]] bool isFinished() const { return m_isFinished; }
@@ -71,6 +74,7 @@ private:
     const Services m_services;
     const xcb_atom_t m_selection;
     const xcb_timestamp_t m_time;
+    const Wanted m_wanted;
     std::unique_ptr<SelectionTransfer> m_transfer;
     std::deque<Step> m_steps;
     QByteArrayList m_opaque; ///< to be asked for after the content

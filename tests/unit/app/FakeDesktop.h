@@ -14,6 +14,7 @@
 #include "fakes/FakePasteKeystroke.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeScreens.h"
+#include "fakes/FakeSelectedText.h"
 #include "fakes/FakeStandardWindows.h"
 #include "fakes/FakeStatusArea.h"
 #include "fakes/FakeTaskRunner.h"
@@ -63,6 +64,7 @@ struct FakeDesktop
     FakeScreens screens;
     FakeCaretLookup caretLookup;
     FakePasteboard pasteboard;
+    FakeSelectedText selectedText;
     FakeKeyEventMonitor keyboard;
     FakeWorkspace workspace;
     FakePasteKeystroke pasteKeystroke;
@@ -77,17 +79,11 @@ struct FakeDesktop
 
     [[nodiscard]] Desktop services()
     {
-        return {fileSystem,     clock,
-                userDefaults,   tasks,
-                appearance,     loginItem,
-                localKeys,      screens,
-                caretLookup,    pasteboard,
-                keyboard,       workspace,
-                pasteKeystroke, floatingSurfaces,
-                textRecognizer, recognitions,
-                pages,          statusNotifiers,
-                systemTray,     standardWindows,
-                documentOpener};
+        return {fileSystem,      clock,         userDefaults, tasks,           appearance,
+                loginItem,       localKeys,     screens,      caretLookup,     pasteboard,
+                selectedText,    keyboard,      workspace,    pasteKeystroke,  floatingSurfaces,
+                textRecognizer,  recognitions,  pages,        statusNotifiers, systemTray,
+                standardWindows, documentOpener};
     }
 };
 

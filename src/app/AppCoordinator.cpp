@@ -226,8 +226,8 @@ NotesStore& AppCoordinator::notesStore()
 NoteManager& AppCoordinator::noteManager()
 {
     if (!m_noteManager) {
-        m_notePanels =
-            std::make_unique<StickyNotePanels>(m_desktop.floatingSurfaces, m_desktop.pasteboard);
+        m_notePanels = std::make_unique<StickyNotePanels>(
+            m_desktop.floatingSurfaces, m_desktop.pasteboard, m_desktop.selectedText);
         m_noteManager = std::make_unique<NoteManager>(NoteManager::Services{
             notesStore(), m_settings, m_desktop.fileSystem, m_desktop.tasks, m_pasteboardWriter,
             m_desktop.clock, m_desktop.screens, m_desktop.localKeys, *m_notePanels});

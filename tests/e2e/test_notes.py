@@ -185,6 +185,26 @@ def test_copy_and_paste_within_a_note(desktop, notes):
     note.wait_for_text("word word ")
 
 
+def test_the_middle_button_pastes_what_is_selected_in_another_program(desktop, notes):
+    editor = GtkEditor(desktop)
+    editor.focus()
+    desktop.keyboard.type("selected elsewhere")
+    desktop.keyboard.tap("a", ["Control_L"])
+    note = notes.make("in a note: ")
+    place = note.geometry()
+    desktop.pointer.click(place.x + place.width - 30, place.y + 45, button=2)
+    note.wait_for_text("in a note: selected elsewhere")
+
+
+def test_the_middle_button_pastes_what_is_selected_in_the_note(desktop, notes):
+    note = notes.make("word ")
+    place = note.geometry()
+    for _ in range(2):
+        desktop.pointer.click(place.x + 25, place.y + 42)
+    desktop.pointer.click(place.x + place.width - 30, place.y + 42, button=2)
+    note.wait_for_text("word word")
+
+
 # The window
 
 

@@ -30,10 +30,10 @@ constexpr int dragDistance = 3; // points until a press is a drag
 } // namespace
 
 NoteContentView::NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
-                                 QWidget* parent)
+                                 SelectedText& selectedText, QWidget* parent)
     : QWidget(parent)
     , m_controls(new NoteControlRow(viewModel, this))
-    , m_editor(new NoteEditor(viewModel, pasteboard, this))
+    , m_editor(new NoteEditor(viewModel, pasteboard, selectedText, this))
 {
     if (viewModel.note().kind == StickyNote::Kind::image)
         showImage(viewModel);

@@ -10,6 +10,7 @@ class NoteControlRow;
 class NoteEditor;
 class NoteImageView;
 class Pasteboard;
+class SelectedText;
 class StickyNoteViewModel;
 
 /// What a note shows on its paper: the controls while the pointer is over it, its image, its text,
@@ -19,8 +20,9 @@ class NoteContentView final : public QWidget
     Q_OBJECT
 
 public:
-    /// Both must outlive the view.
-    NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent);
+    /// All must outlive the view.
+    NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
+                    SelectedText& selectedText, QWidget* parent);
 
     /// Whether the pointer is over the note.
     void setHovered(bool hovered);

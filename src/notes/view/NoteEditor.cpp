@@ -6,6 +6,7 @@
 #include "notes/view/NotePaper.h"
 #include "panel/view/Theme.h"
 #include "platform/Pasteboard.h"
+#include "platform/SelectedText.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,10 +41,12 @@ QTextDocument* makeDocument(QObject* parent)
 
 } // namespace
 
-NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent)
+NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
+                       SelectedText& selectedText, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_viewModel(viewModel)
     , m_pasteboard(pasteboard)
+    , m_selectedText(selectedText)
     , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
     NoteEditorAccessible::install(); // before anything asks
@@ -154,15 +157,22 @@ void NoteEditor::keyPressEvent(QKeyEvent* event)
         copySelection();
         textCursor().removeSelectedText();
     } else if (event->matches(QKeySequence::Paste)) {
-        insertPlainText(m_pasteboard.content().text.value_or(QString()));
-        ensureCursorVisible();
+        insert(m_pasteboard.content().text.value_or(QString()), textCursor());
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
-        textCursor().insertBlock(); // one kind of line is enough
-        ensureCursorVisible();
+        insert(u"\n"_s, textCursor()); // one kind of line is enough
     } else {
         return QPlainTextEdit::keyPressEvent(event);
     }
     event->accept();
+}
+
+void NoteEditor::insert(const QString& text, QTextCursor place)
+{
+    if (text.isEmpty())
+        return;
+    place.insertText(text);
+    setTextCursor(place);
+    ensureCursorVisible();
 }
 
 void NoteEditor::insertFromMimeData(const QMimeData* source)
@@ -185,9 +195,12 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
     m_isHandedOver = false;
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
         m_backgroundPress = event->pos();
-    // The toolkit would wait for the program that owns the primary selection to paste it.
+    // The toolkit would wait for the program in which something is selected.
     if (event->button() != Qt::MiddleButton)
-        QPlainTextEdit::mousePressEvent(event);
+        return QPlainTextEdit::mousePressEvent(event);
+    m_selectedText.ask(this, [this, place = cursorForPosition(event->pos())](const QString& text) {
+        insert(text, place);
+    });
 }
 
 // Whoever takes the window over takes the release, too.

@@ -4,15 +4,18 @@
 
 #include <optional>
 
+#include <QtGui/QTextCursor>
 #include <QtWidgets/QPlainTextEdit>
 
 namespace driftbox {
 
 class Pasteboard;
+class SelectedText;
 class StickyNoteViewModel;
 
 /// The text of a note, editable, on a transparent ground. Copying and pasting goes through the
-/// program's pasteboard; there is no menu.
+/// program's pasteboard, a click with the middle button pastes what is selected somewhere; there is
+/// no menu.
 class NoteEditor final : public QPlainTextEdit
 {
     Q_OBJECT
@@ -21,8 +24,9 @@ public:
     /// Behind the text, for a scroll bar.
     static constexpr int rightMargin = OverlayScrollBar::thickness;
 
-    /// Both must outlive the editor.
-    NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, QWidget* parent);
+    /// All must outlive the editor.
+    NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, SelectedText& selectedText,
+               QWidget* parent);
 
     [[nodiscard]] QString text() const;
     /// The text that a part of the document stands for.
@@ -48,10 +52,12 @@ private:
     void showColor();
     void showZoom();
     void copySelection();
+    void insert(const QString& text, QTextCursor place);
     [[nodiscard]] bool isBelowText(QPoint position) const;
 
     StickyNoteViewModel& m_viewModel;
     Pasteboard& m_pasteboard;
+    SelectedText& m_selectedText;
     OverlayScrollBar* m_scrollBar;
     std::optional<QPoint> m_backgroundPress;
     bool m_isSetPlainly = false; ///< for the sake of a very long paragraph

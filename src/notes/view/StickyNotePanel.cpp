@@ -42,9 +42,9 @@ Qt::CursorShape cursorFor(Qt::Edges edges)
 } // namespace
 
 StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaces& surfaces,
-                                 Pasteboard& pasteboard)
+                                 Pasteboard& pasteboard, SelectedText& selectedText)
     : m_viewModel(viewModel)
-    , m_content(new NoteContentView(viewModel, pasteboard, this))
+    , m_content(new NoteContentView(viewModel, pasteboard, selectedText, this))
     , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
     setWindowTitle(u"Sticky note"_s);
@@ -175,15 +175,17 @@ void StickyNotePanel::closeEvent(QCloseEvent* event)
     m_viewModel.close();
 }
 
-StickyNotePanels::StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard)
+StickyNotePanels::StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard,
+                                   SelectedText& selectedText)
     : m_surfaces(surfaces)
     , m_pasteboard(pasteboard)
+    , m_selectedText(selectedText)
 {
 }
 
 std::unique_ptr<NoteWindow> StickyNotePanels::makeWindow(StickyNoteViewModel& viewModel)
 {
-    return std::make_unique<StickyNotePanel>(viewModel, m_surfaces, m_pasteboard);
+    return std::make_unique<StickyNotePanel>(viewModel, m_surfaces, m_pasteboard, m_selectedText);
 }
 
 } // namespace driftbox

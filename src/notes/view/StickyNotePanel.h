@@ -12,6 +12,7 @@ namespace driftbox {
 
 class NoteContentView;
 class Pasteboard;
+class SelectedText;
 class StickyNoteViewModel;
 
 /// The window of a note: a sheet of paper in the note's colour, with a shadow around it where the
@@ -25,7 +26,7 @@ class StickyNotePanel final : public QWidget, public NoteWindow
 public:
     /// All must outlive the panel.
     StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaces& surfaces,
-                    Pasteboard& pasteboard);
+                    Pasteboard& pasteboard, SelectedText& selectedText);
     ~StickyNotePanel() override;
 
     [[nodiscard]] FloatingSurface& surface() override { return *m_surface; }
@@ -57,14 +58,16 @@ private:
 class StickyNotePanels final : public NoteWindows
 {
 public:
-    /// Both must outlive the panels.
-    StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard);
+    /// All must outlive the panels.
+    StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard,
+                     SelectedText& selectedText);
 
     [[nodiscard]] std::unique_ptr<NoteWindow> makeWindow(StickyNoteViewModel& viewModel) override;
 
 private:
     FloatingSurfaces& m_surfaces;
     Pasteboard& m_pasteboard;
+    SelectedText& m_selectedText;
 };
 
 } // namespace driftbox

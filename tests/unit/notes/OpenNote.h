@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NotesDesk.h"
+#include "fakes/FakeSelectedText.h"
 #include "notes/StickyNoteViewModel.h"
 
 namespace driftbox {
@@ -15,6 +16,7 @@ struct OpenNote
     }
 
     NotesDesk desk;
+    FakeSelectedText selectedText;
     int reports = 0;
     StickyNoteViewModel viewModel;
 };

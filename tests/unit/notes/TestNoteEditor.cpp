@@ -144,6 +144,27 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), QString());
     }
 
+    void theMiddleButtonPastesWhatIsSelectedWhereItIsClicked()
+    {
+        open({.textContent = u"one\ntwo"_s});
+        QGuiApplication::clipboard()->setText(u"the toolkit's"_s);
+        QTest::mouseClick(m_editor->viewport(), Qt::MiddleButton, {}, {1, 5});
+        QCOMPARE(m_note->selectedText.questions, 1);
+        QCOMPARE(m_note->reports, 0);
+        QTest::keyClicks(m_editor.get(), u"!"_s); // meanwhile
+        m_note->selectedText.tell(u"zero\n"_s);
+        QCOMPARE(m_note->viewModel.text(), u"zero\none\ntwo!"_s);
+        QCOMPARE(m_editor->textCursor().position(), 5);
+
+        QTest::mouseClick(m_editor->viewport(), Qt::MiddleButton, {}, {1, 5});
+        m_note->selectedText.tell({});
+        QCOMPARE(m_editor->textCursor().position(), 5);
+        QTest::mouseClick(m_editor->viewport(), Qt::MiddleButton, {}, {1, 5});
+        m_editor.reset();
+        m_note->selectedText.tell(u"too late"_s);
+        QCOMPARE(m_note->viewModel.text(), u"zero\none\ntwo!"_s);
+    }
+
     void pastingWithoutTextDoesNothing()
     {
         QTest::keyClick(m_editor.get(), Qt::Key_V, Qt::ControlModifier);
@@ -243,8 +264,8 @@ private:
     {
         m_editor.reset();
         m_note.emplace(note);
-        m_editor =
-            std::make_unique<NoteEditor>(m_note->viewModel, m_note->desk.pasteboard, nullptr);
+        m_editor = std::make_unique<NoteEditor>(m_note->viewModel, m_note->desk.pasteboard,
+                                                m_note->selectedText, nullptr);
         m_editor->resize(240, 200);
         m_editor->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));

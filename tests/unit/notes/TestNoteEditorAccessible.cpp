@@ -129,8 +129,8 @@ private:
     void open(const QString& content)
     {
         m_note.emplace(StickyNote{.textContent = content});
-        m_editor =
-            std::make_unique<NoteEditor>(m_note->viewModel, m_note->desk.pasteboard, nullptr);
+        m_editor = std::make_unique<NoteEditor>(m_note->viewModel, m_note->desk.pasteboard,
+                                                m_note->selectedText, nullptr);
         m_editor->resize(240, 200);
         m_editor->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));

@@ -177,7 +177,7 @@ private:
         m_surfaces.surfaces.clear();
         expectSizeHints();
         m_panel = std::make_unique<StickyNotePanel>(m_note->viewModel, m_surfaces,
-                                                    m_note->desk.pasteboard);
+                                                    m_note->desk.pasteboard, m_note->selectedText);
         m_panel->resize(280, 240);
         (void)m_panel->grab(); // lays it out
     }

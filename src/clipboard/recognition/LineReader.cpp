@@ -15,25 +15,44 @@ constexpr int dotsPerInch = 200;
 std::vector<Reading::Word> wordsOf(tesseract::TessBaseAPI& api)
 {
     std::vector<Reading::Word> words;
+    const std::unique_ptr<char[]> line(api.GetUTF8Text());
     const std::unique_ptr<tesseract::ResultIterator> it(api.GetIterator());
-    if (!it)
+    if (!line || !it)
         return words;
+    const QString whole = QString::fromUtf8(line.get());
+    qsizetype end = 0;
     do {
         const std::unique_ptr<char[]> text(it->GetUTF8Text(tesseract::RIL_WORD));
         int left = 0;
         int top = 0;
         int right = 0;
         int bottom = 0;
-        if (!text || !it->BoundingBox(tesseract::RIL_WORD, &left, &top, &right, &bottom))
+        if (!text || text[0] == '\0' ||
+            !it->BoundingBox(tesseract::RIL_WORD, &left, &top, &right, &bottom))
             continue;
-        words.push_back({.text = QString::fromUtf8(text.get()),
-                         .box = QRect(left, top, right - left, bottom - top),
-                         .confidence = static_cast<int>(it->Confidence(tesseract::RIL_WORD))});
+        Reading::Word word{.text = QString::fromUtf8(text.get()),
+                           .box = QRect(left, top, right - left, bottom - top),
+                           .confidence = static_cast<int>(it->Confidence(tesseract::RIL_WORD))};
+        const qsizetype begin = std::max(end, whole.indexOf(word.text, end));
+        word.isAfterBlank = begin > end;
+        end = begin + word.text.size();
+        words.push_back(std::move(word));
     } while (it->Next(tesseract::RIL_WORD));
     return words;
 }
 
 } // namespace
+
+QString Reading::text() const
+{
+    QString text;
+    for (const Word& word : words) {
+        if (word.isAfterBlank)
+            text += u' ';
+        text += word.text;
+    }
+    return text;
+}
 
 LineReader::LineReader() = default;
 LineReader::~LineReader() = default;
@@ -65,8 +84,6 @@ Reading LineReader::read(const QImage& line, const QString& language, const Read
     monitor.set_deadline_msecs(left);
     if (api.Recognize(&monitor) != 0)
         return reading;
-    const std::unique_ptr<char[]> text(api.GetUTF8Text());
-    reading.text = QString::fromUtf8(text.get());
     reading.confidence = api.MeanTextConf();
     reading.words = wordsOf(api);
     api.Clear();

@@ -23,12 +23,14 @@ struct Reading
         QString text;
         QRect box; ///< in the picture of the line
         int confidence = 0;
+        bool isAfterBlank = false;
     };
 
     QString language;
-    QString text;
     int confidence = 0;
-    std::vector<Word> words; ///< they follow each other in `text`, with or without a blank
+    std::vector<Word> words;
+
+    [[nodiscard]] QString text() const;
 };
 
 /// Reads pictures of single lines with Tesseract. Loads a language when it is first wanted and

@@ -1,5 +1,6 @@
 #include "clipboard/recognition/PieceReader.h"
 
+#include "clipboard/recognition/ColumnGaps.h"
 #include "clipboard/recognition/RecognizedText.h"
 
 #include <algorithm>
@@ -10,7 +11,22 @@ namespace driftbox {
 
 namespace {
 
-using Words = std::span<const Reading::Word>;
+using Word = Reading::Word;
+using Words = std::span<const Word>;
+
+constexpr int marginShare = 12; // of the height; Tesseract takes a wide margin for characters
+
+constexpr int blankShare = 8; // of the height is a blank at least
+
+bool isForeign(const Word& word)
+{
+    return isAlphabetic(word.text);
+}
+
+int leastConfidenceOf(Words words)
+{
+    return std::ranges::min_element(words, {}, &Word::confidence)->confidence;
+}
 
 class Piece
 {
@@ -29,12 +45,12 @@ public:
             tryAll(languages.unlikely);
         const auto alphabetic = firstAlphabetic(languages);
         if (isEastAsian(m_best.language) && alphabetic) {
-            if (hasEastAsian(m_best.text))
-                rereadForeignWords(*alphabetic);
-            else
+            if (std::ranges::all_of(m_best.words, isForeign))
                 preferIn(*alphabetic);
+            else
+                rereadForeignWords(*alphabetic);
         }
-        return m_best.confidence < leastConfidence ? QString() : tidied(m_best.text);
+        return m_best.confidence < leastConfidence ? QString() : tidied(m_best.text());
     }
 
 private:
@@ -64,60 +80,58 @@ private:
             m_best = std::move(reading);
     }
 
-    /// Takes the words that stand in an eastern line in another script from a reading of their own.
+    /// Where the script changes the eastern languages overlook blanks.
+    void findBlanks(const ColumnGaps& gaps)
+    {
+        std::vector<Word>& words = m_best.words;
+        for (size_t i = 1; i < words.size(); ++i) {
+            if (isForeign(words[i]) != isForeign(words[i - 1]) &&
+                words[i - 1].text.back().isLetterOrNumber() &&
+                gaps.before(words[i].box.left()).width() * blankShare >= m_image.height())
+                words[i].isAfterBlank = true;
+        }
+    }
+
+    /// Reads the words that stand in an eastern line in another script anew, on their own.
     void rereadForeignWords(const QString& alphabetic)
     {
-        const auto isForeign = [](const Reading::Word& word) { return isAlphabetic(word.text); };
-        const Words words(m_best.words);
-        if (std::ranges::none_of(words, isForeign))
-            return;
-        const Reading reading = m_reader.read(m_image, alphabetic, m_limit);
-        qsizetype position = 0; // in the text, where the next word is looked for
-        for (auto word = words.begin(); word != words.end();) {
-            const auto first = std::find_if(word, words.end(), isForeign);
-            word = std::find_if_not(first, words.end(), isForeign);
-            if (first == word)
-                break;
-            // The boxes of badly read words are too wide.
-            const int begin = first == words.begin() ? 0 : std::prev(first)->box.right();
-            const int end = word == words.end() ? m_image.width() : word->box.left();
-            replace({first, word}, wordsBetween(begin, end, reading), position);
+        const ColumnGaps gaps(m_image);
+        findBlanks(gaps);
+        const std::vector<Word> words = std::exchange(m_best.words, {});
+        for (auto first = words.begin(); first != words.end();) {
+            const auto last = std::find_if_not(first, words.end(), isForeign);
+            if (last == first) {
+                m_best.words.push_back(*first++);
+                continue;
+            }
+            const int left = first == words.begin() ? 0 : gaps.before(first->box.left()).end;
+            const int right =
+                last == words.end() ? m_image.width() : gaps.before(last->box.left()).begin;
+            addBetter({first, last}, readBetween(left, right, alphabetic));
+            first = last;
         }
     }
 
-    static std::vector<Reading::Word> wordsBetween(int begin, int end, const Reading& reading)
+    [[nodiscard]] Reading readBetween(int left, int right, const QString& language)
     {
-        std::vector<Reading::Word> words;
-        std::ranges::copy_if(reading.words, std::back_inserter(words), [&](const auto& word) {
-            const int inside = std::min(end, word.box.right()) - std::max(begin, word.box.left());
-            return 2 * inside >= word.box.width();
-        });
-        return words;
+        if (left >= right)
+            return {};
+        const int margin = m_image.height() / marginShare;
+        const QRect part(left, 0, right - left, m_image.height());
+        QImage image(part.size() + QSize(2 * margin, 0), m_image.format());
+        image.fill(Qt::white);
+        for (int y = 0; y < part.height(); ++y)
+            std::copy_n(m_image.constScanLine(y) + left, part.width(), image.scanLine(y) + margin);
+        return m_reader.read(image, language, m_limit);
     }
 
-    static int leastConfidenceOf(Words words)
+    void addBetter(Words words, const Reading& reading)
     {
-        return std::ranges::min_element(words, {}, &Reading::Word::confidence)->confidence;
-    }
-
-    void replace(Words words, Words better, qsizetype& position)
-    {
-        qsizetype begin = -1;
-        for (const Reading::Word& word : words) {
-            const qsizetype found = m_best.text.indexOf(word.text, position);
-            if (found < 0)
-                return;
-            begin = begin < 0 ? found : begin;
-            position = found + word.text.size();
-        }
-        if (better.empty() || leastConfidenceOf(better) < leastConfidenceOf(words))
-            return;
-        QStringList texts;
-        for (const Reading::Word& word : better)
-            texts.push_back(word.text);
-        const QString text = texts.join(u' ');
-        m_best.text.replace(begin, position - begin, text);
-        position = begin + text.size();
+        const bool isBetter = !reading.words.empty() &&
+                              reading.confidence + likelinessMargin >= leastConfidenceOf(words);
+        const Words better = isBetter ? Words(reading.words) : words;
+        m_best.words.insert(m_best.words.end(), better.begin(), better.end());
+        m_best.words[m_best.words.size() - better.size()].isAfterBlank = words[0].isAfterBlank;
     }
 
     const QImage& m_image;

@@ -7,6 +7,7 @@ namespace driftbox {
 namespace {
 
 constexpr QChar wideComma(0xff0c);
+constexpr QChar fullStop(0x3002);
 
 bool isUnspacedLetter(QChar character)
 {
@@ -23,7 +24,20 @@ bool isUnspacedLetter(QChar character)
 
 bool isEastAsianLetter(QChar character)
 {
-    return isUnspacedLetter(character) || character.script() == QChar::Script_Hangul;
+    // Parts of syllables do not stand alone but where other letters are taken for them.
+    const bool isPart = character.unicode() >= 0x3131 && character.unicode() <= 0x318e;
+    return isUnspacedLetter(character) || (character.script() == QChar::Script_Hangul && !isPart);
+}
+
+/// What the character at `index` is in a line without blanks between words.
+QChar wideSign(const QString& line, qsizetype index)
+{
+    if (line[index] == u',')
+        return wideComma;
+    // The small circle in the middle of its square, as in Taiwan.
+    if (line[index] == u'=' && index + 1 == line.size())
+        return fullStop;
+    return line[index];
 }
 
 } // namespace
@@ -35,11 +49,6 @@ bool isUnspaced(QChar character)
     const bool isKanaMark = code >= 0x3099 && code <= 0x30ff;
     const bool isWideForm = code >= 0xff01 && code <= 0xff65;
     return isUnspacedLetter(character) || isPunctuation || isKanaMark || isWideForm;
-}
-
-bool hasEastAsian(const QString& text)
-{
-    return std::ranges::any_of(text, isEastAsianLetter);
 }
 
 bool isAlphabetic(const QString& text)
@@ -61,9 +70,9 @@ QString tidied(const QString& text)
     QString result;
     for (qsizetype i = 0; i < spaced.size(); ++i) {
         const bool isAfterUnspaced = !result.isEmpty() && isUnspaced(result.back());
-        if (spaced[i] == u' ' && isAfterUnspaced && isUnspaced(spaced[i + 1]))
+        if (isAfterUnspaced && spaced[i] == u' ' && isUnspaced(wideSign(spaced, i + 1)))
             continue;
-        result += spaced[i] == u',' && isAfterUnspaced ? wideComma : spaced[i];
+        result += isAfterUnspaced ? wideSign(spaced, i) : spaced[i];
     }
     return result;
 }

@@ -7,9 +7,6 @@ namespace driftbox {
 /// Whether `character` is written without blanks between words: Han, kana and their punctuation.
 [[nodiscard]] bool isUnspaced(QChar character);
 
-/// Whether `text` has a letter that only Chinese, Japanese or Korean is written with.
-[[nodiscard]] bool hasEastAsian(const QString& text);
-
 /// Whether most letters and digits of `text`, and one at least, are of other scripts.
 [[nodiscard]] bool isAlphabetic(const QString& text);
 
@@ -17,7 +14,7 @@ namespace driftbox {
 [[nodiscard]] bool isEastAsian(const QString& name);
 
 /// The line `text` as a person would type it: no blanks at its ends, none between characters that
-/// are written without, the wide comma after such a character.
+/// are written without, and after these the comma and the full stop that go with them.
 [[nodiscard]] QString tidied(const QString& text);
 
 } // namespace driftbox

@@ -70,6 +70,10 @@ private Q_SLOTS:
         QTest::newRow("a language a line")
             << u"Noto Sans CJK SC"_s
             << u"Open the settings\n다시 시작해 주세요.\nしてください。\n重新启动电脑。"_s;
+        QTest::newRow("English in Korean")
+            << u"Noto Sans CJK SC"_s << u"파일을 Downloads 폴더에 저장했습니다"_s;
+        QTest::newRow("English in Chinese")
+            << u"Noto Sans CJK SC"_s << u"下载 Firefox 128 并安装"_s;
     }
     void readsLinesInTheirLanguage()
     {

@@ -1,0 +1,207 @@
+#include "SettingsDesk.h"
+
+#include "fakes/FakeFloatingSurface.h"
+#include "fakes/FakeScreens.h"
+#include "settings/view/ClipboardSettingsView.h"
+#include "settings/view/FormLabel.h"
+#include "settings/view/SettingsHeader.h"
+#include "settings/view/SettingsWindowController.h"
+
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QListView>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int shadow = 28;
+
+struct Fixture
+{
+    Fixture() { window().show(); }
+
+    [[nodiscard]] SettingsWindow& window() { return controller.window(); }
+    [[nodiscard]] FakeFloatingSurface& surface() { return *surfaces.surfaces.front(); }
+    [[nodiscard]] QListView& list() { return *window().findChild<QListView*>(); }
+    [[nodiscard]] SearchField& search() { return *window().findChild<SearchField*>(); }
+    [[nodiscard]] QString title()
+    {
+        return window().findChild<SettingsHeader*>()->findChild<FormLabel*>()->text();
+    }
+    [[nodiscard]] QAbstractButton& button(const QString& name)
+    {
+        for (auto* button : window().findChildren<QAbstractButton*>()) {
+            if (button->accessibleName() == name)
+                return *button;
+        }
+        qFatal("There is no such button");
+    }
+    void choose(int row)
+    {
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                          list().visualRect(list().model()->index(row, 0)).center());
+    }
+
+    SettingsDesk desk;
+    FakeFloatingSurfaces surfaces;
+    FakeScreens screens;
+    SettingsWindowController controller{
+        std::make_unique<SettingsWindow>(
+            surfaces, desk.services,
+            TextExchange{[] { return u"pasted"_s; }, [](const QString&) {}}),
+        screens};
+};
+
+} // namespace
+
+class TestSettingsWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itIsAnOrdinaryWindowOfItsSize()
+    {
+        Fixture f;
+        QCOMPARE(f.surface().role, FloatingSurface::Role::ordinary);
+        QCOMPARE(f.window().rootView().size(), QSize(760, 520));
+        QCOMPARE(f.window().windowTitle(), u"Drift Box Settings"_s);
+        QCOMPARE(f.window().accessibleName(), u"Drift Box Settings"_s);
+        QCOMPARE(f.surface().shape.boundingRect().adjusted(0, 0, -1, -1),
+                 f.window().rect().adjusted(shadow, shadow, -shadow - 1, -shadow - 1));
+    }
+
+    void theFirstTimeItIsInTheMiddleOfTheScreen()
+    {
+        Fixture f;
+        f.controller.showWindow();
+        QCOMPARE(f.surface().frame().center(), QPointF(720, 875 / 2.0));
+        QCOMPARE(f.surface().presentations, std::vector{FloatingSurface::Keyboard::take});
+    }
+
+    void itOpensWhereAndAsItWasLeft()
+    {
+        Fixture f;
+        f.controller.showWindow();
+        f.choose(2);
+        f.search().setText(u"clip"_s);
+        const QRectF left(10, 20, 900, 600);
+        f.surface().moveByUser(left);
+        f.window().close();
+        QCOMPARE(f.surface().orderOuts, 1);
+
+        f.controller.showWindow();
+        QCOMPARE(f.surface().frame(), left);
+        QCOMPARE(f.title(), u"Notes"_s);
+        QCOMPARE(f.search().text(), u"clip"_s);
+        QCOMPARE(f.surfaces.surfaces.size(), size_t(1));
+    }
+
+    void showingItTwiceBringsItToTheFront()
+    {
+        Fixture f;
+        f.controller.showWindow();
+        f.controller.showWindow();
+        QCOMPARE(f.surface().presentations.size(), size_t(2));
+        QCOMPARE(f.surfaces.surfaces.size(), size_t(1));
+    }
+
+    void aScreenThatIsTooSmallIsFilled()
+    {
+        Fixture f;
+        f.screens.list = {{QRectF(0, 0, 800, 480), QRectF(0, 0, 800, 480), QRect(), 1.0}};
+        f.screens.mouse = {5000, 5000};
+        f.controller.showWindow();
+        QCOMPARE(f.surface().frame(), QRectF(0, 0, 800, 480));
+    }
+
+    void theSidebarOpensPages()
+    {
+        Fixture f;
+        QCOMPARE(f.title(), u"General"_s);
+        f.choose(1);
+        QCOMPARE(f.title(), u"Clipboard"_s);
+        QVERIFY(f.window().findChild<ClipboardSettingsView*>()->isVisible());
+        QTest::keyClick(&f.list(), Qt::Key_Down);
+        QCOMPARE(f.title(), u"Notes"_s);
+        QTest::keyClick(&f.list(), Qt::Key_End);
+        QCOMPARE(f.title(), u"About"_s);
+    }
+
+    void aQueryNarrowsTheSidebarAndLeavesThePage()
+    {
+        Fixture f;
+        QTest::keyClicks(&f.search(), u"clip"_s);
+        QCOMPARE(f.list().model()->rowCount(), 1);
+        QCOMPARE(f.title(), u"General"_s);
+        QVERIFY(f.list().selectionModel()->selectedIndexes().isEmpty());
+        f.list().setFocus();
+        QCOMPARE(f.title(), u"General"_s);
+
+        f.button(u"Clear search"_s).click();
+        QCOMPARE(f.list().model()->rowCount(), 4);
+        QCOMPARE(f.list().selectionModel()->selectedIndexes().size(), 1);
+        QCOMPARE(f.list().currentIndex().row(), 0);
+    }
+
+    void withoutASelectionTheDetailIsClear()
+    {
+        Fixture f;
+        f.window().rootView().navigation().setSelection(std::nullopt);
+        QVERIFY(!f.window().findChild<SettingsHeader*>()->isVisible());
+        QVERIFY(f.list().selectionModel()->selectedIndexes().isEmpty());
+        f.choose(3);
+        QVERIFY(f.window().findChild<SettingsHeader*>()->isVisible());
+        QCOMPARE(f.title(), u"About"_s);
+        QTest::mouseClick(f.list().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          f.list().visualRect(f.list().model()->index(3, 0)).center());
+        QCOMPARE(f.window().rootView().navigation().selection(), std::nullopt);
+    }
+
+    void theWindowIsMovedByItsTopAndResizedByItsEdges()
+    {
+        Fixture f;
+        press(f, {shadow + 400, shadow + 40});
+        QCOMPARE(f.surface().moves, 1);
+        press(f, {shadow + 400, shadow + 500});
+        QCOMPARE(f.surface().moves, 1);
+        press(f, {shadow + 1, shadow + 300});
+        press(f, {shadow + 758, shadow + 518});
+        QCOMPARE(f.surface().resizes,
+                 std::vector({Qt::Edges(Qt::LeftEdge), Qt::Edges(Qt::RightEdge | Qt::BottomEdge)}));
+    }
+
+    void itsButtonsCloseIt()
+    {
+        Fixture f;
+        f.controller.showWindow();
+        f.button(u"Close"_s).click();
+        QCOMPARE(f.surface().orderOuts, 1);
+        f.controller.showWindow();
+        f.window().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.window()));
+        QTest::keyClick(&f.list(), Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(f.surface().orderOuts, 2);
+    }
+
+    void itDrawsWithAndWithoutCompositing()
+    {
+        Fixture f;
+        const QImage blended = f.window().grab().toImage();
+        f.surface().setComposited(false);
+        const QImage plain = f.window().grab().toImage();
+        QVERIFY(qAlpha(blended.pixel(2, 2)) < 255);
+        QCOMPARE(qAlpha(plain.pixel(2, 2)), 255);
+    }
+
+private:
+    static void press(Fixture& f, const QPoint& position)
+    {
+        QTest::mouseClick(&f.window(), Qt::LeftButton, {}, position);
+    }
+};
+
+QTEST_MAIN(TestSettingsWindow)
+#include "TestSettingsWindow.moc"

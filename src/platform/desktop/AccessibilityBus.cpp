@@ -53,6 +53,8 @@ void AccessibilityBus::retry()
 
 void AccessibilityBus::requestAddress()
 {
+    if (!m_session.isConnected()) // a call would never be answered
+        return fail(u"there is no session bus"_s);
     const int attempt = ++m_attempt;
     m_attempting = true;
     const auto request = QDBusMessage::createMethodCall(launcherService, u"/org/a11y/bus"_s,

@@ -42,6 +42,7 @@ QVariant unwrapped(QVariant value)
 PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus, QObject* parent)
     : Appearance(parent)
     , m_bus(sessionBus)
+    , m_portal(service, sessionBus, QDBusServiceWatcher::WatchForRegistration)
     , m_paletteScheme(schemeOfPalette())
     , m_scheme(m_paletteScheme)
 {
@@ -49,6 +50,12 @@ PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus, QObject* p
         return;
     m_bus.connect(service, path, settings, u"SettingChanged"_s, this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
+    connect(&m_portal, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::askAll);
+    askAll();
+}
+
+void PortalAppearance::askAll()
+{
     ask(schemeKey);
     ask(accentKey);
 }

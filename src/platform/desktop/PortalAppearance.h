@@ -4,6 +4,7 @@
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusServiceWatcher>
 #include <QtDBus/QDBusVariant>
 
 namespace driftbox {
@@ -25,12 +26,14 @@ private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
+    void askAll();
     void ask(const QString& key);
     void apply(const QString& key, const QVariant& value);
     void applyScheme(uint preference);
     void applyAccent(const QDBusArgument& channels);
 
     QDBusConnection m_bus;
+    QDBusServiceWatcher m_portal; ///< it may start late, or anew
     ColorScheme m_paletteScheme;
     ColorScheme m_scheme;
     std::optional<QColor> m_accent;

@@ -17,14 +17,34 @@ QString program()
     return installed.isEmpty() ? QCoreApplication::applicationFilePath() : installed;
 }
 
-QByteArray desktopEntry()
+// As every string in a desktop entry.
+QString escaped(const QString& text)
+{
+    QString escaped;
+    for (const QChar character : text) {
+        if (character == u'\\')
+            escaped += u"\\\\"_s;
+        else if (character == u'\n')
+            escaped += u"\\n"_s;
+        else if (character == u'\r')
+            escaped += u"\\r"_s;
+        else if (character == u'\t')
+            escaped += u"\\t"_s;
+        else
+            escaped += character;
+    }
+    return escaped;
+}
+
+QByteArray desktopEntry(const QString& program)
 {
     return u"[Desktop Entry]\n"
            "Type=Application\n"
            "Name=Drift Box\n"
            "Icon=app.driftbox\n"
            "Terminal=false\n"
-           "Exec=%1\n"_s.arg(quotedForExec(program()))
+           "TryExec=%1\n"
+           "Exec=%2\n"_s.arg(escaped(program), quotedForExec(program))
                .toUtf8();
 }
 
@@ -34,17 +54,13 @@ QString quotedForExec(const QString& argument)
 {
     QString quoted;
     for (const QChar character : argument) {
-        // Once for the quotes of Exec, and every backslash again for the entry's strings.
-        if (character == u'\\')
-            quoted += u"\\\\\\\\"_s;
-        else if (character == u'"' || character == u'`' || character == u'$')
-            quoted += u"\\\\"_s + character;
+        if (u"\\\"`$"_s.contains(character))
+            quoted += u'\\';
         else if (character == u'%')
-            quoted += u"%%"_s;
-        else
-            quoted += character;
+            quoted += u'%';
+        quoted += character;
     }
-    return u'"' + quoted + u'"';
+    return escaped(u'"' + quoted + u'"');
 }
 
 XdgAutostart::XdgAutostart(FileSystem& fileSystem, const QString& autostartFolder)
@@ -57,7 +73,7 @@ XdgAutostart::XdgAutostart(FileSystem& fileSystem, const QString& autostartFolde
 std::optional<QString> XdgAutostart::registerItem()
 {
     m_fileSystem.createFolder(m_folder);
-    return m_fileSystem.writeAtomically(m_path, desktopEntry());
+    return m_fileSystem.writeAtomically(m_path, desktopEntry(program()));
 }
 
 std::optional<QString> XdgAutostart::unregisterItem()

@@ -7,7 +7,7 @@ namespace driftbox {
 class FileSystem;
 
 /// The desktop entry in the user's autostart folder. It starts the installed program, or the one
-/// that runs when none is installed.
+/// that runs when none is installed; sessions skip it once that is gone.
 class XdgAutostart final : public LoginItem
 {
 public:

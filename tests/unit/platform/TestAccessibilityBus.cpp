@@ -78,7 +78,7 @@ private Q_SLOTS:
             });
             QTRY_COMPARE(answers, 1);
             QCOMPARE(caret, std::nullopt);
-            QTest::qWait(20);
+            QTest::qWait(20); // time for a second line to come
         }
         QCOMPARE(absenceLines, 1);
     }

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString folder = u"/home/user/.config/autostart"_s;
+const QString folder = u"/config/autostart"_s;
 const QString path = folder + u"/app.driftbox.desktop"_s;
 
 QString valueOf(const QByteArray& entry, const QString& key)

@@ -53,8 +53,19 @@ const draw = async (source, theme) => {
     return drawings.get(key);
 };
 
+// Labels may hold markup, and markup pictures.
+const drawingElements = (svg) => {
+    const drawing = new DOMParser().parseFromString(svg, "text/html").body;
+    preparePictures(drawing);
+    for (const image of drawing.querySelectorAll("image, use")) {
+        if (!isLocalPicture(linkAddress(image) ?? ""))
+            image.remove();
+    }
+    return drawing.childNodes;
+};
+
 const showDrawing = (figure, svg) => {
-    figure.innerHTML = svg;
+    figure.replaceChildren(...drawingElements(svg));
     figure.classList.remove("pending", "failed");
 };
 

@@ -1,6 +1,7 @@
 #include "markdown/webengine/WebEnginePlugin.h"
 
 #include "markdown/webengine/DocumentScheme.h"
+#include "markdown/webengine/EngineChatter.h"
 #include "markdown/webengine/Sandbox.h"
 #include "markdown/webengine/WebEngine.h"
 
@@ -43,6 +44,7 @@ std::unique_ptr<MarkdownWebEngine> WebEnginePlugin::makeEngine()
     static bool isSetUp = false;
     if (!std::exchange(isSetUp, true))
         setUpProcess();
+    const EngineChatter chatter;
     return std::make_unique<WebEngine>();
 }
 

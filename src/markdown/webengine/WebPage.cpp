@@ -6,7 +6,9 @@
 #include <chrono>
 
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QTimer>
 #include <QtCore/QUuid>
+#include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -21,19 +23,26 @@ Q_LOGGING_CATEGORY(log, "MarkdownReader")
 constexpr int maxCrashes = 3;
 constexpr auto crashPeriod = 60s;
 
-// A page that stays where it was put and opens no windows.
+// A page that stays at its address and opens no windows.
 class BoundPage final : public QWebEnginePage
 {
 public:
-    using QWebEnginePage::QWebEnginePage;
-
-    QUrl address;
+    BoundPage(const QUrl& address, QWebEngineProfile& profile, QObject* parent)
+        : QWebEnginePage(&profile, parent)
+        , m_address(address)
+    {
+        // The engine asks nobody before it goes to an empty page.
+        connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
+            if (url != m_address)
+                QTimer::singleShot(0, this, [this] { load(m_address); });
+        });
+    }
 
 protected:
     [[nodiscard]] bool acceptNavigationRequest(const QUrl& url, NavigationType /*type*/,
                                                bool isMainFrame) override
     {
-        return isMainFrame && url == address;
+        return isMainFrame && url == m_address;
     }
 
     [[nodiscard]] QWebEnginePage* createWindow(WebWindowType /*type*/) override { return nullptr; }
@@ -44,25 +53,24 @@ protected:
                                   const QString& /*source*/) override
     {
     }
+
+private:
+    const QUrl& m_address; ///< the owner's, which comes after this has been made
 };
 
 } // namespace
 
 WebPage::WebPage(QWebEngineProfile& profile, DocumentSchemeHandler& documents, int number,
                  MarkdownPageDelegate& delegate, QWidget& parent)
-    : m_documents(documents)
+    : m_profile(profile)
+    , m_documents(documents)
     , m_number(number)
     , m_bridge(delegate)
-    , m_view(std::make_unique<QWebEngineView>(&parent))
-    , m_page(new BoundPage(&profile, m_view.get()))
+    , m_widget(std::make_unique<QWidget>(&parent))
 {
-    m_channel.registerObject(u"program"_s, &m_bridge);
-    m_page->setWebChannel(&m_channel);
-    m_view->setPage(m_page);
-    m_view->setContextMenuPolicy(Qt::PreventContextMenu);
-    QObject::connect(
-        m_page, &QWebEnginePage::renderProcessTerminated, m_view.get(),
-        [this](QWebEnginePage::RenderProcessTerminationStatus status) { recover(status); });
+    auto* layout = new QVBoxLayout(m_widget.get());
+    layout->setContentsMargins({});
+    makeView();
 }
 
 WebPage::~WebPage()
@@ -70,9 +78,28 @@ WebPage::~WebPage()
     m_documents.removePage(m_address);
 }
 
+void WebPage::makeView()
+{
+    m_view = std::make_unique<QWebEngineView>();
+    auto* page = new BoundPage(m_address, m_profile, m_view.get());
+    m_channel = std::make_unique<QWebChannel>();
+    m_channel->registerObject(u"program"_s, &m_bridge);
+    page->setWebChannel(m_channel.get());
+    if (m_underPageColor.isValid())
+        page->setBackgroundColor(m_underPageColor);
+    m_view->setPage(page);
+    m_view->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_widget->layout()->addWidget(m_view.get());
+    m_widget->setFocusProxy(m_view.get());
+    QObject::connect(
+        page, &QWebEnginePage::renderProcessTerminated, m_widget.get(),
+        [this](QWebEnginePage::RenderProcessTerminationStatus status) { recover(status); });
+}
+
 void WebPage::setUnderPageColor(const QColor& color)
 {
-    m_page->setBackgroundColor(color);
+    m_underPageColor = color;
+    m_view->page()->setBackgroundColor(color);
 }
 
 void WebPage::load(const QString& html, const QUrl& baseURL)
@@ -81,9 +108,8 @@ void WebPage::load(const QString& html, const QUrl& baseURL)
     QString page = html;
     page.replace(u"__NONCE__"_s, QUuid::createUuid().toString(QUuid::Id128));
     m_address = DocumentScheme::pageAddress(baseURL, m_number);
-    static_cast<BoundPage*>(m_page)->address = m_address;
     m_documents.setPage(m_address, page.toUtf8());
-    m_page->load(m_address);
+    m_view->load(m_address);
 }
 
 void WebPage::renderMarkdown(const QString& text, const QString& theme)
@@ -103,7 +129,12 @@ void WebPage::recover(QWebEnginePage::RenderProcessTerminationStatus status)
         return;
     }
     qCWarning(log).noquote() << u"The web process crashed; the document is loaded again"_s;
-    m_page->load(m_address);
+    // Not while the engine is at work on the page that is going. What is left of it would take the
+    // messages of its successor, so that one is another page.
+    QTimer::singleShot(0, m_widget.get(), [this] {
+        makeView();
+        m_view->load(m_address);
+    });
 }
 
 } // namespace driftbox

@@ -12,7 +12,7 @@ namespace driftbox {
 
 class DocumentSchemeHandler;
 
-/// A page in the engine. It never leaves its address, and is loaded again when its process crashes.
+/// A page in the engine. It never leaves its address, and is made anew when its process crashes.
 class WebPage final : public MarkdownPageView
 {
 public:
@@ -21,21 +21,24 @@ public:
             MarkdownPageDelegate& delegate, QWidget& parent);
     ~WebPage() override;
 
-    [[nodiscard]] QWidget& widget() override { return *m_view; }
+    [[nodiscard]] QWidget& widget() override { return *m_widget; }
     void setUnderPageColor(const QColor& color) override;
     void load(const QString& html, const QUrl& baseURL) override;
     void renderMarkdown(const QString& text, const QString& theme) override;
 
 private:
+    void makeView();
     void recover(QWebEnginePage::RenderProcessTerminationStatus status);
 
+    QWebEngineProfile& m_profile;
     DocumentSchemeHandler& m_documents;
     int m_number;
+    QColor m_underPageColor;
     QUrl m_address;
     PageBridge m_bridge;
-    QWebChannel m_channel;
+    std::unique_ptr<QWidget> m_widget; ///< holds the view
+    std::unique_ptr<QWebChannel> m_channel;
     std::unique_ptr<QWebEngineView> m_view;
-    QWebEnginePage* m_page; ///< the view's
     int m_crashes = 0;
     QDeadlineTimer m_crashPeriod;
 };

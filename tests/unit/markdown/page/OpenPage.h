@@ -1,0 +1,169 @@
+#pragma once
+
+#include "markdown/MarkdownResource.h"
+#include "markdown/view/MarkdownWebEngine.h"
+#include "markdown/view/WebEngineModule.h"
+#include "support/VirtualDesktop.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+#include <QtWebEngineCore/QWebEnginePage>
+#include <QtWebEngineCore/QWebEngineProfile>
+#include <QtWebEngineWidgets/QWebEngineView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+namespace driftbox {
+
+/// Keeps what a page has to say.
+class RecordingDelegate final : public MarkdownPageDelegate
+{
+public:
+    void didFinishNavigation() override { ++navigations; }
+    void didReceiveMessage(const QString& name, const QVariant& body) override
+    {
+        if (name == QStringLiteral("rendered"))
+            ++renderings;
+        else
+            messages << name + QStringLiteral(": ") + body.toString();
+    }
+
+    int navigations = 0;
+    int renderings = 0;
+    QStringList messages;
+};
+
+/// Waits in the event loop until `condition` holds. The engine's threads and this one have much to
+/// tell each other, which the waiting of the test library would slow down by its pauses.
+[[nodiscard]] inline bool waitFor(const std::function<bool()>& condition, int patienceMs = 30'000)
+{
+    constexpr int intervalMs = 2;
+    const QDeadlineTimer deadline(patienceMs);
+    QEventLoop loop;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+        if (condition() || deadline.hasExpired())
+            loop.quit();
+    });
+    timer.start(intervalMs);
+    if (!condition())
+        loop.exec();
+    return condition();
+}
+
+/// The program's page in the real engine, in a window.
+class OpenPage
+{
+public:
+    explicit OpenPage(MarkdownWebEngine& engine, const QString& folder)
+    {
+        m_window.resize(780, 640);
+        m_page = engine.makePage(m_delegate, m_window);
+        m_page->widget().setGeometry(m_window.rect());
+        const MarkdownResource resources(QStringLiteral(DRIFTBOX_TEST_RESOURCES));
+        m_page->load(resources.shellHTML().value_or(QString()),
+                     QUrl::fromLocalFile(folder + QStringLiteral("/")));
+        m_window.show();
+    }
+
+    [[nodiscard]] bool isLoaded()
+    {
+        return waitFor([this] { return m_delegate.navigations > 0; });
+    }
+
+    /// Renders, and says whether the page has reported that it is done.
+    [[nodiscard]] bool render(const QString& text, const QString& theme = QStringLiteral("light"))
+    {
+        const int before = m_delegate.renderings;
+        m_page->renderMarkdown(text, theme);
+        return waitFor([this, before] { return m_delegate.renderings > before; });
+    }
+
+    /// The value of an expression in the page; none when the page goes away over it.
+    [[nodiscard]] QVariant value(const QString& expression)
+    {
+        constexpr int patienceMs = 5'000;
+        const auto result = std::make_shared<std::optional<QVariant>>();
+        engine().runJavaScript(expression, [result](const QVariant& value) { *result = value; });
+        return waitFor([&] { return result->has_value(); }, patienceMs) ? **result : QVariant();
+    }
+
+    /// Waits for an expression to become true.
+    [[nodiscard]] bool becomesTrue(const QString& expression)
+    {
+        return waitFor([&] { return value(expression).toBool(); });
+    }
+
+    /// The rendered document, without what tells blocks their lines.
+    [[nodiscard]] QString html()
+    {
+        return value(QStringLiteral("document.getElementById('document').innerHTML"
+                                    ".replace(/ data-line=\"\\d*\"/g, '').trim()"))
+            .toString();
+    }
+
+    [[nodiscard]] RecordingDelegate& delegate() { return m_delegate; }
+    [[nodiscard]] MarkdownPageView& page() { return *m_page; }
+    [[nodiscard]] QWidget& window() { return m_window; }
+    [[nodiscard]] QWebEnginePage& engine()
+    {
+        return *m_page->widget().findChild<QWebEngineView*>()->page();
+    }
+
+private:
+    RecordingDelegate m_delegate;
+    QWidget m_window;
+    std::unique_ptr<MarkdownPageView> m_page;
+};
+
+/// The folder of the documents, and the engine.
+class PageTest : public QObject
+{
+protected:
+    void openPage()
+    {
+        if (!m_module) {
+            m_module = std::make_unique<WebEngineModule>(
+                QStringLiteral(DRIFTBOX_TEST_MODULES "/driftbox_webengine.so"));
+        }
+        m_open.reset();
+        QVERIFY(m_folder.isValid());
+        QVERIFY(m_module->engine());
+        m_open = std::make_unique<OpenPage>(*m_module->engine(), m_folder.path());
+        QVERIFY(m_open->isLoaded());
+    }
+
+    void closeEngine()
+    {
+        m_open.reset();
+        m_module.reset();
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<WebEngineModule> m_module;
+    std::unique_ptr<OpenPage> m_open;
+};
+
+} // namespace driftbox
+
+/// The main function of a test class of pages. This executable links the engine, which then asks
+/// for a share context from the application object.
+#define DRIFTBOX_PAGE_TEST_MAIN(TestClass)                                                         \
+    int main(int argc, char** argv)                                                                \
+    {                                                                                              \
+        const driftbox::VirtualDesktop desktop;                                                    \
+        const QTemporaryDir runtime;                                                               \
+        qputenv("QT_QPA_PLATFORM", "xcb");                                                         \
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());                                  \
+        QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);                                \
+        const QApplication application(argc, argv);                                                \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

@@ -1,10 +1,10 @@
 #include "platform/x11/X11FloatingSurface.h"
 
-#include "platform/ScreenSpace.h"
 #include "platform/x11/QtXcb.h"
 #include "platform/x11/X11Compositing.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Shape.h"
+#include "platform/x11/X11WindowGeometry.h"
 
 #include <algorithm>
 #include <chrono>
@@ -35,23 +35,6 @@ constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolk
 
 constexpr auto floatingProperty = "driftboxFloating";
 
-QRectF primaryScreen()
-{
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary != nullptr ? QRectF(primary->geometry()) : QRectF();
-}
-
-QRectF frameOf(const QWindow& window)
-{
-    return ScreenSpace::fromToolkit(QRectF(window.geometry()), primaryScreen());
-}
-
-QRect geometryFor(const QRectF& frame)
-{
-    const QRectF geometry = ScreenSpace::toToolkit(frame, primaryScreen());
-    return {geometry.topLeft().toPoint(), geometry.size().toSize()};
-}
-
 } // namespace
 
 bool isFloating(const QWindow& window)
@@ -68,17 +51,13 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     , m_id(static_cast<xcb_window_t>(window.winId()))
     , m_hints(connection, m_id, role)
     , m_windowManager(connection, QtXcb::connection())
-    , m_frame(frameOf(window))
+    , m_frame(X11WindowGeometry::frame(window))
 {
     // That it stays on top is among the hints: as a flag it would make the toolkit replace the
     // window by another when it is shown.
     window.setFlags(Qt::Window | Qt::FramelessWindowHint);
     window.setProperty(floatingProperty, role != Role::ordinary);
     window.installEventFilter(this);
-    connect(&window, &QWindow::xChanged, this, &X11FloatingSurface::noticeGeometry);
-    connect(&window, &QWindow::yChanged, this, &X11FloatingSurface::noticeGeometry);
-    connect(&window, &QWindow::widthChanged, this, &X11FloatingSurface::noticeGeometry);
-    connect(&window, &QWindow::heightChanged, this, &X11FloatingSurface::noticeGeometry);
     connect(&window, &QWindow::screenChanged, this, &X11FloatingSurface::applyShape);
 
     m_settleTimer.setSingleShot(true);
@@ -97,7 +76,12 @@ void X11FloatingSurface::setFrame(const QRectF& frame)
 {
     m_frame = frame;
     m_settleTimer.stop();
-    m_window.setGeometry(geometryFor(frame));
+    X11WindowGeometry::setFrame(m_window, frame);
+}
+
+bool X11FloatingSurface::isInPlace() const
+{
+    return X11WindowGeometry::pixels(m_window) == X11WindowGeometry::pixelsFor(m_window, m_frame);
 }
 
 bool X11FloatingSurface::isVisible() const
@@ -253,15 +237,21 @@ void X11FloatingSurface::startResize(Qt::Edges edges)
     m_window.startSystemResize(edges);
 }
 
+void X11FloatingSurface::handleConfigured()
+{
+    // Once the toolkit knows, too.
+    QMetaObject::invokeMethod(this, &X11FloatingSurface::noticeGeometry, Qt::QueuedConnection);
+}
+
 void X11FloatingSurface::noticeGeometry()
 {
     // On its way to the screen a window passes through other places.
-    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || isInPlace())
         return;
     // A window manager that has its own idea of a place for a new window heeds a second request.
     if (m_placingRequests > 0 && !m_placingDeadline.hasExpired()) {
         --m_placingRequests;
-        m_window.setGeometry(geometryFor(m_frame));
+        X11WindowGeometry::setFrame(m_window, m_frame);
     } else if (!m_settleTimer.isActive()) {
         m_settleTimer.start();
     }
@@ -276,9 +266,9 @@ void X11FloatingSurface::insistOnPlaceFor(std::chrono::milliseconds time)
 void X11FloatingSurface::settleGeometry()
 {
     m_settleTimer.stop();
-    if (!m_window.isVisible() || m_isFreshlyMapped || m_window.geometry() == geometryFor(m_frame))
+    if (!m_window.isVisible() || m_isFreshlyMapped || isInPlace())
         return;
-    m_frame = frameOf(m_window);
+    m_frame = X11WindowGeometry::frame(m_window);
     Q_EMIT frameChangedByUser(m_frame);
 }
 

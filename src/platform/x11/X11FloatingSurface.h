@@ -46,6 +46,8 @@ public:
     [[nodiscard]] xcb_window_t window() const { return m_id; }
     /// A FocusIn or FocusOut of the window.
     void handleFocusChange(const xcb_focus_in_event_t& event);
+    /// A ConfigureNotify of the window, of which the toolkit has not heard yet.
+    void handleConfigured();
     void handleNewWindowManager();
 
     [[nodiscard]] bool eventFilter(QObject* receiver, QEvent* event) override;
@@ -57,6 +59,7 @@ private:
     void handleExposed();
     void applyShape();
     [[nodiscard]] QMargins extentsAround(const QRegion& shape) const;
+    [[nodiscard]] bool isInPlace() const;
     void noticeGeometry();
     void settleGeometry();
     void insistOnPlaceFor(std::chrono::milliseconds time);

@@ -46,6 +46,11 @@ bool X11FloatingSurfaces::nativeEventFilter(const QByteArray& eventType, void* m
             surface->handleFocusChange(focus);
         break;
     }
+    case XCB_CONFIGURE_NOTIFY:
+        if (auto* surface =
+                surfaceOf(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window))
+            surface->handleConfigured();
+        break;
     case XCB_PROPERTY_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.atom == m_windowManagerProperty && change.window == m_connection.root() &&

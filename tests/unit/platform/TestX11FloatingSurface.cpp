@@ -33,8 +33,10 @@ public:
     }
     QList<int> keys;
     int presses = 0;
+    QSize laidOut; ///< the size that the content was told last
 
 protected:
+    void resizeEvent(QResizeEvent* event) override { laidOut = event->size(); }
     void paintEvent(QPaintEvent*) override
     {
         QPainter(this).fillRect(QRect(QPoint(), size()), paper);
@@ -116,6 +118,14 @@ private Q_SLOTS:
         QCOMPARE(windowFrame(), pixels);
         QCOMPARE(surface->frame(), lowerLeft(pixels));
         QCOMPARE(moved.count(), 0);
+    }
+
+    void itsContentKnowsItsSizeBeforeItIsShown()
+    {
+        surface->setFrame(lowerLeft({300, 200, 250, 130}));
+        QCOMPARE(card->laidOut, QSize(250, 130));
+        surface->setFrame(lowerLeft({300, 200, 180, 140}));
+        QCOMPARE(card->laidOut, QSize(180, 140));
     }
 
     void itMovesWhileShownAndComesBackElsewhere()

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QRectF>
+
+class QWindow;
+
+/// The places of toolkit windows to the pixel: the toolkit itself knows them in whole points only,
+/// which on screens of a larger scale are several pixels apart. Windows must have been created.
+namespace driftbox::X11WindowGeometry {
+
+/// In pixels, as the toolkit last heard of it.
+[[nodiscard]] QRect pixels(const QWindow& window);
+/// The same in screen space.
+[[nodiscard]] QRectF frame(const QWindow& window);
+
+/// The pixels for a frame in screen space, by the scale of the screen that holds its centre.
+[[nodiscard]] QRect pixelsFor(const QWindow& window, const QRectF& frame);
+
+void setFrame(QWindow& window, const QRectF& frame);
+
+} // namespace driftbox::X11WindowGeometry

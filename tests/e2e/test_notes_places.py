@@ -1,9 +1,11 @@
 """Notes stand where they were put, to the pixel, whoever manages the windows."""
 
+import json
+
 import pytest
 
 from harness.desktop import LEFT_OF_PRIMARY
-from harness.notes import Notes
+from harness.notes import Notes, saved_note
 from harness.windows import Geometry
 
 
@@ -50,6 +52,31 @@ def test_on_a_second_screen(manager, make_desktop, make_program):
     assert desktop.monitor_at(*place.center).name == "left"
     assert notes.manifest()[0]["frame"]["x"] == place.x - 1200
     assert_stays_after_restart(notes, place)
+
+
+@pytest.mark.parametrize("composited", [False, True], ids=["plain", "composited"])
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+def test_between_the_points_of_a_large_scale(manager, composited, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager, compositor=composited)
+    desktop.environment["QT_SCREEN_SCALE_FACTORS"] = "2"
+    notes = Notes(make_program(desktop))
+    notes.write_manifest(json.dumps([
+        saved_note(frame={"x": 100, "y": 100.5, "width": 240, "height": 200})]))
+    notes.program.start()
+    note = notes.reopen()
+    first = note.geometry()
+    assert first == Geometry(200, 900 - 2 * 100 - 1 - 2 * 200, 480, 400)
+
+    note.drag(411, 93)
+    moved = note.settled(first)
+    note.drag_corner(63, 41)
+    resized = note.settled(moved)
+    assert resized.width > moved.width
+
+    desktop.keyboard.tap("w", ["Control_L"])
+    note.wait_until_closed()
+    notes.reopen().wait_for_geometry(resized)
+    assert_stays_after_restart(notes, resized)
 
 
 def test_a_note_cannot_be_made_too_small(make_desktop, make_program):

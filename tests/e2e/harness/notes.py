@@ -119,6 +119,10 @@ class Note:
     def _desktop(self):
         return self._notes.desktop
 
+    @property
+    def _scale(self):
+        return int(self._desktop.environment.get("QT_SCREEN_SCALE_FACTORS", 1))
+
     def has_keyboard(self):
         return self._desktop.windows.has_keyboard(self.window)
 
@@ -131,7 +135,7 @@ class Note:
     def geometry(self):
         """The paper, without its shadow."""
         around = self._desktop.windows.geometry(self.window)
-        margin = _SHADOW if self._desktop.windows.is_composited() else 0
+        margin = _SHADOW * self._scale if self._desktop.windows.is_composited() else 0
         return Geometry(around.x + margin, around.y + margin,
                         around.width - 2 * margin, around.height - 2 * margin)
 
@@ -158,7 +162,8 @@ class Note:
         def find():
             around = self._desktop.windows.geometry(self.window)
             return next((node for node in application.children()
-                         if node.name == TITLE and node.extents() == around), None)
+                         if node.name == TITLE and around.contains(*self._center(node))
+                         and node.extents().width == around.width // self._scale), None)
 
         return wait_for(find, "the note in the tree")
 
@@ -187,12 +192,16 @@ class Note:
 
     def click(self, control):
         self.hover()
-        self._desktop.pointer.click(*self.node().find(name=control).extents().center)
+        self._desktop.pointer.click(*self._center(self.node().find(name=control)))
+
+    def _center(self, node):
+        """In pixels; the program speaks of points."""
+        return tuple(place * self._scale for place in node.extents().center)
 
     def drag(self, dx, dy):
         """Moves it by its paper."""
         place = self.geometry()
-        start = (place.x + place.width // 2, place.y + 8)
+        start = (place.x + place.width // 2, place.y + 8 * self._scale)
         self._desktop.pointer.drag(start, (start[0] + dx, start[1] + dy))
 
     def drag_corner(self, dx, dy):

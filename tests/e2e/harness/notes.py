@@ -160,10 +160,10 @@ class Note:
         application = self._desktop.tree.application(self._notes.program.process.pid)
 
         def find():
-            around = self._desktop.windows.geometry(self.window)
-            return next((node for node in application.children()
-                         if node.name == TITLE and around.contains(*self._center(node))
-                         and node.extents().width == around.width // self._scale), None)
+            center = self._desktop.windows.geometry(self.window).center
+            return next((node for node in application.children() if node.name == TITLE and all(
+                abs(told - seen) <= self._scale
+                for told, seen in zip(self._center(node), center))), None)
 
         return wait_for(find, "the note in the tree")
 

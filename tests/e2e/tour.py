@@ -11,6 +11,7 @@ from pathlib import Path
 from harness import pictures, screenshot
 from harness.apps import FocusWriter, Mousepad, PictureViewer
 from harness.desktop import Desktop, Monitor
+from harness.notes import MAKE_NOTE, SAVE, Notes
 from harness.program import PROGRAM, PROJECT, Program
 from harness.waiting import wait_for, wait_for_equal
 
@@ -65,6 +66,7 @@ class Tour:
         letter = self._begin_letter()
         self._pick_by_keyboard(letter)
         self._search_and_pick_by_mouse(letter)
+        self._make_notes()
         self._program.stop()
 
     def _copy_text(self):
@@ -134,6 +136,27 @@ class Tour:
         self.picture("the-letter-is-written")
         wait_for_equal(lambda: self._program.texts()[0], NOTES.splitlines()[2], "the front entry")
 
+    def _make_notes(self):
+        """One of the picture, one from scratch, which is saved."""
+        notes = Notes(self._program)
+        self._program.panel.open()
+        row = next(name for name in self._program.panel.row_names() if name.startswith("Image, "))
+        self._program.panel.click_action(row, MAKE_NOTE)
+        harbour = notes.next_window()
+        shopping = notes.make("For the trip\n\n- sandwiches\n- a thermos\n- the map")
+        shopping.click("Blue")
+        shopping.click(SAVE)
+        notes.wait_for_texts([shopping.text()])
+        place = harbour.geometry()
+        harbour.drag(-60, 300)
+        harbour.settled(place)
+        shopping.hover()
+        self.picture("notes-float-above")
+        notes.open_section()
+        self.picture("and-are-listed")
+        self._desktop.keyboard.tap("Escape")
+        self._program.panel.wait_until_closed()
+
     def _place(self, application, x, y, width, height):
         self._desktop.windows.place(application.window, x, y, width, height)
         wait_for(lambda: application.geometry().width == width, "the window at its size")
@@ -165,7 +188,8 @@ def main():
             print(f"The tour failed: {failure}")
             return 1
     print("The tour went well: a text, a rich text and a picture were copied, a double tap of Control"
-          " opened the panel at the caret, and what was picked was pasted into the editor.")
+          " opened the panel at the caret, what was picked was pasted into the editor, and notes were"
+          " made.")
     return 0
 
 

@@ -64,7 +64,7 @@ void NoteContentView::arrange()
     m_controls->setGeometry(controlPadding, 0, width() - 2 * controlPadding,
                             NoteControlRow::preferredHeight);
     QRect body(sidePadding, NoteControlRow::preferredHeight + gap, width() - 2 * sidePadding, 0);
-    body.setBottom(height() - hintHeight - 1);
+    body.setBottom(height() - hintHeight - gap - 1);
     if (m_image) {
         const int lines = linesUnderImage * m_editor->fontMetrics().lineSpacing();
         const int room = std::max(body.height() - lines - gap, body.height() / 2);

@@ -7,6 +7,7 @@ from .waiting import wait_for, wait_for_equal
 from .windows import Geometry
 
 TITLE = "Sticky note"
+MAKE_NOTE = "Make a sticky note"  # of an entry of the history
 SAVE = "Save"
 UNSAVE = "Unsave — note becomes a draft (deleted on close)"
 COPY = "Copy to clipboard"

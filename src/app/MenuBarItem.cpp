@@ -8,6 +8,8 @@
 #include <chrono>
 
 #include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtWidgets/QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
@@ -71,10 +73,23 @@ void MenuBarItem::show()
     m_icon->setContextMenu(m_menu.get());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason == QSystemTrayIcon::Trigger)
-                    m_menu->popup(QCursor::pos());
+                if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                    m_menu->popup(placeOfMenu());
             });
     m_icon->show();
+}
+
+// Beside the icon, so that letting the button go chooses nothing. Where the desktop does not tell
+// where the icon is, the pointer is on it.
+QPoint MenuBarItem::placeOfMenu() const
+{
+    const QRect icon = m_icon->geometry();
+    if (icon.isEmpty())
+        return QCursor::pos();
+    const QScreen* screen = QGuiApplication::screenAt(icon.center());
+    const int height = m_menu->sizeHint().height();
+    const bool fitsBelow = !screen || icon.bottom() + height < screen->geometry().bottom();
+    return fitsBelow ? icon.bottomLeft() + QPoint(0, 1) : icon.topLeft() - QPoint(0, height);
 }
 
 void MenuBarItem::hide()

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include <QtCore/QObject>
+#include <QtCore/QPoint>
 
 class QSystemTrayIcon;
 
@@ -32,6 +33,7 @@ private:
     void waitForNotifiers();
     void show();
     void hide();
+    [[nodiscard]] QPoint placeOfMenu() const;
 
     Desktop m_desktop;
     const AppSettings& m_settings;

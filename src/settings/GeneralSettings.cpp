@@ -29,6 +29,8 @@ bool GeneralSettings::isHotkeyEnabled() const
 
 void GeneralSettings::setHotkeyEnabled(bool enabled)
 {
+    if (enabled == isHotkeyEnabled())
+        return;
     m_services.settings.setHotkeyEnabled(enabled);
     m_services.restartHotkey();
 }
@@ -70,6 +72,8 @@ bool GeneralSettings::launchesAtLogin() const
 
 void GeneralSettings::setLaunchesAtLogin(bool launches)
 {
+    if (launches == launchesAtLogin())
+        return;
     m_services.settings.setLaunchAtLogin(launches);
     m_services.applyLaunchAtLogin();
 }

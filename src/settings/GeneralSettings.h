@@ -20,6 +20,7 @@ public:
     /// What `services` refers to must outlive this.
     explicit GeneralSettings(const SettingsServices& services, QObject* parent = nullptr);
 
+    /// Setting one of these to what it is does nothing.
     [[nodiscard]] bool isHotkeyEnabled() const;
     void setHotkeyEnabled(bool enabled);
 

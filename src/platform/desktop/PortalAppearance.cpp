@@ -48,6 +48,7 @@ PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus, QObject* p
 {
     if (!m_bus.isConnected())
         return;
+    qRegisterMetaType<QDBusVariant>(); // or no slot that takes one is found
     m_bus.connect(service, path, settings, u"SettingChanged"_s, this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
     connect(&m_portal, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::askAll);

@@ -54,7 +54,7 @@ FormSection* GeneralSettingsView::makeHotkeySection()
     auto* section = new FormSection(u"Hotkey"_s, content());
     m_enabled = new ToggleRow(m_model.toggleLabel(), section);
     section->addRow(m_enabled);
-    connect(m_enabled, &QAbstractButton::clicked, &m_model, &GeneralSettings::setHotkeyEnabled);
+    connect(m_enabled, &QAbstractButton::toggled, &m_model, &GeneralSettings::setHotkeyEnabled);
     addModifierRow(*section);
     addSpeedRow(*section);
     return section;
@@ -108,7 +108,7 @@ FormSection* GeneralSettingsView::makeStartupSection()
     auto* section = new FormSection(u"Startup"_s, content());
     m_launch = new ToggleRow(u"Launch Drift Box at login"_s, section);
     section->addRow(m_launch);
-    connect(m_launch, &QAbstractButton::clicked, &m_model, &GeneralSettings::setLaunchesAtLogin);
+    connect(m_launch, &QAbstractButton::toggled, &m_model, &GeneralSettings::setLaunchesAtLogin);
     return section;
 }
 

@@ -48,8 +48,11 @@ QWidget* NotesSettingsView::makeSwatches(AppSettings& settings, QWidget* parent)
         };
         follow();
         connect(&settings, &AppSettings::noteDefaultColorChanged, swatch, follow);
-        connect(swatch, &QAbstractButton::clicked, swatch,
-                [swatch, &settings] { settings.setNoteDefaultColor(swatch->color()); });
+        // Assistive technology checks a button without clicking it.
+        connect(swatch, &QAbstractButton::toggled, swatch, [swatch, &settings](bool checked) {
+            if (checked && settings.noteDefaultColor() != swatch->color())
+                settings.setNoteDefaultColor(swatch->color());
+        });
         row->addWidget(swatch);
     }
     return swatches;

@@ -174,6 +174,9 @@ class Desktop:
         self.display = None
         self.processes.stop(self._server)
 
+    def stop_session_bus(self):
+        self.processes.stop(self._session_bus)
+
     def stop_accessibility(self):
         self.processes.stop(self._accessibility)
 
@@ -252,7 +255,8 @@ class Desktop:
         configuration = self.folder / "bus.conf"
         configuration.write_text(
             _BUS_CONFIGURATION.format(socket=socket, services=services), encoding="utf-8")
-        self.processes.start("dbus-daemon", "--nofork", f"--config-file={configuration}")
+        self._session_bus = self.processes.start(
+            "dbus-daemon", "--nofork", f"--config-file={configuration}")
         wait_for(socket.exists, "the session bus")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
         self._accessibility = self.processes.start(AT_SPI_LAUNCHER, "--launch-immediately")

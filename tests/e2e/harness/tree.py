@@ -148,6 +148,14 @@ class Node:
         if not answer or not answer[0]:
             raise RuntimeError(f"{self!r} refused to {action}")
 
+    def value(self):
+        """What a slider or a spin button stands at."""
+        return self._property("org.a11y.atspi.Value", "CurrentValue")
+
+    def set_value(self, value):
+        self._call("org.freedesktop.DBus.Properties", "Set", GLib.Variant(
+            "(ssv)", ("org.a11y.atspi.Value", "CurrentValue", GLib.Variant("d", value))))
+
     def text(self):
         answer = self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))
         return answer[0] if answer else ""

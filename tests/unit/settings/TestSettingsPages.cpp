@@ -90,6 +90,10 @@ private Q_SLOTS:
         QTest::keyClick(&row, Qt::Key_Space);
         QVERIFY(shown.desk.settings.hotkeyEnabled());
         QVERIFY(shown.at<QSlider>(0).isEnabled());
+        accessible(row).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(!shown.desk.settings.hotkeyEnabled());
+        QCOMPARE(shown.desk.hotkeyRestarts, 3);
+        row.setChecked(true);
         QCOMPARE(accessible(row).role(), QAccessible::CheckBox);
         QVERIFY(accessible(row).state().checked);
     }
@@ -255,6 +259,9 @@ private Q_SLOTS:
         QVERIFY(pink.grab().toImage() != before);
         QTest::mouseClick(&pink, Qt::LeftButton);
         QVERIFY(pink.isChecked());
+        auto& blue = shown.at<SwatchButton>(1);
+        accessible(blue).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QCOMPARE(shown.desk.settings.noteDefaultColor(), NoteColor::blue);
     }
 
     void closingTheNotesAsksForNoConfirmation()

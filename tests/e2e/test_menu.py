@@ -1,0 +1,154 @@
+"""The program's item in the desktop's bar and the menu that it opens."""
+
+import pytest
+
+from harness import screenshot
+from harness.apps import XTerm
+from harness.program import entry
+from harness.settings import Settings
+from harness.statusbar import StatusBar
+from harness.waiting import wait_for, wait_for_equal
+
+OPEN, CLEAR, QUIT = "Open Drift Box", "Clear Unpinned History", "Quit Drift Box"
+HINT = 1  # the place of the hint in the menu
+
+
+@pytest.fixture
+def bar(desktop):
+    return StatusBar(desktop)
+
+
+@pytest.fixture
+def item(bar, program):
+    """The item of the running program."""
+    return bar.item()
+
+
+def hint(item):
+    return item.menu()[HINT].text
+
+
+def test_the_item_says_what_it_is(item):
+    assert item.property("Title") == "Drift Box"
+    assert item.property("ToolTip")[2] == "Drift Box"
+    assert item.property("Status") == "Active"
+    sizes = [width for width, _height, _pixels in item.property("IconPixmap")]
+    assert {16, 22, 24, 32, 48} <= set(sizes)
+
+
+def test_the_menu_has_its_entries(item):
+    menu = item.menu()
+    assert [None if entry.is_separator else entry.text for entry in menu] == [
+        OPEN, "Double-tap ⌃ Control to summon", None, "Open Markdown…", "Settings…",
+        "Send Feedback…", CLEAR, None, QUIT]
+    for place, entry_ in enumerate(menu):
+        is_command = place != HINT and not entry_.is_separator
+        assert entry_.has_symbol == is_command
+        assert entry_.is_enabled == (place != HINT)
+    assert item.entry("Settings…").shortcut == (("Control", ","),)
+    assert item.entry(QUIT).shortcut == (("Control", "Q"),)
+
+
+def test_the_hint_follows_the_settings(item, program):
+    settings = Settings(program).open_from(item)
+    switch = settings.find("check box")
+    switch.act("Toggle")
+    wait_for_equal(lambda: hint(item), "Hotkey disabled", "the hint")
+    switch.act("Toggle")
+    settings.pick(settings.find("combo box"), 2)
+    wait_for_equal(lambda: hint(item), "Double-tap ⌘ Command to summon", "the hint")
+
+
+def test_the_menu_opens_and_hides_the_panel(item, program):
+    item.choose(OPEN)
+    program.panel.wait_until_open()
+    item.choose(OPEN)
+    program.panel.wait_until_closed()
+
+
+def test_the_menu_clears_what_is_not_pinned(bar, stopped_program):
+    stopped_program.write_manifest_of([entry(1, "pinned", pinnedAt=1), entry(2, "unpinned")])
+    stopped_program.start()
+    bar.item().choose(CLEAR)
+    stopped_program.wait_for_texts(["pinned"])
+    bar.item().choose(CLEAR)
+    stopped_program.panel.open()
+    stopped_program.panel.wait_for_rows(["Text: pinned"])
+    assert stopped_program.texts() == ["pinned"]
+
+
+def test_the_menu_quits(item, program):
+    item.choose(QUIT)
+    assert program.process.wait(10) == 0
+
+
+def test_a_click_opens_the_menu_and_its_shortcuts_work(desktop, item, program):
+    XTerm(desktop)
+    settings = Settings(program)
+    item.activate()
+    wait_for(lambda: len(desktop.windows.of_process(program.process.pid)) == 1, "the menu")
+    desktop.keyboard.tap("comma", ["Control_L"])
+    settings.wait_until_open()
+    item.activate()
+    wait_for(lambda: len(desktop.windows.of_process(program.process.pid)) == 2, "the menu")
+    desktop.keyboard.tap("q", ["Control_L"])
+    assert program.process.wait(10) == 0
+
+
+def test_a_bar_that_comes_late_gets_the_item(desktop, program):
+    assert program.start_again() == 0  # without a bar this opens the panel
+    program.panel.wait_until_open()
+    assert len(StatusBar(desktop).item().menu()) == 9
+
+
+def test_a_bar_that_restarts_gets_the_item_again(bar, item, program):
+    for _ in range(3):
+        bar.stop()
+        bar.start()
+        wait_for_equal(lambda: len(bar.items()), 1, "the number of items")
+        assert len(bar.item().menu()) == 9
+    assert program.is_running
+
+
+def test_a_watcher_without_a_host_gets_no_item(desktop, program):
+    bar = StatusBar(desktop, "--no-host")
+    program.panel.open()
+    assert bar.items() == []
+
+
+def test_a_bus_that_ends_takes_only_the_bar_along(desktop, item, program):
+    program.expect_complaint("")  # libraries may say it in words of their own
+    desktop.stop_session_bus()
+    XTerm(desktop)
+    desktop.keyboard.double_tap()
+    wait_for(program.panel.has_keyboard, "the panel to have the keyboard")
+    assert program.is_running
+
+
+def test_a_tray_that_takes_windows_gets_one_again_and_again(desktop, program):
+    for _ in range(2):
+        tray = desktop.processes.start("trayer", "--edge", "top", "--align", "left")
+        picture = wait_for(lambda: blue_tile(desktop), "the item in the tray")
+        desktop.pointer.click(*picture)
+        wait_for(lambda: menu_window(desktop, program), "the menu")
+        desktop.keyboard.tap("Escape")
+        wait_for(lambda: not menu_window(desktop, program), "the menu to be gone")
+        desktop.processes.stop(tray)
+        wait_for(lambda: not blue_tile(desktop), "the tray to be gone")
+
+
+def menu_window(desktop, program):
+    """The menu is the only large window of the program."""
+    return next((window for window in desktop.windows.of_process(program.process.pid)
+                 if desktop.windows.geometry(window).height > 100), None)
+
+
+def blue_tile(desktop):
+    """Where on the screen's top edge something has the blue of the program's symbol."""
+    pixels = screenshot.take(desktop.display).crop((0, 0, 200, 30)).load()
+    for y in range(30):
+        for x in range(200):
+            red, green, blue = pixels[x, y]
+            if blue > 200 and blue - red > 100 and green < 170:
+                return x + 3, y + 3
+    return None

@@ -1,0 +1,325 @@
+"""Every control of the settings acts at once, is stored, and can be reached by everybody."""
+
+import pytest
+
+from harness import screenshot
+from harness.apps import XTerm
+from harness.misfortune import copy
+from harness.notes import Notes
+from harness.program import entry
+from harness.settings import HOTKEY, LAUNCH, PAGES, SHADOW, Portal, Settings
+from harness.statusbar import StatusBar
+from harness.waiting import wait_for, wait_for_equal
+
+COMPOSITED = pytest.mark.desktop(compositor=True)
+
+
+@pytest.fixture
+def settings(program):
+    """The settings of the running program, not open yet."""
+    return Settings(program)
+
+
+def install(desktop, name):
+    """A program of that name that writes its arguments to the file that is returned."""
+    folder = desktop.folder / "bin"
+    folder.mkdir(exist_ok=True)
+    said = desktop.folder / f"{name}.said"
+    script = folder / name
+    script.write_text(f'#!/bin/sh\nprintf "%s" "$*" > {said}.part; mv {said}.part {said}\n',
+                      encoding="utf-8")
+    script.chmod(0o755)
+    desktop.environment["PATH"] = f"{folder}:" + desktop.environment["PATH"]
+    return said
+
+
+# The window
+
+
+def test_it_is_an_ordinary_window_in_the_middle(desktop, settings):
+    settings.open_from_panel()
+    settings.program.panel.wait_until_closed()
+    geometry = settings.geometry()
+    assert (geometry.width, geometry.height) == (760 + 2 * SHADOW, 520 + 2 * SHADOW)
+    assert abs(geometry.center[0] - 720) <= 1
+    assert abs(geometry.center[1] - 450) <= 1
+    states = desktop.windows.states(settings.window())
+    assert not states & {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR"}
+    assert settings.page() == "General"
+    assert settings.pages() == PAGES
+
+
+def test_it_opens_as_and_where_it_was_left(desktop, settings):
+    settings.open_from_panel()
+    settings.choose("Notes")
+    desktop.keyboard.tap("f", ["Control_L"])
+    desktop.keyboard.type("no")
+    wait_for_equal(settings.pages, ["Notes"], "the pages")
+    desktop.windows.place(settings.window(), 40, 60, 900, 700)
+    wait_for(lambda: settings.geometry().width == 900, "the new size")
+    before = settings.geometry()
+    screenshot.take_still(desktop.display)
+    settings.press("Close")
+    settings.wait_until_closed()
+
+    settings.open_from_panel()
+    wait_for_equal(settings.geometry, before, "the place")
+    assert settings.page() == "Notes"
+    assert settings.find("text", "Search").text() == "no"
+
+
+def test_asked_for_twice_it_is_one_window(desktop, settings):
+    item = StatusBar(desktop).item()
+    settings.open_from(item)
+    terminal = XTerm(desktop)
+    wait_for(terminal.has_keyboard, "the terminal to have the keyboard")
+    settings.open_from(item)
+    assert len(settings.windows()) == 1
+
+
+def test_it_can_be_dragged_by_its_top(desktop, settings):
+    settings.open_from_panel()
+    before = settings.geometry()
+    screenshot.take_still(desktop.display)
+    desktop.pointer.drag((before.x + 560, before.y + 50), (before.x + 660, before.y + 130))
+    wait_for(lambda: settings.geometry().x == before.x + 100, "the window to be dragged")
+    assert settings.geometry().y == before.y + 80
+
+
+def test_it_is_closed_by_keys_and_by_the_window_manager(desktop, settings):
+    settings.open_from_panel()
+    desktop.keyboard.tap("w", ["Control_L"])
+    settings.wait_until_closed()
+    settings.open_from_panel()
+    desktop.windows.close(settings.window())
+    settings.wait_until_closed()
+    assert settings.program.is_running
+    settings.open_from_panel()
+
+
+def test_the_search_finds_titles(desktop, settings):
+    settings.open_from_panel()
+    desktop.keyboard.tap("f", ["Control_L"])
+    for query, found in (("CLIP", ["Clipboard"]), (" notes ", ["Notes"]), ("capacity", [])):
+        desktop.keyboard.type(query)
+        wait_for_equal(settings.pages, found, "the pages")
+        assert settings.page() == "General"
+        settings.press("Clear search")
+        wait_for_equal(settings.pages, PAGES, "the pages")
+
+
+# General
+
+
+def test_the_hotkey_can_be_switched_off_and_on(desktop, settings):
+    settings.open_from_panel()
+    settings.find("check box", HOTKEY).act("Toggle")
+    settings.wait_for_stored("hotkeyEnabled", False)
+    wait_for(lambda: not settings.find("combo box").has_state("enabled"), "the picker to be off")
+    assert not settings.find("slider").has_state("enabled")
+    terminal = XTerm(desktop)
+    desktop.keyboard.double_tap()
+    desktop.keyboard.type("nothing")
+    wait_for_equal(terminal.text, "nothing", "the terminal's text")
+    assert not settings.program.panel.is_open()
+
+    settings.find("check box", HOTKEY).act("Toggle")
+    settings.wait_for_stored("hotkeyEnabled", True)
+    settings.program.panel.open()
+
+
+def test_another_modifier_acts_at_once(desktop, settings):
+    settings.open_from_panel()
+    settings.program.panel.wait_until_closed()
+    settings.pick(settings.find("combo box"), 1)
+    settings.wait_for_stored("hotkeyModifier", "option")
+    settings.find("check box", "Enable double-tap ⌥ Option to summon")
+    XTerm(desktop)
+    settings.program.panel.open(key="Alt_L")
+
+
+def test_the_speed_goes_in_steps(desktop, settings):
+    settings.open_from_panel()
+    slider = settings.find("slider", "Double-tap speed")
+    assert slider.value() == 300
+    for wanted, stored in ((150, 150), (600, 600), (438, 450)):
+        slider.set_value(wanted)
+        settings.wait_for_stored("hotkeyThresholdMs", stored)
+        wait_for(lambda: f"{stored} ms" in settings.labels(), "the value beside the slider")
+    settings.click(slider)
+    desktop.keyboard.tap("Home")
+    settings.wait_for_stored("hotkeyThresholdMs", 150)
+    desktop.keyboard.tap("Right")
+    settings.wait_for_stored("hotkeyThresholdMs", 200)
+
+
+def test_the_launch_at_login_makes_and_removes_its_entry(desktop, settings):
+    settings.open_from_panel()
+    launch = settings.find("check box", LAUNCH)
+    assert not settings.autostart.exists()
+    settings.click(launch)
+    wait_for(settings.autostart.exists, "the entry")
+    assert "driftbox" in settings.autostart.read_text(encoding="utf-8")
+    settings.wait_for_stored("launchAtLogin", True)
+    wait_for(lambda: launch.has_state("checked"), "the switch to be on")
+    settings.click(launch)
+    wait_for(lambda: not settings.autostart.exists(), "the entry to be gone")
+    settings.wait_for_stored("launchAtLogin", False)
+
+
+def test_a_launch_at_login_that_cannot_be_is_logged(settings):
+    settings.autostart.parent.write_text("in the way", encoding="utf-8")
+    settings.open_from_panel()
+    settings.program.expect_complaint("^Launch-at-login toggle failed: ")
+    settings.find("check box", LAUNCH).act("Toggle")
+    settings.program.wait_for_log("^Launch-at-login toggle failed: ")
+    settings.wait_for_stored("launchAtLogin", True)
+
+
+def test_the_permission_is_shown_and_its_settings_open(desktop, stopped_program):
+    said = install(desktop, "gnome-control-center")
+    settings = Settings(stopped_program.start()).open_from_panel()
+    assert "Granted — the global hotkey is active." in settings.labels()
+    settings.press("Re-check")
+    settings.press("Show system prompt again")
+    settings.press("Open System Settings…")
+    wait_for(said.exists, "the settings of the desktop")
+    assert said.read_text(encoding="utf-8") == "universal-access"
+
+
+# Clipboard
+
+
+def test_the_capacity_is_stepped_and_acts_at_the_next_copy(desktop, stopped_program):
+    stopped_program.write_manifest_of([entry(i, str(i)) for i in range(20)])
+    settings = Settings(stopped_program.start()).open_from_panel()
+    settings.choose("Clipboard")
+    stepper = settings.find("spin box", "Keep unpinned items")
+    assert stepper.value() == 30
+    settings.click(stepper)
+    for _ in range(6):
+        desktop.keyboard.tap("Down")
+    settings.wait_for_stored("clipboardCapacity", 5)
+    assert len(stopped_program.manifest()) == 20
+    with copy(desktop, "one more"):
+        stopped_program.wait_for_texts(["one more", "0", "1", "2", "3"])
+    stepper.set_value(100)
+    settings.wait_for_stored("clipboardCapacity", 100)
+
+
+def test_the_history_is_cleared_but_for_what_is_pinned(desktop, stopped_program):
+    stopped_program.write_manifest_of(
+        [entry(1, "pinned", pinnedAt=1), entry(2, "unpinned")])
+    settings = Settings(stopped_program.start()).open_from_panel()
+    settings.choose("Clipboard")
+    clear = settings.find("push button", "Clear all unpinned history now")
+    assert clear.has_state("enabled")
+    settings.click(clear)
+    stopped_program.wait_for_texts(["pinned"])
+    wait_for(lambda: not clear.has_state("enabled"), "the button to be off")
+    with copy(desktop, "new"):
+        wait_for(lambda: clear.has_state("enabled"), "the button to be on")
+
+
+# Notes
+
+
+def test_new_notes_have_the_colour_of_the_swatch(settings):
+    settings.open_from_panel()
+    settings.choose("Notes")
+    assert settings.find("radio button", "Yellow").has_state("checked")
+    settings.click(settings.find("radio button", "Pink"))
+    settings.wait_for_stored("noteDefaultColor", "pink")
+    assert not settings.find("radio button", "Yellow").has_state("checked")
+    notes = Notes(settings.program)
+    notes.make_saved("pink")
+    assert notes.manifest()[0]["color"] == "pink"
+
+
+def test_all_notes_are_closed(settings):
+    notes = Notes(settings.program)
+    notes.make("a draft")
+    notes.make("another")
+    settings.open_from_panel()
+    settings.choose("Notes")
+    settings.press("Close all notes")
+    notes.wait_for_windows(0)
+
+
+# About
+
+
+def test_the_about_page_names_the_version_and_leads_to_the_makers(desktop, stopped_program):
+    said = install(desktop, "xdg-open")
+    settings = Settings(stopped_program.start()).open_from_panel()
+    settings.choose("About")
+    labels = settings.labels()
+    assert {"Drift Box", "A minimal quick-panel for macOS.", "WeChat · 微信"} <= set(labels)
+    assert any(label.startswith("Version ") and label.endswith(")") for label in labels)
+    settings.press("Send Feedback · 反馈")
+    wait_for(said.exists, "the browser")
+    assert said.read_text(encoding="utf-8").startswith("https://")
+
+
+# Everybody
+
+
+def test_the_keyboard_reaches_everything(desktop, settings):
+    settings.open_from_panel()
+    wanted = {"General", "Search", HOTKEY, "⌃ Control", "Double-tap speed", LAUNCH,
+              "Open System Settings…", "Re-check", "Show system prompt again", "Minimize", "Close"}
+
+    def focused():
+        return {node.name for node in settings.node().descendants() if node.has_state("focused")}
+
+    reached = focused()
+    for _ in range(16):
+        desktop.keyboard.tap("Tab")
+        reached |= wait_for(focused, "an element to have the keyboard")
+    assert wanted <= reached
+
+
+@COMPOSITED
+def test_it_turns_dark_with_the_desktop(desktop, stopped_program):
+    portal = Portal(desktop, "light")
+    settings = Settings(stopped_program.start()).open_from_panel()
+    geometry = settings.geometry()
+    beside_the_title = geometry.x + SHADOW + 560, geometry.y + SHADOW + 70
+
+    def brightness():
+        return sum(screenshot.take_still(desktop.display).getpixel(beside_the_title)) / 3
+
+    assert brightness() > 240
+    portal.change("dark")
+    wait_for(lambda: brightness() < 60, "the window to be dark")
+    portal.change("light")
+    wait_for(lambda: brightness() > 240, "the window to be light")
+
+
+# Misfortunes
+
+
+def test_stored_values_of_the_wrong_kind_are_defaults(stopped_program):
+    stopped_program.write_defaults({
+        "settings.clipboardCapacity": "many", "settings.hotkeyEnabled": 1,
+        "settings.hotkeyModifier": "Option", "settings.hotkeyThresholdMs": [300],
+        "settings.launchAtLogin": "yes", "settings.noteDefaultColor": 7})
+    settings = Settings(stopped_program.start()).open_from_panel()
+    assert settings.find("check box", HOTKEY).has_state("checked")
+    assert not settings.find("check box", LAUNCH).has_state("checked")
+    assert settings.find("slider").value() == 300
+    settings.choose("Clipboard")
+    assert settings.find("spin box").value() == 30
+    settings.choose("Notes")
+    assert settings.find("radio button", "Yellow").has_state("checked")
+    assert settings.stored("clipboardCapacity") == "many"  # until it is assigned
+
+
+def test_settings_that_cannot_be_written_act_all_the_same(settings):
+    settings.program.defaults_path.parent.write_text("in the way", encoding="utf-8")
+    settings.open_from_panel()
+    settings.program.expect_complaint("defaults.json")
+    settings.find("check box", HOTKEY).act("Toggle")
+    settings.program.wait_for_log("defaults.json")
+    wait_for(lambda: not settings.find("slider").has_state("enabled"), "the slider to be off")
+    assert settings.program.is_running

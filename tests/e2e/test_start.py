@@ -1,0 +1,69 @@
+"""One program a session, whatever is started how often; answers that need no desktop."""
+
+import os
+import subprocess
+import time
+
+import pytest
+
+from harness.program import PROGRAM
+from harness.statusbar import StatusBar
+from harness.waiting import wait_for
+
+ALREADY_RUNNING = "^Already running; without a session bus nothing is handed over$"
+
+
+@pytest.mark.parametrize("option, beginning", [("--version", "Drift Box "), ("--help", "Usage: ")])
+def test_options_are_answered_without_a_display(option, beginning):
+    answer = subprocess.run([PROGRAM, option], env={"PATH": os.environ["PATH"]}, check=True,
+                            capture_output=True, text=True, timeout=10)
+    assert answer.stdout.startswith(beginning)
+    assert not answer.stderr
+
+
+def test_without_a_display_there_is_an_answer_and_no_dump(desktop):
+    environment = {name: value for name, value in desktop.environment.items() if name != "DISPLAY"}
+    answer = subprocess.run([PROGRAM], env=environment, capture_output=True, text=True, timeout=20)
+    assert answer.returncode != 0
+    assert "display" in answer.stderr
+
+
+def test_a_second_start_hands_over_and_ends_promptly(desktop, program):
+    started = time.monotonic()
+    assert program.start_again() == 0
+    taken = time.monotonic() - started
+    assert taken < 1.0, taken  # far more than it takes, for a busy machine
+    program.panel.wait_until_open()
+
+
+def test_a_second_start_hands_over_its_files(desktop, program):
+    program.expect_complaint("^kAEOpenDocuments: ")
+    (desktop.folder / "notes.txt").write_text("no Markdown", encoding="utf-8")
+    assert program.start_again(desktop.folder / "notes.txt", "other file.txt") == 0
+    program.wait_for_log("^kAEOpenDocuments: notes.txt, other file.txt$")
+    assert not program.panel.is_open()
+
+
+def test_without_a_bus_there_is_one_program_all_the_same(desktop, stopped_program):
+    desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nowhere"
+    stopped_program.expect_complaint(ALREADY_RUNNING)
+    stopped_program.start()
+    second = subprocess.run([PROGRAM], env=desktop.environment, capture_output=True, text=True,
+                            timeout=20)
+    assert second.returncode == 0
+    assert "Already running" in second.stderr
+    assert stopped_program.is_running
+    desktop.keyboard.double_tap()
+    wait_for(stopped_program.panel.has_keyboard, "the panel to have the keyboard")
+
+    stopped_program.kill()  # leaves its lock behind
+    stopped_program.start()
+
+
+def test_many_starts_at_once_make_one_program(desktop):
+    bar = StatusBar(desktop)
+    started = [desktop.processes.start(PROGRAM, name=f"driftbox-{i}") for i in range(5)]
+    wait_for(lambda: sum(process.poll() is None for process in started) == 1,
+             "all but one to be done")
+    assert {process.poll() for process in started} == {None, 0}
+    bar.item()

@@ -3,6 +3,7 @@
 #include "markdown/webengine/DocumentScheme.h"
 #include "markdown/webengine/EngineChatter.h"
 #include "markdown/webengine/Sandbox.h"
+#include "markdown/webengine/ScreenReader.h"
 #include "markdown/webengine/WebEngine.h"
 
 #include <utility>
@@ -28,8 +29,12 @@ void setUpProcess()
     // take the program down.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     DocumentScheme::registerScheme();
-    const QByteArray users = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
-    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", QByteArray(flags) + ' ' + users);
+    QByteArray chosen = flags;
+    // To describe a long document takes longer than to show it, so it is done for those who need
+    // it.
+    if (ScreenReader::isEnabled())
+        chosen += " --force-renderer-accessibility";
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", chosen + ' ' + qgetenv("QTWEBENGINE_CHROMIUM_FLAGS"));
     if (!Sandbox::isPossible()) {
         qCInfo(log).noquote()
             << u"The web engine runs without its sandbox, which cannot work here"_s;

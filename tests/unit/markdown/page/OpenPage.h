@@ -62,14 +62,13 @@ public:
 class OpenPage
 {
 public:
-    explicit OpenPage(MarkdownWebEngine& engine, const QString& folder)
+    OpenPage(MarkdownWebEngine& engine, const QString& folder)
     {
         m_window.resize(780, 640);
         m_page = engine.makePage(m_delegate, m_window);
         m_page->widget().setGeometry(m_window.rect());
         const MarkdownResource resources(QStringLiteral(DRIFTBOX_TEST_RESOURCES));
-        m_page->load(resources.shellHTML().value_or(QString()),
-                     QUrl::fromLocalFile(folder + QStringLiteral("/")));
+        m_page->load(*resources.shellHTML(), QUrl::fromLocalFile(folder + QStringLiteral("/")));
         m_window.show();
     }
 
@@ -109,9 +108,8 @@ public:
             .toString();
     }
 
-    [[nodiscard]] RecordingDelegate& delegate() { return m_delegate; }
-    [[nodiscard]] MarkdownPageView& page() { return *m_page; }
-    [[nodiscard]] QWidget& window() { return m_window; }
+    RecordingDelegate& delegate() { return m_delegate; }
+    MarkdownPageView& page() { return *m_page; }
     [[nodiscard]] QWebEnginePage& engine()
     {
         return *m_page->widget().findChild<QWebEngineView*>()->page();
@@ -140,11 +138,7 @@ protected:
         QVERIFY(m_open->isLoaded());
     }
 
-    void closeEngine()
-    {
-        m_open.reset();
-        m_module.reset();
-    }
+    void closeEngine() { m_open.reset(), m_module.reset(); }
 
     QTemporaryDir m_folder;
     std::unique_ptr<WebEngineModule> m_module;

@@ -49,7 +49,10 @@ def test_it_is_an_ordinary_window_in_the_middle(desktop, settings):
     assert settings.pages() == PAGES
 
 
-def test_it_opens_as_and_where_it_was_left(desktop, settings):
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+def test_it_opens_as_and_where_it_was_left(manager, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager)
+    settings = Settings(make_program(desktop).start())
     settings.open_from_panel()
     settings.choose("Notes")
     desktop.keyboard.tap("f", ["Control_L"])

@@ -1,11 +1,13 @@
 #include "panel/view/QuietStyle.h"
 
 #include "panel/view/ControlParts.h"
+#include "panel/view/PopupParts.h"
 
 #include <algorithm>
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyleOption>
 
@@ -52,6 +54,13 @@ void drawScrolledBackground(QPainter& painter, const QRect& frame, const QWidget
         painter.fillRect(frame, viewport->palette().brush(viewport->backgroundRole()));
 }
 
+// Pickers reserve room for icons whether there are any or not.
+PopupParts::Icons iconsOf(const QStyleOptionMenuItem& entry, const QWidget* widget)
+{
+    return entry.maxIconWidth > 0 && qobject_cast<const QMenu*>(widget) ? PopupParts::Icons::some
+                                                                        : PopupParts::Icons::none;
+}
+
 // The pointer and presses count for the part of a control that they are on.
 QStyle::State stateOfPart(const QStyleOptionComplex& option, QStyle::SubControl part)
 {
@@ -74,6 +83,8 @@ void QuietStyle::polish(QWidget* widget)
     // The thumb lies on whatever is beneath the scroll bar.
     if (qobject_cast<QScrollBar*>(widget))
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    if (qobject_cast<QMenu*>(widget) || widget->inherits("QComboBoxPrivateContainer"))
+        PopupParts::adopt(*widget);
 }
 
 int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -89,6 +100,11 @@ int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
         return indicatorSize;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return PopupParts::margin;
+    case PM_MenuPanelWidth:
+        return 1;
     case PM_ButtonMargin:
         return buttonMargin;
     case PM_ButtonShiftHorizontal:
@@ -111,6 +127,16 @@ int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                   const QWidget* widget) const
+{
+    const QSize common = QProxyStyle::sizeFromContents(type, option, size, widget);
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    return type == CT_MenuItem && entry
+               ? PopupParts::entrySize(*entry, common, iconsOf(*entry, widget))
+               : common;
 }
 
 QRect QuietStyle::subElementRect(SubElement element, const QStyleOption* option,
@@ -180,6 +206,11 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorRadioButton:
         ControlParts::drawRadioButton(*painter, option->rect, option->palette, option->state);
         break;
+    case PE_PanelMenu:
+        PopupParts::drawPanel(*painter, option->rect, option->palette);
+        break;
+    case PE_FrameMenu: // a part of the panel
+        break;
     case PE_FrameFocusRect:
         break; // every control shows the focus by its own outline
     default:
@@ -190,7 +221,11 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 void QuietStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const
 {
-    if (element == CE_PushButtonBevel)
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && entry) {
+        const SmoothPainting smooth(*painter);
+        PopupParts::drawEntry(*painter, *entry, iconsOf(*entry, widget));
+    } else if (element == CE_PushButtonBevel)
         proxy()->drawPrimitive(PE_PanelButtonCommand, option, painter, widget);
     else
         QProxyStyle::drawControl(element, option, painter, widget);

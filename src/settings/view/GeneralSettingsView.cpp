@@ -23,6 +23,7 @@ namespace driftbox {
 
 namespace {
 
+constexpr int pickerWidth = 124;
 constexpr int valueColumn = 56;
 constexpr int leastSliderWidth = 140;
 
@@ -68,6 +69,7 @@ void GeneralSettingsView::addModifierRow(FormSection& section)
     m_modifier->setFont(Theme::systemFont(13));
     for (const HotkeyModifier modifier : allHotkeyModifiers)
         m_modifier->addItem(modifierName(modifier));
+    m_modifier->setMinimumWidth(pickerWidth);
     letWheelPass(*m_modifier);
     label->setBuddy(m_modifier);
     connect(m_modifier, &QComboBox::currentIndexChanged, this, [this](int index) {

@@ -10,6 +10,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
@@ -183,6 +184,53 @@ private Q_SLOTS:
         QVERIFY(control->hasFocus());
         QVERIFY(without != pictureOf(*control));
         control->setParent(nullptr);
+    }
+
+    void menusHaveRoundCornersAndRoomForTheirTexts()
+    {
+        QMenu menu;
+        menu.addAction(u"Short"_s);
+        const int narrow = menu.sizeHint().width();
+        menu.addSeparator();
+        QAction* longest = menu.addAction(u"A text that is longer"_s);
+        longest->setShortcut(Qt::CTRL | Qt::Key_L);
+        (void)pictureOf(menu);
+        QVERIFY(menu.mask().contains(menu.rect().center()));
+        QVERIFY(!menu.mask().contains(QPoint(0, 0)));
+        const int texts = menu.fontMetrics().horizontalAdvance(
+            longest->text() + longest->shortcut().toString(QKeySequence::NativeText));
+        QVERIFY(menu.width() > texts && menu.width() > narrow);
+        QVERIFY(menu.actionGeometry(menu.actions().at(1)).height() <
+                menu.actionGeometry(longest).height());
+    }
+
+    void theChosenEntryCanBeSeen()
+    {
+        QMenu menu;
+        QAction* entry = menu.addAction(u"Entry"_s);
+        QPixmap red(16, 16);
+        red.fill(Qt::red);
+        entry->setIcon(red);
+        menu.resize(menu.sizeHint());
+        const QPoint inEntry = menu.actionGeometry(entry).center() + QPoint(20, 0);
+        const QImage resting = menu.grab().toImage();
+        menu.setActiveAction(entry);
+        const QImage chosen = menu.grab().toImage();
+        QVERIFY(resting.pixel(inEntry) != chosen.pixel(inEntry));
+        QVERIFY(shows(resting, Qt::red));
+        QVERIFY(!shows(chosen, Qt::red)); // it has the colour of the text
+    }
+
+private:
+    static bool shows(const QImage& picture, const QColor& color)
+    {
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == color)
+                    return true;
+            }
+        }
+        return false;
     }
 };
 

@@ -18,6 +18,7 @@ PROJECT = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(PROJECT / "tests/e2e"))
 
 import measures  # noqa: E402
+import recognition  # noqa: E402
 from harness.program import PROGRAM  # noqa: E402
 
 RESULTS = PROJECT / "bench/results.json"
@@ -29,7 +30,7 @@ NOTES = {"keystroke": "key with 200 saved", "lines": "key in 100,000, in lines",
 
 @dataclass
 class Row:
-    """One line of the table; `peer` is CopyQ's figure."""
+    """One line of the table; `peer` is CopyQ's figure, of reading text the tesseract command's."""
 
     name: str
     unit: str
@@ -99,10 +100,13 @@ def rows_of(wanted):
         figures = measures.inside("notesList")
         yield Row("notes: scrolling 1,000 listed, worst", "ms", figures["notes_scrolling_worst"], 16)
         yield Row("notes: memory of 200 closed", "MiB", measures.memory_of_notes(), 2)
+    if is_wanted("text"):
+        for row in recognition.rows():
+            yield Row(*row)
 
 
 def print_table(lines):
-    header = ("what", "budget", "Drift Box", "CopyQ", "")
+    header = ("what", "budget", "Drift Box", "peer", "")
     widths = [max(len(line[column]) for line in [header, *lines]) for column in range(5)]
     for line in [header, *lines]:
         print(f"{line[0]:<{widths[0]}}  " + "  ".join(

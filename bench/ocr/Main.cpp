@@ -56,31 +56,21 @@ QString readByCommand(const QString& path)
 {
     QProcess command;
     command.setStandardErrorFile(QProcess::nullDevice());
+    // It reads the same with one thread, in half the time.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"OMP_THREAD_LIMIT"_s, u"1"_s);
+    command.setProcessEnvironment(environment);
     command.start(u"tesseract"_s, {path, u"stdout"_s, u"-l"_s, languages});
     if (!command.waitForFinished(-1) || command.exitCode() != 0)
         qFatal("The tesseract command does not work");
     return QString::fromUtf8(command.readAllStandardOutput()).remove(u'\f');
 }
 
-/// Private memory of this process, in MiB.
-double privateMemory()
-{
-    QFile file(u"/proc/self/smaps_rollup"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("Cannot read %s", qUtf8Printable(file.fileName()));
-    double kib = 0;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (line.startsWith("Private_"))
-            kib += line.simplified().split(' ').at(1).toDouble();
-    }
-    return kib / 1024;
-}
-
 void measureErrors(const QString& samples, const QString& folder)
 {
     const OCREngine engine;
     std::map<QString, Pair> of;
-    for (const TextPicture& picture : allTextPictures(samples, {11, 12, 14, 20, 32})) {
+    for (const TextPicture& picture : allTextPictures(samples, {11, 14, 20, 32})) {
         const QString path = folder + u'/' + picture.name() + u".png"_s;
         const QByteArray file = fileOf(picture.rendered());
         QFile out(path);
@@ -123,7 +113,6 @@ void measureScreenshot(const QString& samples, const QString& folder)
         qFatal("Cannot write %s", qUtf8Printable(path));
     out.close();
 
-    const double before = privateMemory();
     QElapsedTimer total;
     QElapsedTimer sinceAnswer;
     qint64 longest = 0;
@@ -147,10 +136,6 @@ void measureScreenshot(const QString& samples, const QString& folder)
     answers.stop();
     print(u"screenshot_ms"_s, static_cast<double>(total.elapsed()));
     print(u"screenshot_held_longest_ms"_s, static_cast<double>(longest) / 1e6);
-
-    QTimer::singleShot(5'000, &loop, &QEventLoop::quit);
-    loop.exec();
-    print(u"memory_kept_mib"_s, privateMemory() - before);
 
     total.start();
     (void)readByCommand(path);

@@ -167,7 +167,7 @@ void addInOrder(const Pieces& pieces, std::vector<TextLine>& lines)
 
 } // namespace
 
-std::vector<TextLine> inReadingOrder(std::vector<QRect> pieces)
+std::vector<TextLine> inReadingOrder(const std::vector<QRect>& pieces)
 {
     std::vector<TextLine> lines;
     if (!pieces.empty())

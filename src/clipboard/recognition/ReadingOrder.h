@@ -11,6 +11,6 @@ using TextLine = std::vector<QRect>;
 
 /// The lines of a page in the order in which a person reads them: column by column, but a table
 /// row by row.
-[[nodiscard]] std::vector<TextLine> inReadingOrder(std::vector<QRect> pieces);
+[[nodiscard]] std::vector<TextLine> inReadingOrder(const std::vector<QRect>& pieces);
 
 } // namespace driftbox

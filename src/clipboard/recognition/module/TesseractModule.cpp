@@ -1,6 +1,7 @@
 #include "clipboard/recognition/module/TesseractModule.h"
 
 #include "clipboard/recognition/PageReader.h"
+#include "clipboard/recognition/module/LibraryPages.h"
 
 #include <malloc.h>
 #include <tesseract/baseapi.h>
@@ -33,6 +34,7 @@ QString TesseractModule::read(const QImage& picture, const QStringList& language
     // The program lives on for days: nothing stays behind of what reading took.
     tesseract::TessBaseAPI::ClearPersistentCache();
     malloc_trim(0);
+    releaseLibraryPages();
     return text;
 }
 

@@ -78,3 +78,27 @@ def test_reading_goes_on_when_the_panel_hides(desktop, program, copy_picture):
     desktop.keyboard.tap("Escape")
     program.panel.wait_until_closed()
     wait_for_text(editor, "\n".join([WORDS] * 20))
+
+
+def test_a_picture_without_text_ends_the_busy_state(desktop, program, copy_picture):
+    noise = Image.effect_noise((400, 300), 90).convert("RGB")
+    copy_picture(pictures.encoded(noise, "PNG"))
+    editor = GtkEditor(desktop)
+    program.panel.open()
+    button = program.panel.hover(row_of_picture(program.panel)).find(name=ACTION)
+    desktop.pointer.click(*button.extents().center)
+    wait_for(lambda: not button.has_state("enabled"), "the action to be busy")
+    wait_for(lambda: button.has_state("enabled"), "the action to be ready again", PATIENCE)
+    assert program.panel.is_open()
+    assert editor.text() == ""
+
+
+def test_a_picture_whose_file_is_gone_has_no_text(desktop, program, copy_picture):
+    copy_picture(picture_of(WORDS))
+    (item,) = program.manifest()
+    program.panel.open()
+    program.image_path(item).unlink()
+    button = program.panel.hover(row_of_picture(program.panel)).find(name=ACTION)
+    desktop.pointer.click(*button.extents().center)
+    program.panel.search("still alive")
+    assert program.panel.is_open()

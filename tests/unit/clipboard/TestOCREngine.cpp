@@ -96,6 +96,8 @@ private Q_SLOTS:
         QTest::newRow("text") << QByteArray("no picture at all");
         QTest::newRow("zeros") << QByteArray(1000, '\0');
         QTest::newRow("only a signature") << QByteArray("\x89PNG\r\n\x1a\n");
+        const QByteArray whole = imageFile(colourfulImage({200, 200}), "png");
+        QTest::newRow("a truncated picture") << whole.first(whole.size() / 2);
         QTest::newRow("larger than any screen") << pngThatClaims({20'000, 20'000});
         QTest::newRow("an absurd size") << pngThatClaims({2'000'000'000, 2'000'000'000});
     }

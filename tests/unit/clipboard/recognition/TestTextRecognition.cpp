@@ -1,3 +1,4 @@
+#include "RecognitionModule.h"
 #include "RenderedText.h"
 #include "clipboard/OCREngine.h"
 #include "support/Images.h"
@@ -8,12 +9,15 @@
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 QString textIn(const QImage& picture)
 {
-    return OCREngine().recognizeText(imageFile(picture, "png"));
+    // However busy the machine is: what is read is tested here, not how quickly.
+    static const OCREngine engine(recognitionModule, 100s);
+    return engine.recognizeText(imageFile(picture, "png"));
 }
 
 QImage plain(const QSize& size)

@@ -18,7 +18,7 @@ SOURCE = (".cpp", ".h", ".py", ".txt", ".cmake", ".md", ".yml", ".sh", "")
 WORDS = [
     (re.compile(r"\b(TODO|FIXME|XXX|HACK)\b"), SOURCE, "do it or open an issue"),
     (re.compile(r"""(?<![\w.}~$/-])/(home|root|work|Users)/"""), SOURCE, "a path of one machine"),
-    (re.compile(r"\bqDebug\(|\bqCDebug\(|std::cout|std::cerr"), (".cpp", ".h"), "left from a hunt"),
+    (re.compile(r"\bqDebug\(|std::cout|std::cerr"), (".cpp", ".h"), "left from a hunt"),
     (re.compile(r"\b(QTest::qSleep|QThread::[mu]?sleep|QTest::qWait)\([^/]*$"), (".cpp", ".h"),
      "wait for a condition, or say beside it what is measured"),
     (re.compile(r"using namespace std;"), (".cpp", ".h"), "name what is used"),

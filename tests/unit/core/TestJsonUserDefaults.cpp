@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString folder = u"/home/user/.config/driftbox"_s;
+const QString folder = u"/config/driftbox"_s;
 const QString path = folder + u"/defaults.json"_s;
 const QString corruptPath = folder + u"/defaults.corrupt.json"_s;
 

@@ -85,8 +85,35 @@ def test_it_can_be_dragged_by_its_top(desktop, settings):
     before = settings.geometry()
     screenshot.take_still(desktop.display)
     desktop.pointer.drag((before.x + 560, before.y + 50), (before.x + 660, before.y + 130))
-    wait_for(lambda: settings.geometry().x == before.x + 100, "the window to be dragged")
-    assert settings.geometry().y == before.y + 80
+    # The first few pixels tell a drag from a click.
+    wait_for(lambda: abs(settings.geometry().x - before.x - 100) <= 8, "the window to be dragged")
+    assert abs(settings.geometry().y - before.y - 80) <= 8
+
+
+def test_a_click_on_its_top_leaves_it_where_it_is(desktop, settings):
+    settings.open_from_panel()
+    before = settings.geometry()
+    screenshot.take_still(desktop.display)
+    for x in (560, 520, 480):
+        desktop.pointer.click(before.x + x, before.y + 50)
+        desktop.pointer.move(before.x + 300, before.y + 400)
+        screenshot.take_still(desktop.display)
+    assert settings.geometry() == before
+
+
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+def test_a_double_click_on_its_top_fills_the_screen_and_back(manager, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager)
+    settings = Settings(make_program(desktop).start()).open_from_panel()
+    before = settings.geometry()
+    screenshot.take_still(desktop.display)
+    for _ in range(2):
+        desktop.pointer.click(before.x + 560, before.y + 50)
+    wait_for(lambda: settings.geometry().width >= desktop.primary.width, "the window to be large")
+    screenshot.take_still(desktop.display)
+    for _ in range(2):
+        desktop.pointer.click(800, 30)
+    wait_for_equal(settings.geometry, before, "the place")
 
 
 def test_it_is_closed_by_keys_and_by_the_window_manager(desktop, settings):

@@ -2,6 +2,9 @@
 
 #include "panel/view/Theme.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QtCore/QEvent>
 #include <QtGui/QHoverEvent>
 #include <QtGui/QPainter>
@@ -23,6 +26,7 @@ constexpr qreal shadowOffset = 6.0;
 constexpr qreal outlineOpacity = 0.12;
 constexpr int edgeThickness = 5; // of what resizes, along the inside of the frame
 constexpr int cornerLength = 14;
+constexpr int dragDistance = 4; // a click that trembles moves nothing
 
 constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shadowMargin);
 
@@ -140,13 +144,29 @@ void SettingsWindow::showCursorFor(Qt::Edges edges)
 
 void SettingsWindow::mousePressEvent(QMouseEvent* event)
 {
-    const QPoint position = event->position().toPoint();
-    if (event->button() != Qt::LeftButton)
-        return QWidget::mousePressEvent(event);
-    if (const Qt::Edges edges = edgesAt(position))
+    m_press.reset();
+    if (event->button() == Qt::LeftButton)
+        m_press = event->position().toPoint();
+}
+
+// A press that goes nowhere must not reach the window manager: it would miss the release, and the
+// window would stick to the pointer.
+void SettingsWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    const bool isHeld = event->buttons() & Qt::LeftButton;
+    if (!m_press || !isHeld ||
+        (event->position().toPoint() - *m_press).manhattanLength() < dragDistance)
+        return;
+    const QPoint press = *std::exchange(m_press, std::nullopt);
+    if (const Qt::Edges edges = edgesAt(press))
         m_surface->startResize(edges);
-    else if (m_rootView->isTitleArea(m_rootView->mapFrom(this, position)))
+    else if (m_rootView->isTitleArea(m_rootView->mapFrom(this, press)))
         m_surface->startMove();
+}
+
+void SettingsWindow::mouseReleaseEvent(QMouseEvent*)
+{
+    m_press.reset();
 }
 
 void SettingsWindow::mouseDoubleClickEvent(QMouseEvent* event)

@@ -5,6 +5,7 @@
 #include "settings/view/SettingsRootView.h"
 
 #include <memory>
+#include <optional>
 
 #include <QtWidgets/QWidget>
 
@@ -34,6 +35,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -48,6 +51,7 @@ private:
     SettingsRootView* m_rootView;
     std::unique_ptr<FloatingSurface> m_surface;
     CardShadow m_shadow;
+    std::optional<QPoint> m_press; ///< where the button is held down, until that means a drag
 };
 
 } // namespace driftbox

@@ -163,12 +163,14 @@ private Q_SLOTS:
     void theWindowIsMovedByItsTopAndResizedByItsEdges()
     {
         Fixture f;
-        press(f, {shadow + 400, shadow + 40});
+        QTest::mouseClick(&f.window(), Qt::LeftButton, {}, {shadow + 400, shadow + 40});
+        QCOMPARE(f.surface().moves, 0); // a click is no drag
+        drag(f, {shadow + 400, shadow + 40});
         QCOMPARE(f.surface().moves, 1);
-        press(f, {shadow + 400, shadow + 500});
+        drag(f, {shadow + 400, shadow + 500});
         QCOMPARE(f.surface().moves, 1);
-        press(f, {shadow + 1, shadow + 300});
-        press(f, {shadow + 758, shadow + 518});
+        drag(f, {shadow + 1, shadow + 300});
+        drag(f, {shadow + 758, shadow + 518});
         QCOMPARE(f.surface().resizes,
                  std::vector({Qt::Edges(Qt::LeftEdge), Qt::Edges(Qt::RightEdge | Qt::BottomEdge)}));
     }
@@ -197,9 +199,16 @@ private Q_SLOTS:
     }
 
 private:
-    static void press(Fixture& f, const QPoint& position)
+    static void drag(Fixture& f, const QPoint& position)
     {
-        QTest::mouseClick(&f.window(), Qt::LeftButton, {}, position);
+        QTest::mousePress(&f.window(), Qt::LeftButton, {}, position);
+        for (const int distance : {1, 2, 5, 9, 20}) {
+            const QPointF place = position + QPoint(distance, 0);
+            QMouseEvent move(QEvent::MouseMove, place, f.window().mapToGlobal(place), Qt::NoButton,
+                             Qt::LeftButton, {});
+            QCoreApplication::sendEvent(&f.window(), &move);
+        }
+        QTest::mouseRelease(&f.window(), Qt::LeftButton, {}, position + QPoint(20, 0));
     }
 };
 

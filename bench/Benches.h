@@ -28,4 +28,8 @@ using Figures = std::map<QString, double>;
 /// Scrolling the panel's page of 1,000 notes, by nearly a page at a time.
 [[nodiscard]] Figures notesList();
 
+/// The editor of a document of 1 MB: until it is open, and a keystroke at its beginning and at its
+/// end, painting included.
+[[nodiscard]] Figures reader();
+
 } // namespace driftbox::bench

@@ -18,6 +18,7 @@ PROJECT = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(PROJECT / "tests/e2e"))
 
 import measures  # noqa: E402
+import reading  # noqa: E402
 import recognition  # noqa: E402
 from harness.program import PROGRAM  # noqa: E402
 
@@ -102,6 +103,9 @@ def rows_of(wanted):
         yield Row("notes: memory of 200 closed", "MiB", measures.memory_of_notes(), 2)
     if is_wanted("text"):
         for row in recognition.rows():
+            yield Row(*row)
+    if is_wanted("reader"):
+        for row in reading.rows():
             yield Row(*row)
 
 

@@ -81,12 +81,12 @@ def show():
             desktop.keyboard.tap("Escape")
             program.panel.wait_until_closed()
             watch.forget()
-            taken.append(_milliseconds_of_tap(desktop, watch))
+            taken.append(milliseconds_of_tap(desktop, watch))
             wait_for(program.panel.has_keyboard, "the panel to have the keyboard")
         return statistics.median(taken), max(taken)
 
 
-def _milliseconds_of_tap(desktop, watch):
+def milliseconds_of_tap(desktop, watch):
     desktop.keyboard.press("Control_L")
     desktop.keyboard.release("Control_L", 20)
     desktop.display.sync()

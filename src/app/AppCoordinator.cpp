@@ -57,8 +57,7 @@ struct AppCoordinator::MarkdownWindows
 {
     explicit MarkdownWindows(const Desktop& desktop)
         : windows({desktop.standardWindows, desktop.documentOpener, desktop.pasteboard,
-                   MarkdownResource(AppConfig::resourcesFolder()),
-                   [this] { return webEngine.engine(); }})
+                   desktop.tasks, webEngine, MarkdownResource(AppConfig::resourcesFolder())})
         , openPanel(desktop.standardWindows)
     {
     }

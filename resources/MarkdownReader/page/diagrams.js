@@ -41,7 +41,7 @@ const draw = async (source, theme) => {
             diagramTheme = theme;
             mermaid.initialize({
                 startOnLoad: false, securityLevel: "strict", suppressErrorRendering: true,
-                theme: "base", fontFamily: getComputedStyle(page).fontFamily,
+                theme: "base", look: "classic", fontFamily: getComputedStyle(page).fontFamily,
                 themeVariables: diagramColors[theme],
                 secure: ["secure", "securityLevel", "startOnLoad", "maxTextSize", "maxEdges",
                     "suppressErrorRendering", "themeCSS", "fontFamily", "altFontFamily"],

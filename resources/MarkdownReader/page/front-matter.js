@@ -13,7 +13,7 @@ const splitFrontMatter = (text) => {
     };
 };
 
-const unquoted = (value) => value.replace(/^(["'])(.*)\1$/, "$2");
+const unquoted = (value) => value.replace(/^(["'])(.*)\1$/, "$2").replace(/^\[(.*)\]$/, "$1");
 
 // Names and values where the data is as simple as that; null where it has structure.
 const simpleEntries = (matter) => {

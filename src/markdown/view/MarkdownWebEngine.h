@@ -2,6 +2,7 @@
 
 #include "markdown/MarkdownPage.h"
 
+#include <functional>
 #include <memory>
 
 #include <QtCore/QObject>
@@ -33,6 +34,22 @@ public:
     /// An empty page in `parent`. `delegate` must outlive it.
     [[nodiscard]] virtual std::unique_ptr<MarkdownPageView> makePage(MarkdownPageDelegate& delegate,
                                                                      QWidget& parent) = 0;
+};
+
+/// Where the engine comes from.
+class MarkdownWebEngines
+{
+public:
+    MarkdownWebEngines() = default;
+    MarkdownWebEngines(const MarkdownWebEngines&) = delete;
+    MarkdownWebEngines& operator=(const MarkdownWebEngines&) = delete;
+    virtual ~MarkdownWebEngines() = default;
+
+    /// The part of starting the engine that any thread can do, even after this object's end.
+    [[nodiscard]] virtual std::function<void()> preloading() const = 0;
+
+    /// The engine, started by the first call. Null when there is none. Main thread only.
+    [[nodiscard]] virtual MarkdownWebEngine* engine() = 0;
 };
 
 /// What the module with the web engine offers. It alone links the engine.

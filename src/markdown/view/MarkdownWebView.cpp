@@ -2,11 +2,13 @@
 
 #include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/view/ReaderServices.h"
+#include "platform/TaskRunner.h"
 
+#include <memory>
+#include <optional>
 #include <utility>
 
 #include <QtCore/QEvent>
-#include <QtCore/QTimer>
 #include <QtGui/QPainter>
 
 namespace driftbox {
@@ -31,16 +33,32 @@ void MarkdownWebView::update(const QString& markdown, const QString& theme)
     m_coordinator.push(markdown, theme);
 }
 
-void MarkdownWebView::makePage()
+// The page is large and so is the engine: what need not be done here is done elsewhere meanwhile.
+void MarkdownWebView::prepare()
 {
-    const auto html = m_services.resources.shellHTML();
-    MarkdownWebEngine* engine = html ? m_services.webEngine() : nullptr;
+    const auto html = std::make_shared<std::optional<QString>>();
+    m_services.tasks.run(
+        this,
+        [html, resources = m_services.resources, preload = m_services.webEngines.preloading()] {
+            *html = resources.shellHTML();
+            if (*html)
+                preload();
+        },
+        [this, html] {
+            if (*html)
+                makePage(**html);
+        });
+}
+
+void MarkdownWebView::makePage(const QString& html)
+{
+    MarkdownWebEngine* engine = m_services.webEngines.engine();
     if (engine == nullptr)
         return;
     m_page = engine->makePage(m_coordinator, *this);
     m_page->setUnderPageColor(palette().color(QPalette::Base));
     m_coordinator.setPage(m_page.get());
-    m_page->load(*html, m_fileURL.adjusted(QUrl::RemoveFilename));
+    m_page->load(html, m_fileURL.adjusted(QUrl::RemoveFilename));
     setFocusProxy(&m_page->widget());
     m_page->widget().setGeometry(rect());
     m_page->widget().show();
@@ -51,7 +69,7 @@ void MarkdownWebView::paintEvent(QPaintEvent* /*event*/)
     QPainter(this).fillRect(rect(), palette().color(QPalette::Base));
     // The first page of the program takes a while to make: the window shows before that.
     if (!std::exchange(m_isPageWanted, true))
-        QTimer::singleShot(0, this, &MarkdownWebView::makePage);
+        prepare();
 }
 
 void MarkdownWebView::resizeEvent(QResizeEvent* event)

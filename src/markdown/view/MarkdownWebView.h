@@ -36,7 +36,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void makePage();
+    void prepare();
+    void makePage(const QString& html);
 
     QUrl m_fileURL;
     const ReaderServices& m_services;

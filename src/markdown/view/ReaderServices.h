@@ -2,14 +2,13 @@
 
 #include "markdown/MarkdownResource.h"
 
-#include <functional>
-
 namespace driftbox {
 
 class DocumentOpener;
-class MarkdownWebEngine;
+class MarkdownWebEngines;
 class Pasteboard;
 class StandardWindows;
+class TaskRunner;
 
 /// What reader windows work with; what it refers to must outlive them.
 struct ReaderServices
@@ -17,9 +16,9 @@ struct ReaderServices
     StandardWindows& windows;
     DocumentOpener& opener;
     Pasteboard& pasteboard;
+    TaskRunner& tasks;
+    MarkdownWebEngines& webEngines;
     MarkdownResource resources;
-    /// The web engine, loaded by the first call; null when there is none.
-    std::function<MarkdownWebEngine*()> webEngine;
 };
 
 } // namespace driftbox

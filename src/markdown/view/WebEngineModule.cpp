@@ -1,9 +1,8 @@
 #include "markdown/view/WebEngineModule.h"
 
-#include "markdown/view/MarkdownWebEngine.h"
-
 #include <utility>
 
+#include <QtCore/QLibrary>
 #include <QtCore/QLoggingCategory>
 #include <QtGui/private/qopenglcontext_p.h>
 
@@ -28,11 +27,19 @@ void provideShareContext()
 } // namespace
 
 WebEngineModule::WebEngineModule(const QString& path)
-    : m_loader(path)
+    : m_path(path)
+    , m_loader(path)
 {
+    provideShareContext();
 }
 
 WebEngineModule::~WebEngineModule() = default;
+
+std::function<void()> WebEngineModule::preloading() const
+{
+    // What goes wrong is told when the engine is wanted.
+    return [path = m_path] { QLibrary(path).load(); };
+}
 
 MarkdownWebEngine* WebEngineModule::engine()
 {
@@ -43,7 +50,6 @@ MarkdownWebEngine* WebEngineModule::engine()
 
 void WebEngineModule::load()
 {
-    provideShareContext();
     if (auto* plugin = qobject_cast<MarkdownWebEnginePlugin*>(m_loader.instance())) {
         m_engine = plugin->makeEngine();
         return;

@@ -1,31 +1,29 @@
 #pragma once
 
+#include "markdown/view/MarkdownWebEngine.h"
+
 #include <memory>
 
 #include <QtCore/QPluginLoader>
 
 namespace driftbox {
 
-class MarkdownWebEngine;
-
-/// The shared module with the web engine. Main thread only. The engine ends with this object; the
-/// module, once loaded, stays in memory.
-class WebEngineModule
+/// The shared module with the web engine. The engine ends with this object; the module, once
+/// loaded, stays in memory. That it cannot be loaded is logged once.
+class WebEngineModule final : public MarkdownWebEngines
 {
 public:
     /// `path` is the module's file.
     explicit WebEngineModule(const QString& path);
-    ~WebEngineModule();
-    WebEngineModule(const WebEngineModule&) = delete;
-    WebEngineModule& operator=(const WebEngineModule&) = delete;
+    ~WebEngineModule() override;
 
-    /// Loads the module at the first call, which takes a few hundred milliseconds. Null when it
-    /// cannot be loaded, which is logged once.
-    [[nodiscard]] MarkdownWebEngine* engine();
+    [[nodiscard]] std::function<void()> preloading() const override;
+    [[nodiscard]] MarkdownWebEngine* engine() override;
 
 private:
     void load();
 
+    QString m_path;
     QPluginLoader m_loader;
     bool m_isTried = false;
     std::unique_ptr<MarkdownWebEngine> m_engine;

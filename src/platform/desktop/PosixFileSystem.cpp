@@ -11,7 +11,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QMutexLocker>
-#include <QtCore/QSaveFile>
+#include <QtCore/QRandomGenerator>
 
 using namespace Qt::StringLiterals;
 
@@ -32,13 +32,6 @@ bool isFolder(const QByteArray& path)
 {
     struct stat status = {};
     return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-bool isProtected(const QByteArray& path)
-{
-    struct stat status = {};
-    return stat(path.constData(), &status) == 0 &&
-           (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
 }
 
 // Runs a system call again for as long as signals interrupt it.
@@ -92,6 +85,42 @@ bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
     // The mode given to open() has lost what the process's mask forbids.
     return file.isOpen() && fchmod(file.get(), fileMode) == 0 && writeFully(file.get(), bytes) &&
            file.close();
+}
+
+// Whether the file, if it exists, is open to writing. False with errno set. The superuser may write
+// everything, but a file that nobody may write is meant to stay.
+bool mayReplace(const QByteArray& path)
+{
+    struct stat status = {};
+    if (stat(path.constData(), &status) != 0)
+        return errno == ENOENT;
+    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) {
+        errno = EACCES;
+        return false;
+    }
+    return faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0;
+}
+
+// A new file at `path` with the owner and the permissions of the one at `model`, if there is one,
+// that has reached the disk. False with errno set.
+bool writeDocument(const QByteArray& path, const QByteArray& bytes, const QByteArray& model)
+{
+    constexpr mode_t usualMode = 0666; // without what the process's mask forbids
+    FileDescriptor file(uninterrupted([&] {
+        return open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                    usualMode);
+    }));
+    if (!file.isOpen())
+        return false;
+    struct stat status = {};
+    if (stat(model.constData(), &status) == 0) {
+        // Only the superuser can give a file to somebody else; it stays with this user then.
+        if (fchown(file.get(), status.st_uid, status.st_gid) != 0)
+            status.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+        if (fchmod(file.get(), status.st_mode & 07777U) != 0)
+            return false;
+    }
+    return writeFully(file.get(), bytes) && fsync(file.get()) == 0 && file.close();
 }
 
 } // namespace
@@ -179,13 +208,18 @@ std::optional<QString> PosixFileSystem::writeAtomically(const QString& path,
 std::optional<QString> PosixFileSystem::replaceDocument(const QString& path,
                                                         const QByteArray& bytes)
 {
-    // The superuser may write everything, but a protected file is meant to stay.
-    if (isProtected(QFile::encodeName(path)))
-        return qt_error_string(EACCES);
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    const auto target = followLinks(QFile::encodeName(path));
+    if (!target || !mayReplace(*target))
+        return qt_error_string(errno);
+    // A name that nothing of the user's has.
+    const QByteArray temporary =
+        *target + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16) + ".new";
+    if (writeDocument(temporary, bytes, *target) &&
+        rename(temporary.constData(), target->constData()) == 0)
         return std::nullopt;
-    return file.errorString();
+    const int error = errno;
+    unlink(temporary.constData());
+    return qt_error_string(error);
 }
 
 bool PosixFileSystem::createFolder(const QString& path)

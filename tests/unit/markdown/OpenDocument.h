@@ -4,10 +4,29 @@
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeStandardWindows.h"
+#include "fakes/FakeTaskRunner.h"
 #include "markdown/MarkdownReaderViewModel.h"
+#include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/view/ReaderServices.h"
 
 namespace driftbox {
+
+/// Has no engine, and counts how often one is wanted.
+class NoWebEngines final : public MarkdownWebEngines
+{
+public:
+    [[nodiscard]] std::function<void()> preloading() const override
+    {
+        return [] {};
+    }
+    [[nodiscard]] MarkdownWebEngine* engine() override
+    {
+        ++wanted;
+        return nullptr;
+    }
+
+    int wanted = 0;
+};
 
 /// A document on a disk and a desktop of fakes, without a web engine.
 struct OpenDocument
@@ -23,12 +42,11 @@ struct OpenDocument
     FakeStandardWindows windows;
     FakeDocumentOpener opener;
     FakePasteboard pasteboard;
-    int enginesWanted = 0;
-    ReaderServices services{windows, opener, pasteboard,
-                            MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES)), [this] {
-                                ++enginesWanted;
-                                return nullptr;
-                            }};
+    FakeTaskRunner tasks;
+    NoWebEngines webEngines;
+    ReaderServices services{windows,    opener,
+                            pasteboard, tasks,
+                            webEngines, MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES))};
     MarkdownReaderViewModel document{QUrl::fromLocalFile(path), files};
 };
 

@@ -3,8 +3,10 @@
 #include "markdown/view/MarkdownReaderView.h"
 #include "markdown/view/MarkdownWebView.h"
 #include "markdown/view/ReaderWindow.h"
+#include "markdown/view/WebEngineModule.h"
 #include "panel/view/SymbolButton.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -139,12 +141,37 @@ private Q_SLOTS:
         MarkdownReaderView view(m_open->document, m_open->services, {}, &m_host);
         view.resize(m_host.size());
         QCoreApplication::processEvents();
-        QCOMPARE(m_open->enginesWanted, 0);
+        QCOMPARE(m_open->tasks.pending(), size_t(0));
         view.show();
-        QTRY_COMPARE(m_open->enginesWanted, 1);
+        QTRY_COMPARE(m_open->tasks.pending(), size_t(1));
+        QCOMPARE(m_open->webEngines.wanted, 0); // the page is put together elsewhere
+        m_open->tasks.runAll();
+        QCOMPARE(m_open->webEngines.wanted, 1);
         view.repaint();
-        QCoreApplication::processEvents();
-        QCOMPARE(m_open->enginesWanted, 1);
+        QCOMPARE(m_open->tasks.pending(), size_t(0));
+    }
+
+    void withoutTheFilesOfThePageNoEngineIsWanted()
+    {
+        m_view.reset();
+        m_open = std::make_unique<OpenDocument>();
+        m_open->services.resources = MarkdownResource(u"/nowhere"_s);
+        MarkdownReaderView view(m_open->document, m_open->services, {}, &m_host);
+        view.resize(m_host.size());
+        view.show();
+        QTRY_COMPARE(m_open->tasks.pending(), size_t(1));
+        m_open->tasks.runAll();
+        QCOMPARE(m_open->webEngines.wanted, 0);
+    }
+
+    void aModuleThatIsMissingIsLoggedOnce()
+    {
+        WebEngineModule module(u"/nowhere/module.so"_s);
+        module.preloading()();
+        QTest::ignoreMessage(QtCriticalMsg,
+                             QRegularExpression(u"The web engine cannot be loaded: .*not found"_s));
+        QVERIFY(!module.engine());
+        QVERIFY(!module.engine());
     }
 
     void theWindowIsCentredNamedAndAsksBeforeItCloses()
@@ -172,8 +199,8 @@ private:
     {
         m_view.reset();
         m_open = std::make_unique<OpenDocument>(bytes);
-        m_view = std::make_unique<MarkdownReaderView>(
-            m_open->document, m_open->services, std::function<void(const QUrl&)>(), &m_host);
+        m_view = std::make_unique<MarkdownReaderView>(m_open->document, m_open->services,
+                                                      std::function<void(const QUrl&)>(), &m_host);
         m_view->resize(m_host.size());
         m_host.show();
         m_view->show();

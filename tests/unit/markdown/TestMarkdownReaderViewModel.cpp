@@ -30,7 +30,8 @@ private Q_SLOTS:
 
     void loadingGivesTheTextUnchanged()
     {
-        m_files->setFile(path, "# Grüße\r\n\xE2\x80\xA8" "end");
+        m_files->setFile(path, "# Grüße\r\n\xE2\x80\xA8"
+                               "end");
         MarkdownReaderViewModel document(url, *m_files);
         const QSignalSpy unsaved(&document, &MarkdownReaderViewModel::hasUnsavedChangesChanged);
         const QSignalSpy loading(&document, &MarkdownReaderViewModel::isLoadingChanged);

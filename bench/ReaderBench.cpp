@@ -1,0 +1,87 @@
+#include "app/X11Desktop.h"
+#include "bench/BenchHistory.h"
+#include "bench/Benches.h"
+#include "markdown/MarkdownReaderViewModel.h"
+#include "markdown/view/MarkdownEditor.h"
+#include "platform/FileSystem.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QTextDocument>
+#include <QtWidgets/QApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox::bench {
+
+namespace {
+
+constexpr qsizetype documentSize = 1'000'000;
+constexpr int paragraphLength = 400;
+constexpr int keystrokes = 40;
+constexpr QSize windowSize{780, 600};
+
+double milliseconds(const QElapsedTimer& timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+QByteArray document()
+{
+    QByteArray text;
+    for (int number = 0; text.size() < documentSize; ++number)
+        text += words(number, paragraphLength).toUtf8() + "\n\n";
+    return text;
+}
+
+double keystroke(MarkdownEditor& editor)
+{
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, u"x"_s);
+    QApplication::sendEvent(&editor, &press);
+    QApplication::processEvents();
+    editor.repaint();
+    return milliseconds(timer);
+}
+
+} // namespace
+
+Figures reader()
+{
+    const auto desktop = X11Desktop::open();
+    Desktop services = desktop->services();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"doc.md"_s);
+    if (const auto error = services.fileSystem.writeAtomically(path, document()))
+        qFatal("%s", qUtf8Printable(*error));
+
+    MarkdownReaderViewModel viewModel(QUrl::fromLocalFile(path), services.fileSystem);
+    viewModel.load();
+    QElapsedTimer timer;
+    timer.start();
+    MarkdownEditor editor(viewModel, services.pasteboard, nullptr);
+    editor.resize(windowSize);
+    editor.show();
+    QApplication::processEvents();
+    const double opened = milliseconds(timer);
+
+    std::vector<double> taken;
+    for (const auto place : {QTextCursor::Start, QTextCursor::End}) {
+        editor.moveCursor(place);
+        QApplication::processEvents();
+        for (int i = 0; i < keystrokes; ++i)
+            taken.push_back(keystroke(editor));
+    }
+    std::ranges::sort(taken);
+    return {{u"reader_editor_opened"_s, opened},
+            {u"reader_keystroke_median"_s, taken[taken.size() / 2]},
+            {u"reader_keystroke_worst"_s, taken.back()}};
+}
+
+} // namespace driftbox::bench

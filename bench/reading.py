@@ -1,0 +1,155 @@
+"""Measures what it costs to read and edit Markdown files."""
+
+import re
+import statistics
+import time
+from datetime import datetime
+from pathlib import Path
+
+from gi.repository import Gio, GLib
+from Xlib import X
+
+import measures
+from footprint import settled_memory
+from harness.reader import Reader, renderers
+from harness.waiting import wait_for
+
+OPENINGS = 5
+MEGABYTE = 1_000_000
+WORDS = "the quick brown fox reads a long document about the history of the clipboard".split()
+
+
+def document(size):
+    """Markdown as people write it: sections, lists, code and tables."""
+    parts, number, length = ["# A long document\n"], 0, 0
+    while length < size:
+        number += 1
+        words = [WORDS[(number * 7 + index * 3) % len(WORDS)] for index in range(60)]
+        part = (f"\n## Section {number}\n\n{' '.join(words)} *stress* `code` "
+                f"[link](https://example.org/{number}).\n\n- {' '.join(words[:8])}\n"
+                f"- **{' '.join(words[8:12])}**\n")
+        if number % 5 == 0:
+            part += "\n```cpp\n" + "".join(
+                f"int value{line} = {line} * compute({line}); // words\n" for line in range(12)
+            ) + "```\n"
+        if number % 7 == 0:
+            part += "\n| a | b |\n|---|---|\n" + "".join(
+                f"| {line} | {words[line]} |\n" for line in range(6))
+        parts.append(part)
+        length += len(part)
+    return "".join(parts)
+
+
+class Opening:
+    """One opening of a file, asked for as the desktop does."""
+
+    def __init__(self, program, path):
+        self.program = program
+        self.desktop = program.desktop
+        self.path = Path(path)
+        self._display = self.desktop.connect()
+        self._display.screen().root.change_attributes(event_mask=X.SubstructureNotifyMask)
+        self._display.sync()
+        self._mark = len(program.log())
+        bus = Gio.DBusConnection.new_for_address_sync(
+            self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"],
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        self._asked = time.monotonic()
+        self._asked_at = datetime.now()
+        bus.call("app.driftbox", "/app/driftbox", "org.freedesktop.Application", "Open",
+                 GLib.Variant("(asa{sv})", ([self.path.as_uri()], {})), None,
+                 Gio.DBusCallFlags.NONE, -1, None, None)
+        bus.flush_sync(None)
+
+    def window_ms(self):
+        """Until a window is on the screen."""
+        deadline = time.monotonic() + 10
+        while time.monotonic() < deadline:
+            while self._display.pending_events():
+                if self._display.next_event().type == X.MapNotify:
+                    return (time.monotonic() - self._asked) * 1000
+            time.sleep(0.001)
+        raise TimeoutError("no window was mapped")
+
+    def rendered_ms(self):
+        """Until the page says that all of the document is on it, by the program's log."""
+        log = self.desktop.folder / "logs/driftbox.log"
+
+        def line():
+            lines = log.read_text(encoding="utf-8").splitlines()[self._mark:]
+            return next((text for text in lines if "Rendered after" in text), None)
+
+        stamp = re.match(r"\S+", wait_for(line, "the rendered document", 120))[0]
+        return (datetime.fromisoformat(stamp) - self._asked_at).total_seconds() * 1000
+
+
+def opening(size):
+    """The first opening of a file in a program, and the median of those after it."""
+    with measures.running_program() as program:
+        path = program.desktop.folder / "doc.md"
+        path.write_text(document(size), encoding="utf-8")
+        windows, renderings = [], []
+        for _ in range(OPENINGS):
+            opened = Opening(program, path)
+            windows.append(opened.window_ms())
+            renderings.append(opened.rendered_ms())
+            Reader(program, path).close()
+        return {"window_first": windows[0], "window": statistics.median(windows[1:]),
+                "rendered_first": renderings[0], "rendered": statistics.median(renderings[1:])}
+
+
+def panel_meanwhile():
+    """The double tap while the first document of 1 MB is on its way."""
+    with measures.running_program() as program:
+        desktop = program.desktop
+        path = desktop.folder / "doc.md"
+        path.write_text(document(MEGABYTE), encoding="utf-8")
+        program.panel.open()
+        watch = measures.MapWatch(desktop, program.panel.window())
+        desktop.keyboard.tap("Escape")
+        program.panel.wait_until_closed()
+        watch.forget()
+        opened = Opening(program, path)
+        opened.window_ms()
+        return measures.milliseconds_of_tap(desktop, watch)
+
+
+def memory():
+    """Before, during and after reading, with all processes; and the renderers left behind."""
+    with measures.running_program() as program:
+        pid = program.process.pid
+        path = program.desktop.folder / "doc.md"
+        path.write_text(document(MEGABYTE), encoding="utf-8")
+        before = settled_memory(pid).pss
+        Opening(program, path).rendered_ms()
+        during = settled_memory(pid).pss
+        Reader(program, path).close()
+        wait_for(lambda: not renderers(pid), "the renderers to end")
+        after = settled_memory(pid)
+        return {"before": before, "during": during, "after": after.pss,
+                "after_private": after.private, "left": len(renderers(pid))}
+
+
+def rows():
+    """The arguments of the rows of the table, one after the other."""
+    small, large = opening(10_000), opening(MEGABYTE)
+    yield "reader: 10 kB, window, first", "ms", small["window_first"], 150
+    yield "reader: 10 kB, rendered, first", "ms", small["rendered_first"]
+    yield "reader: 10 kB, rendered, later", "ms", small["rendered"]
+    yield "reader: 1 MB, window, first", "ms", large["window_first"], 150
+    yield "reader: 1 MB, window, later", "ms", large["window"], 150
+    yield "reader: 1 MB, rendered, first", "ms", large["rendered_first"], 1500
+    yield "reader: 1 MB, rendered, later", "ms", large["rendered"], 1500
+    yield "reader: 10 MB, rendered, first", "ms", opening(10 * MEGABYTE)["rendered_first"]
+    yield "reader: tap to panel meanwhile", "ms", panel_meanwhile(), 30
+    figures = measures.inside("reader")
+    yield "reader: editor of 1 MB opened", "ms", figures["reader_editor_opened"]
+    yield "reader: key in the editor of 1 MB, median", "ms", figures["reader_keystroke_median"], 16
+    yield "reader: key in the editor of 1 MB, worst", "ms", figures["reader_keystroke_worst"], 16
+    reading = memory()
+    yield "reader: memory before", "MiB", reading["before"]
+    yield "reader: memory during", "MiB", reading["during"]
+    yield "reader: memory after", "MiB", reading["after"]
+    yield "reader: of it private", "MiB", reading["after_private"]
+    yield "reader: renderers left", "", reading["left"], 0

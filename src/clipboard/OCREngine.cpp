@@ -12,15 +12,12 @@
 #include <QtGui/QImage>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace driftbox {
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "OCREngine")
-
-constexpr auto timeLimit = 15s;
 
 /// Simplified and Traditional Chinese, English, Japanese, Korean.
 const QStringList& usualLanguages()
@@ -55,8 +52,8 @@ const PageTextReader* loadedModule()
 
 } // namespace
 
-OCREngine::OCREngine()
-    : OCREngine(loadedModule, timeLimit)
+OCREngine::OCREngine(std::chrono::milliseconds limit)
+    : OCREngine(loadedModule, limit)
 {
 }
 

@@ -27,10 +27,11 @@ public:
     /// Gives the recogniser, or null when it cannot be had. Called on any thread.
     using ReaderSource = std::function<const PageTextReader*()>;
 
-    /// Loads the recogniser's module from beside the program when the first picture is read.
-    OCREngine();
+    /// Loads the recogniser's module from beside the program when the first picture is read. A
+    /// picture that takes longer than `limit` has no text.
+    explicit OCREngine(std::chrono::milliseconds limit = std::chrono::seconds(15));
 
-    /// Takes the recogniser from `source`. A picture that takes longer than `limit` has no text.
+    /// Takes the recogniser from `source` instead.
     OCREngine(ReaderSource source, std::chrono::milliseconds limit);
 
     [[nodiscard]] QString recognizeText(const QByteArray& image) const override;

@@ -8,8 +8,8 @@ namespace driftbox {
 
 namespace {
 
-// Two screens of 8K side by side have this many. They decode to four bytes each.
-constexpr qint64 mostPixels = 66'355'200;
+// A screen of 8K has fewer. They decode to 128 MiB, beyond which Qt refuses with a warning.
+constexpr qint64 mostPixels = 33'554'432;
 
 /// White or black, whichever what is visible of `image` stands out from.
 QColor groundFor(const QImage& image)

@@ -13,7 +13,8 @@ namespace driftbox {
 namespace {
 
 constexpr unsigned mostThreads = 4;
-constexpr int niceness = 10;
+// What the user waits for here may not starve beside what else the machine does.
+constexpr int niceness = 3;
 
 void prepareThread()
 {

@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// A few threads that read lines, each with a reader of its own. They have a low priority, so that
+/// A few threads that read lines, each with a reader of its own. They have a lower priority, so that
 /// whatever else the user does stays quick.
 class ReaderThreads
 {

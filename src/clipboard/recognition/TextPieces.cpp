@@ -12,6 +12,7 @@ namespace {
 constexpr int leastHeight = 4;        // pixels, of a mark that can start a piece
 constexpr int bandHeight = 16;        // pixels
 constexpr size_t mostMarks = 300'000; // a large screen full of dense text has a third of it
+constexpr size_t mostPieces = 6'000;  // a large screen full of small cells has half of it
 
 int gapBetween(const QRect& left, const QRect& right)
 {
@@ -179,32 +180,31 @@ private:
 };
 
 /// Whether two pieces are one: on one row, and no wide gap between them.
-bool belongTogether(const QRect& left, const QRect& right)
+bool belongTogether(const QRect& a, const QRect& b)
 {
-    const int smaller = std::min(left.height(), right.height());
-    const int larger = std::max(left.height(), right.height());
-    return 2 * verticalOverlap(left, right) > smaller && gapBetween(left, right) <= larger;
+    if (2 * verticalOverlap(a, b) <= std::min(a.height(), b.height()))
+        return false;
+    const int gap = a.left() < b.left() ? gapBetween(a, b) : gapBetween(b, a);
+    return gap <= std::max(a.height(), b.height());
 }
 
 /// Joins the pieces that met only as they grew.
 std::vector<QRect> joined(std::vector<QRect> boxes)
 {
-    std::ranges::sort(boxes, {}, &QRect::left);
-    for (size_t i = 0; i < boxes.size();) {
-        const auto isNear = [&](const QRect& other) {
-            return &other != &boxes[i] &&
-                   (other.left() < boxes[i].left() ? belongTogether(other, boxes[i])
-                                                   : belongTogether(boxes[i], other));
-        };
-        const auto other = std::ranges::find_if(boxes, isNear);
-        if (other == boxes.end()) {
-            ++i;
-            continue;
+    size_t before = 0;
+    do {
+        before = boxes.size();
+        std::vector<QRect> apart;
+        for (const QRect& box : boxes) {
+            const auto other = std::ranges::find_if(
+                apart, [&](const QRect& piece) { return belongTogether(piece, box); });
+            if (other == apart.end())
+                apart.push_back(box);
+            else
+                *other |= box;
         }
-        boxes[i] |= *other;
-        boxes.erase(other);
-        i = 0;
-    }
+        boxes = std::move(apart);
+    } while (boxes.size() < before);
     return boxes;
 }
 
@@ -219,7 +219,8 @@ std::vector<QRect> textPieces(const QImage& marks)
     for (const ConnectedComponents::Component& component : components.components())
         boxes.push_back(component.box);
     std::ranges::sort(boxes, {}, [](const QRect& box) { return std::pair(box.left(), box.top()); });
-    return joined(PieceFinder(marks.height()).find(boxes));
+    const std::vector<QRect> pieces = PieceFinder(marks.height()).find(boxes);
+    return pieces.size() > mostPieces ? std::vector<QRect>() : joined(pieces);
 }
 
 } // namespace driftbox

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 
+#include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
 using namespace driftbox;
@@ -91,6 +92,23 @@ private Q_SLOTS:
                 picture.setPixel(x, y, static_cast<QRgb>(random()));
         }
         QVERIFY(piecesOf(picture).empty());
+    }
+
+    void scatteredMarksAreGatheredQuickly()
+    {
+        QImage marks(4'000, 4'000, QImage::Format_Grayscale8);
+        marks.fill(0);
+        std::minstd_rand random(5);
+        for (int i = 0; i < 5'500; ++i) {
+            const QPoint place(static_cast<int>(random() % 3'990),
+                               static_cast<int>(random() % 3'990));
+            for (int y = 0; y < 7; ++y)
+                std::fill_n(marks.scanLine(place.y() + y) + place.x(), 5, 255);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!textPieces(marks).empty());
+        QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
     }
 
     void aPlainPictureHasNone()

@@ -1,4 +1,3 @@
-#include "RecognitionModule.h"
 #include "RenderedText.h"
 #include "clipboard/OCREngine.h"
 #include "support/Images.h"
@@ -16,7 +15,7 @@ namespace {
 QString textIn(const QImage& picture)
 {
     // However busy the machine is: what is read is tested here, not how quickly.
-    static const OCREngine engine(recognitionModule, 100s);
+    static const OCREngine engine(100s);
     return engine.recognizeText(imageFile(picture, "png"));
 }
 

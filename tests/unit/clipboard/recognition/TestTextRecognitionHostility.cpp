@@ -1,4 +1,3 @@
-#include "RecognitionModule.h"
 #include "RenderedText.h"
 #include "clipboard/OCREngine.h"
 #include "support/Images.h"
@@ -87,7 +86,7 @@ private Q_SLOTS:
 
     void theTimeLimitEndsTheWork()
     {
-        const OCREngine hasty(recognitionModule, 100ms);
+        const OCREngine hasty(100ms);
         const QByteArray file = imageFile(manyWords({2560, 1600}), "png");
         QElapsedTimer timer;
         timer.start();
@@ -114,7 +113,7 @@ private Q_SLOTS:
         QString first;
         QString second;
         {
-            const OCREngine engine(recognitionModule, 100s);
+            const OCREngine engine(100s);
             const std::jthread reading([&] { first = engine.recognizeText(one); });
             second = engine.recognizeText(other);
         }

@@ -52,7 +52,7 @@ public:
     virtual void setShape(const QRegion& shape) = 0;
 
     /// Hands the window to the user, who is holding a mouse button down on it, to be dragged until
-    /// the button is let go.
+    /// the button is let go. Nothing happens when it has been let go meanwhile.
     virtual void startMove() = 0;
     virtual void startResize(Qt::Edges edges) = 0;
 

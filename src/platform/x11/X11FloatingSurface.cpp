@@ -3,6 +3,7 @@
 #include "platform/x11/QtXcb.h"
 #include "platform/x11/X11Compositing.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Reply.h"
 #include "platform/x11/X11Shape.h"
 #include "platform/x11/X11WindowGeometry.h"
 
@@ -225,14 +226,28 @@ QMargins X11FloatingSurface::extentsAround(const QRegion& shape) const
             std::max(0, whole.height() - 1 - inner.bottom())};
 }
 
+// The window manager would miss a release that was before it took over, and the window would stick
+// to the pointer. What the toolkit knows may be late.
+bool X11FloatingSurface::isButtonHeld() const
+{
+    const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
+    const X11Reply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(m_connection.xcb(), cookie, nullptr));
+    return pointer && (pointer->mask & XCB_BUTTON_MASK_1) != 0;
+}
+
 void X11FloatingSurface::startMove()
 {
+    if (!isButtonHeld())
+        return;
     m_placingRequests = 0;
     m_window.startSystemMove();
 }
 
 void X11FloatingSurface::startResize(Qt::Edges edges)
 {
+    if (!isButtonHeld())
+        return;
     m_placingRequests = 0;
     m_window.startSystemResize(edges);
 }

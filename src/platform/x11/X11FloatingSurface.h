@@ -57,6 +57,7 @@ private:
     void verifyKey();
     void takeKeyboard(xcb_timestamp_t time);
     void handleExposed();
+    [[nodiscard]] bool isButtonHeld() const;
     void applyShape();
     [[nodiscard]] QMargins extentsAround(const QRegion& shape) const;
     [[nodiscard]] bool isInPlace() const;

@@ -120,6 +120,18 @@ def test_the_keys_of_notes_pass_everywhere_else(desktop, notes):
     assert note.geometry() == place
 
 
+def test_the_keys_of_notes_work_on_a_keyboard_of_another_script(desktop, notes):
+    desktop.processes.run("setxkbmap", "-layout", "us,ru", "-option", "grp:caps_toggle")
+    note = notes.make("a")
+    desktop.keyboard.tap("Caps_Lock")
+    desktop.keyboard.type("f")
+    note.wait_for_text("a\u0430")
+    desktop.keyboard.tap("n", ["Control_L"])
+    second = notes.next_window([note.window])
+    desktop.keyboard.tap("w", ["Control_L"])
+    second.wait_until_closed()
+
+
 def test_closing_all_leaves_the_saved_notes_listed(desktop, notes):
     notes.make_saved("saved")
     notes.make("draft")
@@ -203,6 +215,24 @@ def test_the_middle_button_pastes_what_is_selected_in_the_note(desktop, notes):
         desktop.pointer.click(place.x + 25, place.y + 42)
     desktop.pointer.click(place.x + place.width - 30, place.y + 42, button=2)
     note.wait_for_text("word word")
+
+
+# The panel
+
+
+def test_the_panel_opens_at_the_caret_of_a_note(desktop, stopped_program):
+    notes = Notes(stopped_program)
+    notes.write_manifest(json.dumps([saved_note(
+        textContent="one\ntwo\n\nthree", frame={"x": 100, "y": 600, "width": 260, "height": 200})]))
+    stopped_program.start()
+    note = notes.reopen()
+    for _ in range(2):
+        desktop.keyboard.tap("Up")
+    caret = note.node().find(name="Note text").caret()
+    notes.program.panel.open()
+    place = notes.program.panel.geometry()
+    assert abs(place.x - caret.x) <= 1
+    assert 0 <= place.y - (caret.y + caret.height) <= 20
 
 
 # The window

@@ -4,8 +4,11 @@ import json
 
 import pytest
 
+from harness import screenshot
+from harness.apps import GtkEditor
 from harness.desktop import LEFT_OF_PRIMARY
 from harness.notes import Notes, saved_note
+from harness.waiting import wait_for, wait_for_equal
 from harness.windows import Geometry
 
 
@@ -37,6 +40,42 @@ def test_dragged_resized_closed_and_restarted(manager, composited, make_desktop,
     note.wait_until_closed()
     notes.reopen().wait_for_geometry(resized)
     assert_stays_after_restart(notes, resized)
+
+
+def test_blending_comes_and_goes(make_desktop, make_program):
+    desktop = make_desktop()
+    notes = Notes(make_program(desktop).start())
+    note = notes.make_saved("here")
+    place = note.geometry()
+    corner = (place.x, place.y)
+    plain = screenshot.take(desktop.display).getpixel(corner)
+    frame = notes.manifest()[0]["frame"]
+
+    desktop.start_compositor()
+    note.wait_for_geometry(place)
+    wait_for(lambda: screenshot.take(desktop.display).getpixel(corner) != plain, "a round corner")
+    desktop.stop_compositor()
+    note.wait_for_geometry(place)
+    wait_for(lambda: screenshot.take(desktop.display).getpixel(corner) == plain, "a corner")
+
+    desktop.keyboard.type("!")
+    notes.wait_for_texts(["here!"])
+    assert notes.manifest()[0]["frame"] == frame
+
+
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+def test_a_click_on_a_note_brings_the_keyboard(manager, make_desktop, make_program):
+    desktop = make_desktop(window_manager=manager)
+    notes = Notes(make_program(desktop).start())
+    note = notes.make("one")
+    editor = GtkEditor(desktop)
+    editor.focus()
+    desktop.keyboard.type("elsewhere")
+    wait_for_equal(editor.text, "elsewhere", "the editor's text")
+    note.focus()
+    desktop.keyboard.type(" two")
+    note.wait_for_text("one two")
+    assert editor.text() == "elsewhere"
 
 
 # Xfce's window manager tells monitors by their outputs, of which the virtual server has one.

@@ -154,7 +154,8 @@ void NoteEditorAccessible::setSelection(int index, int start, int end)
 void NoteEditorAccessible::scrollToSubstring(int start, int end)
 {
     const QTextCursor before = m_editor.textCursor();
-    m_editor.setTextCursor(cursorAt(end, start));
+    for (const int offset : {end, start})
+        setCursorPosition(offset); // scrolls there
     const int place = m_editor.verticalScrollBar()->value();
     m_editor.setTextCursor(before); // scrolls back
     m_editor.verticalScrollBar()->setValue(place);

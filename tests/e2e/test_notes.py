@@ -217,6 +217,19 @@ def test_the_middle_button_pastes_what_is_selected_in_the_note(desktop, notes):
     note.wait_for_text("word word")
 
 
+def test_text_is_dragged_from_another_program_into_a_note(desktop, notes):
+    editor = GtkEditor(desktop)
+    editor.focus()
+    desktop.keyboard.type("carried")
+    desktop.keyboard.tap("a", ["Control_L"])
+    caret = editor.caret()
+    note = notes.make("here: ")
+    place = note.geometry()
+    desktop.pointer.drag((caret.x - 10, caret.y + caret.height // 2),
+                         (place.x + place.width - 30, place.y + 42), steps=20)
+    note.wait_for_text("here: carried")
+
+
 # The panel
 
 

@@ -13,7 +13,6 @@ namespace {
 constexpr qreal hoverOpacity = 0.09;
 constexpr qreal pressedOpacity = 0.16;
 constexpr qreal focusOpacity = 0.5;
-constexpr qreal restingInk = 0.68;
 constexpr qreal cornerRadius = 5.0;
 
 constexpr qreal swatchDiameter = 11.0;
@@ -87,7 +86,7 @@ void NoteSymbolButton::paintEvent(QPaintEvent*)
     paintAttention(painter);
     Symbols::paint(painter, rect(), m_systemImage,
                    {.size = m_symbolSize,
-                    .color = NotePaper::ink(underMouse() ? 1.0 : restingInk),
+                    .color = underMouse() ? NotePaper::ink() : NotePaper::symbol(),
                     .weight = m_weight});
 }
 

@@ -16,11 +16,16 @@ QColor ink(qreal opacity)
     return Theme::withOpacity(ink(), opacity);
 }
 
+QColor symbol()
+{
+    return ink(0.74);
+}
+
 QColor selection(NoteColor color)
 {
     const QColor paper = Theme::noteSwatch(color).toHsv();
-    return QColor::fromHsvF(paper.hsvHueF(), std::min(1.0F, paper.hsvSaturationF() * 2.2F),
-                            paper.valueF() * 0.96F);
+    return QColor::fromHsvF(paper.hsvHueF(), std::min(1.0F, paper.hsvSaturationF() * 1.8F),
+                            paper.valueF() * 0.92F);
 }
 
 } // namespace driftbox::NotePaper

@@ -8,10 +8,12 @@
 /// so they are the same on both.
 namespace driftbox::NotePaper {
 
-/// Text and symbols.
+/// Text.
 [[nodiscard]] QColor ink();
 /// The same, thinner.
 [[nodiscard]] QColor ink(qreal opacity);
+/// Symbols that the pointer is not over.
+[[nodiscard]] QColor symbol();
 /// Behind selected text on paper of this colour.
 [[nodiscard]] QColor selection(NoteColor color);
 

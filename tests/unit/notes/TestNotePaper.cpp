@@ -24,10 +24,10 @@ private Q_SLOTS:
         QFETCH(const NoteColor, color);
         const QColor paper = Theme::noteSwatch(color);
         QVERIFY(contrast(NotePaper::ink(), paper) >= 7.0);
-        QVERIFY(contrast(NotePaper::ink(), NotePaper::selection(color)) >= 7.0);
-        QVERIFY(contrast(blended(NotePaper::ink(0.68), paper), paper) >= 4.5); // the symbols
-        QVERIFY(contrast(blended(NotePaper::ink(0.5), paper), paper) >= 2.8);  // the line of keys
-        QVERIFY(NotePaper::selection(color) != paper);
+        QVERIFY(contrast(NotePaper::ink(), NotePaper::selection(color)) >= 6.0);
+        QVERIFY(contrast(blended(NotePaper::symbol(), paper), paper) >= 4.5);
+        QVERIFY(contrast(blended(NotePaper::ink(0.5), paper), paper) >= 2.8); // the line of keys
+        QVERIFY(contrast(NotePaper::selection(color), paper) >= 1.2);
     }
 
 private:

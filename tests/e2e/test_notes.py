@@ -226,7 +226,7 @@ def test_text_is_dragged_from_another_program_into_a_note(desktop, notes):
     note = notes.make("here: ")
     place = note.geometry()
     desktop.pointer.drag((caret.x - 10, caret.y + caret.height // 2),
-                         (place.x + place.width - 30, place.y + 42), steps=20)
+                         (place.x + place.width - 30, place.y + 42), steps=20, linger_ms=800)
     note.wait_for_text("here: carried")
 
 

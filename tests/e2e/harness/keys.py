@@ -97,8 +97,11 @@ class Pointer:
         xtest.fake_input(self._display, X.ButtonRelease, button)
         self._display.sync()
 
-    def drag(self, start, end, steps=8):
-        """Presses the left button at `start` and lets it go at `end`; begins slowly, as a hand."""
+    def drag(self, start, end, steps=8, linger_ms=_DRAG_STEP_MS):
+        """Presses the left button at `start` and lets it go at `end`; begins slowly, as a hand.
+
+        It rests for `linger_ms` before it lets go: who is dropped upon has to say yes first.
+        """
         self.move(*start)
         xtest.fake_input(self._display, X.ButtonPress, 1)
         length = max(abs(end[0] - start[0]), abs(end[1] - start[1]))
@@ -108,7 +111,7 @@ class Pointer:
                 self._display, X.MotionNotify, time=_DRAG_STEP_MS,
                 x=round(start[0] + (end[0] - start[0]) * share),
                 y=round(start[1] + (end[1] - start[1]) * share))
-        xtest.fake_input(self._display, X.ButtonRelease, 1, time=_DRAG_STEP_MS)
+        xtest.fake_input(self._display, X.ButtonRelease, 1, time=linger_ms)
         self._display.sync()
 
     def position(self):

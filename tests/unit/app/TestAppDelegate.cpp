@@ -1,0 +1,143 @@
+#include "FakeDesktop.h"
+
+#include "app/AppCoordinator.h"
+#include "app/AppDelegate.h"
+#include "markdown/MarkdownReaderCoordinator.h"
+#include "markdown/MarkdownReaderWindowController.h"
+#include "platform/InstanceLink.h"
+
+#include <memory>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Hands over what a test says.
+class FakeInstanceLink final : public InstanceLink
+{
+public:
+    [[nodiscard]] Claim claim(const QList<QUrl>&) override { return Claim::first; }
+};
+
+QUrl file(const QString& name)
+{
+    return QUrl::fromLocalFile(u"/docs/"_s + name);
+}
+
+} // namespace
+
+class TestAppDelegate : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_desktop = std::make_unique<FakeDesktop>();
+        for (const auto* name : {"a.MD", "b.markdown", "c.mdown", "d.mkd", "notes.txt"})
+            m_desktop->fileSystem.setFile(u"/docs/"_s + QString::fromLatin1(name), "text");
+        m_coordinator = std::make_unique<AppCoordinator>(m_desktop->services());
+        m_link = std::make_unique<FakeInstanceLink>();
+        m_delegate = std::make_unique<AppDelegate>(*m_coordinator, *m_link);
+    }
+
+    void cleanup()
+    {
+        m_delegate.reset();
+        m_coordinator.reset();
+        m_desktop.reset();
+    }
+
+    void markdownFilesOpenAndOthersAreIgnored()
+    {
+        launch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD, notes.txt");
+        expectOpening("a.MD");
+        Q_EMIT m_link->documentsOpened({file(u"a.MD"_s), file(u"notes.txt"_s)});
+        QCOMPARE(names(), QStringList{u"a.MD"_s});
+    }
+
+    void everyEndingOfMarkdownOpens()
+    {
+        launch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: b.markdown, c.mdown, d.mkd");
+        for (const auto* name : {"b.markdown", "c.mdown", "d.mkd"})
+            expectOpening(name);
+        Q_EMIT m_link->documentsOpened(
+            {file(u"b.markdown"_s), file(u"c.mdown"_s), file(u"d.mkd"_s)});
+        QCOMPARE(names(), QStringList({u"b.markdown"_s, u"c.mdown"_s, u"d.mkd"_s}));
+    }
+
+    void aSingleFileAtLaunchOpensOnceTheServicesRun()
+    {
+        expectLaunch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD");
+        expectOpening("a.MD");
+        m_delegate->applicationDidFinishLaunching({file(u"a.MD"_s)});
+        QCOMPARE(names(), QStringList{u"a.MD"_s});
+        QCOMPARE(m_desktop->standardWindows.presented.size(), size_t(1));
+    }
+
+    void filesOfOtherMachinesAndAnEmptyListAreOnlyNamed()
+    {
+        launch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: e.md");
+        Q_EMIT m_link->documentsOpened({QUrl(u"https://example.org/e.md"_s)});
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: ");
+        Q_EMIT m_link->documentsOpened({});
+        QVERIFY(names().isEmpty());
+    }
+
+    void closingTheLastReaderDoesNotEndTheProgram()
+    {
+        QApplication::setQuitOnLastWindowClosed(false); // as the program does
+        launch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD");
+        expectOpening("a.MD");
+        Q_EMIT m_link->documentsOpened({file(u"a.MD"_s)});
+        QVERIFY(m_desktop->standardWindows.presented.front()->close());
+        QVERIFY(names().isEmpty());
+        QCOMPARE(AppCoordinator::shared(), m_coordinator.get());
+    }
+
+private:
+    static void expectLaunch()
+    {
+        QTest::ignoreMessage(QtInfoMsg, "Monitor started");
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey monitors installed");
+    }
+
+    static void expectOpening(const char* name)
+    {
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
+        QTest::ignoreMessage(QtInfoMsg, qPrintable(u"Opened "_s + QString::fromLatin1(name)));
+    }
+
+    void launch()
+    {
+        expectLaunch();
+        m_delegate->applicationDidFinishLaunching({});
+    }
+
+    // Of the files that are open.
+    [[nodiscard]] QStringList names() const
+    {
+        QStringList found;
+        for (const auto& [url, controller] : m_coordinator->markdownReader().controllers())
+            found << url.fileName();
+        found.sort();
+        return found;
+    }
+
+    std::unique_ptr<FakeDesktop> m_desktop;
+    std::unique_ptr<AppCoordinator> m_coordinator;
+    std::unique_ptr<FakeInstanceLink> m_link;
+    std::unique_ptr<AppDelegate> m_delegate;
+};
+
+QTEST_MAIN(TestAppDelegate)
+#include "TestAppDelegate.moc"

@@ -12,8 +12,8 @@ class ReadingLimit;
 /// limit is reached.
 ///
 /// A picture may be written in several of the `languages`. Each line is read in the one whose
-/// reading is the surest; of equally sure ones in the first. Works on low-priority threads of its
-/// own while the caller waits.
+/// reading is the surest; of equally sure ones in the first. Works on threads of its own
+/// while the caller waits.
 [[nodiscard]] QString readPage(const QImage& picture, const QStringList& languages,
                                const ReadingLimit& limit);
 

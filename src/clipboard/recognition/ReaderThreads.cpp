@@ -5,24 +5,12 @@
 #include <thread>
 
 #include <omp.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace driftbox {
 
 namespace {
 
 constexpr unsigned mostThreads = 4;
-// What the user waits for here may not starve beside what else the machine does.
-constexpr int niceness = 3;
-
-void prepareThread()
-{
-    // Of the calling thread alone, as Linux has it.
-    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness);
-    // Tesseract's own threads are slower than none on pictures as small as lines.
-    omp_set_max_active_levels(0);
-}
 
 } // namespace
 
@@ -39,7 +27,8 @@ void ReaderThreads::run(size_t count, const Task& task)
         if (threads.size() == count)
             break;
         threads.emplace_back([&] {
-            prepareThread();
+            // Tesseract's own threads are slower than none on pictures as small as lines.
+            omp_set_max_active_levels(0);
             for (size_t i = next++; i < count; i = next++)
                 task(reader, i);
         });

@@ -7,8 +7,8 @@
 
 namespace driftbox {
 
-/// A few threads that read lines, each with a reader of its own. They have a lower priority, so that
-/// whatever else the user does stays quick.
+/// A few threads that read lines, each with a reader of its own. Their priority is the usual one:
+/// with a low one a few lines take more than the time limit while the machine is busy.
 class ReaderThreads
 {
 public:

@@ -45,6 +45,8 @@ MarkdownEditor::MarkdownEditor(MarkdownReaderViewModel& viewModel, Pasteboard& p
     , m_hasWindowsLineEnds(beginsWithWindowsLineEnd(viewModel.markdown()))
 {
     setFrameShape(QFrame::NoFrame);
+    setBackgroundRole(QPalette::Base); // beside the column, too
+    setAutoFillBackground(true);
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAccessibleName(u"Markdown source"_s);
     setFont(sourceFont());

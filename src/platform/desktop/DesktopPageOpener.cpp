@@ -38,9 +38,10 @@ std::vector<SettingsProgram> inOrderOfPreference()
 {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
     std::vector programs(settingsPrograms.begin(), settingsPrograms.end());
-    std::ranges::stable_partition(programs, [&desktops](const SettingsProgram& candidate) {
+    const auto isOfThis = [&desktops](const SettingsProgram& candidate) {
         return desktops.contains(QString::fromUtf16(candidate.desktop), Qt::CaseInsensitive);
-    });
+    };
+    std::stable_partition(programs.begin(), programs.end(), isOfThis);
     return programs;
 }
 

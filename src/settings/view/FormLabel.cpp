@@ -33,10 +33,11 @@ void FormLabel::paintWithFixedDigits(QPainter& painter) const
     const QFontMetrics metrics = fontMetrics();
     int right = contentsRect().right() + 1;
     const QString line = text();
-    for (auto character = line.crbegin(); character != line.crend(); ++character) {
-        const int width = metrics.horizontalAdvance(character->isDigit() ? u'0' : *character);
+    for (qsizetype index = line.size() - 1; index >= 0; --index) {
+        const QChar character = line.at(index);
+        const int width = metrics.horizontalAdvance(character.isDigit() ? u'0' : character);
         right -= width;
-        painter.drawText(QRect(right, 0, width, height()), Qt::AlignCenter, *character);
+        painter.drawText(QRect(right, 0, width, height()), Qt::AlignCenter, character);
     }
 }
 

@@ -20,7 +20,6 @@ constexpr int edgeForResizing = 6; // the scroll bar leaves the window's edge fr
 
 FormPage::FormPage(QWidget* parent)
     : QScrollArea(parent)
-    , m_column(nullptr)
     , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
     setFrameShape(QFrame::NoFrame);

@@ -25,7 +25,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QVBoxLayout* m_column;
+    QVBoxLayout* m_column = nullptr;
     OverlayScrollBar* m_scrollBar;
 };
 

@@ -6,6 +6,7 @@ import stat
 import pytest
 
 from harness.reader import Reader, renderers, turn_screen_reader_on
+from harness.statusbar import StatusBar
 from harness.waiting import wait_for, wait_for_equal
 
 
@@ -164,3 +165,44 @@ def test_a_crash_of_the_page_brings_the_document_back(program, document):
     os.kill(renderers(program.process.pid)[0], 11)
     program.wait_for_log("^Rendered", mark)
     reader.wait_for_text("The title")
+
+
+def test_quitting_saves_what_is_open(desktop, stopped_program, document):
+    bar = StatusBar(desktop)
+    program = stopped_program.start()
+    item = bar.item()
+    program.expect_complaint("kAEOpenDocuments")
+    program.start_again(str(document))
+    reader = Reader(program, document)
+    reader.wait_for_text("The title")
+    reader.edit()
+    desktop.keyboard.type("x")
+    wait_for(reader.has_unsaved_dot, "the dot of unsaved changes")
+    item.choose("Quit Drift Box")
+    assert program.process.wait(10) == 0
+    assert document.read_text(encoding="utf-8").startswith("x# The title")
+
+
+def test_quitting_with_a_page_open_ends_everything(desktop, stopped_program, document):
+    bar = StatusBar(desktop)
+    program = stopped_program.start()
+    item = bar.item()
+    program.expect_complaint("kAEOpenDocuments")
+    program.start_again(str(document))
+    Reader(program, document).wait_for_text("The title")
+    page, = renderers(program.process.pid)
+    item.choose("Quit Drift Box")
+    assert program.process.wait(10) == 0
+    wait_for(lambda: not os.path.exists(f"/proc/{page}"), "the process of the page to end")
+
+
+def test_a_file_is_picked_in_the_dialog(desktop, stopped_program, document):
+    bar = StatusBar(desktop)
+    program = stopped_program.start()
+    bar.item().choose("Open Markdown…")
+    dialog = wait_for(lambda: next(iter(desktop.windows.titled("Open Markdown")), None), "the dialog")
+    wait_for(lambda: desktop.windows.has_keyboard(dialog), "the keyboard")
+    desktop.keyboard.type(str(document))
+    desktop.keyboard.tap("Return")
+    program.wait_for_log("^Opened doc.md$")
+    Reader(program, document).wait_for_text("The title")

@@ -35,7 +35,7 @@ function(driftbox_test name)
     target_link_libraries(${name} PRIVATE driftbox_fakes driftbox_test_support Qt6::Test ${ARG_LINK})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
-        TIMEOUT 120
+        TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "QWARN  :|QCRITICAL:|QSYSTEM:|Sanitizer"
         ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
     if(NOT ARG_DISPLAY)

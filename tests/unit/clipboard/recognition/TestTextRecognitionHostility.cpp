@@ -81,7 +81,7 @@ private Q_SLOTS:
         timer.start();
         const QString text = OCREngine().recognizeText(file);
         QVERIFY2(text.size() < 20, qPrintable(text));
-        QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
     void theTimeLimitEndsTheWork()
@@ -92,7 +92,7 @@ private Q_SLOTS:
         timer.start();
         QCOMPARE(hasty.recognizeText(file), QString());
         // What is under way ends with its line; decoding and finding the lines have to be done.
-        QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
     void readingIsStoppedFromAnotherThread()
@@ -103,7 +103,7 @@ private Q_SLOTS:
         timer.start();
         const std::jthread stopping([&] { engine.stop(); });
         QCOMPARE(engine.recognizeText(file), QString());
-        QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
     void severalReadSideBySide()

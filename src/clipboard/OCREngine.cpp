@@ -30,7 +30,7 @@ const QStringList& usualLanguages()
 QString modulePath()
 {
     const QString folder = QCoreApplication::applicationDirPath();
-    const QString beside = folder + u"/driftbox-ocr.so"_s;
+    QString beside = folder + u"/driftbox-ocr.so"_s;
     if (QFileInfo::exists(beside))
         return beside;
     return folder + u"/" DRIFTBOX_MODULES_FROM_PROGRAM "/driftbox-ocr.so"_s;

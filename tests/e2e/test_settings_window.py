@@ -82,7 +82,7 @@ def test_a_click_on_its_top_leaves_it_where_it_is(desktop, settings):
     assert settings.geometry() == before
 
 
-@pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
+@pytest.mark.parametrize("manager", ["openbox", "xfwm4"])
 def test_a_double_click_on_its_top_fills_the_screen_and_back(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager)
     settings = Settings(make_program(desktop).start()).open_from_panel()

@@ -10,18 +10,24 @@ ApplicationAdaptor::ApplicationAdaptor(InstanceLink& link)
 
 void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
 {
-    Q_EMIT m_link.activated();
+    later([&link = m_link] { Q_EMIT link.activated(); });
 }
 
 void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/)
 {
-    Q_EMIT m_link.documentsOpened(QUrl::fromStringList(uris));
+    later([&link = m_link, uris] { Q_EMIT link.documentsOpened(QUrl::fromStringList(uris)); });
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& /*name*/, const QVariantList& /*parameters*/,
                                         const QVariantMap& /*platformData*/)
 {
-    Q_EMIT m_link.activated();
+    later([&link = m_link] { Q_EMIT link.activated(); });
+}
+
+// Whoever calls is answered first: a second start waits for that.
+void ApplicationAdaptor::later(const std::function<void()>& step)
+{
+    QMetaObject::invokeMethod(&m_link, step, Qt::QueuedConnection);
 }
 
 } // namespace driftbox

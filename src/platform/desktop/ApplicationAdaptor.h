@@ -2,6 +2,8 @@
 
 #include "platform/InstanceLink.h"
 
+#include <functional>
+
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusAbstractAdaptor>
 
@@ -25,6 +27,8 @@ public Q_SLOTS:
                         const QVariantMap& platformData);
 
 private:
+    void later(const std::function<void()>& step);
+
     InstanceLink& m_link;
 };
 

@@ -41,13 +41,20 @@ def settled_memory(pid):
 def _memory_of_tree(pid):
     pss = private = 0
     for process in descendants(pid):
-        for line in Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii").splitlines():
+        for line in _memory_map(process).splitlines():
             name, _, rest = line.partition(":")
             if name == "Pss":
                 pss += int(rest.split()[0])
             elif name.startswith("Private_"):
                 private += int(rest.split()[0])
     return Memory(pss / 1024, private / 1024)
+
+
+def _memory_map(process):
+    try:
+        return Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii")
+    except (FileNotFoundError, ProcessLookupError):
+        return ""  # it has just ended
 
 
 def idle_of_tree(pid):

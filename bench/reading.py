@@ -11,7 +11,7 @@ from Xlib import X
 
 import measures
 from footprint import settled_memory
-from harness.reader import Reader, renderers
+from harness.reader import renderers
 from harness.waiting import wait_for
 
 OPENINGS = 5
@@ -84,19 +84,27 @@ class Opening:
         return (datetime.fromisoformat(stamp) - self._asked_at).total_seconds() * 1000
 
 
-def opening(size):
+def opening(size, openings=OPENINGS):
     """The first opening of a file in a program, and the median of those after it."""
     with measures.running_program() as program:
         path = program.desktop.folder / "doc.md"
         path.write_text(document(size), encoding="utf-8")
         windows, renderings = [], []
-        for _ in range(OPENINGS):
+        for _ in range(openings):
             opened = Opening(program, path)
             windows.append(opened.window_ms())
             renderings.append(opened.rendered_ms())
-            Reader(program, path).close()
-        return {"window_first": windows[0], "window": statistics.median(windows[1:]),
-                "rendered_first": renderings[0], "rendered": statistics.median(renderings[1:])}
+            _close(program, path)
+        return {"window_first": windows[0], "window": statistics.median(windows[1:] or windows),
+                "rendered_first": renderings[0],
+                "rendered": statistics.median(renderings[1:] or renderings)}
+
+
+def _close(program, path):
+    windows = program.desktop.windows
+    window, = windows.titled(path.name)
+    windows.close(window)
+    wait_for(lambda: not windows.is_viewable(window), "the window to close")
 
 
 def panel_meanwhile():
@@ -124,7 +132,7 @@ def memory():
         before = settled_memory(pid).pss
         Opening(program, path).rendered_ms()
         during = settled_memory(pid).pss
-        Reader(program, path).close()
+        _close(program, path)
         wait_for(lambda: not renderers(pid), "the renderers to end")
         after = settled_memory(pid)
         return {"before": before, "during": during, "after": after.pss,
@@ -141,7 +149,7 @@ def rows():
     yield "reader: 1 MB, window, later", "ms", large["window"], 150
     yield "reader: 1 MB, rendered, first", "ms", large["rendered_first"], 1500
     yield "reader: 1 MB, rendered, later", "ms", large["rendered"], 1500
-    yield "reader: 10 MB, rendered, first", "ms", opening(10 * MEGABYTE)["rendered_first"]
+    yield "reader: 10 MB, rendered, first", "ms", opening(10 * MEGABYTE, 1)["rendered_first"]
     yield "reader: tap to panel meanwhile", "ms", panel_meanwhile(), 30
     figures = measures.inside("reader")
     yield "reader: editor of 1 MB opened", "ms", figures["reader_editor_opened"]

@@ -35,6 +35,7 @@ class Settings:
         self.program.panel.open(**tap)
         self.program.panel.click_button(SETTINGS)
         self.wait_until_open()
+        self.program.panel.wait_until_closed()  # it lies over the settings while it goes
         return self
 
     def open_from(self, item):

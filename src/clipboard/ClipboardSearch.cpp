@@ -43,7 +43,7 @@ Places matching(const std::vector<ClipboardItem>& items, const Places& candidate
     if (std::ssize(candidates) < worthSharing)
         return search(candidates.begin(), candidates.end());
 
-    const Candidate middle = candidates.begin() + std::ssize(candidates) / 2;
+    const auto middle = candidates.begin() + std::ssize(candidates) / 2;
     // Where no thread can be had, this one searches the second half, too.
     std::future<Places> second =
         std::async(std::launch::async | std::launch::deferred, search, middle, candidates.end());

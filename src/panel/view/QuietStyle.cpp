@@ -209,10 +209,9 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_PanelMenu:
         PopupParts::drawPanel(*painter, option->rect, option->palette);
         break;
-    case PE_FrameMenu: // a part of the panel
+    case PE_FrameMenu:      // a part of the panel
+    case PE_FrameFocusRect: // every control shows the focus by its own outline
         break;
-    case PE_FrameFocusRect:
-        break; // every control shows the focus by its own outline
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
     }

@@ -20,6 +20,8 @@ namespace {
 constexpr size_t sampleCount = 6;
 constexpr int sampleLength = 24; // heights
 constexpr int leastSampleLength = 3;
+constexpr size_t manyPieces = 30;
+constexpr qsizetype leastWordLength = 3;
 
 /// Reads the pieces of one page.
 class Page
@@ -41,11 +43,11 @@ public:
         if (m_pieces.empty())
             return {};
         chooseLanguages();
-        std::vector<QString> texts(m_pieces.size());
+        std::vector<PieceReading> readings(m_pieces.size());
         m_threads.run(m_pieces.size(), [&](LineReader& reader, size_t i) {
-            texts[i] = readPiece(lineImage(m_ink, m_pieces[i]), m_choice, reader, m_limit);
+            readings[i] = readPiece(lineImage(m_ink, m_pieces[i]), m_choice, reader, m_limit);
         });
-        return m_limit.isReached() ? QString() : joined(texts);
+        return m_limit.isReached() || isNoise(readings) ? QString() : joined(readings);
     }
 
 private:
@@ -102,15 +104,25 @@ private:
         return images;
     }
 
-    [[nodiscard]] QString joined(const std::vector<QString>& texts) const
+    /// Among many specks some look like letters, but hardly any like a word.
+    static bool isNoise(const std::vector<PieceReading>& readings)
+    {
+        return readings.size() >= manyPieces &&
+               std::ranges::none_of(readings, [](const PieceReading& reading) {
+                   return reading.confidence >= sureConfidence &&
+                          reading.text.size() >= leastWordLength;
+               });
+    }
+
+    [[nodiscard]] QString joined(const std::vector<PieceReading>& readings) const
     {
         QStringList lines;
-        auto next = texts.begin();
+        auto next = readings.begin();
         for (const size_t length : m_lineLengths) {
             QStringList line;
             for (size_t i = 0; i < length; ++i, ++next) {
-                if (!next->isEmpty())
-                    line.push_back(*next);
+                if (!next->text.isEmpty())
+                    line.push_back(next->text);
             }
             if (!line.isEmpty())
                 lines.push_back(line.join(u' '));

@@ -38,7 +38,7 @@ public:
     {
     }
 
-    QString read(const LanguageChoice& languages)
+    PieceReading read(const LanguageChoice& languages)
     {
         tryAll(languages.likely);
         if (m_best.confidence < sureConfidence)
@@ -50,7 +50,8 @@ public:
             else
                 rereadForeignWords(*alphabetic);
         }
-        return m_best.confidence < leastConfidence ? QString() : tidied(m_best.text());
+        const bool isText = m_best.confidence >= leastConfidence;
+        return {isText ? tidied(m_best.text()) : QString(), m_best.confidence};
     }
 
 private:
@@ -142,8 +143,8 @@ private:
 
 } // namespace
 
-QString readPiece(const QImage& image, const LanguageChoice& languages, LineReader& reader,
-                  const ReadingLimit& limit)
+PieceReading readPiece(const QImage& image, const LanguageChoice& languages, LineReader& reader,
+                       const ReadingLimit& limit)
 {
     return Piece(image, reader, limit).read(languages);
 }

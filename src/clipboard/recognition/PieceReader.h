@@ -5,9 +5,14 @@
 
 namespace driftbox {
 
-/// The text of one piece, whose picture is `image`, in the best of the page's languages. Empty when
-/// it is no text, or the limit is reached.
-[[nodiscard]] QString readPiece(const QImage& image, const LanguageChoice& languages,
-                                LineReader& reader, const ReadingLimit& limit);
+struct PieceReading
+{
+    QString text; ///< empty when the piece is no text, or the limit is reached
+    int confidence = 0;
+};
+
+/// Reads one piece, whose picture is `image`, in the best of the page's languages.
+[[nodiscard]] PieceReading readPiece(const QImage& image, const LanguageChoice& languages,
+                                     LineReader& reader, const ReadingLimit& limit);
 
 } // namespace driftbox

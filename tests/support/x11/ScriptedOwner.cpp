@@ -1,6 +1,7 @@
 #include "support/x11/ScriptedOwner.h"
 
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Reply.h"
 
 #include <array>
 #include <cstdlib>
@@ -24,7 +25,9 @@ void ScriptedOwner::take()
 {
     xcb_set_selection_owner(m_connection->xcb(), m_window, m_connection->atom(m_selection),
                             XCB_CURRENT_TIME);
-    m_connection->flush();
+    // What others ask the server from now on finds this owner.
+    const X11Reply<xcb_get_input_focus_reply_t> done(xcb_get_input_focus_reply(
+        m_connection->xcb(), xcb_get_input_focus(m_connection->xcb()), nullptr));
 }
 
 void ScriptedOwner::clear()

@@ -140,8 +140,7 @@ class Tour:
         """One of the picture, one from scratch, which is saved."""
         notes = Notes(self._program)
         self._program.panel.open()
-        row = next(name for name in self._program.panel.row_names() if name.startswith("Image, "))
-        self._program.panel.click_action(row, MAKE_NOTE)
+        self._program.panel.click_action("Image, ", MAKE_NOTE)
         harbour = notes.next_window()
         shopping = notes.make("For the trip\n\n- sandwiches\n- a thermos\n- the map")
         shopping.click("Blue")

@@ -75,8 +75,11 @@ class Panel:
         wait_for_equal(self.row_names, expected, "the rows of the panel")
 
     def row(self, name):
-        return wait_for(lambda: next((row for row in self.rows() if row.name == name), None),
-                        f"a row {name!r}")
+        """By its name, or for a picture, whose name tells its age, by "Image, "."""
+        return wait_for(
+            lambda: next((row for row in self.rows()
+                          if row.name == name or name == "Image, " and row.name.startswith(name)),
+                         None), f"a row {name!r}")
 
     # What can be done with it
 

@@ -79,7 +79,7 @@ class Words(unittest.TestCase):
         self.assertEqual(len(list(words.complaints("name", suffix, text))), 1)
 
     def test_accepts_ordinary_text(self):
-        text = "using namespace std::chrono_literals;\nkeep it in ~/work/notes\n"
+        text = "using namespace std::chrono_literals;\nits pictures lie in resources/home/icons\n"
         self.assertEqual(list(words.complaints("name", ".cpp", text)), [])
 
     def test_refuses_what_is_left_over(self):

@@ -1,5 +1,8 @@
 // The anchors of headings, named as the large forges name them.
 
+// Set before every name that a document gives, so that none is that of something else in the page.
+const namePrefix = "user-content-";
+
 const headingSlug = (text) => text.trim().toLowerCase()
     .replace(/[^\p{L}\p{M}\p{N}\p{Pc}\- ]/gu, "")
     .replace(/ /g, "-");
@@ -16,6 +19,7 @@ const anchors = (parser) => parser.use(markdownItAnchor, {
     getTokensText: headingText,
     uniqueSlugStartIndex: 1,
     tabIndex: false,
+    callback: (token, { slug }) => token.attrSet("id", namePrefix + slug),
 });
 
 // The element that a fragment of an address means; null when there is none.
@@ -26,7 +30,7 @@ const fragmentTarget = (fragment) => {
     } catch {
         // Not everything after a # was meant to be decoded.
     }
-    for (const candidate of [name, name.toLowerCase(), `user-content-${name}`]) {
+    for (const candidate of [namePrefix + name, namePrefix + name.toLowerCase(), name]) {
         const target = page.querySelector(`[id="${CSS.escape(candidate)}"], a[name="${CSS.escape(candidate)}"]`);
         if (target)
             return target;

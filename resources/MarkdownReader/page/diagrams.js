@@ -21,14 +21,17 @@ let diagramCount = 0;
 let diagramTheme = null;
 let diagramQueue = Promise.resolve();
 
+// Looked for before a document could bring along another element of that name.
+let diagramLibrarySource = document.getElementById("diagram-library");
+
 // The library is large, so documents without diagrams do without it.
 const diagramLibrary = () => {
-    const source = document.getElementById("diagram-library");
-    if (source) {
+    if (diagramLibrarySource) {
         const script = document.createElement("script");
         script.nonce = ownNonce;
-        script.textContent = source.textContent;
-        source.replaceWith(script);
+        script.textContent = diagramLibrarySource.textContent;
+        diagramLibrarySource.replaceWith(script);
+        diagramLibrarySource = null;
     }
     return globalThis.mermaid;
 };

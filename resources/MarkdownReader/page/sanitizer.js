@@ -9,6 +9,7 @@ const sanitizerOptions = {
         "popover", "popovertarget", "srcset", "background", "accesskey"],
     ALLOW_DATA_ATTR: false,
     ALLOW_UNKNOWN_PROTOCOLS: false,
+    SANITIZE_NAMED_PROPS: true, // with the prefix of anchors
     RETURN_DOM_FRAGMENT: true,
 };
 

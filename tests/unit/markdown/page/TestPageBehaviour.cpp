@@ -112,6 +112,25 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages, QStringList());
     }
 
+    void anchorsMayHaveTheNamesOfAnything_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"Title", "Links", "Images", "Location", "Document", "Process",
+                                 "Diagram-1", "Diagram-library", "messageHandlers"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void anchorsMayHaveTheNamesOfAnything()
+    {
+        QFETCH(QString, name);
+        QVERIFY(m_open->render(u"[a](#%1)\n\n```mermaid\nflowchart LR\nA --> B\n```\n\n%2"
+                               "# %3\n\n%2"_s.arg(name.toLower(), filler(), name)));
+        QVERIFY(m_open->value(u"document.querySelector('.diagram svg') !== null"_s).toBool());
+        (void)m_open->value(u"document.querySelector('#document a').click(); 0"_s);
+        QVERIFY(m_open->becomesTrue(
+            u"Math.abs(document.querySelector('h1').getBoundingClientRect().top) < 40"_s));
+    }
+
     void anotherTextKeepsTheReadingPosition()
     {
         QVERIFY(m_open->render(filler() + u"marked paragraph\n\n"_s + filler()));

@@ -26,8 +26,8 @@ private Q_SLOTS:
         row("escapes", "\\*a\\* \\# &copy; &#35;", "<p>*a* # © #</p>");
         row("rule", "a\n\n---\n\nb", "<p>a</p>\n<hr>\n<p>b</p>");
         row("headings", "# a\n## b ##\n\nc\n---",
-            "<h1 id=\"a\">a</h1>\n<h2 id=\"b\">b</h2>\n"
-            "<h2 id=\"c\">c</h2>");
+            "<h1 id=\"user-content-a\">a</h1>\n<h2 id=\"user-content-b\">b</h2>\n"
+            "<h2 id=\"user-content-c\">c</h2>");
         row("no heading", "#a\n\n####### b", "<p>#a</p>\n<p>####### b</p>");
         row("quotation", "> a\nb\n> > c",
             "<blockquote>\n<p>a\nb</p>\n<blockquote>\n<p>c</p>\n"
@@ -85,11 +85,11 @@ private Q_SLOTS:
             "<p><a href=\"https://e.org\"><span class=\"no-picture remote-picture\" "
             "title=\"https://c.org/d.png\">a</span></a></p>");
         row("Windows line ends", "a\r\nb\r\n\r\nc", "<p>a\nb</p>\n<p>c</p>");
-        row("byte order mark", "\uFEFF# a", "<h1 id=\"a\">a</h1>");
+        row("byte order mark", "\uFEFF# a", "<h1 id=\"user-content-a\">a</h1>");
         row("empty", "", "");
         row("only space", " \n\t\n", "");
         row("other scripts", "# Größe 日本語 العربية",
-            u"<h1 id=\"größe-日本語-العربية\">"
+            u"<h1 id=\"user-content-größe-日本語-العربية\">"
             "Größe 日本語 العربية</h1>"_s);
     }
 
@@ -105,9 +105,12 @@ private Q_SLOTS:
     {
         QVERIFY(m_open->render(u"# Hello, World!\n# Hello World\n# hello world\n"
                                "## `code` & *stress*\n# a_b-c  d\n# 1. Näxt?\n# 🙂\n#\n"_s));
-        QCOMPARE(m_open->value(u"[...document.querySelectorAll('h1, h2')].map(h => h.id).join()"_s)
-                     .toString(),
-                 u"hello-world,hello-world-1,hello-world-2,code--stress,a_b-c--d,1-näxt,,-1"_s);
+        QCOMPARE(
+            m_open
+                ->value(
+                    u"[...document.querySelectorAll('h1, h2')].map(h => h.id.replace(/^user-content-/, '')).join()"_s)
+                .toString(),
+            u"hello-world,hello-world-1,hello-world-2,code--stress,a_b-c--d,1-näxt,,-1"_s);
     }
 
     void footnotesLeadThereAndBack()
@@ -115,11 +118,13 @@ private Q_SLOTS:
         QVERIFY(m_open->render(u"a[^x] b[^x]\n\n[^x]: note\n"_s));
         QCOMPARE(m_open->value(u"document.querySelectorAll('.footnote-ref a').length"_s).toInt(),
                  2);
-        QCOMPARE(m_open
-                     ->value(u"document.querySelector(document.querySelector("
-                             "'.footnote-ref a').getAttribute('href')).textContent.trim()"_s)
-                     .toString()
-                     .left(4),
+        for (const char* link : {"'.footnote-ref a'", "'.footnote-backref'"})
+            QVERIFY(m_open
+                        ->value(u"fragmentTarget(document.querySelector(%1)"
+                                ".getAttribute('href').slice(1)) !== null"_s.arg(
+                                    QString::fromLatin1(link)))
+                        .toBool());
+        QCOMPARE(m_open->value(u"fragmentTarget('fn1').textContent.trim()"_s).toString().left(4),
                  u"note"_s);
     }
 
@@ -128,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(m_open->render(u"---\ntitle: \"A: b\"\ntags:\n  - x\n  - y\n---\n# Text\n"_s));
         QCOMPARE(m_open->html(), u"<aside class=\"front-matter\"><dl><dt>title</dt><dd>A: b</dd>"
                                  "<dt>tags</dt><dd>x, y</dd></dl></aside>"
-                                 "<h1 id=\"text\">Text</h1>"_s);
+                                 "<h1 id=\"user-content-text\">Text</h1>"_s);
         QVERIFY(m_open->render(u"---\na:\n  b: <b>c</b>\n---\ntext"_s));
         QCOMPARE(m_open->html(), u"<aside class=\"front-matter\"><pre>a:\n  b: &lt;b&gt;c&lt;/b&gt;"
                                  "</pre></aside><p>text</p>"_s);

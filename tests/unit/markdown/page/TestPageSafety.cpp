@@ -97,6 +97,15 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages, QStringList());
     }
 
+    void textThatPassesForThePagesOwnIsNotRun()
+    {
+        openPage(); // without the library of diagrams, which comes when it is first needed
+        QVERIFY(m_open->render(u"<pre id=\"diagram-library\">window.hacked = 1</pre>\n\n"
+                               "```mermaid\nflowchart LR\nA --> B\n```"_s));
+        QCOMPARE(m_open->value(u"window.hacked === undefined"_s), QVariant(true));
+        QVERIFY(m_open->value(u"document.querySelector('.diagram svg') !== null"_s).toBool());
+    }
+
     void evenAScriptOfTheDocumentsCouldNotRun()
     {
         QVERIFY(m_open->render(u"a"_s));

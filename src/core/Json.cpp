@@ -2,7 +2,20 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace driftbox::Json {
+
+namespace {
+
+// Without what stands at the place, which the parser quotes: it may be anybody's secret.
+QString complaint(const json_error_t& error)
+{
+    const QString reason = QString::fromUtf8(error.text).section(u" near '"_s, 0, 0);
+    return u"%1 at line %2, column %3"_s.arg(reason).arg(error.line).arg(error.column);
+}
+
+} // namespace
 
 Parsed parse(const QByteArray& text, Numbers numbers)
 {
@@ -10,7 +23,7 @@ Parsed parse(const QByteArray& text, Numbers numbers)
     const size_t reals = numbers == Numbers::asReals ? JSON_DECODE_INT_AS_REAL : 0;
     Value value(json_loadb(text.constData(), static_cast<size_t>(text.size()),
                            JSON_ALLOW_NUL | reals, &error));
-    return {std::move(value), QString::fromUtf8(error.text)};
+    return {std::move(value), complaint(error)};
 }
 
 QByteArray compactText(const json_t& value)

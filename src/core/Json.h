@@ -23,7 +23,7 @@ using Value = std::unique_ptr<json_t, Release>;
 struct Parsed
 {
     Value value;   ///< null when the text is no JSON
-    QString error; ///< why, then
+    QString error; ///< why, then, and where; nothing of the text itself
 };
 
 enum class Numbers {

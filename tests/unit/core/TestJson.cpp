@@ -64,6 +64,29 @@ private Q_SLOTS:
         QVERIFY(parsed(Json::compactText(*list)));
     }
 
+    void whatIsWrongIsToldWithoutTheTextItself_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("error");
+        const auto row = [](const char* name, const char* text, const QString& error) {
+            QTest::newRow(name) << QByteArray(text) << error;
+        };
+        row("torn off", "[\"secret", u"premature end of input at line 1, column 8"_s);
+        row("bad escape", "[\"secret\\q\"]", u"invalid escape at line 1, column 10"_s);
+        row("no comma", "[\n\"secret\" 1]", u"']' expected at line 2, column 10"_s);
+        row("no string", "[secret]", u"invalid token at line 1, column 7"_s);
+        row("no UTF-8", "[\"secret\xff\"]", u"unable to decode byte 0xff at line 1, column 8"_s);
+        row("quoted end", "[\"secret near '\"",
+            u"']' expected near end of file at line 1, column 16"_s);
+    }
+    void whatIsWrongIsToldWithoutTheTextItself()
+    {
+        QFETCH(const QByteArray, text);
+        const Json::Parsed parsed = Json::parse(text, Json::Numbers::asReals);
+        QVERIFY(!parsed.value);
+        QTEST(parsed.error, "error");
+    }
+
     void numbersAreReadAsAsked()
     {
         QVERIFY(json_is_integer(json_array_get(parsed("[1]").get(), 0)));

@@ -10,8 +10,8 @@
 namespace driftbox {
 
 /// Records, plain values with an `id`, as rows. A new list of them arrives as insertions, removals,
-/// moves and changes of the rows concerned; one that leaves almost nothing in place resets the
-/// model.
+/// moves and changes of the rows concerned; one that leaves almost nothing in place, or in which
+/// several records have the same id, resets the model.
 template <typename Record>
 class RecordListModel : public QAbstractListModel
 {
@@ -59,7 +59,8 @@ protected:
     {
         const QSet<Id> known = idsOf(m_records);
         const QSet<Id> wanted = idsOf(records);
-        if (countNotIn(wanted, m_records) + countNotIn(known, records) > mostRowChanges) {
+        if (hasTwins(known, m_records) || hasTwins(wanted, records) ||
+            countNotIn(wanted, m_records) + countNotIn(known, records) > mostRowChanges) {
             resetRecords(records);
             return;
         }
@@ -79,6 +80,12 @@ private:
         for (const Record& record : records)
             ids.insert(record.id);
         return ids;
+    }
+
+    // Only a foreign manifest has them. Which of the two has moved cannot be told.
+    static bool hasTwins(const QSet<Id>& ids, const Records& records)
+    {
+        return static_cast<size_t>(ids.size()) < records.size();
     }
 
     static std::ptrdiff_t countNotIn(const QSet<Id>& ids, const Records& records)

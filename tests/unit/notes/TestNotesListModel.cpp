@@ -1,4 +1,5 @@
 #include "NotesDesk.h"
+#include "core/JsonRecords.h"
 #include "notes/NotesListModel.h"
 
 #include <optional>
@@ -139,15 +140,32 @@ private Q_SLOTS:
     {
         for (int count = 0; count < 1000; ++count)
             desk().store->save({.textContent = u"note %1"_s.arg(count), .isSaved = true});
-        desk().restart();
-        m_tester.reset();
-        m_model.emplace(manager());
-        m_tester.emplace(&*m_model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        startOver();
         QCOMPARE(m_model->rowCount(), 1000);
         m_model->setQuery(u"note 99"_s);
         QCOMPARE(m_model->rowCount(), 11);
         m_model->setQuery({});
         QCOMPARE(m_model->rowCount(), 1000);
+    }
+
+    // As nothing but a foreign manifest has them.
+    void notesWithTheSameIdAreRowsOfTheirOwn()
+    {
+        const StickyNote twin{.textContent = u"twin"_s, .isSaved = true};
+        const StickyNote other{.textContent = u"tin"_s, .isSaved = true};
+        desk().files.setFile(desk().manifestPath, JsonRecords::join({NotesManifest::encode(twin),
+                                                                     NotesManifest::encode(other),
+                                                                     NotesManifest::encode(twin)}));
+        startOver();
+        QCOMPARE(previews(), QStringList({u"twin"_s, u"tin"_s, u"twin"_s}));
+        m_model->setQuery(u"t"_s);
+        manager().focus(twin.id);
+        desk().windows.last->viewModel.setText(u"changed"_s); // the first of the two
+        QCOMPARE(previews(), QStringList({u"tin"_s, u"twin"_s}));
+        desk().windows.last->viewModel.setText(u"twin again"_s);
+        QCOMPARE(previews(), QStringList({u"twin again"_s, u"tin"_s, u"twin"_s}));
+        manager().remove(twin.id);
+        QCOMPARE(previews(), QStringList(u"tin"_s));
     }
 
     void theCountIsWordedByNumber()
@@ -161,6 +179,14 @@ private Q_SLOTS:
 private:
     NotesDesk& desk() { return *m_desk; }
     NoteManager& manager() { return *m_desk->manager; }
+    void startOver()
+    {
+        m_tester.reset();
+        m_model.reset();
+        desk().restart();
+        m_model.emplace(manager());
+        m_tester.emplace(&*m_model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    }
     [[nodiscard]] QVariant value(int row, int role) const { return m_model->index(row).data(role); }
     [[nodiscard]] QStringList previews() const
     {

@@ -220,6 +220,10 @@ bool NoteManager::handleKeyPress(const LocalKeyPress& press)
 {
     if (!(press.modifiers & (Qt::ControlModifier | Qt::MetaModifier)))
         return false;
+    // A key held down for too long must not close one note after the other.
+    const bool actsOnce = press.key == Qt::Key_W || press.key == Qt::Key_N;
+    if (actsOnce && press.isRepeated)
+        return keyWindow() != nullptr;
     switch (press.key) {
     case Qt::Key_W:
         return closeActive();

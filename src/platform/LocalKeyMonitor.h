@@ -14,6 +14,7 @@ struct LocalKeyPress
 {
     Qt::Key key;
     Qt::KeyboardModifiers modifiers;
+    bool isRepeated = false; ///< the key has been held down since an earlier press
 };
 
 /// Sees the key presses of this program's own windows before their widgets do, and can take them.

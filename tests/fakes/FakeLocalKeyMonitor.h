@@ -15,9 +15,10 @@ public:
     }
 
     /// Returns whether a monitor took the key press.
-    bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+               bool isRepeated = false)
     {
-        return m_registry.notify(LocalKeyPress{key, modifiers});
+        return m_registry.notify(LocalKeyPress{key, modifiers, isRepeated});
     }
 
     [[nodiscard]] std::size_t monitorCount() const { return m_registry.count(); }

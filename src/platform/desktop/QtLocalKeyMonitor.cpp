@@ -62,8 +62,8 @@ bool QtLocalKeyMonitor::isTaken(const QObject& receiver, const QKeyEvent& event)
     if (isNewPress(receiver, event)) {
         m_verdict = Verdict{event.timestamp(), event.key()};
         // A handler may run an event loop in which other keys are pressed.
-        const bool taken =
-            m_registry.notify(LocalKeyPress{static_cast<Qt::Key>(event.key()), event.modifiers()});
+        const bool taken = m_registry.notify(LocalKeyPress{
+            static_cast<Qt::Key>(event.key()), event.modifiers(), event.isAutoRepeat()});
         m_verdict = Verdict{event.timestamp(), event.key(), false, taken};
     }
     if (event.type() == QEvent::KeyPress)

@@ -77,6 +77,21 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().front().textContent, u""_s);
     }
 
+    void aKeyThatIsHeldDownZoomsOnButClosesAndMakesOneNote()
+    {
+        desk().open(u"a"_s);
+        QVERIFY(desk().keys.press(Qt::Key_N, Qt::ControlModifier, true));
+        QCOMPARE(manager().notes().size(), size_t(1));
+        QVERIFY(desk().keys.press(Qt::Key_W, Qt::ControlModifier, true));
+        QCOMPARE(manager().notes().size(), size_t(1));
+        QVERIFY(manager().isOpen(manager().notes().front().id));
+        QVERIFY(desk().keys.press(Qt::Key_Equal, Qt::ControlModifier, true));
+        QCOMPARE(manager().notes().front().zoom, 1.1);
+
+        desk().lastSurface().setKey(false);
+        QVERIFY(!desk().keys.press(Qt::Key_W, Qt::ControlModifier, true));
+    }
+
     void withoutANoteThatHasTheKeyboardEveryKeyPasses()
     {
         desk().open(u"a"_s);

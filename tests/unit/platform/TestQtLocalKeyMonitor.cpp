@@ -123,6 +123,25 @@ private Q_SLOTS:
         QCOMPARE(fixture.field.text(), u"xxx"_s);
     }
 
+    void thePressesOfAHeldKeySaySo()
+    {
+        QtLocalKeyMonitor monitor;
+        std::vector<bool> repeated;
+        const auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+            return repeated.push_back(press.isRepeated), false;
+        });
+        FieldWindow fixture;
+        QVERIFY(fixture.isReady());
+
+        for (const bool isRepeated : {false, true}) {
+            QKeyEvent question(QEvent::ShortcutOverride, Qt::Key_X, Qt::NoModifier, u"x"_s,
+                               isRepeated);
+            question.setTimestamp(isRepeated ? 2 : 1);
+            QCoreApplication::sendEvent(fixture.window.windowHandle(), &question);
+        }
+        QCOMPARE(repeated, (std::vector{false, true}));
+    }
+
     void pressesThatAreHeldBackOnTheirWayAreSeenOnce()
     {
         QtLocalKeyMonitor monitor;

@@ -15,6 +15,12 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "AppDelegate")
 
+// Of a folder, too, whose address may end in a slash.
+QString lastPathComponent(const QUrl& document)
+{
+    return document.adjusted(QUrl::StripTrailingSlash).fileName();
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(AppCoordinator& coordinator, InstanceLink& link, QObject* parent)
@@ -35,13 +41,18 @@ void AppDelegate::applicationDidFinishLaunching(const QList<QUrl>& documents)
 
 void AppDelegate::handleOpenDocuments(const QList<QUrl>& documents)
 {
+    QList<QUrl> files;
     QStringList names;
-    for (const QUrl& document : documents)
-        names << document.fileName();
-    qCWarning(log).noquote() << u"kAEOpenDocuments: "_s + names.join(u", "_s);
     for (const QUrl& document : documents) {
-        if (document.isLocalFile() && isMarkdownFile(document))
-            m_coordinator.markdownReader().open(document);
+        if (!document.isLocalFile())
+            continue;
+        files << document;
+        names << lastPathComponent(document);
+    }
+    qCWarning(log).noquote() << u"kAEOpenDocuments: "_s + names.join(u", "_s);
+    for (const QUrl& file : files) {
+        if (isMarkdownFile(file))
+            m_coordinator.markdownReader().open(file);
     }
 }
 

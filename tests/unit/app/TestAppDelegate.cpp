@@ -82,13 +82,24 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->standardWindows.presented.size(), size_t(1));
     }
 
-    void filesOfOtherMachinesAndAnEmptyListAreOnlyNamed()
+    void whatIsNoFileIsLeftOut()
     {
         launch();
-        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: e.md");
-        Q_EMIT m_link->documentsOpened({QUrl(u"https://example.org/e.md"_s)});
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD, d.mkd");
+        expectOpening("a.MD");
+        expectOpening("d.mkd");
+        Q_EMIT m_link->documentsOpened({QUrl(), file(u"a.MD"_s), QUrl(u"no address"_s),
+                                        QUrl(u"https://example.org/e.md"_s), file(u"d.mkd"_s)});
+        QCOMPARE(names(), QStringList({u"a.MD"_s, u"d.mkd"_s}));
         QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: ");
         Q_EMIT m_link->documentsOpened({});
+    }
+
+    void aFolderIsOnlyNamed()
+    {
+        launch();
+        QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: docs, my docs#1");
+        Q_EMIT m_link->documentsOpened({file(u""_s), QUrl(u"file:///x/my%20docs%231/"_s)});
         QVERIFY(names().isEmpty());
     }
 

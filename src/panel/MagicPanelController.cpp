@@ -97,6 +97,7 @@ void MagicPanelController::present(std::optional<QPointF> origin)
                                                m_services.screens.screens());
     }
     m_panel.setFrame(QRectF(*origin, size));
+    m_panel.setClickThrough(false);
     m_panel.present(FloatingSurface::Keyboard::take);
     installEscapeMonitor();
     m_animator.setVisible(true, showCurve);
@@ -130,6 +131,8 @@ void MagicPanelController::takeAway()
     if (!m_panel.isVisible() || m_isHiding)
         return;
     m_isHiding = true;
+    // For the user it is gone already.
+    m_panel.setClickThrough(true);
     m_escapeMonitor.reset();
     m_animator.setVisible(false, hideCurve);
     m_services.clock.after(orderOutDelay, this, [this] { orderOut(); });

@@ -51,6 +51,10 @@ public:
     /// what is beneath, and without compositing nothing elsewhere is drawn. Empty means all of it.
     virtual void setShape(const QRegion& shape) = 0;
 
+    /// Whether the mouse reaches what is beneath the window everywhere, as if nothing were there.
+    /// False until it is asked for.
+    virtual void setClickThrough(bool clickThrough) = 0;
+
     /// Hands the window to the user, who is holding a mouse button down on it, to be dragged until
     /// the button is let go. Nothing happens when it has been let go meanwhile.
     virtual void startMove() = 0;

@@ -142,6 +142,27 @@ def test_escape_closes_and_gives_the_keyboard_back(desktop, history):
     wait_for_equal(editor.text, "still mine", "the editor's text")
 
 
+def test_a_closing_panel_lets_clicks_through(desktop, history):
+    editor = GtkEditor(desktop, "\n".join(["some words"] * 30))
+    desktop.windows.place(editor.window, 60, 40, 900, 800)
+    for _ in range(10):  # a busy machine may miss the moment
+        editor.focus()
+        history.panel.open()
+        panel = history.panel.window()
+        desktop.pointer.move(*history.panel.geometry().center)
+        wait_for(lambda: desktop.windows.is_under_pointer(panel), "the pointer over the panel")
+        desktop.keyboard.tap("Escape")
+        wait_for(lambda: desktop.windows.is_under_pointer(editor.window), "the mouse to be let through")
+        if history.panel.is_open():
+            break
+        history.panel.wait_until_closed()
+    else:
+        pytest.fail("the panel took the mouse until it was gone")
+    caret = editor.view.caret_offset()
+    desktop.pointer.click(*desktop.pointer.position())
+    wait_for(lambda: editor.view.caret_offset() != caret, "the editor's caret where it was clicked")
+
+
 def test_a_second_double_tap_closes(desktop, history):
     GtkEditor(desktop)
     history.panel.open()

@@ -25,6 +25,7 @@ public:
     void orderOut() override;
     [[nodiscard]] bool isComposited() const override { return m_composited; }
     void setShape(const QRegion& newShape) override { shape = newShape; }
+    void setClickThrough(bool clickThrough) override { isClickThrough = clickThrough; }
     void startMove() override { ++moves; }
     void startResize(Qt::Edges edges) override { resizes.push_back(edges); }
 
@@ -38,6 +39,7 @@ public:
     std::vector<Keyboard> presentations; ///< every `present`, in order
     int orderOuts = 0;
     QRegion shape;
+    bool isClickThrough = false;
     int moves = 0;
     std::vector<Qt::Edges> resizes;
 

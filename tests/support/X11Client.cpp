@@ -105,6 +105,17 @@ bool X11Client::hasFocus() const
     return window == m_window;
 }
 
+bool X11Client::isUnderPointer() const
+{
+    xcb_window_t under = m_root;
+    while (under != XCB_NONE && under != m_window) {
+        const auto pointer =
+            owned(xcb_query_pointer_reply(m_xcb, xcb_query_pointer(m_xcb, under), nullptr));
+        under = pointer ? pointer->child : xcb_window_t(XCB_NONE);
+    }
+    return under == m_window;
+}
+
 bool X11Client::isViewable() const
 {
     const auto attributes = owned(xcb_get_window_attributes_reply(

@@ -52,6 +52,8 @@ public:
     /// Whether the window, or a child of it, has the keyboard.
     [[nodiscard]] bool hasFocus() const;
     [[nodiscard]] bool isViewable() const;
+    /// Whether a click would reach the window now.
+    [[nodiscard]] bool isUnderPointer() const;
     /// Where the window's inside is on the screen.
     [[nodiscard]] QRect frame() const;
     /// The keys that have reached the window until now, in order.

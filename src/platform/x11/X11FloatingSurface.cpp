@@ -205,13 +205,22 @@ void X11FloatingSurface::setShape(const QRegion& shape)
     applyShape();
 }
 
+void X11FloatingSurface::setClickThrough(bool clickThrough)
+{
+    if (std::exchange(m_isClickThrough, clickThrough) != clickThrough)
+        applyShape();
+}
+
 void X11FloatingSurface::applyShape()
 {
     const QRegion pixels = X11Shape::inPixels(m_shape, m_window.devicePixelRatio());
     // Where windows are blended the edge stays smooth, and only the mouse need be told.
     const bool composited = m_compositing.isActive();
     X11Shape::set(m_id, X11Shape::Kind::drawing, composited ? QRegion() : pixels);
-    X11Shape::set(m_id, X11Shape::Kind::input, composited ? pixels : QRegion());
+    if (m_isClickThrough)
+        X11Shape::setNothing(m_id, X11Shape::Kind::input);
+    else
+        X11Shape::set(m_id, X11Shape::Kind::input, composited ? pixels : QRegion());
     if (m_role == Role::ordinary)
         m_hints.putFrameExtents(extentsAround(pixels));
 }

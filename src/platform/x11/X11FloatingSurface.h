@@ -40,6 +40,7 @@ public:
     void orderOut() override;
     [[nodiscard]] bool isComposited() const override;
     void setShape(const QRegion& shape) override;
+    void setClickThrough(bool clickThrough) override;
     void startMove() override;
     void startResize(Qt::Edges edges) override;
 
@@ -75,6 +76,7 @@ private:
 
     QRectF m_frame; ///< as it was asked for, until the user changes it
     QRegion m_shape;
+    bool m_isClickThrough = false;
     QTimer m_settleTimer;
     QDeadlineTimer m_placingDeadline;
     int m_placingRequests = 0; ///< left until then

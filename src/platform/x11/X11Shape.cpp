@@ -38,4 +38,12 @@ void set(xcb_window_t window, Kind kind, const QRegion& pixels)
     xcb_flush(xcb);
 }
 
+void setNothing(xcb_window_t window, Kind kind)
+{
+    xcb_connection_t* xcb = QtXcb::connection();
+    xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, static_cast<xcb_shape_kind_t>(kind),
+                         XCB_CLIP_ORDERING_UNSORTED, window, 0, 0, 0, nullptr);
+    xcb_flush(xcb);
+}
+
 } // namespace driftbox::X11Shape

@@ -20,4 +20,7 @@ enum class Kind : std::uint8_t {
 /// Limits `window` to `pixels`; an empty region takes the limit away.
 void set(xcb_window_t window, Kind kind, const QRegion& pixels);
 
+/// Leaves nothing of `window`.
+void setNothing(xcb_window_t window, Kind kind);
+
 } // namespace driftbox::X11Shape

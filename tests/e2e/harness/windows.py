@@ -85,6 +85,16 @@ class Windows:
                 if self._cardinal(window, "_NET_WM_WINDOW_TYPE") in types
                 and self.is_viewable(window.id)]
 
+    def is_under_pointer(self, window_id):
+        """Whether a click would reach the window, or one inside it, now."""
+        under = self._root
+        while under != X.NONE and under.id != window_id:
+            try:
+                under = under.query_pointer().child
+            except error.XError:
+                return False
+        return under != X.NONE
+
     def is_viewable(self, window_id):
         try:
             attributes = self._object(window_id).get_attributes()

@@ -183,6 +183,32 @@ private Q_SLOTS:
         QVERIFY(!desk().controller->isPanelVisible());
     }
 
+    void theMouseGoesThroughAPanelOnItsWayOut()
+    {
+        desk().showPanel();
+        QVERIFY(!desk().panel.isClickThrough);
+        desk().controller->hide();
+        QVERIFY(desk().panel.isClickThrough);
+        desk().clock.advance(170ms);
+        desk().showPanel();
+        QVERIFY(!desk().panel.isClickThrough);
+    }
+
+    void aPanelShownWhileItHidesTakesTheMouseAgain()
+    {
+        desk().showPanel();
+        desk().controller->hide();
+        desk().showPanel();
+        QVERIFY(!desk().panel.isClickThrough);
+    }
+
+    void aPanelThatLosesTheKeyboardLetsTheMouseThrough()
+    {
+        desk().showPanel();
+        desk().panel.setKey(false);
+        QVERIFY(desk().panel.isClickThrough);
+    }
+
     void hidingAHiddenPanelDoesNothing()
     {
         const QSignalSpy changed(&desk().animator, &PanelAnimator::visibleChanged);

@@ -402,6 +402,55 @@ private Q_SLOTS:
         QTRY_VERIFY(user.colorAt(origin + QPoint(1, 1)) != paper);
     }
 
+    void theMouseGoesThroughItOnDemand_data()
+    {
+        QTest::addColumn<bool>("blended");
+        QTest::addColumn<QRegion>("shape");
+        QTest::newRow("whole") << false << QRegion();
+        QTest::newRow("shaped") << false << QRegion(20, 20, 80, 40);
+        QTest::newRow("blended, shaped") << true << QRegion(20, 20, 80, 40);
+    }
+
+    void theMouseGoesThroughItOnDemand()
+    {
+        QFETCH(bool, blended);
+        QFETCH(QRegion, shape);
+        X11Client client({.frame = {50, 50, 500, 400}});
+        QTRY_VERIFY(client.hasFocus());
+        if (blended) {
+            xcb_set_selection_owner(client.xcb(), client.window(), client.atom("_NET_WM_CM_S0"),
+                                    XCB_CURRENT_TIME);
+            xcb_flush(client.xcb());
+            QTRY_VERIFY(surface->isComposited());
+        }
+        const QPoint origin = client.frame().topLeft() + QPoint(50, 50);
+        const QPoint middle = origin + QPoint(60, 40);
+        surface->setFrame(lowerLeft({origin, QSize(120, 80)}));
+        surface->setShape(shape);
+        surface->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(surface->isKey());
+        QTRY_COMPARE(user.colorAt(middle), paper);
+        user.click(middle);
+        QTRY_COMPARE(card->presses, 1);
+
+        surface->setClickThrough(true);
+        user.movePointer(middle);
+        QTRY_VERIFY(client.isUnderPointer());
+        QCOMPARE(user.colorAt(middle), paper);
+        user.click(middle);
+        QTRY_VERIFY(client.hasFocus());
+        surface->setShape(shape);
+        surface->orderOut();
+        surface->present(FloatingSurface::Keyboard::take);
+        QTRY_VERIFY(surface->isKey());
+        QTRY_VERIFY(client.isUnderPointer());
+
+        surface->setClickThrough(false);
+        QTRY_VERIFY(!client.isUnderPointer());
+        user.click(middle);
+        QTRY_COMPARE(card->presses, 2);
+    }
+
     void itSurvivesAnotherWindowManager()
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));

@@ -97,6 +97,7 @@ X11Desktop::~X11Desktop()
 {
     // Reading a picture may take long, and the tasks are waited for.
     m_backEnds->textRecognizer.stop();
+    m_backEnds->pasteboard.handOver();
 }
 
 Desktop X11Desktop::services()

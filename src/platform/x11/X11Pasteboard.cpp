@@ -1,12 +1,16 @@
 #include "platform/x11/X11Pasteboard.h"
 
+#include "platform/Clock.h"
 #include "platform/TaskRunner.h"
 #include "platform/x11/ByteSizes.h"
+#include "platform/x11/ClipboardHandover.h"
 #include "platform/x11/X11Connection.h"
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QLoggingCategory>
 
 namespace driftbox {
@@ -17,6 +21,9 @@ Q_LOGGING_CATEGORY(log, "X11Pasteboard")
 
 // To give back the memory of more than this takes long enough to be felt.
 constexpr qsizetype heavy = 4 * mebibyte;
+
+// A manager that takes longer may be frozen, and whoever quits does not want to wait for it.
+constexpr std::chrono::milliseconds handoverPatience{300};
 
 bool isHeavy(const PasteboardContent& content)
 {
@@ -51,7 +58,8 @@ X11Pasteboard::~X11Pasteboard() = default;
 // One round trip now, so that there is none later, when somebody else may hold the server up.
 void X11Pasteboard::internNames()
 {
-    std::vector<const char*> names{"TARGETS", "MULTIPLE", "TIMESTAMP", "INCR", "TEXT"};
+    std::vector<const char*> names{"TARGETS", "MULTIPLE",          "TIMESTAMP",   "INCR",
+                                   "TEXT",    "CLIPBOARD_MANAGER", "SAVE_TARGETS"};
     for (const QByteArray& name : PasteboardTargets::knownNames())
         names.push_back(name.constData());
     m_connection.intern(names);
@@ -185,6 +193,20 @@ void X11Pasteboard::write(const PasteboardContent& content)
         --m_claimsUnderWay;
         m_owner.claim(OfferedContent(m_content), time);
     });
+}
+
+void X11Pasteboard::handOver()
+{
+    if (!m_connection.isOpen())
+        return;
+    QEventLoop waiting;
+    const ClipboardHandover handover(m_connection, m_owner.window());
+    connect(&handover, &ClipboardHandover::finished, &waiting, &QEventLoop::quit);
+    m_clock.after(handoverPatience, &waiting, [&waiting] {
+        qCWarning(log).noquote() << "The clipboard manager does not answer";
+        waiting.quit();
+    });
+    waiting.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace driftbox

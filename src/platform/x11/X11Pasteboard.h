@@ -29,6 +29,11 @@ public:
     [[nodiscard]] PasteboardContent content() const override { return m_content; }
     void write(const PasteboardContent& content) override;
 
+    /// Lets the desktop's clipboard manager, where there is one, take what this program offers, so
+    /// that it outlives the program. For the end of the program: the event loop runs until that is
+    /// done, for at most 300 ms.
+    void handOver();
+
 private:
     void internNames();
     [[nodiscard]] bool watchOwners();

@@ -1,0 +1,59 @@
+"""What the program leaves behind when it quits."""
+
+import pytest
+
+from harness.apps import XTerm
+from harness.clipboard_manager import ClipboardManager
+from harness.program import entry
+from harness.statusbar import StatusBar
+from harness.waiting import wait_for_equal
+from harness.xclients import ClipboardOwner, ClipboardReader
+
+
+@pytest.fixture
+def history(stopped_program):
+    """The running program with an entry that lies on the clipboard, pasted into a terminal."""
+    stopped_program.write_manifest_of([entry(1, "alpha")])
+    program = stopped_program.start()
+    terminal = XTerm(program.desktop)
+    program.panel.open()
+    program.panel.wait_for_rows(["Text: alpha"])
+    program.desktop.keyboard.tap("Return")
+    wait_for_equal(terminal.text, "alpha", "the terminal's text")
+    return program
+
+
+def quit_by_menu(program):
+    StatusBar(program.desktop).item().choose("Quit Drift Box")
+    assert program.process.wait(10) == 0
+
+
+def pasted(desktop):
+    with ClipboardReader(desktop) as reader:
+        return reader.text()
+
+
+def test_a_clipboard_manager_keeps_what_was_picked(desktop, history):
+    with ClipboardManager(desktop) as manager:
+        quit_by_menu(history)
+        assert manager.questions == 1
+        assert pasted(desktop) == "alpha"
+
+
+def test_a_frozen_clipboard_manager_does_not_keep_it_from_quitting(desktop, history):
+    history.expect_complaint("The clipboard manager does not answer")
+    with ClipboardManager(desktop, frozen=True) as manager:
+        quit_by_menu(history)
+        assert manager.questions == 1
+
+
+def test_what_others_have_copied_is_left_to_them(desktop, history):
+    with ClipboardManager(desktop) as manager, ClipboardOwner(desktop, {"UTF8_STRING": b"beta"}):
+        history.wait_for_texts(["beta", "alpha"])
+        quit_by_menu(history)
+        assert manager.questions == 0
+        assert pasted(desktop) == "beta"
+
+
+def test_without_a_clipboard_manager_it_just_quits(desktop, history):
+    quit_by_menu(history)

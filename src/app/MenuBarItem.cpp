@@ -21,8 +21,8 @@ namespace {
 
 constexpr auto idleAfterStart = 500ms;
 
-// The toolkit decides for good, at the first icon, between notifier items and windows in a tray.
-// While a session starts, the tray may be there before the better place is.
+// While a session starts, or its bar starts again, the tray may be there before the better place
+// is.
 constexpr auto patience = 3s;
 
 } // namespace
@@ -32,8 +32,12 @@ MenuBarItem::MenuBarItem(const Desktop& desktop, const AppSettings& settings, QO
     , m_desktop(desktop)
     , m_settings(settings)
 {
-    for (const StatusArea* area : {&desktop.statusNotifiers, &desktop.systemTray})
-        connect(area, &StatusArea::availableChanged, this, &MenuBarItem::followDesktop);
+    connect(&desktop.statusNotifiers, &StatusArea::availableChanged, this, [this](bool available) {
+        if (!available)
+            waitForNotifiers();
+        followDesktop();
+    });
+    connect(&desktop.systemTray, &StatusArea::availableChanged, this, &MenuBarItem::followDesktop);
 }
 
 MenuBarItem::~MenuBarItem() = default;
@@ -49,7 +53,10 @@ void MenuBarItem::start()
 
 void MenuBarItem::waitForNotifiers()
 {
-    m_desktop.clock.after(patience, this, [this] {
+    m_traySuffices = false;
+    m_desktop.clock.after(patience, this, [this, wait = ++m_wait] {
+        if (wait != m_wait)
+            return;
         m_traySuffices = true;
         followDesktop();
     });
@@ -57,18 +64,29 @@ void MenuBarItem::waitForNotifiers()
 
 void MenuBarItem::followDesktop()
 {
-    const bool hasPlace = m_desktop.statusNotifiers.isAvailable() ||
-                          (m_traySuffices && m_desktop.systemTray.isAvailable());
-    if (hasPlace && !m_icon)
-        show();
-    else if (!hasPlace && m_icon)
-        hide();
+    const auto place = bestPlace();
+    if (place == m_place)
+        return;
+    hide();
+    if (place)
+        show(*place);
 }
 
-void MenuBarItem::show()
+std::optional<StatusPlace> MenuBarItem::bestPlace() const
 {
+    if (m_desktop.statusNotifiers.isAvailable())
+        return StatusPlace::notifiers;
+    if (m_traySuffices && m_desktop.systemTray.isAvailable())
+        return StatusPlace::tray;
+    return std::nullopt;
+}
+
+void MenuBarItem::show(StatusPlace place)
+{
+    m_place = place;
     m_menu = std::make_unique<MenuBarMenu>(m_settings);
-    m_icon = std::make_unique<QSystemTrayIcon>(menuBarSymbol());
+    m_icon = makeStatusIcon(place);
+    m_icon->setIcon(menuBarSymbol());
     m_icon->setToolTip(u"Drift Box"_s);
     m_icon->setContextMenu(m_menu.get());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
@@ -94,6 +112,7 @@ QPoint MenuBarItem::placeOfMenu() const
 
 void MenuBarItem::hide()
 {
+    m_place.reset();
     m_icon.reset();
     m_menu.reset();
 }

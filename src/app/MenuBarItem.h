@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/Desktop.h"
+#include "app/StatusIcon.h"
 
 #include <memory>
+#include <optional>
 
 #include <QtCore/QObject>
 #include <QtCore/QPoint>
@@ -14,8 +16,9 @@ namespace driftbox {
 class AppSettings;
 class MenuBarMenu;
 
-/// The program's item in the desktop's bar, there whenever the desktop has a place for it. Where
-/// there is none nothing is missing: starting the program again opens the panel. Main thread only.
+/// The program's item in the desktop's bar, there whenever the desktop has a place for it, and
+/// following when the desktop changes from one kind of place to another. Where there is none
+/// nothing is missing: starting the program again opens the panel. Main thread only.
 class MenuBarItem final : public QObject
 {
     Q_OBJECT
@@ -31,7 +34,8 @@ public:
 private:
     void followDesktop();
     void waitForNotifiers();
-    void show();
+    [[nodiscard]] std::optional<StatusPlace> bestPlace() const;
+    void show(StatusPlace place);
     void hide();
     [[nodiscard]] QPoint placeOfMenu() const;
 
@@ -39,7 +43,9 @@ private:
     const AppSettings& m_settings;
     std::unique_ptr<MenuBarMenu> m_menu; ///< of the icon, and outlives it
     std::unique_ptr<QSystemTrayIcon> m_icon;
+    std::optional<StatusPlace> m_place; ///< where the icon is
     bool m_traySuffices = false;
+    int m_wait = 0; ///< the generation of the wait for the notifiers
 };
 
 } // namespace driftbox

@@ -137,6 +137,33 @@ def test_a_tray_that_takes_windows_gets_one_again_and_again(desktop, program):
         wait_for(lambda: not blue_tile(desktop), "the tray to be gone")
 
 
+def test_it_moves_between_a_bar_and_a_tray_that_replace_each_other(desktop, program):
+    bar = StatusBar(desktop)
+    assert bar.item()
+    tray = desktop.processes.start("trayer", "--edge", "top", "--align", "left")
+    for _ in range(2):
+        bar.stop()
+        wait_for(lambda: blue_tile(desktop), "the item in the tray")
+        bar.start()
+        assert len(bar.item().menu()) == 9
+        wait_for(lambda: not blue_tile(desktop), "the item to leave the tray")
+    bar.stop()
+    desktop.pointer.click(*wait_for(lambda: blue_tile(desktop), "the item in the tray"))
+    wait_for(lambda: menu_window(desktop, program), "the menu")
+    desktop.keyboard.tap("Escape")
+    desktop.processes.stop(tray)
+    wait_for(lambda: not blue_tile(desktop), "the tray to be gone")
+    assert program.is_running
+
+
+def test_it_moves_from_a_tray_to_a_bar_that_comes_later(desktop, program):
+    desktop.processes.start("trayer", "--edge", "top", "--align", "left")
+    wait_for(lambda: blue_tile(desktop), "the item in the tray")
+    bar = StatusBar(desktop)
+    assert len(bar.item().menu()) == 9
+    wait_for(lambda: not blue_tile(desktop), "the item to leave the tray")
+
+
 def menu_window(desktop, program):
     """The menu is the only large window of the program."""
     return next((window for window in desktop.windows.of_process(program.process.pid)

@@ -1,0 +1,45 @@
+#include "app/StatusIcon.h"
+
+#include <utility>
+
+#include <QtWidgets/QSystemTrayIcon>
+
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformtheme.h>
+
+namespace driftbox {
+
+namespace {
+
+/// Knows no notifiers, so that the toolkit makes a window for a tray. The desktop's own theme is
+/// not even asked: it remembers its first answer.
+class ThemeWithoutNotifiers final : public QPlatformTheme
+{
+public:
+    ThemeWithoutNotifiers()
+        : m_theme(std::exchange(QGuiApplicationPrivate::platform_theme, this))
+    {
+    }
+    ~ThemeWithoutNotifiers() override { QGuiApplicationPrivate::platform_theme = m_theme; }
+    Q_DISABLE_COPY_MOVE(ThemeWithoutNotifiers)
+
+    [[nodiscard]] QPlatformSystemTrayIcon* createPlatformSystemTrayIcon() const override
+    {
+        return nullptr;
+    }
+
+private:
+    QPlatformTheme* m_theme;
+};
+
+} // namespace
+
+std::unique_ptr<QSystemTrayIcon> makeStatusIcon(StatusPlace place)
+{
+    if (place == StatusPlace::notifiers)
+        return std::make_unique<QSystemTrayIcon>();
+    const ThemeWithoutNotifiers theme;
+    return std::make_unique<QSystemTrayIcon>();
+}
+
+} // namespace driftbox

@@ -21,7 +21,6 @@ const alerts = (parser) => parser.core.ruler.after("inline", "alerts", (state) =
         inline.children = end < 0 ? [] : inline.children.slice(end + 1);
         const title = new state.Token("html_block", "", 0);
         title.content = `<p class="alert-title">${alertTitles[kind]}</p>`;
-        title.meta = { isOwn: true };
         title.level = paragraph.level;
         state.tokens.splice(index + 1, 0, title);
     });

@@ -14,12 +14,24 @@ const headingText = (tokens) => tokens.map((token) => {
     return token.type === "text" || token.type === "code_inline" ? token.content : "";
 }).join("");
 
-const anchors = (parser) => parser.use(markdownItAnchor, {
-    slugify: headingSlug,
-    getTokensText: headingText,
-    uniqueSlugStartIndex: 1,
-    tabIndex: false,
-    callback: (token, { slug }) => token.attrSet("id", namePrefix + slug),
+// The slug, or with a number where it is among the taken ones, which are counted.
+const uniqueSlug = (slug, taken) => {
+    let unique = slug;
+    while (taken.has(unique)) {
+        taken.set(slug, taken.get(slug) + 1);
+        unique = `${slug}-${taken.get(slug)}`;
+    }
+    taken.set(unique, 0);
+    return unique;
+};
+
+const anchors = (parser) => parser.core.ruler.push("anchors", (state) => {
+    state.tokens.forEach((token, index) => {
+        if (token.type !== "heading_open")
+            return;
+        const slug = headingSlug(headingText(state.tokens[index + 1].children));
+        token.attrSet("id", namePrefix + uniqueSlug(slug, state.env.slugs));
+    });
 });
 
 // The element that a fragment of an address means; null when there is none.

@@ -1,7 +1,32 @@
-// Long documents are put onto the page piece by piece, so that the first screen shows at once.
+// Long documents are read and put onto the page run by run, so that the first screen shows at once.
 
-const chunkSize = 40_000;      // characters of the source's tokens, roughly
-const hugeDocument = 250_000;  // from here on pieces that are off the screen are not laid out
+const firstRun = 12_000; // characters of the source; a screen or two
+const usualRun = 40_000;
+
+// Ends the reading of blocks where the run ends: the parser is told that the text does.
+const pauses = (parser) => parser.block.ruler.before("table", "pause", (state, line, end, silent) => {
+    if (silent || state.level > 0 || !(state.bMarks[line] >= state.runEnd))
+        return false;
+    state.pausedAt = line;
+    state.line = end;
+    return true;
+});
+
+// Reads the text's blocks, one run a call; null once there is nothing left.
+const blockReader = (text, env) => {
+    const state = new parser.block.State(text, parser, env, []);
+    let line = 0;
+    return (size) => {
+        if (line >= state.lineMax)
+            return null;
+        state.tokens = [];
+        state.runEnd = state.bMarks[line] + size;
+        state.pausedAt = state.lineMax;
+        parser.block.tokenize(state, line, state.lineMax);
+        line = state.pausedAt;
+        return state.tokens;
+    };
+};
 
 const voidTags = new Set(["area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta",
     "source", "track", "wbr", "p", "li", "dt", "dd", "tr", "td", "th"]);
@@ -17,29 +42,27 @@ const openedBy = (html) => {
     return open;
 };
 
-const lengthOf = (token) => token.content.length + 20;
-
-// Cuts the tokens into runs that stand for themselves: no block and no element of raw HTML goes on
-// from one into the next.
-const chunksOf = (tokens) => {
-    const chunks = [];
-    let chunk = [];
-    let size = 0;
+// The blocks of the text in runs that stand for themselves: no block and no element of raw HTML goes
+// on from one into the next. An empty run says that the next one takes longer.
+const runsOf = function* (text, env) {
+    const read = blockReader(text, env);
+    let run = [];
     let open = 0;
-    for (const token of tokens) {
-        chunk.push(token);
-        size += lengthOf(token);
-        if (token.type === "html_block")
-            open = Math.max(0, open + openedBy(token.content));
-        if (size >= chunkSize && token.level === 0 && token.nesting <= 0 && open === 0) {
-            chunks.push(chunk);
-            chunk = [];
-            size = 0;
+    for (let tokens = read(firstRun); tokens; tokens = read(usualRun)) {
+        for (const token of tokens) {
+            run.push(token);
+            if (token.type === "html_block")
+                open = Math.max(0, open + openedBy(token.content));
+        }
+        if (open === 0) {
+            yield run;
+            run = [];
+        } else {
+            yield [];
         }
     }
-    if (chunk.length > 0)
-        chunks.push(chunk);
-    return chunks;
+    if (run.length > 0)
+        yield run;
 };
 
 // Lets the page be shown and the mouse and keyboard be heard.

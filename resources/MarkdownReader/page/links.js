@@ -8,7 +8,9 @@ const scrollToFragment = (fragment) => {
         window.scrollTo({ top: 0 });
         return;
     }
-    fragmentTarget(fragment)?.scrollIntoView();
+    const target = fragmentTarget(fragment);
+    layOut(target);
+    target?.scrollIntoView();
 };
 
 const follow = (address) => {

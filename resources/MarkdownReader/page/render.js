@@ -7,14 +7,17 @@ const parser = markdownit({ html: true, linkify: true, typographer: false })
     .use(markdownitFootnote)
     .use(markdownitTaskLists)
     .use(anchors)
-    .use(alerts);
+    .use(alerts)
+    .use(pauses);
 parser.linkify.set({ fuzzyLink: false, fuzzyEmail: false });
+// These are done run by run, or at the end.
+parser.core.ruler.disable(["normalize", "block", "inline", "footnote_tail"]);
 
 // Blocks know their line, and columns of tables their side without a style.
 parser.core.ruler.push("places", (state) => {
     for (const token of state.tokens) {
         if (token.map && token.level === 0 && token.nesting >= 0)
-            token.attrSet("data-line", String(token.map[0] + (state.env.firstLine ?? 0)));
+            token.attrSet("data-line", String(token.map[0] + state.env.firstLine));
         const side = /^text-align:(\w+)$/.exec(token.attrGet("style") ?? "");
         if (side) {
             token.attrs = token.attrs.filter(([name]) => name !== "style");
@@ -33,6 +36,44 @@ const prepare = (fragment) => {
     return fragment;
 };
 
+const rendered = (tokens, env) => {
+    const state = new parser.core.State("", parser, env);
+    state.tokens = tokens;
+    parser.core.process(state);
+    return prepare(sanitized(parser.renderer.render(state.tokens, parser.options, env)));
+};
+
+// The parts of the document in their order, each with its first line, as fragments. A null says that
+// the next one takes longer.
+const partsOf = function* (text) {
+    const { matter, body, lines } = splitFrontMatter(text);
+    const env = { firstLine: lines, slugs: new Map() };
+    if (matter !== null)
+        yield { line: 0, content: frontMatterElement(matter) };
+    let runs = runsOf(body.replaceAll("\0", "\uFFFD"), env);
+    // What links and footnotes refer to may stand behind them.
+    if (body.includes("]:")) {
+        const all = [];
+        for (const run of runs) {
+            all.push(run);
+            yield null;
+        }
+        runs = all;
+    }
+    const held = [];
+    for (const run of runs) {
+        for (const token of run) {
+            if (token.type === "inline")
+                parser.inline.parse(token.content, parser, env, token.children);
+        }
+        const line = lines + (run.find((token) => token.map)?.map[0] ?? 0);
+        const tokens = withoutFootnotes(run, held);
+        yield tokens.length > 0 ? { line, content: rendered(tokens, env) } : null;
+    }
+    if (held.length > 0 || env.footnotes?.list)
+        yield { line: Infinity, content: rendered(footnotesOf(held, env), env) };
+};
+
 const currentTheme = () => (document.documentElement.classList.contains("dark") ? "dark" : "light");
 
 const applyTheme = (theme) => {
@@ -41,46 +82,60 @@ const applyTheme = (theme) => {
     root.classList.toggle("light", theme !== "dark");
 };
 
+const hugeDocument = 250_000; // from here on parts that are off the screen are not laid out
+const pieceLines = new WeakMap(); // the first lines of such parts
+
+// What a piece will be as high as, more or less, so that the scroll bar tells where one is.
+const guessedHeight = (piece) =>
+    Math.round(45 * piece.childElementCount + 0.3 * piece.textContent.length);
+
+const pieceOf = ({ line, content }) => {
+    const piece = document.createElement("section");
+    piece.className = "piece";
+    piece.append(content);
+    piece.style.containIntrinsicSize = `auto ${guessedHeight(piece)}px`;
+    pieceLines.set(piece, line);
+    return piece;
+};
+
 let rendering = 0;
 let shownText = null;
 
-const putOnPage = async (text, isCurrent) => {
-    const { matter, body, lines } = splitFrontMatter(text);
-    const env = { firstLine: lines };
-    const chunks = chunksOf(parser.parse(body, env));
+const putOnPage = async (text, began, isCurrent) => {
     const position = readingPosition();
-    const isHuge = text.length >= hugeDocument;
-    const pieces = [];
+    let waiting = []; // for the part where the reader was
     let isShown = false;
-    if (matter !== null)
-        pieces.push(frontMatterElement(matter));
+    const show = () => {
+        page.replaceChildren(...waiting);
+        isShown = true;
+        if (position)
+            restorePosition(position);
+        requestAnimationFrame(() => tell("shown", began));
+    };
 
-    for (const chunk of chunks) {
-        const fragment = prepare(sanitized(parser.renderer.render(chunk, parser.options, env)));
-        const piece = isHuge ? document.createElement("section") : fragment;
-        if (isHuge) {
-            piece.className = "piece";
-            piece.append(fragment);
-        }
-        // A text that was read before comes back as a whole, where the reader was.
-        if (isShown)
-            page.append(piece);
-        else
-            pieces.push(piece);
-        if (!isShown && position === null) {
-            page.replaceChildren(...pieces);
-            isShown = true;
+    for (const part of partsOf(text)) {
+        if (part) {
+            const isDue = position === null || part.line > position.line;
+            const piece = text.length >= hugeDocument ? pieceOf(part) : part.content;
+            if (isShown)
+                page.append(piece);
+            else
+                waiting.push(piece);
+            if (!isShown && isDue)
+                show();
         }
         await breathe();
         if (!isCurrent())
             return false;
     }
-    if (!isShown) {
-        page.replaceChildren(...pieces);
-        restorePosition(position);
-    }
+    if (!isShown)
+        show();
     return true;
 };
+
+// Tells the program how many milliseconds it took until now.
+const tell = (what, began) =>
+    window.messageHandlers?.[what].postMessage(Math.round(performance.now() - began));
 
 globalThis.renderMarkdown = async (text, theme) => {
     const began = performance.now();
@@ -91,12 +146,12 @@ globalThis.renderMarkdown = async (text, theme) => {
     const plain = text.replace(/^\uFEFF/, "").replace(/\r\n?/g, "\n");
     if (plain !== shownText) {
         shownText = null;
-        if (!await putOnPage(plain, isCurrent))
+        if (!await putOnPage(plain, began, isCurrent))
             return;
         shownText = plain;
     }
     drawDiagrams(page, currentTheme());
     await diagramQueue;
     if (isCurrent())
-        window.messageHandlers?.rendered.postMessage(Math.round(performance.now() - began));
+        tell("rendered", began);
 };

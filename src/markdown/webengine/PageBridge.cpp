@@ -36,7 +36,9 @@ void PageBridge::pageFinished()
 
 void PageBridge::postMessage(const QString& name, const QVariant& body)
 {
-    if (name == u"rendered")
+    if (name == u"shown")
+        qCInfo(log).noquote() << u"Shown after %1 ms"_s.arg(body.toInt());
+    else if (name == u"rendered")
         qCInfo(log).noquote() << u"Rendered after %1 ms"_s.arg(body.toInt());
     m_delegate.didReceiveMessage(name, withLocalAddress(body));
 }

@@ -8,6 +8,7 @@
     const handler = (name) => ({ postMessage: (body) => post(name, body) });
     window.messageHandlers = Object.freeze({
         openExternal: handler("openExternal"),
+        shown: handler("shown"),
         rendered: handler("rendered"),
     });
 

@@ -31,11 +31,14 @@ public:
     {
         if (name == QStringLiteral("rendered"))
             ++renderings;
+        else if (name == QStringLiteral("shown"))
+            ++screens;
         else
             messages << name + QStringLiteral(": ") + body.toString();
     }
 
     int navigations = 0;
+    int screens = 0;
     int renderings = 0;
     QStringList messages;
 };

@@ -1,5 +1,8 @@
 #include "OpenPage.h"
 
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
@@ -183,6 +186,42 @@ private Q_SLOTS:
         QCOMPARE(
             m_open->value(u"document.querySelector('details').textContent.trim()"_s).toString(),
             u"last"_s);
+    }
+
+    void readingInRunsFindsTheSameBlocks()
+    {
+        const QString sample = u"# A\n\nb\nc\n---\n\n- d\n\n  e\n\n      f\n- g\n\n\n1. h\n\n"
+                               "```\ni\n\n\nj\n```\n\n> k\nl\n>\n> m\n\n    n\n\n    o\n\n"
+                               "| p |\n|---|\n| q |\n\n<div>\n\n*r*\n\n</div>\n\n<!--\n\ns\n-->\n"
+                               "[t]: /u\n'v'\n[w]: /x\n\n[^y]: z\n\n    z\n\n***\n"_s;
+        (void)m_open->value(u"window.sample = %1.repeat(2000); 0"_s.arg(
+            QString::fromUtf8(QJsonDocument(QJsonArray{sample}).toJson()).trimmed() + u"[0]"_s));
+        (void)m_open->value(
+            u"window.whole = []; parser.block.parse(sample, parser, {}, whole);"
+            "window.runs = [...runsOf(sample, {})]; window.look = (tokens) => JSON.stringify("
+            "tokens.map(t => [t.type, t.level, t.map, t.content, t.hidden, t.attrs])); 0"_s);
+        QVERIFY(m_open->value(u"runs.length > 5"_s).toBool());
+        QVERIFY(m_open->value(u"look(whole).length > 1000000"_s).toBool());
+        QVERIFY(m_open->value(u"look(whole) === look(runs.flat())"_s).toBool());
+    }
+
+    void namesAndFootnotesBelongToTheWholeOfALongDocument()
+    {
+        const QString filler = u"Some text that fills the page.\n\n"_s.repeated(5000);
+        QVERIFY(m_open->render(u"# A\n\nb[^1] c^[own & `d`] e[f]\n\n[^1]: first *note*\n\n"_s +
+                               filler + u"# A\n\ng[^1] h[^2]\n\n[^2]: last\n\n"_s + filler +
+                               u"# A\n\n[f]: https://f.org\n"_s));
+        QCOMPARE(m_open->value(u"[...document.querySelectorAll('h1')].map(h => h.id).join()"_s)
+                     .toString(),
+                 u"user-content-a,user-content-a-1,user-content-a-2"_s);
+        QCOMPARE(m_open
+                     ->value(u"[...document.querySelectorAll('.footnote-item')].map(n => "
+                             "n.textContent.replace(/[^\\w& ]/g, '').trim()).join()"_s)
+                     .toString(),
+                 u"first note,own & d,last"_s);
+        QCOMPARE(m_open->value(u"document.querySelectorAll('.footnotes').length"_s).toInt(), 1);
+        QVERIFY(m_open->value(u"document.querySelector('[href=\"https://f.org\"]') !== null"_s)
+                    .toBool());
     }
 
     void rawElementsAreNotCutByThePiecesOfALongDocument()

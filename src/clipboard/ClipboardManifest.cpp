@@ -30,6 +30,22 @@ ClipboardItem decodeItem(JsonFields& fields)
     return item;
 }
 
+template <typename Content>
+bool isShared(const std::optional<Content>& one, const std::optional<Content>& other)
+{
+    if (!one || !other)
+        return one.has_value() == other.has_value();
+    return one->constData() == other->constData() && one->size() == other->size();
+}
+
+// Copies of an item share their content, which saves comparing megabytes.
+bool isCopy(const ClipboardItem& one, const ClipboardItem& other)
+{
+    return one.id == other.id && one.kind == other.kind && one.createdAt == other.createdAt &&
+           one.pinnedAt == other.pinnedAt && isShared(one.textContent, other.textContent) &&
+           isShared(one.imageFileName, other.imageFileName) && isShared(one.rtfData, other.rtfData);
+}
+
 } // namespace
 
 QByteArray encode(const ClipboardItem& item)
@@ -59,11 +75,13 @@ QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
     std::vector<QByteArray> objects;
     objects.reserve(items.size());
     for (const ClipboardItem& item : items) {
-        Element element = m_elements.take(item.id);
-        if (element.text.isEmpty() || element.pinnedAt != item.pinnedAt)
-            element = {item.pinnedAt, ClipboardManifest::encode(item)};
-        objects.push_back(element.text);
-        elements.insert(item.id, element);
+        const auto known = m_elements.constFind(item.id);
+        // A foreign manifest may have given one id to several items.
+        if (known != m_elements.cend() && isCopy(known->item, item))
+            objects.push_back(known->text);
+        else
+            objects.push_back(ClipboardManifest::encode(item));
+        elements.insert(item.id, {item, objects.back()});
     }
     m_elements = std::move(elements);
     return JsonRecords::join(objects);

@@ -26,7 +26,7 @@ public:
 private:
     struct Element
     {
-        std::optional<Instant> pinnedAt; ///< all else about an item never changes
+        ClipboardItem item;
         QByteArray text;
     };
     QHash<ClipboardItemId, Element> m_elements;

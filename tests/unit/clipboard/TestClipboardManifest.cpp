@@ -94,6 +94,16 @@ private Q_SLOTS:
         QVERIFY(writtenBack({}));
     }
 
+    void itemsOfOneIdKeepWhatIsTheirs()
+    {
+        ClipboardManifest::Writer writer;
+        const std::vector twins = {textItem(u"one"_s), textItem(u"two"_s)};
+        for (int writing = 0; writing < 3; ++writing)
+            QVERIFY(ClipboardManifest::decode(writer.encode(twins)).items == twins);
+        const std::vector swapped = {twins[1], twins[0]};
+        QVERIFY(ClipboardManifest::decode(writer.encode(swapped)).items == swapped);
+    }
+
     void readingToleratesOrderUnknownMembersNullsAndAnyNotation()
     {
         const auto decoded = ClipboardManifest::decode(

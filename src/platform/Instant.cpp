@@ -1,10 +1,13 @@
 #include "platform/Instant.h"
 
+#include <algorithm>
+
 namespace driftbox {
 
 namespace {
 constexpr qint64 referenceEpochMs = 978'307'200'000; // 2001-01-01T00:00:00Z in Unix time
-}
+constexpr double farthestMs = 8.64e15;               // as far as calendars go, either way
+} // namespace
 
 Instant Instant::fromDateTime(const QDateTime& dateTime)
 {
@@ -14,8 +17,8 @@ Instant Instant::fromDateTime(const QDateTime& dateTime)
 
 QDateTime Instant::toLocalTime() const
 {
-    return QDateTime::fromMSecsSinceEpoch(referenceEpochMs +
-                                          static_cast<qint64>(m_referenceSeconds * 1000.0));
+    const double milliseconds = std::clamp(m_referenceSeconds * 1000.0, -farthestMs, farthestMs);
+    return QDateTime::fromMSecsSinceEpoch(referenceEpochMs + static_cast<qint64>(milliseconds));
 }
 
 } // namespace driftbox

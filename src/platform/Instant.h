@@ -22,7 +22,8 @@ public:
     [[nodiscard]] static Instant fromDateTime(const QDateTime& dateTime);
 
     [[nodiscard]] constexpr double referenceSeconds() const { return m_referenceSeconds; }
-    /// The same instant in the user's time zone, to the millisecond.
+    /// The same instant in the user's time zone, to the millisecond; the last one that calendars
+    /// know for any that is farther away.
     [[nodiscard]] QDateTime toLocalTime() const;
 
     constexpr auto operator<=>(const Instant&) const = default;

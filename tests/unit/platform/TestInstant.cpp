@@ -63,6 +63,21 @@ private Q_SLOTS:
         }
     }
 
+    void noInstantIsTooFarForATime_data()
+    {
+        QTest::addColumn<double>("seconds");
+        QTest::newRow("end of the counter") << 9'223'372'036e6;
+        QTest::newRow("far ahead") << 1e300;
+        QTest::newRow("far back") << -1e300;
+    }
+    void noInstantIsTooFarForATime()
+    {
+        QFETCH(const double, seconds);
+        const QDateTime time = Instant::fromReferenceSeconds(seconds).toLocalTime();
+        QVERIFY(time.isValid());
+        QVERIFY(!time.toString(u"MM-dd HH:mm:ss"_s).isEmpty());
+    }
+
     void instantsAreOrdered()
     {
         const auto earlier = Instant::fromReferenceSeconds(1.5);

@@ -2,6 +2,7 @@
 
 #include "app/AppCoordinator.h"
 #include "clipboard/ClipboardViewModel.h"
+#include "markdown/MarkdownReaderCoordinator.h"
 #include "panel/MagicPanelController.h"
 
 #include <memory>
@@ -43,7 +44,10 @@ private Q_SLOTS:
     {
         start();
         QCOMPARE(AppCoordinator::shared(), m_coordinator.get());
-        QCOMPARE(m_coordinator->registry().sections().front()->id(), u"clipboard"_s);
+        const MagicPanelSection& first = *m_coordinator->registry().sections().front();
+        QCOMPARE(first.id(), u"clipboard"_s);
+        QCOMPARE(first.title(), u"Clipboard"_s);
+        QCOMPARE(first.systemImage(), u"doc.on.clipboard"_s);
         QCOMPARE(m_coordinator->registry().activeID(), u"clipboard"_s);
         QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 1U);
         QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::local), 1U);
@@ -53,12 +57,35 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->clipboardVM().items().size(), size_t(1));
     }
 
+    void theStartTakesItsOrder()
+    {
+        static QStringList log;
+        log.clear();
+        m_desktop->keyboard.trusted = false;
+        m_desktop->loginItem.error = u"no such item"_s;
+        const auto before = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& message) { log << message; });
+        m_coordinator->start();
+        qInstallMessageHandler(before);
+        QCOMPARE(log, QStringList(
+                          {u"Monitor started"_s,
+                           u"Accessibility not granted; hotkey monitors will not receive events"_s,
+                           u"Hotkey monitors installed"_s,
+                           u"Launch-at-login toggle failed: no such item"_s}));
+        QCOMPARE(m_desktop->keyboard.trustRequests, 1);
+        QCOMPARE(m_desktop->userDefaults.values.value(u"accessibility.didPrompt"_s),
+                 DefaultsValue(true));
+    }
+
     void lazyServicesAreBuiltOnce()
     {
         QCOMPARE(&m_coordinator->store(), &m_coordinator->store());
         QCOMPARE(&m_coordinator->monitor(), &m_coordinator->monitor());
         QCOMPARE(&m_coordinator->clipboardVM(), &m_coordinator->clipboardVM());
+        QCOMPARE(&m_coordinator->panelController(), &m_coordinator->panelController());
         QCOMPARE(&m_coordinator->hotkeyManager(), &m_coordinator->hotkeyManager());
+        QCOMPARE(&m_coordinator->settingsController(), &m_coordinator->settingsController());
+        QCOMPARE(&m_coordinator->markdownReader(), &m_coordinator->markdownReader());
     }
 
     void theLoginItemFollowsTheSettingAtEveryCall()

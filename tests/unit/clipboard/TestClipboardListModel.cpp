@@ -112,6 +112,23 @@ private Q_SLOTS:
         QVERIFY(rows.reset.isEmpty());
     }
 
+    void itemsOfOneIdAreRowsOfTheirOwn()
+    {
+        ClipboardItem twin{.textContent = u"one"_s};
+        m_history->store.add(twin, std::nullopt); // as a foreign manifest may have them
+        twin.textContent = u"two"_s;
+        m_history->store.add(twin, std::nullopt);
+        fill(u"b"_s);
+        const Rows rows(*m_history);
+        QCOMPARE(rows.texts(), QStringList({u"b"_s, u"two"_s, u"one"_s}));
+        m_history->viewModel.pick(rows.model.item(1));
+        QCOMPARE(rows.texts(), QStringList({u"two"_s, u"b"_s, u"one"_s}));
+        m_history->viewModel.remove(rows.model.item(0));
+        QCOMPARE(rows.texts(), QStringList({u"b"_s, u"one"_s}));
+        fill(u"a"_s);
+        QCOMPARE(rows.texts(), QStringList({u"a"_s, u"b"_s, u"one"_s}));
+    }
+
     void anotherQueryStartsOver()
     {
         fill(u"cba"_s);

@@ -237,6 +237,43 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
+    void restartingForgetsTheLastTapAndWhatWasDown()
+    {
+        Desk desk;
+        desk.tap(0ms);
+        desk.manager->restart();
+        QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::global), 1U);
+        desk.tap(100ms);
+        QCOMPARE(desk.triggers, 0);
+
+        desk.keyboard.changeFlags(ModifierFlag::control, 1'000ms);
+        desk.manager->restart(); // the key is let go while nobody watches
+        desk.keyboard.changeFlags(ModifierFlag::control, 2'000ms);
+        desk.keyboard.changeFlags(0, 2'050ms);
+        desk.keyboard.changeFlags(ModifierFlag::control, 2'100ms);
+        QCOMPARE(desk.triggers, 1);
+    }
+
+    void aKeyBeforeTheRestartIsForgotten()
+    {
+        Desk desk;
+        desk.keyboard.pressKey(0ms);
+        desk.manager->restart();
+        desk.tap(50ms);
+        desk.tap(150ms);
+        QCOMPARE(desk.triggers, 1);
+    }
+
+    void restartingTakesUpTheSwitch()
+    {
+        Desk desk;
+        desk.settings.setHotkeyEnabled(false);
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey disabled in settings; not starting monitors");
+        desk.manager->restart();
+        QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::global), 0U);
+        QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::local), 0U);
+    }
+
     void untrustedTheMonitorsAreInstalledAllTheSame()
     {
         Desk desk;

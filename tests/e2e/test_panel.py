@@ -2,7 +2,8 @@
 
 import pytest
 
-from harness.apps import FeatherPad, Firefox, GtkEditor, XTerm
+from harness import pictures
+from harness.apps import FeatherPad, Firefox, GtkEditor, PictureViewer, XTerm
 from harness.desktop import LEFT_OF_PRIMARY, Monitor
 from harness.program import entry
 from harness.waiting import wait_for, wait_for_equal
@@ -179,6 +180,19 @@ def test_a_click_elsewhere_closes(desktop, history):
     move(desktop, editor, *[0, 0])
     desktop.pointer.click(*outside)
     history.panel.wait_until_closed()
+
+
+def test_other_programs_keep_the_keys_of_their_menus(desktop, history):
+    viewer = PictureViewer(desktop, pictures.harbour())
+    viewer.open_edit_menu()
+    for _ in range(2):
+        desktop.keyboard.tap("Escape")
+        wait_for(lambda: not desktop.windows.menus(), "the menu to be gone")
+        history.panel.open()
+        desktop.keyboard.tap("Escape")
+        history.panel.wait_until_closed()
+        viewer.focus()
+        viewer.open_edit_menu()
 
 
 def test_two_slow_taps_do_nothing(desktop, history):

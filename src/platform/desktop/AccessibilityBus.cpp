@@ -101,7 +101,6 @@ void AccessibilityBus::adopt(const QDBusConnection& connection, const QString& a
     m_connection.connect(QString(), u"/org/freedesktop/DBus/Local"_s,
                          u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this,
                          SLOT(dropConnection()));
-    Q_EMIT connected();
 }
 
 void AccessibilityBus::dropConnection()
@@ -111,7 +110,6 @@ void AccessibilityBus::dropConnection()
     QDBusConnection::disconnectFromBus(m_connection.name());
     m_connection = QDBusConnection(QString());
     m_address.clear();
-    Q_EMIT disconnected();
 }
 
 void AccessibilityBus::fail(const QString& reason)

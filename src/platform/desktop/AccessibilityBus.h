@@ -26,10 +26,6 @@ public:
     /// Looks for the bus again where there is no connection, and has the session start it.
     void retry();
 
-Q_SIGNALS:
-    void connected();
-    void disconnected();
-
 private Q_SLOTS:
     void dropConnection(); ///< by name: what the bus library calls when the connection is lost
 

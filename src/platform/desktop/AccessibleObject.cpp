@@ -29,8 +29,11 @@ AccessibleStates toStates(const QVariantList& arguments)
     const auto words = qdbus_cast<QList<uint>>(arguments.first());
     const uint bits = words.value(0);
     const auto has = [bits](unsigned int state) { return (bits >> state & 1U) != 0; };
-    return {
-        .active = has(1), .focused = has(12), .showing = has(25), .managesDescendants = has(31)};
+    return {.active = has(1),
+            .editable = has(7),
+            .focused = has(12),
+            .showing = has(25),
+            .managesDescendants = has(31)};
 }
 
 QList<AccessibleReference> toReferences(const QVariantList& arguments)

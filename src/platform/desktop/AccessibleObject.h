@@ -27,6 +27,7 @@ struct AccessibleReference
 struct AccessibleStates
 {
     bool active = false; ///< a window that has the keyboard
+    bool editable = false;
     bool focused = false;
     bool showing = false;
     bool managesDescendants = false; ///< its children come and go, and may be very many

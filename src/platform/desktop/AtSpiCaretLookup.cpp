@@ -14,7 +14,6 @@ AtSpiCaretLookup::AtSpiCaretLookup(const QDBusConnection& session, TaskRunner& t
     , m_activeWindow(activeWindow)
     , m_screens(screens)
     , m_bus(session, tasks)
-    , m_focus(m_bus)
 {
 }
 
@@ -25,8 +24,10 @@ void AtSpiCaretLookup::caretRectangle(QObject* owner, Answer answer)
         answer(std::nullopt);
         return;
     }
-    auto* request = new CaretRequest(m_bus.connection(), m_focus, m_activeWindow, this);
+    auto* request = new CaretRequest(m_bus.connection(), m_lastFocused, m_activeWindow, this);
     connect(owner, &QObject::destroyed, request, &QObject::deleteLater);
+    connect(request, &CaretRequest::finished, this,
+            [this, request] { m_lastFocused = request->focused(); });
     connect(request, &CaretRequest::finished, owner,
             [this, request, answer = std::move(answer)](const auto& result) {
                 request->deleteLater();

@@ -3,7 +3,6 @@
 #include "platform/CaretLookup.h"
 #include "platform/desktop/AccessibilityBus.h"
 #include "platform/desktop/CaretQuery.h"
-#include "platform/desktop/FocusTracker.h"
 
 namespace driftbox {
 
@@ -12,6 +11,9 @@ class Screens;
 
 /// Finds the caret over AT-SPI. Speaks to the accessibility bus directly and asynchronously: an
 /// application that hangs is given up after the deadline, and meanwhile the event loop runs on.
+///
+/// Nothing is asked for beforehand: as soon as anybody listens to events, Qt applications send
+/// every key over the bus, and lose or repeat some of their shortcuts on the way.
 class AtSpiCaretLookup final : public CaretLookup
 {
     Q_OBJECT
@@ -29,7 +31,7 @@ private:
     ActiveWindow& m_activeWindow;
     const Screens& m_screens;
     AccessibilityBus m_bus;
-    FocusTracker m_focus;
+    std::optional<AccessibleReference> m_lastFocused; ///< most often it still is
 };
 
 } // namespace driftbox

@@ -41,8 +41,10 @@ CaretQuery::CaretQuery(const QDBusConnection& bus, const AccessibleReference& el
 void CaretQuery::askForContext()
 {
     if (!m_states.focused || !m_caretOffset || *m_caretOffset < 0) {
-        Q_EMIT finished(
-            {.focused = m_states.focused, .hasCaret = false, .rectangle = {}, .window = {}});
+        Q_EMIT finished({.focused = m_states.focused,
+                         .hasCaret = m_states.focused && m_states.editable,
+                         .rectangle = {},
+                         .window = {}});
         return;
     }
     m_next = &CaretQuery::askAboutCharacters;

@@ -23,7 +23,7 @@ public:
     struct Result
     {
         bool focused = false;  ///< whether the element still has the keyboard focus
-        bool hasCaret = false; ///< whether there is one, wherever
+        bool hasCaret = false; ///< whether there is one, wherever, or is to be one
         /// In the application's own coordinates; none when it has no text or cannot tell.
         std::optional<QRectF> rectangle;
         std::optional<CaretGeometry::Window> window;

@@ -1,7 +1,6 @@
 #include "platform/desktop/CaretRequest.h"
 
 #include "platform/desktop/FocusSearch.h"
-#include "platform/desktop/FocusTracker.h"
 
 #include <chrono>
 #include <utility>
@@ -14,22 +13,22 @@ namespace {
 // Somewhat less than what is promised, since a timer is never early.
 constexpr std::chrono::milliseconds deadline{140};
 
-// A browser has to ask its page for the places of characters. It does so when it is asked for them,
-// and meanwhile answers that they are nowhere.
+// A browser has to ask its page for the caret and the places of characters. It does so when it is
+// asked for them, and meanwhile answers that they are nowhere.
 constexpr std::chrono::milliseconds patience{15};
 constexpr int mostQueries = 5;
 } // namespace
 
-CaretRequest::CaretRequest(const QDBusConnection& bus, FocusTracker& focus,
+CaretRequest::CaretRequest(const QDBusConnection& bus,
+                           const std::optional<AccessibleReference>& guess,
                            ActiveWindow& activeWindow, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
-    , m_focus(focus)
     , m_activeWindow(activeWindow)
 {
     QTimer::singleShot(deadline, Qt::PreciseTimer, this, [this] { finish(std::nullopt); });
-    if (m_focus.focused())
-        query(*m_focus.focused());
+    if (guess)
+        query(*guess);
     else
         search();
 }
@@ -39,6 +38,8 @@ void CaretRequest::query(const AccessibleReference& element)
     auto* question = new CaretQuery(m_bus, element, m_activeWindow, this);
     connect(question, &CaretQuery::finished, this,
             [this, element](const CaretQuery::Result& result) {
+                if (result.focused)
+                    m_focused = element;
                 if (result.rectangle)
                     finish(result);
                 else if (result.hasCaret && ++m_queries < mostQueries)
@@ -53,13 +54,11 @@ void CaretRequest::query(const AccessibleReference& element)
 void CaretRequest::search()
 {
     m_searched = true;
-    m_focus.forget();
     auto* search = new FocusSearch(m_bus, this);
     connect(search, &FocusSearch::finished, this,
             [this](const std::optional<AccessibleReference>& focused) {
-                m_focus.noteFound(focused);
-                if (m_focus.focused())
-                    query(*m_focus.focused());
+                if (focused)
+                    query(*focused);
                 else
                     finish(std::nullopt);
             });

@@ -8,19 +8,20 @@
 
 namespace driftbox {
 
-class FocusTracker;
-
-/// One caller's question for the caret: asks the element that is known to have the focus, and looks
-/// for another when that turns out to be wrong. Gives up at its deadline. Destroying it ends it.
+/// One caller's question for the caret: asks the element that probably has the focus, and looks for
+/// another when that turns out to be wrong. Gives up at its deadline. Destroying it ends it.
 /// Main thread only.
 class CaretRequest final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts to ask. The references must outlive the request.
-    CaretRequest(const QDBusConnection& bus, FocusTracker& focus, ActiveWindow& activeWindow,
-                 QObject* parent);
+    /// Starts to ask. `activeWindow` must outlive the request.
+    CaretRequest(const QDBusConnection& bus, const std::optional<AccessibleReference>& guess,
+                 ActiveWindow& activeWindow, QObject* parent);
+
+    /// The element that has the focus, once it has answered.
+    [[nodiscard]] const std::optional<AccessibleReference>& focused() const { return m_focused; }
 
 Q_SIGNALS:
     /// Once, later; the result has a rectangle, unless it is none.
@@ -32,8 +33,8 @@ private:
     void finish(const std::optional<CaretQuery::Result>& result);
 
     QDBusConnection m_bus;
-    FocusTracker& m_focus;
     ActiveWindow& m_activeWindow;
+    std::optional<AccessibleReference> m_focused;
     bool m_searched = false;
     int m_queries = 0; ///< without an answer that helps
     bool m_finished = false;

@@ -46,18 +46,18 @@ void FocusSearch::checkElement(const AccessibleReference& element)
 {
     askStates(element, [this, element](const AccessibleStates& states) {
         if (states.focused)
-            checkText(element);
+            checkText(element, states.editable);
         if (states.showing && !states.managesDescendants)
             searchBelow(element);
     });
 }
 
-void FocusSearch::checkText(const AccessibleReference& element)
+void FocusSearch::checkText(const AccessibleReference& element, bool isEditable)
 {
     ++m_awaited;
     AccessibleObject(m_bus, element)
-        .askCaretOffset(this, [this, element](const std::optional<int>& offset) {
-            if (offset && *offset >= 0)
+        .askCaretOffset(this, [this, element, isEditable](const std::optional<int>& offset) {
+            if (offset && (*offset >= 0 || isEditable))
                 finish(element);
             answerArrived();
         });

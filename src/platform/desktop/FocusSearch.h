@@ -9,10 +9,9 @@
 
 namespace driftbox {
 
-/// One search for the text that has the focus, for the times when nobody has told where it is: from
-/// the window that says it is active down to an element with a caret that says it is focused. An
-/// application that hangs holds up nothing but itself. Destroying the search ends it. Main thread
-/// only.
+/// One search for the text that has the focus: from the window that says it is active down to an
+/// element with a caret, or an editable one, that says it is focused. An application that hangs
+/// holds up nothing but itself. Destroying the search ends it. Main thread only.
 class FocusSearch final : public QObject
 {
     Q_OBJECT
@@ -30,7 +29,7 @@ private:
     void checkTopLevel(const AccessibleReference& topLevel);
     void searchBelow(const AccessibleReference& element);
     void checkElement(const AccessibleReference& element);
-    void checkText(const AccessibleReference& element);
+    void checkText(const AccessibleReference& element, bool isEditable);
 
     void askChildren(const AccessibleReference& element,
                      void (FocusSearch::*forEach)(const AccessibleReference&));

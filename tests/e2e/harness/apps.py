@@ -126,12 +126,13 @@ class PictureViewer(Application):
 
     def copy(self):
         """Chooses the command from the menu: it is the second there that goes by C."""
-        windows = self.desktop.windows
-        place = self.geometry()
-        self.desktop.pointer.click(place.x + 54, place.y + 12)  # on "Edit"
-        wait_for(windows.menus, "the menu")
+        self.open_edit_menu()
         self.desktop.keyboard.type("cc\n")
-        wait_for(lambda: not windows.menus(), "the menu to be gone")
+        wait_for(lambda: not self.desktop.windows.menus(), "the menu to be gone")
+
+    def open_edit_menu(self):
+        self.desktop.keyboard.tap("e", ["Alt_L"])
+        wait_for(self.desktop.windows.menus, "the menu")
 
 
 class XTerm(Application):

@@ -3,14 +3,41 @@
 #include <atomic>
 
 #include <QtCore/QRectF>
+#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
+#include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusVirtualObject>
 
 namespace driftbox {
 
-/// A text with the focus, on the accessibility bus, that has to look up where its characters are:
-/// for a while after it was asked it answers that they are nowhere.
+/// An element of an application, as the accessibility bus spells it.
+struct BusElement
+{
+    QString service;
+    QDBusObjectPath path;
+};
+
+inline QDBusArgument& operator<<(QDBusArgument& argument, const BusElement& element)
+{
+    argument.beginStructure();
+    argument << element.service << element.path;
+    argument.endStructure();
+    return argument;
+}
+
+inline const QDBusArgument& operator>>(const QDBusArgument& argument, BusElement& element)
+{
+    argument.beginStructure();
+    argument >> element.service >> element.path;
+    argument.endStructure();
+    return argument;
+}
+
+/// An application on the accessibility bus: its active window holds a text with the focus, which
+/// has to look up where its caret and its characters are. For a while after it was asked it answers
+/// that they are nowhere.
 class SlowEditor final : public QDBusVirtualObject
 {
 public:
@@ -19,23 +46,24 @@ public:
     explicit SlowEditor(const QString& accessibilityAddress)
         : m_bus(QDBusConnection::connectToBus(accessibilityAddress, QStringLiteral("slow editor")))
     {
-        m_bus.registerVirtualObject(path(), this);
+        qDBusRegisterMetaType<BusElement>();
+        qDBusRegisterMetaType<QList<BusElement>>();
+        m_bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+        auto arrival = QDBusMessage::createMethodCall(
+            QStringLiteral("org.a11y.atspi.Registry"), application(),
+            QStringLiteral("org.a11y.atspi.Socket"), QStringLiteral("Embed"));
+        arrival << QVariant::fromValue(element(application()));
+        m_bus.call(arrival);
     }
     ~SlowEditor() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
     SlowEditor(const SlowEditor&) = delete;
     SlowEditor& operator=(const SlowEditor&) = delete;
 
-    void takeFocus()
-    {
-        auto event = QDBusMessage::createSignal(
-            path(), QStringLiteral("org.a11y.atspi.Event.Object"), QStringLiteral("StateChanged"));
-        event << QStringLiteral("focused") << 1 << 0 << QVariant::fromValue(QDBusVariant(0))
-              << QVariantMap();
-        m_bus.send(event);
-    }
-
     /// The next questions for a character's place are answered with nowhere.
     void forgetPlaces(int questions) { m_nowhere = questions; }
+
+    /// The next questions for the caret, too.
+    void forgetCaret(int questions) { m_noCaret = questions; }
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
@@ -44,13 +72,43 @@ public:
     QString introspect(const QString&) const override { return {}; }
 
 private:
-    static QString path() { return QStringLiteral("/editor"); }
+    static QString application() { return QStringLiteral("/org/a11y/atspi/accessible/root"); }
+    static QString window() { return QStringLiteral("/window"); }
+    static QString editor() { return QStringLiteral("/editor"); }
+
+    BusElement element(const QString& path) const
+    {
+        return {m_bus.baseService(), QDBusObjectPath(path)};
+    }
+
+    QList<BusElement> childrenOf(const QString& path) const
+    {
+        if (path == application())
+            return {element(window())};
+        if (path == window())
+            return {element(editor())};
+        return {};
+    }
+
+    static uint statesOf(const QString& path)
+    {
+        constexpr uint active = 1U << 1;
+        constexpr uint editable = 1U << 7;
+        constexpr uint focused = 1U << 12;
+        constexpr uint showing = 1U << 25;
+        return showing | (path == window() ? active : path == editor() ? focused | editable : 0);
+    }
 
     QVariantList answer(const QDBusMessage& question)
     {
         const QString method = question.member();
+        if (method == u"GetChildren")
+            return {QVariant::fromValue(childrenOf(question.path()))};
         if (method == u"GetState")
-            return {QVariant::fromValue(QList<uint>{1U << 12 | 1U << 25, 0})};
+            return {QVariant::fromValue(QList<uint>{statesOf(question.path()), 0})};
+        if (method == u"Get" && question.arguments().value(1) == QStringLiteral("CaretOffset") &&
+            --m_noCaret >= 0)
+            return {QVariant::fromValue(QDBusVariant(-1))};
         if (method == u"Get") // the caret's offset, or the number of characters
             return {QVariant::fromValue(QDBusVariant(1))};
         if (method == u"GetText")
@@ -66,7 +124,9 @@ private:
     }
 
     QDBusConnection m_bus;
-    std::atomic<int> m_nowhere = 0; ///< the bus library asks in a thread of its own
+    // The bus library asks in a thread of its own.
+    std::atomic<int> m_nowhere = 0;
+    std::atomic<int> m_noCaret = 0;
 };
 
 } // namespace driftbox

@@ -88,10 +88,9 @@ private Q_SLOTS:
         const SessionBus bus(SessionBus::Services::none);
         const auto session = QDBusConnection::connectToBus(bus.address(), u"session"_s);
         AccessibilityBus accessibility(session, m_tasks);
-        QSignalSpy connected(&accessibility, &AccessibilityBus::connected);
-        QVERIFY(!connected.wait(200));
+        QTRY_COMPARE(absenceLines, 1);
         accessibility.retry();
-        QVERIFY(!connected.wait(200));
+        QTest::qWait(200); // time for a second line to come
         QVERIFY(!accessibility.connection().isConnected());
         QCOMPARE(absenceLines, 1);
     }
@@ -102,8 +101,7 @@ private Q_SLOTS:
         const auto session = QDBusConnection::connectToBus(bus.address(), u"session"_s);
         AccessibilityBus accessibility(session, m_tasks);
         const ToolkitAccessibility toolkits(session);
-        QSignalSpy connected(&accessibility, &AccessibilityBus::connected);
-        QVERIFY(!connected.wait(200));
+        QTRY_COMPARE(absenceLines, 1);
 
         const OtherProgram launcher({u"/usr/libexec/at-spi-bus-launcher"_s});
         QTRY_VERIFY_WITH_TIMEOUT(accessibility.connection().isConnected(), 20'000);

@@ -213,6 +213,7 @@ def test_the_middle_button_pastes_what_is_selected_in_the_note(desktop, notes):
     place = note.geometry()
     for _ in range(2):
         desktop.pointer.click(place.x + 25, place.y + 42)
+    note.wait_for_selection("word")
     desktop.pointer.click(place.x + place.width - 30, place.y + 42, button=2)
     note.wait_for_text("word word")
 

@@ -174,6 +174,10 @@ class Note:
     def wait_for_text(self, expected):
         wait_for_equal(self.text, expected, "the note's text")
 
+    def wait_for_selection(self, expected):
+        wait_for_equal(self.node().find(name="Note text").selected_text, expected,
+                       "the note's selection")
+
     def picture(self):
         """The paper as it is seen."""
         place = self.geometry()

@@ -160,6 +160,10 @@ class Node:
         answer = self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))
         return answer[0] if answer else ""
 
+    def selected_text(self):
+        answer = self._call("org.a11y.atspi.Text", "GetSelection", GLib.Variant("(i)", (0,)))
+        return self.text()[slice(*answer)] if answer else ""
+
     def caret_offset(self):
         return self._property("org.a11y.atspi.Text", "CaretOffset")
 

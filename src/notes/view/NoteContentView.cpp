@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
+#include <QtWidgets/QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -21,11 +21,23 @@ namespace {
 constexpr int sidePadding = 10; // of the text
 constexpr int controlPadding = 3;
 constexpr int gap = 3;
+constexpr int captionGap = 6; // between an image and its text
 constexpr int hintHeight = 15;
 constexpr int hintSize = 9;
 constexpr qreal hintOpacity = 0.5;
 constexpr int linesUnderImage = 2;
 constexpr int dragDistance = 3; // points until a press is a drag
+
+QLabel* makeHint(QWidget* parent)
+{
+    auto* hint = new QLabel(u"⌘W close   ·   ⌘+  ⌘-  zoom"_s, parent);
+    hint->setTextFormat(Qt::PlainText);
+    hint->setFont(Theme::systemFont(hintSize));
+    QPalette colors;
+    colors.setColor(QPalette::WindowText, NotePaper::ink(hintOpacity));
+    hint->setPalette(colors);
+    return hint;
+}
 
 } // namespace
 
@@ -34,6 +46,7 @@ NoteContentView::NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pas
     : QWidget(parent)
     , m_controls(new NoteControlRow(viewModel, this))
     , m_editor(new NoteEditor(viewModel, pasteboard, selectedText, this))
+    , m_hint(makeHint(this))
 {
     if (viewModel.note().kind == StickyNote::Kind::image)
         showImage(viewModel);
@@ -63,26 +76,17 @@ void NoteContentView::arrange()
 {
     m_controls->setGeometry(controlPadding, 0, width() - 2 * controlPadding,
                             NoteControlRow::preferredHeight);
+    m_hint->setGeometry(sidePadding, height() - hintHeight, width() - 2 * sidePadding, hintHeight);
     QRect body(sidePadding, NoteControlRow::preferredHeight + gap, width() - 2 * sidePadding, 0);
     body.setBottom(height() - hintHeight - gap - 1);
     if (m_image) {
         const int lines = linesUnderImage * m_editor->fontMetrics().lineSpacing();
-        const int room = std::max(body.height() - lines - gap, body.height() / 2);
+        const int room = std::max(body.height() - lines - captionGap, body.height() / 2);
         const int wanted = m_image->heightForWidth(body.width());
         m_image->setGeometry(QRect(body.topLeft(), QSize(body.width(), std::min(wanted, room))));
-        body.setTop(m_image->geometry().bottom() + 1 + gap);
+        body.setTop(m_image->geometry().bottom() + 1 + captionGap);
     }
     m_editor->setGeometry(body.adjusted(0, 0, NoteEditor::rightMargin, 0));
-}
-
-void NoteContentView::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setFont(Theme::systemFont(hintSize));
-    painter.setPen(NotePaper::ink(hintOpacity));
-    const QRect line(sidePadding, height() - hintHeight, width() - 2 * sidePadding, hintHeight);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     u"⌘W close   ·   ⌘+  ⌘-  zoom"_s);
 }
 
 void NoteContentView::mousePressEvent(QMouseEvent* event)

@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QWidget>
 
+class QLabel;
+
 namespace driftbox {
 
 class NoteControlRow;
@@ -32,7 +34,6 @@ Q_SIGNALS:
     void backgroundDragged();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -45,6 +46,7 @@ private:
     NoteControlRow* m_controls;
     NoteImageView* m_image = nullptr; ///< of image notes only
     NoteEditor* m_editor;
+    QLabel* m_hint;                ///< the line with the keys
     std::optional<QPoint> m_press; ///< until it becomes a drag
 };
 

@@ -25,6 +25,7 @@ NoteControlRow::NoteControlRow(StickyNoteViewModel& viewModel, QWidget* parent)
     : QWidget(parent)
     , m_viewModel(viewModel)
     , m_effect(new QGraphicsOpacityEffect(this))
+    , m_fading(new QVariantAnimation(this))
 {
     setGraphicsEffect(m_effect);
     addSwatches();
@@ -35,11 +36,11 @@ NoteControlRow::NoteControlRow(StickyNoteViewModel& viewModel, QWidget* parent)
     connect(&viewModel, &StickyNoteViewModel::isSavedChanged, this,
             &NoteControlRow::showSavedState);
 
-    m_fading.setStartValue(0.0);
-    m_fading.setEndValue(1.0);
-    m_fading.setDuration(fadingMs);
-    m_fading.setEasingCurve(QEasingCurve::InOutQuad);
-    connect(&m_fading, &QVariantAnimation::valueChanged, this,
+    m_fading->setStartValue(0.0);
+    m_fading->setEndValue(1.0);
+    m_fading->setDuration(fadingMs);
+    m_fading->setEasingCurve(QEasingCurve::InOutQuad);
+    connect(m_fading, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& value) { fade(value.toReal()); });
     fade(0.0);
 }
@@ -93,9 +94,9 @@ void NoteControlRow::showSavedState()
 
 void NoteControlRow::setPresent(bool present)
 {
-    m_fading.setDirection(present ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    if (m_fading.state() != QAbstractAnimation::Running)
-        m_fading.start();
+    m_fading->setDirection(present ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+    if (m_fading->state() != QAbstractAnimation::Running)
+        m_fading->start();
 }
 
 void NoteControlRow::fade(qreal opacity)

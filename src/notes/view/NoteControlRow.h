@@ -43,7 +43,7 @@ private:
     std::vector<NoteButton*> m_buttons; ///< the others, from left to right
     NoteSymbolButton* m_saveButton = nullptr;
     QGraphicsOpacityEffect* m_effect;
-    QVariantAnimation m_fading;
+    QVariantAnimation* m_fading;
 };
 
 } // namespace driftbox

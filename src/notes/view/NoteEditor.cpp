@@ -12,7 +12,9 @@
 #include <utility>
 
 #include <QtCore/QMimeData>
+#include <QtGui/QLinearGradient>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QScrollBar>
 
@@ -64,6 +66,9 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
     showZoom();
     showText();
     connect(this, &QPlainTextEdit::textChanged, this, &NoteEditor::report);
+    // What fades must not be moved along with the text.
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, viewport(),
+            qOverload<>(&QWidget::update));
     connect(&viewModel, &StickyNoteViewModel::colorChanged, this, &NoteEditor::showColor);
     connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteEditor::showZoom);
 }
@@ -130,6 +135,40 @@ void NoteEditor::showEvent(QShowEvent* event)
     // One writes on at the end of a text but begins to read at its beginning.
     if (!event->spontaneous())
         verticalScrollBar()->setValue(0);
+}
+
+QRectF NoteEditor::cutLine() const
+{
+    const qreal edge = viewport()->height();
+    QTextBlock block = firstVisibleBlock();
+    qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
+    while (block.isValid() && top + blockBoundingRect(block).height() <= edge) {
+        top += blockBoundingRect(block).height();
+        block = block.next();
+    }
+    for (int index = 0; block.isValid() && index < block.layout()->lineCount(); ++index) {
+        const QTextLine line = block.layout()->lineAt(index);
+        const qreal lineTop = top + line.y();
+        if (lineTop + line.height() > edge)
+            return lineTop > 0 && lineTop < edge
+                       ? QRectF(0, lineTop, viewport()->width(), line.height())
+                       : QRectF();
+    }
+    return {};
+}
+
+// Text that goes on fades away rather than ending in half a line.
+void NoteEditor::paintEvent(QPaintEvent* event)
+{
+    QPlainTextEdit::paintEvent(event);
+    const QRectF line = cutLine();
+    if (line.isEmpty())
+        return;
+    const QColor paper = Theme::noteSwatch(m_viewModel.color());
+    QLinearGradient fading(line.topLeft(), {line.left(), qreal(viewport()->height())});
+    fading.setColorAt(0.0, Theme::withOpacity(paper, 0.0));
+    fading.setColorAt(0.9, paper);
+    QPainter(viewport()).fillRect(line, fading);
 }
 
 void NoteEditor::resizeEvent(QResizeEvent* event)

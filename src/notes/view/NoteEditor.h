@@ -43,6 +43,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -53,6 +54,8 @@ private:
     void showZoom();
     void copySelection();
     void insert(const QString& text, QTextCursor place);
+    /// The line that the lower edge cuts, unless it is the first one.
+    [[nodiscard]] QRectF cutLine() const;
     [[nodiscard]] bool isBelowText(QPoint position) const;
 
     StickyNoteViewModel& m_viewModel;

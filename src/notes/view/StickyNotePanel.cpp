@@ -50,6 +50,7 @@ StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurface
     setWindowTitle(u"Sticky note"_s);
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_AlwaysShowToolTips); // the typing goes elsewhere most of the time
     setMouseTracking(true);
     setFocusProxy(m_content);
     connect(&viewModel, &StickyNoteViewModel::colorChanged, this,

@@ -1,13 +1,19 @@
 #include "OpenNote.h"
 #include "notes/view/NoteButton.h"
 #include "notes/view/NoteControlRow.h"
+#include "notes/view/NotePaper.h"
+#include "panel/view/Symbols.h"
 
 #include <optional>
 
+#include <QtCore/QVariantAnimation>
+#include <QtGui/QPainter>
 #include <QtTest/QTest>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(driftbox::Symbols::Weight)
 
 class TestNoteControlRow : public QObject
 {
@@ -67,6 +73,51 @@ private Q_SLOTS:
         QTRY_VERIFY(m_row->isVisible());
         m_row->setPresent(false);
         QTRY_VERIFY(!m_row->isVisible());
+    }
+
+    void theyTakeATenthAndAHalfOfASecondForIt()
+    {
+        const auto* fading = m_row->findChild<QVariantAnimation*>();
+        QCOMPARE(fading->duration(), 150);
+        QCOMPARE(fading->easingCurve().type(), QEasingCurve::InOutQuad);
+    }
+
+    void theSymbolsOfTheControls_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("symbol");
+        QTest::addColumn<int>("size");
+        QTest::addColumn<Symbols::Weight>("weight");
+        const auto row = [](const QString& name, const QString& symbol, int size,
+                            Symbols::Weight weight) {
+            QTest::newRow(qPrintable(symbol)) << name << symbol << size << weight;
+        };
+        row(u"Save"_s, u"bookmark"_s, 13, Symbols::Weight::regular);
+        row(u"Unsave — note becomes a draft (deleted on close)"_s, u"bookmark.fill"_s, 13,
+            Symbols::Weight::regular);
+        row(u"Copy to clipboard"_s, u"doc.on.doc"_s, 13, Symbols::Weight::regular);
+        row(u"New note"_s, u"plus"_s, 12, Symbols::Weight::semibold);
+        row(u"Delete note"_s, u"xmark"_s, 10, Symbols::Weight::bold);
+    }
+    void theSymbolsOfTheControls()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QString, symbol);
+        QFETCH(const int, size);
+        QFETCH(const Symbols::Weight, weight);
+        m_row->setPresent(true);
+        QTRY_VERIFY(m_row->isVisible());
+        if (!control(name))
+            click(u"Save"_s);
+        QAbstractButton* button = control(name);
+        QImage expected(button->size(), QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Qt::transparent);
+        QImage shown = expected;
+        QPainter painter(&expected);
+        Symbols::paint(painter, button->rect(), symbol,
+                       {.size = size, .color = NotePaper::symbol(), .weight = weight});
+        button->render(&shown, {}, {}, QWidget::RenderFlags());
+        QCOMPARE(shown, expected);
     }
 
     void theNotesColorIsMarked()

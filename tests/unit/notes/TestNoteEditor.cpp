@@ -1,5 +1,6 @@
 #include "OpenNote.h"
 #include "notes/view/NoteEditor.h"
+#include "panel/view/Theme.h"
 
 #include <optional>
 
@@ -250,6 +251,33 @@ private Q_SLOTS:
         QVERIFY(!isPlain());
         open({.textContent = QString(u"word "_s).repeated(20'000)});
         QVERIFY(isPlain());
+    }
+
+    void aLineThatTheEdgeCutsFadesAway()
+    {
+        open({.textContent = QString(u"MMMMMMMM\n"_s).repeated(30), .color = NoteColor::pink});
+        const QColor paper = Theme::noteSwatch(NoteColor::pink);
+        const int line = m_editor->cursorRect(QTextCursor(m_editor->document())).height();
+        // Whether the lowest pixels of the text are paper; the window beneath has another colour.
+        const auto endsInPaper = [this, paper] {
+            const QImage picture = m_editor->grab().toImage();
+            for (int x = 0; x < m_editor->viewport()->width(); ++x) {
+                const QColor pixel = picture.pixelColor(x, picture.height() - 1);
+                if (std::abs(pixel.green() - paper.green()) > 2 ||
+                    std::abs(pixel.blue() - paper.blue()) > 2)
+                    return false;
+            }
+            return true;
+        };
+        m_editor->resize(240, 5 * line + line / 2);
+        QVERIFY(endsInPaper());
+        m_editor->verticalScrollBar()->setValue(3);
+        QVERIFY(endsInPaper());
+
+        m_editor->resize(240, 5 * line); // whole lines stay as they are
+        QVERIFY(!endsInPaper());
+        m_editor->resize(240, line / 2); // there would be nothing left
+        QVERIFY(!endsInPaper());
     }
 
     void aLongTextIsShownFromItsBeginning()

@@ -5,11 +5,15 @@
 #include "panel/view/RowListView.h"
 #include "panel/view/SearchField.h"
 #include "panel/view/SymbolButton.h"
+#include "panel/view/Symbols.h"
 #include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
 
 #include <memory>
 
 #include <QtGui/QAccessible>
+#include <QtGui/QHelpEvent>
+#include <QtGui/QPainter>
 #include <QtTest/QTest>
 
 using namespace driftbox;
@@ -18,6 +22,29 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize pageSize(451, 592);
+
+bool isSame(QRgb one, QRgb other)
+{
+    constexpr int rounding = 2;
+    return std::abs(qRed(one) - qRed(other)) <= rounding &&
+           std::abs(qGreen(one) - qGreen(other)) <= rounding &&
+           std::abs(qBlue(one) - qBlue(other)) <= rounding;
+}
+
+/// Whether this place of a picture shows the symbol, whose corners are empty, on an even ground.
+bool isAt(QPoint place, const QImage& shown, const QImage& symbol)
+{
+    QImage expected(symbol.size(), QImage::Format_RGB32);
+    expected.fill(shown.pixel(place));
+    QPainter(&expected).drawImage(0, 0, symbol);
+    for (int y = 0; y < symbol.height(); ++y) {
+        for (int x = 0; x < symbol.width(); ++x) {
+            if (!isSame(shown.pixel(place + QPoint(x, y)), expected.pixel(x, y)))
+                return false;
+        }
+    }
+    return true;
+}
 
 /// The page in a window, used by mouse and keyboard and read like assistive technology does.
 struct Page
@@ -71,6 +98,23 @@ struct Page
     void clickAction(int row, const QString& name) const
     {
         click(list().viewport()->mapFromGlobal(action(row, name).rect().center()));
+    }
+
+    /// Whether a row shows this symbol in the colour of symbols.
+    [[nodiscard]] bool showsSymbol(const QString& name, int size, int row = 0) const
+    {
+        constexpr int rowHeight = 53;
+        const QImage shown = list().viewport()->grab().toImage().copy(0, row * rowHeight,
+                                                                      pageSize.width(), rowHeight);
+        const QImage symbol =
+            Symbols::pixmap(name, {.size = size, .color = Theme::secondary()}, 1.0).toImage();
+        for (int y = 0; y + symbol.height() <= shown.height(); ++y) {
+            for (int x = 0; x + symbol.width() <= shown.width(); ++x) {
+                if (isAt({x, y}, shown, symbol))
+                    return true;
+            }
+        }
+        return false;
     }
 
     NotesDesk desk;
@@ -178,6 +222,41 @@ private Q_SLOTS:
         m_page->desk.open(u"a"_s).setColor(NoteColor::blue);
         const QImage picture = m_page->list().viewport()->grab().toImage();
         QCOMPARE(picture.pixel(20, 26), Theme::noteSwatch(NoteColor::blue).rgb());
+    }
+
+    void aRowShowsByASymbolWhatTheNoteIs()
+    {
+        m_page->desk.open(u"draft"_s);
+        QVERIFY(m_page->showsSymbol(u"doc.text"_s, 13));
+        QVERIFY(!m_page->showsSymbol(u"photo"_s, 13));
+        QVERIFY(!m_page->showsSymbol(u"bookmark.fill"_s, 11));
+        m_page->desk.windows.last->viewModel.toggleSaved();
+        QVERIFY(m_page->showsSymbol(u"bookmark.fill"_s, 11));
+        m_page->manager().remove(m_page->manager().notes().front().id);
+        m_page->manager().createNote(picture({4, 4}));
+        QVERIFY(m_page->showsSymbol(u"photo"_s, 13));
+        QVERIFY(!m_page->showsSymbol(u"doc.text"_s, 13));
+    }
+
+    void theActionsShowOnlyWhileTheRowHasThePointerOrIsSelected()
+    {
+        m_page->desk.open(u"a"_s);
+        m_page->desk.open(u"b"_s);
+        QVERIFY(m_page->showsSymbol(u"trash"_s, 13, 0)); // is selected
+        QVERIFY(!m_page->showsSymbol(u"trash"_s, 13, 1));
+        QVERIFY(!m_page->showsSymbol(u"doc.on.doc"_s, 13, 1));
+        QTest::mouseMove(m_page->list().viewport(), {100, 53 + 20});
+        QVERIFY(m_page->showsSymbol(u"trash"_s, 13, 1));
+        QVERIFY(m_page->showsSymbol(u"doc.on.doc"_s, 13, 1));
+    }
+
+    void aRowSaysWhatAClickDoes()
+    {
+        m_page->desk.open(u"a"_s);
+        QTest::mouseMove(m_page->list().viewport(), {100, 20});
+        QHelpEvent event(QEvent::ToolTip, {100, 20}, {});
+        QCoreApplication::sendEvent(m_page->list().viewport(), &event);
+        QCOMPARE(Tooltip::shownText(m_page->window), u"Click to bring the note to the front"_s);
     }
 
     void aRowShowsWhatIsTyped()

@@ -1,14 +1,17 @@
 #include "OpenNote.h"
+#include "notes/view/NoteButton.h"
 #include "notes/view/NoteControlRow.h"
 #include "notes/view/NoteEditor.h"
 #include "notes/view/NoteImageView.h"
 #include "notes/view/StickyNotePanel.h"
 #include "panel/view/Theme.h"
+#include "panel/view/Tooltip.h"
 
 #include <optional>
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QLabel>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -84,6 +87,33 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(m_panel.get(), &leave);
         QTRY_VERIFY(!controls->isVisible());
         QCOMPARE(this->editor().geometry(), editor);
+    }
+
+    void theHelpOfAControlShowsOnANoteThatHasNotTheKeyboard()
+    {
+        m_panel->windowHandle()->show();
+        QEnterEvent enter(QPointF(50, 50), QPointF(50, 50), QPointF(50, 50));
+        QCoreApplication::sendEvent(m_panel.get(), &enter);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QTRY_VERIFY(other.isActiveWindow());
+        auto* swatch = m_panel->findChild<NoteSwatchButton*>();
+        QTRY_VERIFY(swatch->isVisible());
+        const QPoint place = swatch->mapTo(m_panel.get(), swatch->rect().center());
+        QTest::mouseMove(m_panel->windowHandle(), place);
+        QTRY_COMPARE(Tooltip::shownText(*m_panel), u"Yellow"_s);
+    }
+
+    void theLineOfKeysStandsAtTheBottom()
+    {
+        auto* content = editor().parentWidget();
+        const auto* hint = content->findChild<QLabel*>();
+        QCOMPARE(hint->text(), u"⌘W close   ·   ⌘+  ⌘-  zoom"_s);
+        QCOMPARE(hint->font().pixelSize(), 9);
+        QCOMPARE(hint->palette().color(QPalette::WindowText).alpha(), 128);
+        QCOMPARE(hint->geometry().bottom(), content->rect().bottom());
+        QVERIFY(editor().geometry().bottom() < hint->geometry().top());
     }
 
     void edgesAndCornersResize_data()

@@ -45,7 +45,8 @@ void MarkdownOpenDialog::run(std::function<void(const QUrl&)> chosen)
         offerMarkdownFiles(*m_dialog, QMimeDatabase().mimeTypeForName(markdownType).isValid());
         QObject::connect(m_dialog, &QFileDialog::accepted, m_dialog,
                          [dialog = m_dialog.data(), chosen = std::move(chosen)] {
-                             chosen(dialog->selectedUrls().value(0));
+                             if (const QList<QUrl> urls = dialog->selectedUrls(); !urls.isEmpty())
+                                 chosen(urls.first());
                          });
         m_dialog->open();
     }

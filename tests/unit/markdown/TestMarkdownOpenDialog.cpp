@@ -45,10 +45,12 @@ private Q_SLOTS:
         QCOMPARE(dialog()->windowTitle(), u"Open Markdown"_s);
         QCOMPARE(dialog()->labelText(QFileDialog::Accept), u"Open"_s);
         QCOMPARE(dialog()->fileMode(), QFileDialog::ExistingFile);
+        QVERIFY(dialog()->testOption(QFileDialog::ReadOnly)); // no folder can be made
         QVERIFY(dialog()->isModal());
         QCOMPARE(windows.presented.size(), size_t(1));
         panel.run(choose); // the same one comes to the front
         QCOMPARE(windows.presented.size(), size_t(2));
+        Q_EMIT dialog()->accepted(); // with nothing selected
         dialog()->reject();
         QTRY_VERIFY(!dialog());
         QVERIFY(chosen.isEmpty());

@@ -8,6 +8,7 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QAccessible>
+#include <QtGui/QFontDatabase>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
@@ -116,6 +117,14 @@ private Q_SLOTS:
         QTest::keyClick(editor(), Qt::Key_X);
         QVERIFY(m_open->document.save());
         QCOMPARE(m_open->files.read(m_open->path), expected);
+    }
+
+    void theEditorIsSetInTheFixedFontOfTheSystem()
+    {
+        m_open->document.toggleEdit();
+        QCOMPARE(editor()->font().pixelSize(), 13);
+        QCOMPARE(editor()->font().family(),
+                 QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
     }
 
     void theEditorCopiesAndPastesThroughTheProgramsPasteboard()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 #include <QtCore/QVariant>
@@ -31,8 +32,9 @@ public:
     MarkdownPage& operator=(const MarkdownPage&) = delete;
     virtual ~MarkdownPage() = default;
 
-    /// Loads the page; what it names by a relative path is found in the local folder `baseURL`.
-    virtual void load(const QString& html, const QUrl& baseURL) = 0;
+    /// Loads the page, which is in UTF-8; what it names by a relative path is found in the local
+    /// folder `baseURL`.
+    virtual void load(const QByteArray& html, const QUrl& baseURL) = 0;
 
     /// Calls the page's function `renderMarkdown` with these arguments. Returns at once; what comes
     /// of the call is not told.

@@ -2,6 +2,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QStringDecoder>
+#include <QtCore/QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,15 @@ std::optional<QString> MarkdownResource::shellHTML() const
     page->replace(u"__HIGHLIGHT_JS__"_s, escapedScript(*highlighter));
     page->replace(u"__MERMAID_JS__"_s, escapedScript(*diagrams));
     return page;
+}
+
+std::optional<QByteArray> MarkdownResource::markedPage() const
+{
+    auto page = shellHTML();
+    if (!page)
+        return std::nullopt;
+    page->replace(u"__NONCE__"_s, QUuid::createUuid().toString(QUuid::Id128));
+    return page->toUtf8();
 }
 
 } // namespace driftbox

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 namespace driftbox {
@@ -18,6 +19,10 @@ public:
 
     /// The page with its style sheet and scripts in it; none when one of them is missing.
     [[nodiscard]] std::optional<QString> shellHTML() const;
+
+    /// That page as it is loaded, in UTF-8: its scripts bear a mark of this call, which nobody can
+    /// foresee, and no others are run.
+    [[nodiscard]] std::optional<QByteArray> markedPage() const;
 
 private:
     QString m_folder;

@@ -1,7 +1,9 @@
 """Markdown files open in windows of their own, are read, edited and saved."""
 
 import os
+import re
 import stat
+from pathlib import Path
 
 import pytest
 
@@ -153,6 +155,15 @@ def test_every_file_opens(program, folder, name, content, complaint):
     program.wait_for_log("^Rendered")
     reader.close()
     program.panel.open()
+
+
+def test_reading_loads_no_graphics_drivers(program, document):
+    program.expect_complaint("kAEOpenDocuments")
+    program.start_again(str(document))
+    Reader(program, document).wait_for_text("The title")
+    libraries = Path(f"/proc/{program.process.pid}/maps").read_text(encoding="utf-8")
+    assert "libQt6WebEngineCore" in libraries
+    assert not re.search(r"_dri\.so|libLLVM", libraries)
 
 
 def test_a_crash_of_the_page_brings_the_document_back(program, document):

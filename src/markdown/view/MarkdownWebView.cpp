@@ -36,11 +36,11 @@ void MarkdownWebView::update(const QString& markdown, const QString& theme)
 // The page is large and so is the engine: what need not be done here is done elsewhere meanwhile.
 void MarkdownWebView::prepare()
 {
-    const auto html = std::make_shared<std::optional<QString>>();
+    const auto html = std::make_shared<std::optional<QByteArray>>();
     m_services.tasks.run(
         this,
         [html, resources = m_services.resources, preload = m_services.webEngines.preloading()] {
-            *html = resources.shellHTML();
+            *html = resources.markedPage();
             if (*html)
                 preload();
         },
@@ -50,7 +50,7 @@ void MarkdownWebView::prepare()
         });
 }
 
-void MarkdownWebView::makePage(const QString& html)
+void MarkdownWebView::makePage(const QByteArray& html)
 {
     MarkdownWebEngine* engine = m_services.webEngines.engine();
     if (engine == nullptr)

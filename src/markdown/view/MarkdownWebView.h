@@ -37,7 +37,7 @@ protected:
 
 private:
     void prepare();
-    void makePage(const QString& html);
+    void makePage(const QByteArray& html);
 
     QUrl m_fileURL;
     const ReaderServices& m_services;

@@ -1,20 +1,34 @@
 #include "markdown/webengine/EngineChatter.h"
 
+#include <atomic>
 #include <cstring>
-#include <utility>
 
 #include <QtCore/QString>
 
 namespace driftbox {
 
+namespace {
+
+std::atomic<QtMessageHandler> programsLog = nullptr;
+std::atomic<bool> isStarting = false;
+
+} // namespace
+
 EngineChatter::EngineChatter()
 {
-    s_log = qInstallMessageHandler(&EngineChatter::handle);
+    isStarting = true;
+    programsLog = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(&EngineChatter::handle);
 }
 
 EngineChatter::~EngineChatter()
 {
-    qInstallMessageHandler(std::exchange(s_log, nullptr));
+    qInstallMessageHandler(programsLog);
+}
+
+void EngineChatter::startIsOver()
+{
+    isStarting = false;
 }
 
 void EngineChatter::handle(QtMsgType type, const QMessageLogContext& context,
@@ -25,8 +39,12 @@ void EngineChatter::handle(QtMsgType type, const QMessageLogContext& context,
     const bool isTheEngines =
         std::strcmp(category, "default") == 0 || std::strncmp(category, "qt.webengine", 12) == 0;
     const bool isFailure = type == QtCriticalMsg || type == QtFatalMsg;
-    if (s_log != nullptr && (isFailure || !isTheEngines))
-        s_log(type, context, message);
+    const bool isChatter =
+        isTheEngines && !isFailure &&
+        (isStarting || message.startsWith(u"No suitable graphics backend found"));
+    const QtMessageHandler log = programsLog;
+    if (log != nullptr && !isChatter)
+        log(type, context, message);
 }
 
 } // namespace driftbox

@@ -6,7 +6,8 @@ namespace driftbox {
 
 /// Keeps what the engine has to say about its start out of the log, for as long as this lives:
 /// which graphics it would have liked, and which sandbox it was told not to use. Failures are
-/// logged all the same. Main thread only, one at a time.
+/// logged all the same. Made and destroyed on the main thread, one at a time; the engine talks on
+/// threads of its own, too.
 class EngineChatter
 {
 public:
@@ -15,10 +16,11 @@ public:
     EngineChatter(const EngineChatter&) = delete;
     EngineChatter& operator=(const EngineChatter&) = delete;
 
+    /// The engine is there. One thing it says later, as it sets up its drawing.
+    void startIsOver();
+
 private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
-
-    static inline QtMessageHandler s_log = nullptr;
 };
 
 } // namespace driftbox

@@ -58,6 +58,7 @@ WebEngine::WebEngine()
     m_profile.installUrlSchemeHandler(DocumentScheme::name, &m_documents);
     m_profile.scripts()->insert(bridge());
     restrict(*m_profile.settings());
+    m_chatter.startIsOver();
 }
 
 WebEngine::~WebEngine() = default;

@@ -2,6 +2,7 @@
 
 #include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/webengine/DocumentSchemeHandler.h"
+#include "markdown/webengine/EngineChatter.h"
 #include "markdown/webengine/RequestGuard.h"
 
 #include <QtWebEngineCore/QWebEngineProfile>
@@ -19,6 +20,7 @@ public:
                                                              QWidget& parent) override;
 
 private:
+    EngineChatter m_chatter;
     DocumentSchemeHandler m_documents;
     RequestGuard m_guard;
     QWebEngineProfile m_profile; ///< keeps nothing, since it has no name

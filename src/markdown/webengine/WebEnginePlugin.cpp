@@ -1,7 +1,6 @@
 #include "markdown/webengine/WebEnginePlugin.h"
 
 #include "markdown/webengine/DocumentScheme.h"
-#include "markdown/webengine/EngineChatter.h"
 #include "markdown/webengine/Sandbox.h"
 #include "markdown/webengine/ScreenReader.h"
 #include "markdown/webengine/WebEngine.h"
@@ -21,6 +20,31 @@ Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 constexpr auto flags = "--disable-background-networking --disable-component-update "
                        "--no-first-run --no-pings --log-level=3";
+
+// The toolkit would load the graphics drivers for an engine that draws without them. It asks once,
+// when the engine starts; the programs that this one starts are to ask for themselves.
+class WithoutGraphicsDrivers
+{
+public:
+    WithoutGraphicsDrivers()
+        : m_isOwn(!qEnvironmentVariableIsSet(name))
+    {
+        if (m_isOwn)
+            qputenv(name, "none");
+    }
+    ~WithoutGraphicsDrivers()
+    {
+        if (m_isOwn)
+            qunsetenv(name);
+    }
+    WithoutGraphicsDrivers(const WithoutGraphicsDrivers&) = delete;
+    WithoutGraphicsDrivers& operator=(const WithoutGraphicsDrivers&) = delete;
+
+private:
+    static constexpr auto name = "QT_XCB_GL_INTEGRATION";
+
+    bool m_isOwn;
+};
 
 // The engine reads these once, when it starts.
 void setUpProcess()
@@ -49,7 +73,7 @@ std::unique_ptr<MarkdownWebEngine> WebEnginePlugin::makeEngine()
     static bool isSetUp = false;
     if (!std::exchange(isSetUp, true))
         setUpProcess();
-    const EngineChatter chatter;
+    const WithoutGraphicsDrivers withoutDrivers;
     return std::make_unique<WebEngine>();
 }
 

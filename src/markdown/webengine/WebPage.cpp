@@ -7,7 +7,6 @@
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QTimer>
-#include <QtCore/QUuid>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -102,13 +101,10 @@ void WebPage::setUnderPageColor(const QColor& color)
     m_view->page()->setBackgroundColor(color);
 }
 
-void WebPage::load(const QString& html, const QUrl& baseURL)
+void WebPage::load(const QByteArray& html, const QUrl& baseURL)
 {
-    // Only scripts that bear this mark are run, and nobody can foresee it.
-    QString page = html;
-    page.replace(u"__NONCE__"_s, QUuid::createUuid().toString(QUuid::Id128));
     m_address = DocumentScheme::pageAddress(baseURL, m_number);
-    m_documents.setPage(m_address, page.toUtf8());
+    m_documents.setPage(m_address, html);
     m_view->load(m_address);
 }
 

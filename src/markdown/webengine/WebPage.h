@@ -23,7 +23,7 @@ public:
 
     [[nodiscard]] QWidget& widget() override { return *m_widget; }
     void setUnderPageColor(const QColor& color) override;
-    void load(const QString& html, const QUrl& baseURL) override;
+    void load(const QByteArray& html, const QUrl& baseURL) override;
     void renderMarkdown(const QString& text, const QString& theme) override;
 
 private:

@@ -79,6 +79,19 @@ private Q_SLOTS:
         QVERIFY(resource().shellHTML());
         QVERIFY(QFile::remove(m_folder->filePath(u"MarkdownReader/"_s + name)));
         QVERIFY(!resource().shellHTML());
+        QVERIFY(!resource().markedPage());
+    }
+
+    void everyLoadHasAMarkOfItsOwn()
+    {
+        writeAll();
+        write(u"MarkdownReader/reader.html"_s, "\xC3\xA9 __NONCE__ __NONCE__");
+        const QList<QByteArray> one = resource().markedPage()->split(' ');
+        const QList<QByteArray> other = resource().markedPage()->split(' ');
+        QCOMPARE(one[0], QByteArray("\xC3\xA9"));
+        QCOMPARE(one[1].size(), 32);
+        QCOMPARE(one[2], one[1]);
+        QVERIFY(other[1] != one[1]);
     }
 
     void thePageIsMadeAnewEveryTime()

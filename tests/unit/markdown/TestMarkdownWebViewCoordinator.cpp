@@ -15,7 +15,7 @@ namespace {
 class RecordingPage final : public MarkdownPage
 {
 public:
-    void load(const QString&, const QUrl&) override {}
+    void load(const QByteArray&, const QUrl&) override {}
     void renderMarkdown(const QString& text, const QString& theme) override
     {
         renders << text + u'|' + theme;

@@ -71,13 +71,13 @@ public:
         m_page = engine.makePage(m_delegate, m_window);
         m_page->widget().setGeometry(m_window.rect());
         const MarkdownResource resources(QStringLiteral(DRIFTBOX_TEST_RESOURCES));
-        m_page->load(*resources.shellHTML(), QUrl::fromLocalFile(folder + QStringLiteral("/")));
+        m_page->load(*resources.markedPage(), QUrl::fromLocalFile(folder + QStringLiteral("/")));
         m_window.show();
     }
 
     [[nodiscard]] bool isLoaded()
     {
-        return waitFor([this] { return m_delegate.navigations > 0; });
+        return waitFor([this] { return m_delegate.navigations; });
     }
 
     /// Renders, and says whether the page has reported that it is done.

@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] QWidget& widget() override { return *m_widget; }
     void setUnderPageColor(const QColor& color) override { m_requests.colors << color; }
-    void load(const QString& /*html*/, const QUrl& baseURL) override
+    void load(const QByteArray& /*html*/, const QUrl& baseURL) override
     {
         m_requests.loads << baseURL.toString();
     }

@@ -70,8 +70,8 @@ public:
         m_window.resize(780, 640);
         m_page = engine.makePage(m_delegate, m_window);
         m_page->widget().setGeometry(m_window.rect());
-        const MarkdownResource resources(QStringLiteral(DRIFTBOX_TEST_RESOURCES));
-        m_page->load(*resources.markedPage(), QUrl::fromLocalFile(folder + QStringLiteral("/")));
+        m_page->load(*MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES)).markedPage(),
+                     QUrl::fromLocalFile(folder + u'/'));
         m_window.show();
     }
 
@@ -80,7 +80,7 @@ public:
         return waitFor([this] { return m_delegate.navigations; });
     }
 
-    /// Renders, and says whether the page has reported that it is done.
+    /// Whether the page reports that it is done.
     [[nodiscard]] bool render(const QString& text, const QString& theme = QStringLiteral("light"))
     {
         const int before = m_delegate.renderings;
@@ -142,7 +142,6 @@ protected:
     }
 
     void closeEngine() { m_open.reset(), m_module.reset(); }
-
     QTemporaryDir m_folder;
     std::unique_ptr<WebEngineModule> m_module;
     std::unique_ptr<OpenPage> m_open;

@@ -16,16 +16,21 @@ namespace driftbox {
 
 namespace {
 
-constexpr int lineSpacing = 4;
+// The page fits the window as it opens, in fonts with tall lines too.
+constexpr int lineSpacing = 2;
+constexpr int pagePadding = 14;
+constexpr int sectionSpacing = 14;
+constexpr int productPadding = 7;
 constexpr int pictureSpacing = 28;
-constexpr int cardPadding = 18;
+constexpr int sidePadding = 18;
+constexpr int tipPadding = 10;
 
 QWidget* makeProduct(QWidget* parent)
 {
     auto* product = new QWidget(parent);
     auto* lines = new QVBoxLayout(product);
-    lines->setContentsMargins(FormSection::sidePadding, cardPadding / 2, FormSection::sidePadding,
-                              cardPadding / 2);
+    lines->setContentsMargins(FormSection::sidePadding, productPadding, FormSection::sidePadding,
+                              productPadding);
     lines->setSpacing(lineSpacing);
     const auto add = [&](const QString& text, const QFont& font, FormLabel::Tone tone) {
         lines->addWidget(new FormLabel(text, font, tone, product));
@@ -41,7 +46,7 @@ QWidget* makeTips(QWidget* parent)
 {
     auto* tips = new QWidget(parent);
     auto* row = new QHBoxLayout(tips);
-    row->setContentsMargins(cardPadding, cardPadding, cardPadding, cardPadding);
+    row->setContentsMargins(sidePadding, tipPadding, sidePadding, tipPadding);
     row->setSpacing(pictureSpacing);
     row->addStretch();
     row->addWidget(new TipPicture(u"tip-wechat"_s, u"WeChat · 微信"_s, tips));
@@ -55,6 +60,12 @@ QWidget* makeTips(QWidget* parent)
 AboutSettingsView::AboutSettingsView(const SettingsServices& services, QWidget* parent)
     : FormPage(parent)
 {
+    QMargins margins = column().contentsMargins();
+    margins.setTop(pagePadding);
+    margins.setBottom(pagePadding);
+    column().setContentsMargins(margins);
+    column().setSpacing(sectionSpacing);
+
     auto* about = new FormSection({}, content());
     about->addRow(makeProduct(about));
     auto* feedback = new ActionButton(u"envelope"_s, u"Send Feedback · 反馈"_s,

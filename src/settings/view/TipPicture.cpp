@@ -13,7 +13,7 @@ namespace {
 
 constexpr QSize pictureSize(150, 190);
 constexpr qreal cornerRadius = 6.0;
-constexpr int captionSpacing = 8;
+constexpr int captionSpacing = 6;
 constexpr int captionSize = 12;
 constexpr qreal quaternaryOpacity = 0.08;
 

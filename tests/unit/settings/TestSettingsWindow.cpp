@@ -2,6 +2,7 @@
 
 #include "fakes/FakeFloatingSurface.h"
 #include "fakes/FakeScreens.h"
+#include "settings/view/AboutSettingsView.h"
 #include "settings/view/ClipboardSettingsView.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/SettingsHeader.h"
@@ -11,6 +12,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QScrollBar>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -128,6 +130,16 @@ private Q_SLOTS:
         QCOMPARE(f.title(), u"Notes"_s);
         QTest::keyClick(&f.list(), Qt::Key_End);
         QCOMPARE(f.title(), u"About"_s);
+    }
+
+    void theAboutPageFitsTheWindowAsItOpens()
+    {
+        Fixture f;
+        f.choose(3);
+        const auto* page = f.window().findChild<AboutSettingsView*>();
+        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
+        QVERIFY(page->isVisible());
+        QCOMPARE(page->verticalScrollBar()->maximum(), 0);
     }
 
     void aQueryNarrowsTheSidebarAndLeavesThePage()

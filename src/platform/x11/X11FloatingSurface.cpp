@@ -130,8 +130,12 @@ void X11FloatingSurface::orderOut()
 
 bool X11FloatingSurface::eventFilter(QObject* receiver, QEvent* event)
 {
-    if (receiver == &m_window && event->type() == QEvent::Expose && m_window.isExposed())
+    if (receiver != &m_window)
+        return false;
+    if (event->type() == QEvent::Expose && m_window.isExposed())
         handleExposed();
+    else if (event->type() == QEvent::MouseButtonPress)
+        m_placingRequests = 0; // the user may be about to move it or to have it fill the screen
     return false;
 }
 
@@ -249,7 +253,6 @@ void X11FloatingSurface::startMove()
 {
     if (!isButtonHeld())
         return;
-    m_placingRequests = 0;
     m_window.startSystemMove();
 }
 
@@ -257,7 +260,6 @@ void X11FloatingSurface::startResize(Qt::Edges edges)
 {
     if (!isButtonHeld())
         return;
-    m_placingRequests = 0;
     m_window.startSystemResize(edges);
 }
 

@@ -24,6 +24,9 @@ public:
 
     /// Ends the window manager and starts another one; none for an empty name.
     void setWindowManager(const QString& name);
+    /// Has the window manager hear nothing until it is thawed.
+    void freezeWindowManager() { m_windowManager->freeze(); }
+    void thawWindowManager() { m_windowManager->thaw(); }
     /// Kills the window manager, which leaves everything on the server as it is.
     void crashWindowManager();
 

@@ -37,7 +37,7 @@ WindowManager::WindowManager(const QString& name)
     environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
-    m_process.setStandardOutputFile(QProcess::nullDevice());
+    m_process.setStandardOutputFile(m_home.filePath(u"log"_s));
     // What it starts itself, its message bus above all, ends with it.
     m_process.setChildProcessModifier([] { setpgid(0, 0); });
 
@@ -60,6 +60,16 @@ WindowManager::~WindowManager()
     if (!m_process.waitForFinished(2'000))
         crash();
     signalAll(SIGKILL);
+}
+
+void WindowManager::freeze()
+{
+    signalAll(SIGSTOP);
+}
+
+void WindowManager::thaw()
+{
+    signalAll(SIGCONT);
 }
 
 void WindowManager::crash()
@@ -100,7 +110,10 @@ void WindowManager::waitUntilReady() const
             QThread::msleep(5); // between two looks at a condition
         }
     }
-    qFatal("The window manager does not manage windows");
+    QFile log(m_home.filePath(u"log"_s));
+    const QByteArray said = log.open(QFile::ReadOnly) ? log.readAll() : QByteArray();
+    qFatal("%s does not manage windows; it said: %s", qPrintable(m_process.program()),
+           said.constData());
 }
 
 } // namespace driftbox

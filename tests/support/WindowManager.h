@@ -19,6 +19,8 @@ public:
     WindowManager(const WindowManager&) = delete;
     WindowManager& operator=(const WindowManager&) = delete;
 
+    void freeze();
+    void thaw();
     /// Ends it without a chance to tidy up.
     void crash();
 

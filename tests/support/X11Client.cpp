@@ -30,8 +30,11 @@ X11Client::X11Client(const Settings& settings)
     const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(m_xcb)).data;
     m_root = screen->root;
     m_window = xcb_generate_id(m_xcb);
-    const std::uint32_t values[] = {screen->white_pixel,
-                                    XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
+    // Clicks that a program does not want go on to the window manager, which acts on them once
+    // more.
+    const std::uint32_t values[] = {
+        screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
+                                 XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE};
     const QRect frame = settings.frame;
     xcb_create_window(m_xcb, XCB_COPY_FROM_PARENT, m_window, m_root,
                       static_cast<std::int16_t>(frame.x()), static_cast<std::int16_t>(frame.y()),
@@ -103,6 +106,15 @@ bool X11Client::hasFocus() const
         window = tree ? tree->parent : XCB_NONE;
     }
     return window == m_window;
+}
+
+bool X11Client::isActive() const
+{
+    const auto cookie =
+        xcb_get_property(m_xcb, false, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 0, 1);
+    const auto active = owned(xcb_get_property_reply(m_xcb, cookie, nullptr));
+    return active && xcb_get_property_value_length(active.get()) == sizeof(xcb_window_t) &&
+           *static_cast<const xcb_window_t*>(xcb_get_property_value(active.get())) == m_window;
 }
 
 bool X11Client::isUnderPointer() const

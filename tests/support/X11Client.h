@@ -51,6 +51,8 @@ public:
 
     /// Whether the window, or a child of it, has the keyboard.
     [[nodiscard]] bool hasFocus() const;
+    /// Whether the window manager knows that the window has it.
+    [[nodiscard]] bool isActive() const;
     [[nodiscard]] bool isViewable() const;
     /// Whether a click would reach the window now.
     [[nodiscard]] bool isUnderPointer() const;

@@ -142,9 +142,10 @@ bool X11FloatingSurface::eventFilter(QObject* receiver, QEvent* event)
 void X11FloatingSurface::handleExposed()
 {
     // A window manager may overlook the shape for the mouse that a window brings along, but not a
-    // change of it.
+    // change of it; and if it hears late that the window had gone, it takes new hints for old ones.
     if (std::exchange(m_isFreshlyMapped, false)) {
         insistOnPlaceFor(placingTime);
+        m_hints.repeat();
         applyShape();
         noticeGeometry();
     }
@@ -194,6 +195,8 @@ void X11FloatingSurface::handleNewWindowManager()
 {
     if (!m_window.isVisible())
         return;
+    if (m_isFreshlyMapped)
+        X11WindowGeometry::showAgain(m_window, m_frame);
     m_hints.repeat();
     insistOnPlaceFor(takeoverTime);
 }

@@ -1,6 +1,7 @@
 #include "platform/x11/X11WindowGeometry.h"
 
 #include "platform/ScreenSpace.h"
+#include "platform/x11/QtXcb.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -69,6 +70,13 @@ void setFrame(QWindow& window, const QRectF& frame)
     if (!window.isVisible())
         QWindowSystemInterface::handleGeometryChange<QWindowSystemInterface::SynchronousDelivery>(
             &window, wanted);
+}
+
+void showAgain(QWindow& window, const QRectF& frame)
+{
+    window.handle()->setGeometry(pixelsFor(window, frame));
+    xcb_map_window(QtXcb::connection(), static_cast<xcb_window_t>(window.winId()));
+    xcb_flush(QtXcb::connection());
 }
 
 } // namespace driftbox::X11WindowGeometry

@@ -18,4 +18,8 @@ namespace driftbox::X11WindowGeometry {
 
 void setFrame(QWindow& window, const QRectF& frame);
 
+/// Asks once more for a window that was shown at `frame` while the window manager was ending, which
+/// may have taken the first request along.
+void showAgain(QWindow& window, const QRectF& frame);
+
 } // namespace driftbox::X11WindowGeometry

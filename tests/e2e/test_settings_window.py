@@ -4,6 +4,7 @@ import pytest
 
 from harness import screenshot
 from harness.apps import XTerm
+from harness.desktop import Monitor
 from harness.settings import HOTKEY, LAUNCH, PAGES, SHADOW, Portal, Settings
 from harness.statusbar import StatusBar
 from harness.waiting import wait_for, wait_for_equal
@@ -116,6 +117,21 @@ def test_a_double_click_as_soon_as_it_is_there_counts(manager, make_desktop, mak
         settings.wait_until_closed()
         settings.open_from(item)
         assert settings.geometry() == before
+
+
+@pytest.mark.desktop(monitors=(Monitor("only", 0, 0, 1800, 1300, primary=True),))
+def test_everything_is_where_it_is_seen_at_twice_the_size(desktop, stopped_program):
+    desktop.environment["QT_SCALE_FACTOR"] = "2"
+    settings = Settings(stopped_program.start()).open_from(StatusBar(desktop).item())
+    assert settings.geometry().width == 2 * (760 + 2 * SHADOW)
+    settings.click(settings.find("check box", HOTKEY))
+    settings.wait_for_stored("hotkeyEnabled", False)
+    settings.choose("Notes")
+    settings.click(settings.find("radio button", "Pink"))
+    settings.wait_for_stored("noteDefaultColor", "pink")
+    settings.choose("Clipboard")
+    settings.click(settings.find("push button", "Close"))
+    settings.wait_until_closed()
 
 
 def test_it_is_closed_by_keys_and_by_the_window_manager(desktop, settings):

@@ -92,7 +92,14 @@ class Settings:
         wait_for_equal(self.page, page, "the page")
 
     def click(self, node):
-        self.desktop.pointer.click(*node.extents().center)
+        self.desktop.pointer.click(*self.center_of(node))
+
+    def center_of(self, node):
+        """Where a node is on the screen: the toolkit tells its place in points, not in pixels."""
+        pixels, points = self.geometry(), self.node().extents()
+        scale = pixels.width / points.width
+        x, y = node.extents().center
+        return pixels.x + (x - points.x) * scale, pixels.y + (y - points.y) * scale
 
     def pick(self, node, steps):
         """Opens a picker and goes down by so many entries."""

@@ -3,12 +3,16 @@
 #include "support/X11Client.h"
 
 #include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <string_view>
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 #include <QtCore/QThread>
 
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +22,13 @@ namespace {
 
 constexpr int startTimeoutMs = 30'000;
 constexpr int probeTimeoutMs = 400;
+
+struct Free
+{
+    void operator()(void* memory) const { std::free(memory); }
+};
+template <typename Reply>
+using Answer = std::unique_ptr<Reply, Free>;
 
 constexpr auto i3Configuration = R"(# i3 config file (v4)
 font pango:monospace 8
@@ -60,6 +71,7 @@ WindowManager::~WindowManager()
     if (!m_process.waitForFinished(2'000))
         crash();
     signalAll(SIGKILL);
+    waitUntilGone();
 }
 
 void WindowManager::freeze()
@@ -76,6 +88,26 @@ void WindowManager::crash()
 {
     signalAll(SIGKILL);
     m_process.waitForFinished();
+    waitUntilGone();
+}
+
+// The server hears of the end in its own time. Until then the next window manager would believe
+// that it has to wait for this one to leave, and some wait for ever.
+void WindowManager::waitUntilGone()
+{
+    constexpr std::string_view name = "WM_S0";
+    xcb_connection_t* xcb = xcb_connect(nullptr, nullptr);
+    const Answer<xcb_intern_atom_reply_t> selection(
+        xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, false, name.size(), name.data()), nullptr));
+    const QDeadlineTimer deadline(startTimeoutMs);
+    while (selection && !deadline.hasExpired()) {
+        const Answer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+            xcb, xcb_get_selection_owner(xcb, selection->atom), nullptr));
+        if (!owner || owner->owner == XCB_NONE)
+            break;
+        QThread::msleep(5); // between two looks at a condition
+    }
+    xcb_disconnect(xcb);
 }
 
 void WindowManager::signalAll(int signal) const

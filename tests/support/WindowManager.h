@@ -28,6 +28,7 @@ private:
     void signalAll(int signal) const;
     [[nodiscard]] QStringList argumentsFor(const QString& name) const;
     void waitUntilReady() const;
+    static void waitUntilGone();
 
     QTemporaryDir m_home;
     QProcess m_process;

@@ -36,19 +36,23 @@ AccessibleStates toStates(const QVariantList& arguments)
             .managesDescendants = has(31)};
 }
 
+AccessibleReference nextReference(const QDBusArgument& argument)
+{
+    QString service;
+    QDBusObjectPath path;
+    argument.beginStructure();
+    argument >> service >> path;
+    argument.endStructure();
+    return {service, path.path()};
+}
+
 QList<AccessibleReference> toReferences(const QVariantList& arguments)
 {
     QList<AccessibleReference> references;
     const auto array = arguments.first().value<QDBusArgument>();
     array.beginArray();
-    while (!array.atEnd()) {
-        QString service;
-        QDBusObjectPath path;
-        array.beginStructure();
-        array >> service >> path;
-        array.endStructure();
-        references.append({service, path.path()});
-    }
+    while (!array.atEnd())
+        references.append(nextReference(array));
     array.endArray();
     return references;
 }
@@ -92,6 +96,14 @@ QString propertyToText(const QVariantList& arguments)
     return propertyValue(arguments).toString();
 }
 
+AccessibleReference propertyToReference(const QVariantList& arguments)
+{
+    const QVariant value = propertyValue(arguments);
+    const auto structure = value.value<QDBusArgument>();
+    return structure.currentSignature() == u"(so)" ? nextReference(structure)
+                                                   : AccessibleReference();
+}
+
 TextRange toRange(const QVariantList& arguments)
 {
     return {arguments.at(0).toInt(), arguments.at(1).toInt()};
@@ -115,6 +127,17 @@ struct AccessibleObject::Question
 void AccessibleObject::askStates(QObject* context, const Answer<AccessibleStates>& answer) const
 {
     ask({accessibleInterface, u"GetState"_s, {}, u"au"_s}, context, toStates, answer);
+}
+
+void AccessibleObject::askParent(QObject* context, const Answer<AccessibleReference>& answer) const
+{
+    ask(Question::property(accessibleInterface, u"Parent"_s), context, propertyToReference, answer);
+}
+
+void AccessibleObject::askChildCount(QObject* context, const Answer<int>& answer) const
+{
+    ask(Question::property(accessibleInterface, u"ChildCount"_s), context, propertyToInteger,
+        answer);
 }
 
 void AccessibleObject::askChildren(QObject* context,

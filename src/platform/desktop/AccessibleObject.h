@@ -59,6 +59,8 @@ public:
     }
 
     void askStates(QObject* context, const Answer<AccessibleStates>& answer) const;
+    void askParent(QObject* context, const Answer<AccessibleReference>& answer) const;
+    void askChildCount(QObject* context, const Answer<int>& answer) const;
     void askChildren(QObject* context, const Answer<QList<AccessibleReference>>& answer) const;
     void askExtents(QObject* context, const Answer<QRect>& answer) const;
 

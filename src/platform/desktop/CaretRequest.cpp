@@ -20,15 +20,16 @@ constexpr int mostQueries = 5;
 } // namespace
 
 CaretRequest::CaretRequest(const QDBusConnection& bus,
-                           const std::optional<AccessibleReference>& guess,
+                           const std::optional<AccessibleReference>& before,
                            ActiveWindow& activeWindow, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
+    , m_before(before)
     , m_activeWindow(activeWindow)
 {
     QTimer::singleShot(deadline, Qt::PreciseTimer, this, [this] { finish(std::nullopt); });
-    if (guess)
-        query(*guess);
+    if (before)
+        query(*before);
     else
         search();
 }
@@ -54,7 +55,7 @@ void CaretRequest::query(const AccessibleReference& element)
 void CaretRequest::search()
 {
     m_searched = true;
-    auto* search = new FocusSearch(m_bus, this);
+    auto* search = new FocusSearch(m_bus, m_before, this);
     connect(search, &FocusSearch::finished, this,
             [this](const std::optional<AccessibleReference>& focused) {
                 if (focused)

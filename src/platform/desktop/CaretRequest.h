@@ -16,8 +16,9 @@ class CaretRequest final : public QObject
     Q_OBJECT
 
 public:
-    /// Starts to ask. `activeWindow` must outlive the request.
-    CaretRequest(const QDBusConnection& bus, const std::optional<AccessibleReference>& guess,
+    /// Starts to ask, first of all the element that had the focus before. `activeWindow` must
+    /// outlive the request.
+    CaretRequest(const QDBusConnection& bus, const std::optional<AccessibleReference>& before,
                  ActiveWindow& activeWindow, QObject* parent);
 
     /// The element that has the focus, once it has answered.
@@ -33,6 +34,7 @@ private:
     void finish(const std::optional<CaretQuery::Result>& result);
 
     QDBusConnection m_bus;
+    std::optional<AccessibleReference> m_before;
     ActiveWindow& m_activeWindow;
     std::optional<AccessibleReference> m_focused;
     bool m_searched = false;

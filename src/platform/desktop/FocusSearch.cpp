@@ -11,14 +11,35 @@ namespace {
 
 // Beyond these the search costs the other application more than the answer is worth.
 constexpr qsizetype childLimit = 100;
-constexpr int elementLimit = 600;
+constexpr int elementLimit = 1500;
 
 } // namespace
 
-FocusSearch::FocusSearch(const QDBusConnection& bus, QObject* parent)
+FocusSearch::FocusSearch(const QDBusConnection& bus,
+                         const std::optional<AccessibleReference>& before, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
 {
+    if (before)
+        searchAround(*before);
+    else
+        searchEverywhere();
+}
+
+void FocusSearch::searchAround(const AccessibleReference& element)
+{
+    ++m_awaited;
+    AccessibleObject(m_bus, element)
+        .askParent(this, [this](const std::optional<AccessibleReference>& parent) {
+            if (parent && !parent->service.isEmpty())
+                searchManaged(*parent);
+            answerArrived();
+        });
+}
+
+void FocusSearch::searchEverywhere()
+{
+    m_searchedEverywhere = true;
     askChildren({u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s},
                 &FocusSearch::searchApplication);
 }
@@ -41,13 +62,28 @@ void FocusSearch::searchBelow(const AccessibleReference& element)
     askChildren(element, &FocusSearch::checkElement);
 }
 
+// A sheet may have more cells than anybody could ask for, while the children of a text are the
+// paragraphs that are seen.
+void FocusSearch::searchManaged(const AccessibleReference& element)
+{
+    ++m_awaited;
+    AccessibleObject(m_bus, element)
+        .askChildCount(this, [this, element](const std::optional<int>& count) {
+            if (count && *count <= childLimit)
+                searchBelow(element);
+            answerArrived();
+        });
+}
+
 // The active tab of a tab bar, say, may claim the focus too, but it has no caret.
 void FocusSearch::checkElement(const AccessibleReference& element)
 {
     askStates(element, [this, element](const AccessibleStates& states) {
         if (states.focused)
             checkText(element, states.editable);
-        if (states.showing && !states.managesDescendants)
+        if (states.showing && states.managesDescendants)
+            searchManaged(element);
+        else if (states.showing)
             searchBelow(element);
     });
 }
@@ -93,8 +129,12 @@ void FocusSearch::askStates(const AccessibleReference& element,
 
 void FocusSearch::answerArrived()
 {
-    if (--m_awaited == 0)
+    if (--m_awaited > 0 || m_finished)
+        return;
+    if (m_searchedEverywhere)
         finish(std::nullopt);
+    else
+        searchEverywhere();
 }
 
 void FocusSearch::finish(const std::optional<AccessibleReference>& focused)

@@ -17,17 +17,22 @@ class FocusSearch final : public QObject
     Q_OBJECT
 
 public:
-    /// Starts to search.
-    FocusSearch(const QDBusConnection& bus, QObject* parent);
+    /// Starts to search. In the surroundings of the element that had the focus before, if any, it
+    /// is looked for first: who writes goes on to the next paragraph.
+    FocusSearch(const QDBusConnection& bus, const std::optional<AccessibleReference>& before,
+                QObject* parent);
 
 Q_SIGNALS:
     /// Once, later; none when there is no such text.
     void finished(const std::optional<driftbox::AccessibleReference>& focused);
 
 private:
+    void searchAround(const AccessibleReference& element);
+    void searchEverywhere();
     void searchApplication(const AccessibleReference& application);
     void checkTopLevel(const AccessibleReference& topLevel);
     void searchBelow(const AccessibleReference& element);
+    void searchManaged(const AccessibleReference& element);
     void checkElement(const AccessibleReference& element);
     void checkText(const AccessibleReference& element, bool isEditable);
 
@@ -41,6 +46,7 @@ private:
     QDBusConnection m_bus;
     int m_awaited = 0; ///< answers
     int m_asked = 0;   ///< elements so far
+    bool m_searchedEverywhere = false;
     bool m_finished = false;
 };
 

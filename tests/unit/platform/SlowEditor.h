@@ -35,9 +35,9 @@ inline const QDBusArgument& operator>>(const QDBusArgument& argument, BusElement
     return argument;
 }
 
-/// An application on the accessibility bus: its active window holds a text with the focus, which
-/// has to look up where its caret and its characters are. For a while after it was asked it answers
-/// that they are nowhere.
+/// An application on the accessibility bus: its active window holds a text of two paragraphs, one
+/// of which has the focus, and has to look up where the caret and the characters are. For a while
+/// after it was asked it answers that they are nowhere.
 class SlowEditor final : public QDBusVirtualObject
 {
 public:
@@ -65,6 +65,16 @@ public:
     /// The next questions for the caret, too.
     void forgetCaret(int questions) { m_noCaret = questions; }
 
+    void focusNextParagraph() { m_isNextFocused = true; }
+    void setWindowActive(bool active) { m_windowIsActive = active; }
+
+    /// How many the text says it has.
+    void setChildCount(int count) { m_childCount = count; }
+
+    /// How often somebody wanted to hear of the text's states, and of its children.
+    int stateQuestions() const { return m_stateQuestions; }
+    int childrenQuestions() const { return m_childrenQuestions; }
+
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
         return connection.send(message.createReply(answer(message)));
@@ -74,7 +84,9 @@ public:
 private:
     static QString application() { return QStringLiteral("/org/a11y/atspi/accessible/root"); }
     static QString window() { return QStringLiteral("/window"); }
-    static QString editor() { return QStringLiteral("/editor"); }
+    static QString text() { return QStringLiteral("/text"); }
+    static QString paragraph() { return QStringLiteral("/paragraph"); }
+    static QString nextParagraph() { return QStringLiteral("/next"); }
 
     BusElement element(const QString& path) const
     {
@@ -86,31 +98,54 @@ private:
         if (path == application())
             return {element(window())};
         if (path == window())
-            return {element(editor())};
+            return {element(text())};
+        if (path == text())
+            return {element(paragraph()), element(nextParagraph())};
         return {};
     }
 
-    static uint statesOf(const QString& path)
+    uint statesOf(const QString& path) const
     {
         constexpr uint active = 1U << 1;
         constexpr uint editable = 1U << 7;
         constexpr uint focused = 1U << 12;
         constexpr uint showing = 1U << 25;
-        return showing | (path == window() ? active : path == editor() ? focused | editable : 0);
+        constexpr uint managesDescendants = 1U << 31;
+        if (path == window())
+            return showing | (m_windowIsActive ? active : 0);
+        if (path == text())
+            return showing | managesDescendants;
+        return showing | editable |
+               (path == (m_isNextFocused ? nextParagraph() : paragraph()) ? focused : 0);
+    }
+
+    QVariant property(const QString& name)
+    {
+        if (name == u"Parent")
+            return QVariant::fromValue(element(text()));
+        if (name == u"ChildCount")
+            return m_childCount.load();
+        if (name == u"CaretOffset" && --m_noCaret >= 0)
+            return -1;
+        return 1; // the caret's offset, or the number of characters
     }
 
     QVariantList answer(const QDBusMessage& question)
     {
         const QString method = question.member();
-        if (method == u"GetChildren")
+        const bool isOfText = question.path() == text();
+        if (method == u"GetChildren") {
+            m_childrenQuestions += isOfText;
             return {QVariant::fromValue(childrenOf(question.path()))};
-        if (method == u"GetState")
+        }
+        if (method == u"GetState") {
+            m_stateQuestions += isOfText;
             return {QVariant::fromValue(QList<uint>{statesOf(question.path()), 0})};
-        if (method == u"Get" && question.arguments().value(1) == QStringLiteral("CaretOffset") &&
-            --m_noCaret >= 0)
-            return {QVariant::fromValue(QDBusVariant(-1))};
-        if (method == u"Get") // the caret's offset, or the number of characters
-            return {QVariant::fromValue(QDBusVariant(1))};
+        }
+        if (method == u"Get") {
+            const QVariant value = property(question.arguments().at(1).toString());
+            return {QVariant::fromValue(QDBusVariant(value))};
+        }
         if (method == u"GetText")
             return {QStringLiteral("x")};
         if (method == u"GetSelection")
@@ -125,6 +160,11 @@ private:
 
     QDBusConnection m_bus;
     // The bus library asks in a thread of its own.
+    std::atomic<bool> m_windowIsActive = true;
+    std::atomic<bool> m_isNextFocused = false;
+    std::atomic<int> m_childCount = 2;
+    std::atomic<int> m_stateQuestions = 0;
+    std::atomic<int> m_childrenQuestions = 0;
     std::atomic<int> m_nowhere = 0;
     std::atomic<int> m_noCaret = 0;
 };

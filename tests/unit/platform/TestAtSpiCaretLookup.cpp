@@ -235,6 +235,24 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(isFound(), timeoutMs);
     }
 
+    void theNextParagraphIsFoundBesideTheLast()
+    {
+        SlowEditor editor(m_session->accessibilityAddress());
+        QTRY_VERIFY_WITH_TIMEOUT(isNear(m_session->caret(), SlowEditor::place, 0), timeoutMs);
+        editor.setWindowActive(false); // no search from above finds it
+        editor.focusNextParagraph();
+        QVERIFY(isNear(m_session->caret(), SlowEditor::place, 0));
+    }
+
+    void aSheetIsNotAskedForItsCells()
+    {
+        SlowEditor editor(m_session->accessibilityAddress());
+        editor.setChildCount(1'000'000);
+        const auto wasAsked = [&] { return !m_session->caret() && editor.stateQuestions() > 0; };
+        QTRY_VERIFY_WITH_TIMEOUT(wasAsked(), timeoutMs);
+        QCOMPARE(editor.childrenQuestions(), 0);
+    }
+
     void aWindowThatTellsNothingHasNoCaret_data() { theCaretIsFoundWhereItIs_data(); }
     void aWindowThatTellsNothingHasNoCaret()
     {

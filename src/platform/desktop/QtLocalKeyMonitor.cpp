@@ -1,5 +1,7 @@
 #include "platform/desktop/QtLocalKeyMonitor.h"
 
+#include <utility>
+
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
 
@@ -27,6 +29,7 @@ bool QtLocalKeyMonitor::eventFilter(QObject* receiver, QEvent* event)
         return !m_lastWasCopy && take(*receiver, *event);
     case QEvent::KeyRelease:
         m_verdict.reset();
+        noteRelease(static_cast<const QKeyEvent&>(*event));
         return false;
     default:
         return false;
@@ -57,13 +60,32 @@ bool QtLocalKeyMonitor::isNewPress(const QObject& receiver, const QKeyEvent& eve
     return m_verdict->pressed && opensASequence;
 }
 
+void QtLocalKeyMonitor::noteRelease(const QKeyEvent& event)
+{
+    if (m_lastKey && m_lastKey->key == event.key() && !event.isAutoRepeat())
+        m_lastKey->released = event.timestamp();
+}
+
+// The toolkit overlooks repeated presses: on a busy machine it may see a release before the press
+// that comes at the same time, and releases get lost while the keyboard goes from one window to
+// another. Presses without them are closer together than anybody types.
+bool QtLocalKeyMonitor::isRepeated(const QKeyEvent& event)
+{
+    constexpr quint64 closestTypingMs = 100;
+    const auto last = std::exchange(m_lastKey, LastKey{event.key(), event.timestamp()});
+    if (event.isAutoRepeat() || !last || last->key != event.key())
+        return event.isAutoRepeat();
+    return last->released ? *last->released == event.timestamp()
+                          : event.timestamp() - last->pressed < closestTypingMs;
+}
+
 bool QtLocalKeyMonitor::isTaken(const QObject& receiver, const QKeyEvent& event)
 {
     if (isNewPress(receiver, event)) {
         m_verdict = Verdict{event.timestamp(), event.key()};
         // A handler may run an event loop in which other keys are pressed.
-        const bool taken = m_registry.notify(LocalKeyPress{
-            static_cast<Qt::Key>(event.key()), event.modifiers(), event.isAutoRepeat()});
+        const bool taken = m_registry.notify(
+            LocalKeyPress{static_cast<Qt::Key>(event.key()), event.modifiers(), isRepeated(event)});
         m_verdict = Verdict{event.timestamp(), event.key(), false, taken};
     }
     if (event.type() == QEvent::KeyPress)

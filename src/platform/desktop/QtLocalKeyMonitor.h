@@ -41,8 +41,21 @@ private:
     [[nodiscard]] bool isNewPress(const QObject& receiver, const QKeyEvent& event) const;
     [[nodiscard]] bool isTaken(const QObject& receiver, const QKeyEvent& event);
 
+    void noteRelease(const QKeyEvent& event);
+    /// Whether the key has been held down since an earlier press.
+    [[nodiscard]] bool isRepeated(const QKeyEvent& event);
+
+    /// The key that was pressed last. Times are in milliseconds.
+    struct LastKey
+    {
+        int key = 0;
+        quint64 pressed = 0;
+        std::optional<quint64> released = {};
+    };
+
     MonitorRegistry<Handler> m_registry;
     std::optional<Verdict> m_verdict;
+    std::optional<LastKey> m_lastKey;
     bool m_lastWasCopy = false;
 };
 

@@ -133,13 +133,24 @@ private Q_SLOTS:
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
 
-        for (const bool isRepeated : {false, true}) {
-            QKeyEvent question(QEvent::ShortcutOverride, Qt::Key_X, Qt::NoModifier, u"x"_s,
-                               isRepeated);
-            question.setTimestamp(isRepeated ? 2 : 1);
-            QCoreApplication::sendEvent(fixture.window.windowHandle(), &question);
-        }
-        QCOMPARE(repeated, (std::vector{false, true}));
+        const auto send = [&fixture](QEvent::Type type, quint64 time, bool isAutoRepeat = false) {
+            QKeyEvent event(type, Qt::Key_X, Qt::NoModifier, u"x"_s, isAutoRepeat);
+            event.setTimestamp(time);
+            QCoreApplication::sendEvent(fixture.window.windowHandle(), &event);
+        };
+        send(QEvent::ShortcutOverride, 1000);
+        send(QEvent::KeyRelease, 1500, true);
+        send(QEvent::ShortcutOverride, 1500, true);
+        send(QEvent::ShortcutOverride, 1540); // the release went elsewhere
+        send(QEvent::KeyRelease, 1580);       // the toolkit has not seen that it goes on
+        send(QEvent::ShortcutOverride, 1580);
+        QCOMPARE(repeated, (std::vector{false, true, true, true}));
+
+        repeated.clear();
+        send(QEvent::KeyRelease, 1600);
+        send(QEvent::ShortcutOverride, 1620);
+        send(QEvent::ShortcutOverride, 1820); // nobody saw it come up, but it must have
+        QCOMPARE(repeated, (std::vector{false, false}));
     }
 
     void pressesThatAreHeldBackOnTheirWayAreSeenOnce()

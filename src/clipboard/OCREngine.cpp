@@ -3,9 +3,8 @@
 #include "clipboard/InstalledLanguages.h"
 #include "clipboard/PageTextReader.h"
 #include "clipboard/PictureDecoding.h"
+#include "core/AppConfig.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QPluginLoader>
@@ -26,21 +25,11 @@ const QStringList& usualLanguages()
     return languages;
 }
 
-/// The module where the build leaves it, or else where it is installed.
-QString modulePath()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    QString beside = folder + u"/driftbox-ocr.so"_s;
-    if (QFileInfo::exists(beside))
-        return beside;
-    return folder + u"/" DRIFTBOX_MODULES_FROM_PROGRAM "/driftbox-ocr.so"_s;
-}
-
 const PageTextReader* loadedModule()
 {
     // Loaded once, even if two threads are the first.
     static const PageTextReader* const reader = [] {
-        QPluginLoader loader(modulePath());
+        QPluginLoader loader(AppConfig::modulesFolder() + u"/driftbox_ocr.so"_s);
         const auto* loaded = qobject_cast<PageTextReader*>(loader.instance());
         if (loaded == nullptr)
             qCCritical(log).noquote()

@@ -27,7 +27,7 @@ public:
     /// Gives the recogniser, or null when it cannot be had. Called on any thread.
     using ReaderSource = std::function<const PageTextReader*()>;
 
-    /// Loads the recogniser's module from beside the program when the first picture is read. A
+    /// Loads the recogniser's module when the first picture is read. A
     /// picture that takes longer than `limit` has no text.
     explicit OCREngine(std::chrono::milliseconds limit = std::chrono::seconds(15));
 

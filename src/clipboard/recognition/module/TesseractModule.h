@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// What the module driftbox-ocr.so offers to the program.
+/// What the module driftbox_ocr.so offers to the program.
 class TesseractModule final : public QObject, public PageTextReader
 {
     Q_OBJECT

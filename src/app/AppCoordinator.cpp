@@ -267,7 +267,7 @@ MagicPanelController& AppCoordinator::panelController()
                                        m_notifications, m_desktop.clock});
     connect(m_panel.get(), &FloatingPanel::settingsRequested, this, &AppCoordinator::showSettings);
     // What was copied a moment ago stands first.
-    connect(m_panelController.get(), &MagicPanelController::aboutToShow, m_monitor.get(),
+    connect(m_panelController.get(), &MagicPanelController::aboutToShow, &monitor(),
             &ClipboardMonitor::tick);
     return *m_panelController;
 }

@@ -1,5 +1,7 @@
 #include "app/CommandLine.h"
 
+#include "core/AppConfig.h"
+
 using namespace Qt::StringLiterals;
 
 namespace driftbox {
@@ -27,7 +29,7 @@ CommandLine CommandLine::parse(const QStringList& arguments, const QString& fold
             commandLine.answer = usage;
             return commandLine;
         } else if (argument == u"--version") {
-            commandLine.answer = u"Drift Box "_s + QStringLiteral(DRIFTBOX_VERSION) + u'\n';
+            commandLine.answer = u"Drift Box %1\n"_s.arg(AppConfig::version());
             return commandLine;
         } else {
             commandLine.answer = u"Unknown option: %1\n\n"_s.arg(argument) + usage;

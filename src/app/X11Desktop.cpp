@@ -103,12 +103,28 @@ X11Desktop::~X11Desktop()
 Desktop X11Desktop::services()
 {
     BackEnds& own = *m_backEnds;
-    return {own.fileSystem,      own.clock,          own.userDefaults,     own.tasks,
-            own.appearance,      own.loginItem,      own.localKeys,        own.screens,
-            own.caretLookup,     own.pasteboard,     own.selectedText,     own.keyEvents,
-            own.workspace,       own.pasteKeystroke, own.floatingSurfaces, own.textRecognizer,
-            own.recognitions,    own.pages,          own.statusNotifiers,  own.systemTray,
-            own.standardWindows, own.documentOpener};
+    return {.fileSystem = own.fileSystem,
+            .clock = own.clock,
+            .userDefaults = own.userDefaults,
+            .tasks = own.tasks,
+            .appearance = own.appearance,
+            .loginItem = own.loginItem,
+            .localKeys = own.localKeys,
+            .screens = own.screens,
+            .caretLookup = own.caretLookup,
+            .pasteboard = own.pasteboard,
+            .selectedText = own.selectedText,
+            .keyboard = own.keyEvents,
+            .workspace = own.workspace,
+            .pasteKeystroke = own.pasteKeystroke,
+            .floatingSurfaces = own.floatingSurfaces,
+            .textRecognizer = own.textRecognizer,
+            .recognitions = own.recognitions,
+            .pages = own.pages,
+            .statusNotifiers = own.statusNotifiers,
+            .systemTray = own.systemTray,
+            .standardWindows = own.standardWindows,
+            .documentOpener = own.documentOpener};
 }
 
 } // namespace driftbox

@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/MenuBarItem.h"
 #include "app/X11Desktop.h"
+#include "core/AppConfig.h"
 #include "core/Log.h"
 #include "platform/desktop/DBusInstanceLink.h"
 
@@ -36,7 +37,7 @@ int answer(const driftbox::CommandLine& commandLine)
 void describeApplication()
 {
     QApplication::setApplicationName(u"Drift Box"_s); // bars and screen readers show it
-    QApplication::setApplicationVersion(QStringLiteral(DRIFTBOX_VERSION));
+    QApplication::setApplicationVersion(driftbox::AppConfig::version());
     QApplication::setDesktopFileName(u"app.driftbox"_s);
     QApplication::setQuitOnLastWindowClosed(false);
 }

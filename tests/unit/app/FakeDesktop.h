@@ -79,11 +79,28 @@ struct FakeDesktop
 
     [[nodiscard]] Desktop services()
     {
-        return {fileSystem,      clock,         userDefaults, tasks,           appearance,
-                loginItem,       localKeys,     screens,      caretLookup,     pasteboard,
-                selectedText,    keyboard,      workspace,    pasteKeystroke,  floatingSurfaces,
-                textRecognizer,  recognitions,  pages,        statusNotifiers, systemTray,
-                standardWindows, documentOpener};
+        return {.fileSystem = fileSystem,
+                .clock = clock,
+                .userDefaults = userDefaults,
+                .tasks = tasks,
+                .appearance = appearance,
+                .loginItem = loginItem,
+                .localKeys = localKeys,
+                .screens = screens,
+                .caretLookup = caretLookup,
+                .pasteboard = pasteboard,
+                .selectedText = selectedText,
+                .keyboard = keyboard,
+                .workspace = workspace,
+                .pasteKeystroke = pasteKeystroke,
+                .floatingSurfaces = floatingSurfaces,
+                .textRecognizer = textRecognizer,
+                .recognitions = recognitions,
+                .pages = pages,
+                .statusNotifiers = statusNotifiers,
+                .systemTray = systemTray,
+                .standardWindows = standardWindows,
+                .documentOpener = documentOpener};
     }
 };
 

@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "core/AppConfig.h"
 
 #include <QtTest/QTest>
 
@@ -40,7 +41,7 @@ private Q_SLOTS:
     {
         QVERIFY(CommandLine::parse({u"--help"_s}, u"/"_s).answer->startsWith(u"Usage: driftbox"));
         const auto version = CommandLine::parse({u"a.md"_s, u"--version"_s}, u"/"_s);
-        QCOMPARE(version.answer, u"Drift Box "_s + QStringLiteral(DRIFTBOX_VERSION) + u'\n');
+        QCOMPARE(version.answer, u"Drift Box %1\n"_s.arg(AppConfig::version()));
         QVERIFY(version.isUnderstood);
     }
 

@@ -18,6 +18,13 @@ QString rawValue(NoteColor color)
     return names.name(color);
 }
 
+QString displayName(NoteColor color)
+{
+    QString name = rawValue(color);
+    name.front() = name.front().toUpper();
+    return name;
+}
+
 std::optional<NoteColor> noteColorFromRawValue(QStringView name)
 {
     return names.value(name);

@@ -17,6 +17,9 @@ inline constexpr std::array allNoteColors = {NoteColor::yellow, NoteColor::blue,
 /// The name a colour is stored under.
 [[nodiscard]] QString rawValue(NoteColor color);
 
+/// The name a colour is shown under.
+[[nodiscard]] QString displayName(NoteColor color);
+
 /// None for a name that no colour has.
 [[nodiscard]] std::optional<NoteColor> noteColorFromRawValue(QStringView name);
 

@@ -20,11 +20,6 @@ constexpr qreal ringDiameter = 15.0;
 constexpr qreal outlineOpacity = 0.28;
 constexpr qreal ringOpacity = 0.75;
 
-QString capitalized(const QString& text)
-{
-    return text.at(0).toUpper() + text.sliced(1);
-}
-
 QRectF circle(const QRectF& area, qreal diameter)
 {
     QRectF result(0, 0, diameter, diameter);
@@ -95,7 +90,7 @@ NoteSwatchButton::NoteSwatchButton(NoteColor color, QWidget* parent)
     , m_color(color)
 {
     setCheckable(true);
-    setHelp(*this, capitalized(rawValue(color)));
+    setHelp(*this, displayName(color));
 }
 
 void NoteSwatchButton::paintEvent(QPaintEvent*)

@@ -17,7 +17,7 @@ namespace driftbox {
 class CardShadow
 {
 public:
-    /// How far the shadow reaches beyond its card when `blurRadius` is all there is.
+    /// The corners are those of the card. The shadow reaches twice `blurRadius` beyond it.
     CardShadow(qreal cornerRadius, qreal blurRadius, const QColor& color);
 
     /// Draws the shadow that lies straight beneath `card`.

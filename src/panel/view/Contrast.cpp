@@ -1,5 +1,7 @@
 #include "panel/view/Contrast.h"
 
+#include "panel/view/Theme.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -20,13 +22,6 @@ double luminance(const QColor& color)
            0.0722 * linear(color.blueF());
 }
 
-QColor mixed(const QColor& from, const QColor& to, double share)
-{
-    const auto channel = [share](int a, int b) { return qRound(a + (b - a) * share); };
-    return {channel(from.red(), to.red()), channel(from.green(), to.green()),
-            channel(from.blue(), to.blue())};
-}
-
 } // namespace
 
 double contrast(const QColor& one, const QColor& other)
@@ -41,7 +36,7 @@ QColor withContrast(const QColor& color, const QColor& background, double minimu
     const bool towardsWhite = contrast(Qt::white, background) > contrast(Qt::black, background);
     QColor result = color;
     for (int step = 1; step <= steps && contrast(result, background) < minimum; ++step)
-        result = mixed(color, towardsWhite ? Qt::white : Qt::black, step / double(steps));
+        result = Theme::mixed(color, towardsWhite ? Qt::white : Qt::black, step / double(steps));
     return result;
 }
 

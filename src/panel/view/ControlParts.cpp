@@ -1,7 +1,9 @@
 #include "panel/view/ControlParts.h"
 
 #include "panel/view/CardShape.h"
+#include "panel/view/Theme.h"
 
+#include <algorithm>
 #include <array>
 
 #include <QtGui/QPainter>
@@ -22,12 +24,6 @@ QPalette::ColorGroup groupOf(QStyle::State state)
     return state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled;
 }
 
-QColor faded(QColor color, qreal opacity)
-{
-    color.setAlphaF(static_cast<float>(color.alphaF() * opacity));
-    return color;
-}
-
 QColor textColor(const QPalette& palette, QStyle::State state)
 {
     return palette.color(groupOf(state), QPalette::WindowText);
@@ -36,28 +32,25 @@ QColor textColor(const QPalette& palette, QStyle::State state)
 QColor accentColor(const QPalette& palette, QStyle::State state)
 {
     const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-    return state & QStyle::State_Enabled ? accent : faded(accent, 0.4);
+    return state & QStyle::State_Enabled ? accent : Theme::withOpacity(accent, 0.4);
 }
 
 QPen outlinePen(const QPalette& palette, QStyle::State state)
 {
     if (state & QStyle::State_HasFocus && state & QStyle::State_Enabled)
         return {accentColor(palette, state), focusWidth};
-    return {faded(textColor(palette, state), outlineOpacity), 1.0};
+    return {Theme::withOpacity(textColor(palette, state), outlineOpacity), 1.0};
 }
 
 // Presses and the pointer darken a light control and lighten a dark one.
 QColor touched(const QColor& fill, const QPalette& palette, QStyle::State state)
 {
     if (!(state & QStyle::State_Enabled))
-        return faded(fill, 0.5);
+        return Theme::withOpacity(fill, 0.5);
     const qreal share = state & QStyle::State_Sunken      ? 0.14
                         : state & QStyle::State_MouseOver ? 0.06
                                                           : 0.0;
-    const QColor ink = palette.color(QPalette::WindowText);
-    const auto mixed = [share](int from, int to) { return qRound(from + (to - from) * share); };
-    return {mixed(fill.red(), ink.red()), mixed(fill.green(), ink.green()),
-            mixed(fill.blue(), ink.blue())};
+    return Theme::mixed(fill, palette.color(QPalette::WindowText), share);
 }
 
 void drawBody(QPainter& painter, const QRectF& frame, qreal radius, const QColor& fill,
@@ -128,7 +121,7 @@ void drawGroove(QPainter& painter, const QRectF& groove, const QRectF& filled,
 {
     const qreal radius = std::min(groove.width(), groove.height()) / 2.0;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(faded(textColor(palette, state), 0.15));
+    painter.setBrush(Theme::withOpacity(textColor(palette, state), 0.15));
     painter.drawRoundedRect(groove, radius, radius);
     painter.setBrush(accentColor(palette, state));
     painter.drawRoundedRect(filled, radius, radius);
@@ -148,7 +141,7 @@ void drawThumb(QPainter& painter, const QRectF& thumb, const QPalette& palette, 
     const bool isTouched = state & (QStyle::State_Sunken | QStyle::State_MouseOver);
     const qreal radius = std::min(thumb.width(), thumb.height()) / 2.0;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(faded(textColor(palette, state), isTouched ? 0.45 : 0.25));
+    painter.setBrush(Theme::withOpacity(textColor(palette, state), isTouched ? 0.45 : 0.25));
     painter.drawRoundedRect(thumb, radius, radius);
 }
 
@@ -158,8 +151,8 @@ void drawChevron(QPainter& painter, const QRectF& area, Qt::ArrowType direction,
     constexpr qreal halfWidth = 3.5;
     const qreal rise = direction == Qt::UpArrow ? -1.75 : 1.75;
     const QPointF centre = area.center();
-    painter.setPen(QPen(faded(textColor(palette, state), 0.7), 1.5, Qt::SolidLine, Qt::RoundCap,
-                        Qt::RoundJoin));
+    painter.setPen(QPen(Theme::withOpacity(textColor(palette, state), 0.7), 1.5, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(std::array{centre + QPointF(-halfWidth, -rise), centre + QPointF(0, rise),
                                     centre + QPointF(halfWidth, -rise)}

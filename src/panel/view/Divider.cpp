@@ -22,7 +22,6 @@ Divider::Divider(Qt::Orientation orientation, QWidget* parent, qreal opacity)
 
 void Divider::paintEvent(QPaintEvent*)
 {
-
     QPainter(this).fillRect(rect(), Theme::withOpacity(Theme::divider(), m_opacity));
 }
 

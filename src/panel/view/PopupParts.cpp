@@ -25,6 +25,7 @@ constexpr int iconSide = 16;
 constexpr int iconSpacing = 8;
 constexpr int shortcutSpacing = 24;
 constexpr qreal shortcutOpacity = 0.6;
+constexpr qreal outlineOpacity = 0.2;
 
 QBitmap roundMask(const QSize& size)
 {
@@ -98,9 +99,7 @@ void drawPanel(QPainter& painter, const QRect& frame, const QPalette& palette)
 {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(frame, palette.color(QPalette::Window));
-    QColor outline = palette.color(QPalette::WindowText);
-    outline.setAlphaF(0.2F);
-    painter.setPen(outline);
+    painter.setPen(Theme::withOpacity(palette.color(QPalette::WindowText), outlineOpacity));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(
         continuousRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5));
@@ -118,9 +117,9 @@ void drawEntry(QPainter& painter, const QStyleOptionMenuItem& entry, Icons icons
     if (isChosen)
         painter.fillPath(continuousRoundedRect(frame, entryRadius),
                          entry.palette.color(QPalette::Active, QPalette::Highlight));
-    QColor color = isChosen    ? entry.palette.color(QPalette::Active, QPalette::HighlightedText)
-                   : isEnabled ? Theme::primary()
-                               : Theme::secondary();
+    const QColor color = isChosen ? entry.palette.color(QPalette::Active, QPalette::HighlightedText)
+                         : isEnabled ? Theme::primary()
+                                     : Theme::secondary();
     QRect inside = entry.rect.adjusted(sidePadding, 0, -sidePadding, 0);
     if (icons == Icons::some) {
         const QPixmap picture = pictureOf(entry.icon, painter.device()->devicePixelRatio(),
@@ -133,8 +132,7 @@ void drawEntry(QPainter& painter, const QStyleOptionMenuItem& entry, Icons icons
     painter.setPen(color);
     painter.drawText(inside, Qt::AlignVCenter | Qt::TextHideMnemonic, entry.text.left(tab));
     if (tab >= 0) {
-        color.setAlphaF(static_cast<float>(shortcutOpacity));
-        painter.setPen(color);
+        painter.setPen(Theme::withOpacity(color, shortcutOpacity));
         painter.drawText(inside, Qt::AlignVCenter | Qt::AlignRight, entry.text.mid(tab + 1));
     }
 }

@@ -12,12 +12,12 @@ QColor paletteColor(QPalette::ColorRole role)
     return QGuiApplication::palette().color(QPalette::Active, role);
 }
 
+} // namespace
+
 bool isDark()
 {
     return panelBackground().lightnessF() < 0.5F;
 }
-
-} // namespace
 
 QColor accent()
 {
@@ -68,6 +68,15 @@ QColor withOpacity(QColor color, qreal opacity)
 {
     color.setAlphaF(static_cast<float>(color.alphaF() * opacity));
     return color;
+}
+
+QColor mixed(const QColor& from, const QColor& to, qreal share)
+{
+    const auto channel = [share](float a, float b) {
+        return a + (b - a) * static_cast<float>(share);
+    };
+    return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
+                            channel(from.blueF(), to.blueF()), channel(from.alphaF(), to.alphaF()));
 }
 
 QColor noteSwatch(NoteColor color)

@@ -11,6 +11,9 @@
 /// a screen of scale 1.
 namespace driftbox::Theme {
 
+/// Whether text is light and lies on something dark.
+[[nodiscard]] bool isDark();
+
 /// The desktop's accent colour, or the program's own where the desktop has none.
 [[nodiscard]] QColor accent();
 /// What is pinned.
@@ -31,6 +34,8 @@ namespace driftbox::Theme {
 
 /// `color` at `opacity`, from 0 to 1.
 [[nodiscard]] QColor withOpacity(QColor color, qreal opacity);
+/// `from` at a `share` of 0, `to` at 1, opacity included.
+[[nodiscard]] QColor mixed(const QColor& from, const QColor& to, qreal share);
 
 /// The background of a note of that colour, the same in light and dark.
 [[nodiscard]] QColor noteSwatch(NoteColor color);

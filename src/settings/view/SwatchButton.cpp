@@ -15,13 +15,6 @@ constexpr qreal chosenWidth = 2.0;
 constexpr qreal otherWidth = 0.5;
 constexpr qreal otherOpacity = 0.1;
 
-QString nameOf(NoteColor color)
-{
-    QString name = rawValue(color);
-    name[0] = name[0].toUpper();
-    return name;
-}
-
 } // namespace
 
 SwatchButton::SwatchButton(NoteColor color, QWidget* parent)
@@ -29,7 +22,7 @@ SwatchButton::SwatchButton(NoteColor color, QWidget* parent)
     , m_color(color)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setHelp(*this, nameOf(color));
+    setHelp(*this, displayName(color));
 }
 
 QSize SwatchButton::sizeHint() const

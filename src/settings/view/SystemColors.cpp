@@ -6,7 +6,7 @@ namespace driftbox {
 
 QColor systemColor(SystemColor color)
 {
-    const bool isDark = Theme::panelBackground().lightnessF() < 0.5F;
+    const bool isDark = Theme::isDark();
     switch (color) {
     case SystemColor::gray:
         return isDark ? QColor(0x7d, 0x7d, 0x85) : QColor(0x84, 0x84, 0x8c);

@@ -20,15 +20,6 @@ constexpr int slideDurationMs = 140;
 constexpr qreal offOpacity = 0.22;
 constexpr qreal disabledOpacity = 0.4;
 
-QColor mixed(const QColor& from, const QColor& to, qreal share)
-{
-    const auto channel = [share](float a, float b) {
-        return a + (b - a) * static_cast<float>(share);
-    };
-    return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
-                            channel(from.blueF(), to.blueF()), channel(from.alphaF(), to.alphaF()));
-}
-
 } // namespace
 
 ToggleRow::ToggleRow(const QString& label, QWidget* parent)
@@ -117,8 +108,8 @@ void ToggleRow::paintSwitch(QPainter& painter) const
     const qreal radius = body.height() / 2.0;
     painter.setOpacity(isEnabled() ? 1.0 : disabledOpacity);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(mixed(Theme::withOpacity(Theme::primary(), offOpacity),
-                           palette().color(QPalette::Active, QPalette::Highlight), share));
+    painter.setBrush(Theme::mixed(Theme::withOpacity(Theme::primary(), offOpacity),
+                                  palette().color(QPalette::Active, QPalette::Highlight), share));
     painter.drawRoundedRect(body, radius, radius);
 
     const qreal knobRadius = radius - knobInset;

@@ -21,10 +21,12 @@ private Q_SLOTS:
         const ThemeFollower follower(appearance);
         QVERIFY(Theme::panelBackground().lightness() > 200);
         QVERIFY(Theme::primary().lightness() < 60);
+        QVERIFY(!Theme::isDark());
 
         appearance.setColorScheme(ColorScheme::dark);
         QVERIFY(Theme::panelBackground().lightness() < 60);
         QVERIFY(Theme::primary().lightness() > 200);
+        QVERIFY(Theme::isDark());
     }
 
     void widgetsAreRepaintedWhenTheSchemeTurns()
@@ -133,6 +135,15 @@ private Q_SLOTS:
     {
         const QColor half = Theme::withOpacity(Qt::black, 0.5);
         QVERIFY(std::abs(Theme::withOpacity(half, 0.5).alphaF() - 0.25F) < 0.01F);
+    }
+
+    void mixingGoesFromOneColourToTheOther()
+    {
+        QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 0.0), QColor(Qt::red));
+        QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 1.0), QColor(Qt::blue));
+        const QColor between = Theme::mixed(Qt::black, Theme::withOpacity(Qt::white, 0.0), 0.25);
+        QCOMPARE(between.red(), 64);
+        QCOMPARE(between.alpha(), 191);
     }
 };
 

@@ -58,9 +58,9 @@ struct BenchHistory
     FileClipboardStore store{machine.files, machine.clock, machine.root()};
     ClipboardMonitor monitor{pasteboard, machine.clock};
     ThumbnailCache thumbnails{machine.files, machine.tasks};
-    ClipboardViewModel viewModel{{store, monitor, machine.settings, pasteboard, pasteboardWriter,
-                                  notifications, thumbnails, machine.files, machine.tasks,
-                                  recognizer, machine.clock}};
+    ClipboardViewModel viewModel{{store, monitor, machine.settings, pasteboardWriter, notifications,
+                                  thumbnails, machine.files, machine.tasks, recognizer,
+                                  machine.clock}};
     ClipboardListModel rows{viewModel, machine.clock};
 };
 

@@ -73,6 +73,7 @@ AppCoordinator::AppCoordinator(const Desktop& desktop, QObject* parent)
     , m_settings(desktop.userDefaults)
     , m_theme(std::make_unique<ThemeFollower>(desktop.appearance))
     , m_pasteboardWriter(desktop.pasteboard)
+    , m_textExchange(textExchange(desktop.pasteboard, m_pasteboardWriter))
 {
 }
 
@@ -98,7 +99,7 @@ void AppCoordinator::start()
 void AppCoordinator::registerClipboardSection()
 {
     m_registry.registerSection(std::make_unique<ClipboardSection>(
-        clipboardVM(), m_desktop.clock,
+        clipboardVM(), m_desktop.clock, m_textExchange,
         [self = QPointer<AppCoordinator>(this)](const ClipboardItem& item) {
             if (self)
                 self->makeNote(item);
@@ -107,8 +108,7 @@ void AppCoordinator::registerClipboardSection()
 
 void AppCoordinator::registerNotesSection()
 {
-    m_registry.registerSection(
-        std::make_unique<NotesSection>(noteManager(), m_desktop.pasteboard, m_pasteboardWriter));
+    m_registry.registerSection(std::make_unique<NotesSection>(noteManager(), m_textExchange));
 }
 
 void AppCoordinator::makeNote(const ClipboardItem& item)
@@ -205,10 +205,10 @@ ClipboardViewModel& AppCoordinator::clipboardVM()
 {
     if (!m_clipboardVM) {
         m_thumbnails = std::make_unique<ThumbnailCache>(m_desktop.fileSystem, m_desktop.tasks);
-        m_clipboardVM = std::make_unique<ClipboardViewModel>(ClipboardServices{
-            store(), monitor(), m_settings, m_desktop.pasteboard, m_pasteboardWriter,
-            m_notifications, *m_thumbnails, m_desktop.fileSystem, m_desktop.recognitions,
-            m_desktop.textRecognizer, m_desktop.clock});
+        m_clipboardVM = std::make_unique<ClipboardViewModel>(
+            ClipboardServices{store(), monitor(), m_settings, m_pasteboardWriter, m_notifications,
+                              *m_thumbnails, m_desktop.fileSystem, m_desktop.recognitions,
+                              m_desktop.textRecognizer, m_desktop.clock});
     }
     return *m_clipboardVM;
 }
@@ -275,11 +275,9 @@ MagicPanelController& AppCoordinator::panelController()
 SettingsWindowController& AppCoordinator::settingsController()
 {
     if (!m_settingsController) {
-        const TextExchange exchange{[this] { return clipboardVM().pasteboardText(); },
-                                    [this](const QString& text) { clipboardVM().copyText(text); }};
         m_settingsController = std::make_unique<SettingsWindowController>(
             std::make_unique<SettingsWindow>(m_desktop.floatingSurfaces, settingsServices(),
-                                             exchange),
+                                             m_textExchange),
             m_desktop.screens);
     }
     return *m_settingsController;

@@ -6,6 +6,7 @@
 #include "core/PasteboardWriter.h"
 #include "panel/PanelAnimator.h"
 #include "panel/SectionRegistry.h"
+#include "panel/view/TextExchange.h"
 #include "settings/SettingsServices.h"
 
 #include <memory>
@@ -91,6 +92,7 @@ private:
     std::unique_ptr<ThemeFollower> m_theme;
     NotificationCenter m_notifications;
     PasteboardWriter m_pasteboardWriter;
+    TextExchange m_textExchange; ///< of the text fields
     SectionRegistry m_registry;
     PanelAnimator m_panelAnimator;
     std::unique_ptr<ClipboardStore> m_store;

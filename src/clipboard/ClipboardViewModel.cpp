@@ -8,11 +8,11 @@
 #include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/Pasteboard.h"
 #include "platform/TaskRunner.h"
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <QtCore/QPointer>
 
@@ -179,16 +179,6 @@ QImage ClipboardViewModel::image(const ClipboardItem& item) const
 void ClipboardViewModel::setImagePixelRatio(qreal ratio)
 {
     m_services.thumbnails.setPixelRatio(ratio);
-}
-
-QString ClipboardViewModel::pasteboardText() const
-{
-    return m_services.pasteboard.content().text.value_or(QString());
-}
-
-void ClipboardViewModel::copyText(const QString& text)
-{
-    m_services.pasteboardWriter.write({.text = text});
 }
 
 } // namespace driftbox

@@ -17,7 +17,6 @@ class ClipboardStore;
 class Clock;
 class FileSystem;
 class NotificationCenter;
-class Pasteboard;
 class PasteboardWriter;
 class TaskRunner;
 class TextRecognizer;
@@ -29,7 +28,6 @@ struct ClipboardServices
     ClipboardStore& store;
     ClipboardMonitor& monitor;
     const AppSettings& settings;
-    const Pasteboard& pasteboard;
     PasteboardWriter& pasteboardWriter;
     NotificationCenter& notifications;
     ThumbnailCache& thumbnails;
@@ -89,11 +87,6 @@ public:
     [[nodiscard]] QImage image(const ClipboardItem& item) const;
     /// Device pixels a point of the screen that shows the pictures. Another one drops them all.
     void setImagePixelRatio(qreal ratio);
-
-    /// The text on the pasteboard, for a text field to paste; empty when there is none.
-    [[nodiscard]] QString pasteboardText() const;
-    /// Puts on the pasteboard what was copied in a text field, without capturing it.
-    void copyText(const QString& text);
 
 Q_SIGNALS:
     void itemsChanged();

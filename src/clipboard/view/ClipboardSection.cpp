@@ -7,9 +7,11 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 ClipboardSection::ClipboardSection(ClipboardViewModel& viewModel, const Clock& clock,
+                                   const TextExchange& exchange,
                                    ClipboardRowActions::MakeNote onMakeNote)
     : m_viewModel(viewModel)
     , m_clock(clock)
+    , m_exchange(exchange)
     , m_onMakeNote(std::move(onMakeNote))
 {
 }
@@ -31,7 +33,7 @@ QString ClipboardSection::systemImage() const
 
 QWidget* ClipboardSection::makeRootView(QWidget* parent)
 {
-    return new ClipboardSectionView(m_viewModel, m_clock, m_onMakeNote, parent);
+    return new ClipboardSectionView(m_viewModel, m_clock, m_exchange, m_onMakeNote, parent);
 }
 
 } // namespace driftbox

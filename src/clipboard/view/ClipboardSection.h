@@ -2,6 +2,7 @@
 
 #include "clipboard/ClipboardRowActions.h"
 #include "panel/MagicPanelSection.h"
+#include "panel/view/TextExchange.h"
 
 namespace driftbox {
 
@@ -14,7 +15,7 @@ class ClipboardSection final : public MagicPanelSection
 public:
     /// `viewModel` and `clock` must outlive the section and its views.
     ClipboardSection(ClipboardViewModel& viewModel, const Clock& clock,
-                     ClipboardRowActions::MakeNote onMakeNote);
+                     const TextExchange& exchange, ClipboardRowActions::MakeNote onMakeNote);
 
     [[nodiscard]] QString id() const override;
     [[nodiscard]] QString title() const override;
@@ -24,6 +25,7 @@ public:
 private:
     ClipboardViewModel& m_viewModel;
     const Clock& m_clock;
+    TextExchange m_exchange;
     ClipboardRowActions::MakeNote m_onMakeNote;
 };
 

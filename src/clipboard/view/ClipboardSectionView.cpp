@@ -19,15 +19,10 @@ namespace {
 constexpr auto busyFrame = 40ms;
 constexpr int busyStep = 16; // degrees a frame
 
-TextExchange exchangeWith(ClipboardViewModel& viewModel)
-{
-    return {.pasteboardText = [&viewModel] { return viewModel.pasteboardText(); },
-            .copyText = [&viewModel](const QString& text) { viewModel.copyText(text); }};
-}
-
 } // namespace
 
 ClipboardSectionView::ClipboardSectionView(ClipboardViewModel& viewModel, const Clock& clock,
+                                           const TextExchange& exchange,
                                            ClipboardRowActions::MakeNote onMakeNote,
                                            QWidget* parent)
     : QWidget(parent)
@@ -35,7 +30,7 @@ ClipboardSectionView::ClipboardSectionView(ClipboardViewModel& viewModel, const 
     , m_rows(viewModel, clock)
     , m_actions(viewModel, std::move(onMakeNote))
     , m_rowView(m_rows, m_actions)
-    , m_page(makePage())
+    , m_page(makePage(exchange))
     , m_keyboard(viewModel, m_rows, m_page->selection(), m_actions)
 {
     setFocusProxy(m_page);
@@ -52,12 +47,12 @@ ClipboardSectionView::~ClipboardSectionView()
     delete m_page; // before the rows that it shows
 }
 
-ListPage* ClipboardSectionView::makePage()
+ListPage* ClipboardSectionView::makePage(const TextExchange& exchange)
 {
     auto* page =
         new ListPage({.listName = u"Clipboard"_s,
                       .searchPlaceholder = u"Search clipboard"_s,
-                      .exchange = exchangeWith(m_viewModel),
+                      .exchange = exchange,
                       .rows = m_rows,
                       .delegate = m_rowView,
                       .handleKeyPress =

@@ -11,6 +11,7 @@
 namespace driftbox {
 
 class ListPage;
+struct TextExchange;
 
 /// The clipboard's page in the panel.
 class ClipboardSectionView final : public QWidget
@@ -20,7 +21,8 @@ class ClipboardSectionView final : public QWidget
 public:
     /// `viewModel` and `clock` must outlive the page.
     ClipboardSectionView(ClipboardViewModel& viewModel, const Clock& clock,
-                         ClipboardRowActions::MakeNote onMakeNote, QWidget* parent);
+                         const TextExchange& exchange, ClipboardRowActions::MakeNote onMakeNote,
+                         QWidget* parent);
     ~ClipboardSectionView() override;
 
 protected:
@@ -28,7 +30,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    [[nodiscard]] ListPage* makePage();
+    [[nodiscard]] ListPage* makePage(const TextExchange& exchange);
     void connectParts();
     void followScreen();
     void handleScreenChanged();

@@ -1,17 +1,14 @@
 #include "notes/view/NotesSection.h"
 
-#include "core/PasteboardWriter.h"
 #include "notes/view/NotesSectionView.h"
 
 using namespace Qt::StringLiterals;
 
 namespace driftbox {
 
-NotesSection::NotesSection(NoteManager& manager, const Pasteboard& pasteboard,
-                           PasteboardWriter& pasteboardWriter)
+NotesSection::NotesSection(NoteManager& manager, const TextExchange& exchange)
     : m_manager(manager)
-    , m_pasteboard(pasteboard)
-    , m_pasteboardWriter(pasteboardWriter)
+    , m_exchange(exchange)
 {
 }
 
@@ -32,10 +29,7 @@ QString NotesSection::systemImage() const
 
 QWidget* NotesSection::makeRootView(QWidget* parent)
 {
-    const TextExchange exchange{
-        .pasteboardText = [this] { return m_pasteboard.content().text.value_or(QString()); },
-        .copyText = [this](const QString& text) { m_pasteboardWriter.write({.text = text}); }};
-    return new NotesSectionView(m_manager, exchange, parent);
+    return new NotesSectionView(m_manager, m_exchange, parent);
 }
 
 } // namespace driftbox

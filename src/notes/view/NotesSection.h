@@ -1,20 +1,18 @@
 #pragma once
 
 #include "panel/MagicPanelSection.h"
+#include "panel/view/TextExchange.h"
 
 namespace driftbox {
 
 class NoteManager;
-class Pasteboard;
-class PasteboardWriter;
 
 /// The sticky notes as a section of the panel.
 class NotesSection final : public MagicPanelSection
 {
 public:
-    /// All must outlive the section and its views.
-    NotesSection(NoteManager& manager, const Pasteboard& pasteboard,
-                 PasteboardWriter& pasteboardWriter);
+    /// `manager` must outlive the section and its views.
+    NotesSection(NoteManager& manager, const TextExchange& exchange);
 
     [[nodiscard]] QString id() const override;
     [[nodiscard]] QString title() const override;
@@ -23,8 +21,7 @@ public:
 
 private:
     NoteManager& m_manager;
-    const Pasteboard& m_pasteboard;
-    PasteboardWriter& m_pasteboardWriter;
+    TextExchange m_exchange;
 };
 
 } // namespace driftbox

@@ -1,17 +1,10 @@
 #pragma once
 
-#include <functional>
+#include "panel/view/TextExchange.h"
 
 #include <QtWidgets/QLineEdit>
 
 namespace driftbox {
-
-/// The text that a field copies and pastes goes this way.
-struct TextExchange
-{
-    std::function<QString()> pasteboardText;
-    std::function<void(const QString&)> copyText;
-};
 
 /// A line of text without a frame. It reaches the pasteboard only through the program, never
 /// through the toolkit, and opens no menu.

@@ -57,8 +57,8 @@ struct ClipboardHistory
     QMetaObject::Connection knowsOwnWrites = QObject::connect(
         &pasteboardWriter, &PasteboardWriter::written, &monitor, &ClipboardMonitor::markSeen);
     ThumbnailCache thumbnails{files, tasks};
-    ClipboardViewModel viewModel{{store, monitor, settings, pasteboard, pasteboardWriter,
-                                  notifications, thumbnails, files, tasks, recognizer, clock}};
+    ClipboardViewModel viewModel{{store, monitor, settings, pasteboardWriter, notifications,
+                                  thumbnails, files, tasks, recognizer, clock}};
     QSignalSpy posted{&notifications, &NotificationCenter::posted};
 
     ClipboardItem copy(const PasteboardContent& content)

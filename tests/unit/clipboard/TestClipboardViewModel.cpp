@@ -245,10 +245,10 @@ private Q_SLOTS:
     {
         ClipboardHistory history;
         {
-            const ClipboardViewModel shortLived(
-                {history.store, history.monitor, history.settings, history.pasteboard,
-                 history.pasteboardWriter, history.notifications, history.thumbnails, history.files,
-                 history.tasks, history.recognizer, history.clock});
+            const ClipboardViewModel shortLived({history.store, history.monitor, history.settings,
+                                                 history.pasteboardWriter, history.notifications,
+                                                 history.thumbnails, history.files, history.tasks,
+                                                 history.recognizer, history.clock});
         }
         history.pasteboard.copy({.text = u"a"_s});
         history.monitor.tick();

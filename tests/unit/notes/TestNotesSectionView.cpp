@@ -118,7 +118,7 @@ struct Page
     }
 
     NotesDesk desk;
-    NotesSection section{*desk.manager, desk.pasteboard, desk.writer};
+    NotesSection section{*desk.manager, textExchange(desk.pasteboard, desk.writer)};
     QWidget window;
     QWidget* page;
 };

@@ -98,6 +98,7 @@ struct ClipboardPage
     ClipboardHistory& history;
     std::vector<ClipboardItem> notes;
     ClipboardSection section{history.viewModel, history.clock,
+                             textExchange(history.pasteboard, history.pasteboardWriter),
                              [this](const ClipboardItem& item) { notes.push_back(item); }};
     QWidget window;
     QWidget* page;

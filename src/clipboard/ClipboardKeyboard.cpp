@@ -17,7 +17,7 @@ ClipboardKeyboard::ClipboardKeyboard(const ClipboardViewModel& viewModel,
 {
 }
 
-bool ClipboardKeyboard::handle(const KeyPress& press, int rowsPerPage)
+bool ClipboardKeyboard::handle(const ListKeyPress& press, int rowsPerPage)
 {
     return m_selection.moveByKey(press, rowsPerPage, m_viewModel.query().isEmpty()) ||
            act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
@@ -25,14 +25,14 @@ bool ClipboardKeyboard::handle(const KeyPress& press, int rowsPerPage)
 
 // Whatever the key is held down for, it acts once; and where there is no item it does nothing.
 template <typename Act>
-bool ClipboardKeyboard::withItem(const KeyPress& press, int row, Act act) const
+bool ClipboardKeyboard::withItem(const ListKeyPress& press, int row, Act act) const
 {
     if (!press.isRepeated && row >= 0 && row < m_rows.rowCount())
         act(m_rows.item(row));
     return true;
 }
 
-bool ClipboardKeyboard::act(const KeyPress& press)
+bool ClipboardKeyboard::act(const ListKeyPress& press)
 {
     const int selected = m_selection.row();
     const auto perform = [this](ClipboardRowAction action) {
@@ -56,10 +56,8 @@ bool ClipboardKeyboard::act(const KeyPress& press)
     default:
         break;
     }
-    // On some keyboards the digits need Shift.
-    const bool isDigit = press.key >= Qt::Key_1 && press.key <= Qt::Key_9;
-    const bool isControl = (press.modifiers & ~Qt::ShiftModifier) == Qt::ControlModifier;
-    return isDigit && isControl && withItem(press, press.key - Qt::Key_1, pick);
+    const auto place = press.place();
+    return place && withItem(press, *place, pick);
 }
 
 } // namespace driftbox

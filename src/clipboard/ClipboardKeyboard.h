@@ -1,6 +1,5 @@
 #pragma once
 
-#include "clipboard/ClipboardItem.h"
 #include "core/ListKeyPress.h"
 
 namespace driftbox {
@@ -16,20 +15,18 @@ class ClipboardViewModel;
 class ClipboardKeyboard
 {
 public:
-    using KeyPress = ListKeyPress;
-
     /// All arguments must outlive this.
     ClipboardKeyboard(const ClipboardViewModel& viewModel, const ClipboardListModel& rows,
                       RowSelection& selection, ClipboardRowActions& actions);
 
     /// Whether the key press is the list's, and done; all others are the search field's. A page has
     /// `rowsPerPage` rows.
-    bool handle(const KeyPress& press, int rowsPerPage);
+    bool handle(const ListKeyPress& press, int rowsPerPage);
 
 private:
-    [[nodiscard]] bool act(const KeyPress& press);
+    [[nodiscard]] bool act(const ListKeyPress& press);
     template <typename Act>
-    bool withItem(const KeyPress& press, int row, Act act) const;
+    bool withItem(const ListKeyPress& press, int row, Act act) const;
 
     const ClipboardViewModel& m_viewModel;
     const ClipboardListModel& m_rows;

@@ -2,6 +2,7 @@
 
 #include "clipboard/ClipboardViewModel.h"
 #include "clipboard/RelativeTime.h"
+#include "core/RowTime.h"
 #include "platform/Clock.h"
 
 using namespace Qt::StringLiterals;
@@ -47,7 +48,7 @@ QVariant ClipboardListModel::data(const QModelIndex& index, int role) const
     case PreviewRole:
         return previewText(item);
     case TimeRole:
-        return item.createdAt.toLocalTime().toString(u"MM-dd HH:mm:ss");
+        return rowTime(item.createdAt);
     case PinnedRole:
         return item.isPinned();
     case HasRichTextRole:

@@ -28,10 +28,8 @@ bool NotesKeyboard::act(const ListKeyPress& press)
         if (press.key == Qt::Key_Delete && m_rows.query().isEmpty())
             return withNote(press, m_selection.row(), &NoteManager::remove);
     }
-    // On some keyboards the digits need Shift.
-    const bool isDigit = press.key >= Qt::Key_1 && press.key <= Qt::Key_9;
-    const bool isControl = (press.modifiers & ~Qt::ShiftModifier) == Qt::ControlModifier;
-    return isDigit && isControl && withNote(press, press.key - Qt::Key_1, &NoteManager::focus);
+    const auto place = press.place();
+    return place && withNote(press, *place, &NoteManager::focus);
 }
 
 // Whatever the key is held down for, it acts once; and where there is no note it does nothing.

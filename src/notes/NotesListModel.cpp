@@ -1,6 +1,7 @@
 #include "notes/NotesListModel.h"
 
 #include "core/CaseInsensitiveMatcher.h"
+#include "core/RowTime.h"
 #include "notes/NoteManager.h"
 
 #include <algorithm>
@@ -85,7 +86,7 @@ QVariant NotesListModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return previewText(note);
     case TimeRole:
-        return note.updatedAt.toLocalTime().toString(u"MM-dd HH:mm:ss");
+        return rowTime(note.updatedAt);
     case SavedRole:
         return note.isSaved;
     default:

@@ -105,12 +105,7 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelI
     const ClipboardItem& item = itemAt(index);
     const RowLayout layout(rect.size(), RowPainting::timeWidth());
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(rect); // marks may be piled up to any height
-    painter.translate(rect.topLeft());
-
-    painter.fillRect(layout.divider(), Theme::divider());
-    RowPainting::paintHighlight(painter, layout.highlight(), state);
+    RowPainting::paintGround(painter, rect, layout, state);
     if (item.kind == ClipboardItem::Kind::image)
         paintPicture(painter, index, layout);
     else
@@ -141,9 +136,8 @@ const PreviewText& ClipboardRowView::preview(const ClipboardItem& item, qreal wi
 void ClipboardRowView::paintText(QPainter& painter, const ClipboardItem& item,
                                  const QRect& area) const
 {
-    const PreviewText& text = preview(item, area.width());
     painter.setPen(Theme::primary());
-    text.paint(painter, {qreal(area.left()), qRound((area.height() - text.height()) / 2) + 0.0});
+    preview(item, area.width()).paint(painter, area);
 }
 
 void ClipboardRowView::paintPicture(QPainter& painter, const QModelIndex& index,

@@ -82,12 +82,7 @@ void NoteRow::paint(QPainter& painter, const QRect& rect, const QModelIndex& ind
     const StickyNote& note = noteAt(index);
     const RowLayout layout = layoutFor(rect.size());
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(rect); // marks may be piled up to any height
-    painter.translate(rect.topLeft());
-
-    painter.fillRect(layout.divider(), Theme::divider());
-    RowPainting::paintHighlight(painter, layout.highlight(), state);
+    RowPainting::paintGround(painter, rect, layout, state);
     paintNote(painter, note, layout.content());
     RowPainting::paintTime(painter, layout.time(), index.data(NotesListModel::TimeRole).toString());
     if (note.isSaved)
@@ -113,9 +108,8 @@ void NoteRow::paintNote(QPainter& painter, const StickyNote& note, const QRect& 
                    {.size = symbolSize, .color = Theme::secondary()});
 
     const QRect room = area.adjusted(symbol.right() + 1 + symbolSpacing - area.left(), 0, 0, 0);
-    const PreviewText& text = preview(note, room.width());
     painter.setPen(Theme::primary());
-    text.paint(painter, {qreal(room.left()), qRound((room.height() - text.height()) / 2) + 0.0});
+    preview(note, room.width()).paint(painter, room);
 }
 
 const PreviewText& NoteRow::preview(const StickyNote& note, qreal width) const

@@ -133,10 +133,11 @@ QStringList PreviewText::texts() const
     return texts;
 }
 
-void PreviewText::paint(QPainter& painter, QPointF topLeft) const
+void PreviewText::paint(QPainter& painter, const QRect& area) const
 {
+    const qreal top = std::round(area.top() + (area.height() - height()) / 2);
     for (const auto& line : m_lines)
-        line->draw(&painter, topLeft);
+        line->draw(&painter, QPointF(area.left(), top));
 }
 
 } // namespace driftbox

@@ -27,8 +27,8 @@ public:
     /// What is drawn, line by line.
     [[nodiscard]] QStringList texts() const;
 
-    /// In the pen's colour.
-    void paint(QPainter& painter, QPointF topLeft) const;
+    /// In the pen's colour, from the left edge of `area` on and in the middle of its height.
+    void paint(QPainter& painter, const QRect& area) const;
 
 private:
     void addParagraph(const QString& text, bool continues);

@@ -31,7 +31,31 @@ qreal digitWidth(const QFontMetricsF& metrics)
     return widest;
 }
 
+void paintHighlight(QPainter& painter, const QRect& area, const RowState& state)
+{
+    if (!state.isRevealed())
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(state.isSelected ? Theme::withOpacity(Theme::accent(), selectedOpacity)
+                                      : Theme::withOpacity(Theme::hoverFill(), pointerOpacity));
+    painter.drawRoundedRect(area, highlightRadius, highlightRadius);
+    if (state.isPressed) {
+        painter.setBrush(Theme::hoverFill());
+        painter.drawRoundedRect(area, highlightRadius, highlightRadius);
+    }
+}
+
 } // namespace
+
+void paintGround(QPainter& painter, const QRect& rect, const RowLayout& layout,
+                 const RowState& state)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(rect); // marks may be piled up to any height
+    painter.translate(rect.topLeft());
+    painter.fillRect(layout.divider(), Theme::divider());
+    paintHighlight(painter, layout.highlight(), state);
+}
 
 int timeWidth()
 {
@@ -53,20 +77,6 @@ void paintTime(QPainter& painter, const QRectF& area, const QString& time)
         const qreal room = character.isDigit() ? digitRoom : width;
         painter.drawText(place + QPointF((room - width) / 2, 0), QString(character));
         place.rx() += room;
-    }
-}
-
-void paintHighlight(QPainter& painter, const QRect& area, const RowState& state)
-{
-    if (!state.isRevealed())
-        return;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(state.isSelected ? Theme::withOpacity(Theme::accent(), selectedOpacity)
-                                      : Theme::withOpacity(Theme::hoverFill(), pointerOpacity));
-    painter.drawRoundedRect(area, highlightRadius, highlightRadius);
-    if (state.isPressed) {
-        painter.setBrush(Theme::hoverFill());
-        painter.drawRoundedRect(area, highlightRadius, highlightRadius);
     }
 }
 

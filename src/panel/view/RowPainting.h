@@ -1,14 +1,18 @@
 #pragma once
 
 #include "panel/view/RowDelegate.h"
+#include "panel/view/RowLayout.h"
 
 #include <QtGui/QColor>
 
 /// What the rows of all lists have in common to the eye.
 namespace driftbox::RowPainting {
 
-/// Behind a row that has the pointer or is selected.
-void paintHighlight(QPainter& painter, const QRect& area, const RowState& state);
+/// What lies behind all else in a row: the line beneath it, and what shows that it has the pointer
+/// or is selected. From then on the painter's origin is that of the row, outside of which nothing
+/// is drawn. To be called between `save` and `restore`.
+void paintGround(QPainter& painter, const QRect& rect, const RowLayout& layout,
+                 const RowState& state);
 
 /// `button` is counted as the delegate does.
 void paintButton(QPainter& painter, const QRect& area, const QString& systemImage,

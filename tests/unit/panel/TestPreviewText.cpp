@@ -127,7 +127,7 @@ private:
         QImage image(200, 40, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
-        PreviewText(previewLines(text), font(), width).paint(painter, {});
+        PreviewText(previewLines(text), font(), width).paint(painter, QRect(0, 0, 200, 20));
         painter.end();
         QImage blank(area.size(), QImage::Format_RGB32);
         blank.fill(Qt::white);

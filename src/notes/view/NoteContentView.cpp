@@ -26,7 +26,6 @@ constexpr int hintHeight = 15;
 constexpr int hintSize = 9;
 constexpr qreal hintOpacity = 0.5;
 constexpr int linesUnderImage = 2;
-constexpr int dragDistance = 3; // points until a press is a drag
 
 QLabel* makeHint(QWidget* parent)
 {
@@ -92,22 +91,19 @@ void NoteContentView::arrange()
 void NoteContentView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_press = event->pos();
+        m_drag.press(event->pos());
     event->accept();
 }
 
-// One drag a press: whoever takes the window over takes the release, too.
 void NoteContentView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_press || (event->pos() - *m_press).manhattanLength() < dragDistance)
-        return;
-    m_press.reset();
-    Q_EMIT backgroundDragged();
+    if (m_drag.move(event->pos()))
+        Q_EMIT backgroundDragged();
 }
 
 void NoteContentView::mouseReleaseEvent(QMouseEvent*)
 {
-    m_press.reset();
+    m_drag.release();
 }
 
 } // namespace driftbox

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include "panel/view/DragStart.h"
 
 #include <QtWidgets/QWidget>
 
@@ -46,8 +46,8 @@ private:
     NoteControlRow* m_controls;
     NoteImageView* m_image = nullptr; ///< of image notes only
     NoteEditor* m_editor;
-    QLabel* m_hint;                ///< the line with the keys
-    std::optional<QPoint> m_press; ///< until it becomes a drag
+    QLabel* m_hint; ///< the line with the keys
+    DragStart m_drag;
 };
 
 } // namespace driftbox

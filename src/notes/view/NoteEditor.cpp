@@ -24,7 +24,6 @@ namespace driftbox {
 
 namespace {
 
-constexpr int dragDistance = 3; // points until a press is a drag
 constexpr qreal pointsPerInch = 72.0;
 // Characters of a paragraph beyond which, and up to which again, its letters are set one by one.
 constexpr int longParagraph = 16'000;
@@ -233,7 +232,7 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
 {
     m_isHandedOver = false;
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
-        m_backgroundPress = event->pos();
+        m_drag.press(event->pos());
     // The toolkit would wait for the program in which something is selected.
     if (event->button() != Qt::MiddleButton)
         return QPlainTextEdit::mousePressEvent(event);
@@ -242,24 +241,21 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
     });
 }
 
-// Whoever takes the window over takes the release, too.
 void NoteEditor::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_isHandedOver)
         return;
-    if (!m_backgroundPress)
+    if (!m_drag.isPressed())
         return QPlainTextEdit::mouseMoveEvent(event);
-    if ((event->pos() - *m_backgroundPress).manhattanLength() < dragDistance)
-        return;
-    m_backgroundPress.reset();
-    m_isHandedOver = true;
-    Q_EMIT backgroundDragged();
+    m_isHandedOver = m_drag.move(event->pos()).has_value();
+    if (m_isHandedOver)
+        Q_EMIT backgroundDragged();
 }
 
 void NoteEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     m_isHandedOver = false;
-    m_backgroundPress.reset();
+    m_drag.release();
     if (event->button() != Qt::MiddleButton)
         QPlainTextEdit::mouseReleaseEvent(event);
 }

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "panel/view/DragStart.h"
 #include "panel/view/OverlayScrollBar.h"
-
-#include <optional>
 
 #include <QtGui/QTextCursor>
 #include <QtWidgets/QPlainTextEdit>
@@ -62,7 +61,7 @@ private:
     Pasteboard& m_pasteboard;
     SelectedText& m_selectedText;
     OverlayScrollBar* m_scrollBar;
-    std::optional<QPoint> m_backgroundPress;
+    DragStart m_drag;            ///< of the window, where there is no text
     bool m_isSetPlainly = false; ///< for the sake of a very long paragraph
     bool m_isHandedOver = false; ///< the press has become a drag of the window
 };

@@ -4,6 +4,7 @@
 #include "notes/StickyNoteViewModel.h"
 #include "notes/view/NoteContentView.h"
 #include "notes/view/NotePaper.h"
+#include "panel/view/ResizeEdges.h"
 #include "panel/view/Theme.h"
 
 #include <QtGui/QCloseEvent>
@@ -27,17 +28,6 @@ constexpr qreal plainOutlineOpacity = 0.22; // without a shadow
 constexpr int innerGrip = 5;   // how far inside the paper an edge can be taken hold of
 constexpr int outerGrip = 4;   // and how far outside, over the shadow
 constexpr int cornerGrip = 12; // how far along an edge its corner reaches
-
-Qt::CursorShape cursorFor(Qt::Edges edges)
-{
-    if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
-        return Qt::SizeFDiagCursor;
-    if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
-        return Qt::SizeBDiagCursor;
-    if (edges & (Qt::LeftEdge | Qt::RightEdge))
-        return Qt::SizeHorCursor;
-    return edges ? Qt::SizeVerCursor : Qt::ArrowCursor;
-}
 
 } // namespace
 
@@ -89,7 +79,7 @@ void StickyNotePanel::setComposited(bool composited)
     const int margin = qRound(shadowMargin());
     setContentsMargins(margin, margin, margin, margin);
     setMinimumSize(NotePlacement::smallestWindow.toSize() + 2 * QSize(margin, margin));
-    resizeEvent(nullptr);
+    arrange();
     update();
 }
 
@@ -101,6 +91,11 @@ QRect StickyNotePanel::paper() const
 }
 
 void StickyNotePanel::resizeEvent(QResizeEvent*)
+{
+    arrange();
+}
+
+void StickyNotePanel::arrange()
 {
     m_content->setGeometry(paper().adjusted(innerGrip, innerGrip, -innerGrip, -innerGrip));
     if (m_surface)
@@ -114,14 +109,15 @@ void StickyNotePanel::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     const QColor color = Theme::noteSwatch(m_viewModel.color());
     constexpr int edge = static_cast<int>(cornerRadius);
-    if (paper().adjusted(edge, edge, -edge, -edge).contains(event->rect()) || !m_composited)
+    const bool isInside = paper().adjusted(edge, edge, -edge, -edge).contains(event->rect());
+    if (isInside || !m_composited)
         painter.fillRect(event->rect(), color);
     if (!m_composited) {
         painter.setPen(NotePaper::ink(plainOutlineOpacity));
         painter.drawRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5));
         return;
     }
-    if (paper().adjusted(edge, edge, -edge, -edge).contains(event->rect()))
+    if (isInside)
         return;
     m_shadow.paint(painter, paper().translated(0, shadowOffset));
     painter.setRenderHint(QPainter::Antialiasing);
@@ -145,22 +141,13 @@ void StickyNotePanel::leaveEvent(QEvent*)
 
 Qt::Edges StickyNotePanel::edgesAt(QPoint position) const
 {
-    const QRect inside = paper().adjusted(innerGrip, innerGrip, -innerGrip, -innerGrip);
-    if (inside.contains(position))
-        return {};
-    const QRect corners = paper().adjusted(cornerGrip, cornerGrip, -cornerGrip, -cornerGrip);
-    Qt::Edges edges;
-    edges.setFlag(Qt::LeftEdge, position.x() < corners.left());
-    edges.setFlag(Qt::RightEdge, position.x() > corners.right());
-    edges.setFlag(Qt::TopEdge, position.y() < corners.top());
-    edges.setFlag(Qt::BottomEdge, position.y() > corners.bottom());
-    return edges;
+    return ResizeEdges::at(position, paper(), innerGrip, cornerGrip);
 }
 
 void StickyNotePanel::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() == Qt::NoButton)
-        setCursor(cursorFor(edgesAt(event->pos())));
+        setCursor(ResizeEdges::cursor(edgesAt(event->pos())));
 }
 
 void StickyNotePanel::mousePressEvent(QMouseEvent* event)

@@ -44,6 +44,7 @@ protected:
 private:
     void followCompositing(bool composited);
     void setComposited(bool composited);
+    void arrange();
     [[nodiscard]] QRect paper() const;
     [[nodiscard]] Qt::Edges edgesAt(QPoint position) const;
 

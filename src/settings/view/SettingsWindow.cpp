@@ -1,9 +1,7 @@
 #include "settings/view/SettingsWindow.h"
 
+#include "panel/view/ResizeEdges.h"
 #include "panel/view/Theme.h"
-
-#include <algorithm>
-#include <utility>
 
 #include <QtCore/QEvent>
 #include <QtGui/QHoverEvent>
@@ -26,7 +24,6 @@ constexpr qreal shadowOffset = 6.0;
 constexpr qreal outlineOpacity = 0.12;
 constexpr int edgeThickness = 5; // of what resizes, along the inside of the frame
 constexpr int cornerLength = 14;
-constexpr int dragDistance = 4; // a click that trembles moves nothing
 
 constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shadowMargin);
 
@@ -116,57 +113,42 @@ Qt::Edges SettingsWindow::edgesAt(const QPoint& position) const
     const QRect frame = card();
     if (fillsScreen() || !frame.contains(position))
         return {};
-    const int left = position.x() - frame.left();
-    const int right = frame.right() - position.x();
-    const int top = position.y() - frame.top();
-    const int bottom = frame.bottom() - position.y();
-    if (std::min({left, right, top, bottom}) >= edgeThickness)
-        return {};
-    Qt::Edges edges;
-    edges.setFlag(Qt::LeftEdge, left < cornerLength);
-    edges.setFlag(Qt::RightEdge, right < cornerLength);
-    edges.setFlag(Qt::TopEdge, top < cornerLength);
-    edges.setFlag(Qt::BottomEdge, bottom < cornerLength);
-    return edges;
+    return ResizeEdges::at(position, frame, edgeThickness, cornerLength);
 }
 
 void SettingsWindow::showCursorFor(Qt::Edges edges)
 {
-    if (!edges)
-        unsetCursor();
-    else if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge))
-        setCursor(Qt::SizeFDiagCursor);
-    else if (edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge))
-        setCursor(Qt::SizeBDiagCursor);
+    if (edges)
+        setCursor(ResizeEdges::cursor(edges));
     else
-        setCursor(edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor);
+        unsetCursor();
 }
 
 void SettingsWindow::mousePressEvent(QMouseEvent* event)
 {
-    m_press.reset();
+    m_drag.release();
     if (event->button() == Qt::LeftButton)
-        m_press = event->position().toPoint();
+        m_drag.press(event->position().toPoint());
 }
 
 // A press that goes nowhere must not reach the window manager: it would miss the release, and the
 // window would stick to the pointer.
 void SettingsWindow::mouseMoveEvent(QMouseEvent* event)
 {
-    const bool isHeld = event->buttons() & Qt::LeftButton;
-    if (!m_press || !isHeld ||
-        (event->position().toPoint() - *m_press).manhattanLength() < dragDistance)
+    if (!(event->buttons() & Qt::LeftButton))
         return;
-    const QPoint press = *std::exchange(m_press, std::nullopt);
-    if (const Qt::Edges edges = edgesAt(press))
+    const auto press = m_drag.move(event->position().toPoint());
+    if (!press)
+        return;
+    if (const Qt::Edges edges = edgesAt(*press))
         m_surface->startResize(edges);
-    else if (m_rootView->isTitleArea(m_rootView->mapFrom(this, press)))
+    else if (m_rootView->isTitleArea(m_rootView->mapFrom(this, *press)))
         m_surface->startMove();
 }
 
 void SettingsWindow::mouseReleaseEvent(QMouseEvent*)
 {
-    m_press.reset();
+    m_drag.release();
 }
 
 void SettingsWindow::mouseDoubleClickEvent(QMouseEvent* event)

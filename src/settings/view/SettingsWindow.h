@@ -1,11 +1,11 @@
 #pragma once
 
 #include "panel/view/CardShape.h"
+#include "panel/view/DragStart.h"
 #include "platform/FloatingSurface.h"
 #include "settings/view/SettingsRootView.h"
 
 #include <memory>
-#include <optional>
 
 #include <QtWidgets/QWidget>
 
@@ -51,7 +51,7 @@ private:
     SettingsRootView* m_rootView;
     std::unique_ptr<FloatingSurface> m_surface;
     CardShadow m_shadow;
-    std::optional<QPoint> m_press; ///< where the button is held down, until that means a drag
+    DragStart m_drag;
 };
 
 } // namespace driftbox

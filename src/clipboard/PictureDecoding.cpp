@@ -1,5 +1,7 @@
 #include "clipboard/PictureDecoding.h"
 
+#include "platform/PictureLimit.h"
+
 #include <QtCore/QBuffer>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
@@ -7,9 +9,6 @@
 namespace driftbox {
 
 namespace {
-
-// A screen of 8K has fewer. They decode to 128 MiB, beyond which Qt refuses with a warning.
-constexpr qint64 mostPixels = 33'554'432;
 
 /// White or black, whichever what is visible of `image` stands out from.
 QColor groundFor(const QImage& image)
@@ -47,7 +46,7 @@ QImage decodedPicture(const QByteArray& bytes)
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels)
+    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPicturePixels)
         return {};
     const QImage image = reader.read();
     return image.isNull() ? image : opaque(image);

@@ -16,6 +16,12 @@ constexpr int channels = 3;
 constexpr int leastContrast = 20 * channels;
 constexpr int contrastOverNoise = 6;
 
+// Of the map of edges: where there is none, where one belongs to what is no text, and where one may
+// belong to text.
+constexpr uchar noEdge = 0;
+constexpr uchar barredEdge = 1;
+constexpr uchar edge = 255;
+
 constexpr int tallestText = 200; // pixels
 constexpr int leastFrameHeight = 12;
 
@@ -57,13 +63,13 @@ int edgeThreshold(const QImage& picture)
 QImage edgesOf(const QImage& picture)
 {
     QImage edges(picture.size(), QImage::Format_Grayscale8);
-    edges.fill(0);
+    edges.fill(noEdge);
     const int threshold = edgeThreshold(picture);
     for (int y = 0; y + 1 < picture.height(); ++y) {
         uchar* out = edges.scanLine(y);
         for (int x = 0; x + 1 < picture.width(); ++x) {
             if (steepness(pixels(picture, y), pixels(picture, y + 1), x) >= threshold)
-                out[x] = 255;
+                out[x] = edge;
         }
     }
     return edges;
@@ -145,7 +151,7 @@ Surroundings surroundingsOf(const QRect& box, const QImage& picture, const QImag
     std::array<std::vector<int>, channels> values;
     size_t marked = 0;
     const auto look = [&](int x, int y) {
-        if (edges.constScanLine(y)[x] != 0)
+        if (edges.constScanLine(y)[x] != noEdge)
             return;
         const QRgb pixel = pixels(picture, y)[x];
         values[0].push_back(qRed(pixel));
@@ -172,10 +178,9 @@ Surroundings surroundingsOf(const QRect& box, const QImage& picture, const QImag
             .isInk = 2 * marked > values[0].size()};
 }
 
-/// Puts what `box` differs from its ground into the map; `barred` pixels are those of other shapes.
+/// Puts what `box` differs from its ground into the map, but for the barred edges of other shapes.
 void take(const QRect& box, const QImage& picture, const QImage& edges, InkMap& map)
 {
-    constexpr uchar barred = 1;
     const auto [ground, isInk] =
         surroundingsOf(box.adjusted(-2, -2, 2, 2) & picture.rect(), picture, edges, map.marks);
     if (isInk)
@@ -185,7 +190,7 @@ void take(const QRect& box, const QImage& picture, const QImage& edges, InkMap& 
     int contrast = 0;
     for (int y = area.top(); y <= area.bottom(); ++y) {
         for (int x = area.left(); x <= area.right(); ++x) {
-            if (edges.constScanLine(y)[x] != barred)
+            if (edges.constScanLine(y)[x] != barredEdge)
                 contrast = std::max(contrast, difference(pixels(picture, y)[x], ground));
         }
     }
@@ -193,7 +198,7 @@ void take(const QRect& box, const QImage& picture, const QImage& edges, InkMap& 
         uchar* strength = map.strength.scanLine(y);
         uchar* marks = map.marks.scanLine(y);
         for (int x = area.left(); x <= area.right(); ++x) {
-            if (edges.constScanLine(y)[x] == barred)
+            if (edges.constScanLine(y)[x] == barredEdge)
                 continue;
             const int value = difference(pixels(picture, y)[x], ground);
             strength[x] = std::max(strength[x], static_cast<uchar>(value / channels));
@@ -217,7 +222,8 @@ InkMap inkOf(const QImage& picture)
     const std::vector<bool> written = writtenOnes(shapes);
     for (const ConnectedComponents::Run& run : shapes.runs()) {
         if (!written[static_cast<size_t>(run.component)])
-            std::fill(edges.scanLine(run.y) + run.left, edges.scanLine(run.y) + run.right, 1);
+            std::fill(edges.scanLine(run.y) + run.left, edges.scanLine(run.y) + run.right,
+                      barredEdge);
     }
     std::vector<QRect> boxes;
     for (size_t i = 0; i < written.size(); ++i) {

@@ -14,12 +14,9 @@ struct ConvertedImage
 /// Images as other programs hand them over, made into PNG files. Any thread; takes its time.
 namespace ImageConversion {
 
-/// The most pixels that an image may have: more than two 5K screens side by side.
-inline constexpr qint64 mostPixels = 33'554'432;
-
 /// Decodes the whole image and gives a PNG file of it: the very same bytes when they are one. The
 /// kind is told from the content. Refused are what does not decode completely, any kind that is not
-/// a usual bitmap, and more pixels than `mostPixels`, before memory is taken for them.
+/// a usual bitmap, and more pixels than `mostPicturePixels`, before memory is taken for them.
 [[nodiscard]] ConvertedImage toPng(const QByteArray& image);
 
 } // namespace ImageConversion

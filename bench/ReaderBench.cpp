@@ -6,7 +6,6 @@
 #include "platform/FileSystem.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include <QtCore/QElapsedTimer>

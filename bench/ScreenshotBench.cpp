@@ -4,7 +4,6 @@
 #include "platform/x11/X11Pasteboard.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QElapsedTimer>

@@ -2,9 +2,7 @@
 #include "bench/ocr/TextPictures.h"
 #include "clipboard/OCREngine.h"
 
-#include <array>
 #include <cstdio>
-#include <future>
 #include <map>
 #include <thread>
 

@@ -3,6 +3,7 @@
 #include "clipboard/Characters.h"
 #include "platform/Pasteboard.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include <QtCore/QLoggingCategory>

@@ -3,6 +3,9 @@
 #include "platform/FileSystem.h"
 #include "platform/TaskRunner.h"
 
+#include <memory>
+#include <utility>
+
 #include <QtCore/QBuffer>
 #include <QtGui/QImageReader>
 

@@ -2,11 +2,8 @@
 
 #include "clipboard/ClipboardItem.h"
 
-#include <memory>
-
 #include <QtCore/QHash>
 #include <QtCore/QObject>
-#include <QtCore/QSet>
 #include <QtGui/QImage>
 
 namespace driftbox {

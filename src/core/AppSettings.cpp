@@ -2,6 +2,8 @@
 
 #include "platform/UserDefaults.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace driftbox {

@@ -8,15 +8,18 @@
 #include <QtCore/QRectF>
 
 /// The one place where coordinates are converted. Four spaces meet here, all but the last in
-/// points:
-/// - screen space: origin at the bottom left corner of the primary screen, y growing upwards; used
-/// by
-///   all models and manifests;
-/// - desktop space: origin at the top left corner of the primary screen, y growing downwards; what
-///   accessibility speaks;
-/// - toolkit space: origin at the top left corner of the whole desktop, which another screen may
-///   hold, y growing downwards;
-/// - device space: pixels of the whole desktop, y growing downwards.
+/// points.
+///
+/// Screen space, which all models and manifests use: origin at the bottom left corner of the
+/// primary screen, y growing upwards.
+///
+/// Desktop space, which accessibility speaks: origin at the top left corner of the primary screen,
+/// y growing downwards.
+///
+/// Toolkit space: origin at the top left corner of the whole desktop, which another screen may
+/// hold, y growing downwards.
+///
+/// Device space: pixels of the whole desktop, y growing downwards.
 namespace driftbox::ScreenSpace {
 
 /// `primaryHeight` is the height of the primary screen in points. The same formula serves both

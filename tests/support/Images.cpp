@@ -1,7 +1,5 @@
 #include "support/Images.h"
 
-#include <array>
-
 #include <QtCore/QBuffer>
 #include <QtCore/QtEndian>
 #include <QtGui/QImageWriter>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include <QtCore/QPoint>
 #include <QtGui/QColor>
 

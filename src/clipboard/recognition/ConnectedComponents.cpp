@@ -1,5 +1,6 @@
 #include "clipboard/recognition/ConnectedComponents.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace driftbox {

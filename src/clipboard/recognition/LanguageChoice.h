@@ -21,14 +21,14 @@ struct LanguageChoice
 };
 
 /// A line read in its own language seldom has less confidence, one read in another rarely as much.
-constexpr int sureConfidence = 80;
+inline constexpr int sureConfidence = 80;
 
 /// What is less is no text at all.
-constexpr int leastConfidence = 40;
+inline constexpr int leastConfidence = 40;
 
 /// By how much the reading in a less likely language must be surer to be taken. Languages that
 /// share their characters, such as the two Chinese ones, differ by little in a single line.
-constexpr int likelinessMargin = 5;
+inline constexpr int likelinessMargin = 5;
 
 /// Whether every sample is surely written in one of the languages in `readings`.
 [[nodiscard]] bool explainAll(const std::vector<SampleReadings>& readings);

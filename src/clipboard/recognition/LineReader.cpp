@@ -2,6 +2,8 @@
 
 #include "clipboard/ReadingLimit.h"
 
+#include <algorithm>
+
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
 

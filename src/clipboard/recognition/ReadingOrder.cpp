@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <optional>
-#include <span>
+#include <utility>
 
 namespace driftbox {
 

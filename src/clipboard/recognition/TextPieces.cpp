@@ -3,7 +3,9 @@
 #include "clipboard/recognition/ConnectedComponents.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
+#include <utility>
 
 namespace driftbox {
 
@@ -157,10 +159,12 @@ private:
                     nearest = i;
             }
         }
-        if (nearest)
+        if (!nearest) {
+            nearest = m_pieces.size();
+            m_pieces.emplace_back(mark);
+        } else {
             m_pieces[*nearest].add(mark);
-        else
-            nearest = m_pieces.size(), m_pieces.emplace_back(mark);
+        }
         m_index.put(*nearest, m_pieces[*nearest].box());
     }
 

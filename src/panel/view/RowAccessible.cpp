@@ -2,8 +2,6 @@
 
 #include "panel/view/RowListView.h"
 
-#include <QtCore/QAbstractItemModel>
-
 namespace driftbox {
 
 PressableAccessible::PressableAccessible(RowListView& view, QPersistentModelIndex index)

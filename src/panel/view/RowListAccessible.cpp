@@ -3,6 +3,8 @@
 #include "panel/view/RowAccessible.h"
 #include "panel/view/RowListView.h"
 
+#include <utility>
+
 namespace driftbox {
 
 namespace {

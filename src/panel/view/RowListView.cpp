@@ -6,6 +6,7 @@
 #include "panel/view/Tooltip.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>

@@ -4,6 +4,8 @@
 #include "panel/view/Symbols.h"
 #include "panel/view/Theme.h"
 
+#include <utility>
+
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QBoxLayout>

@@ -2,8 +2,6 @@
 
 #include "platform/InstanceLink.h"
 
-#include <memory>
-
 #include <QtCore/QLockFile>
 #include <QtDBus/QDBusConnection>
 

@@ -2,7 +2,6 @@
 
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
 #include <QtGui/QDesktopServices>
 
 using namespace Qt::StringLiterals;

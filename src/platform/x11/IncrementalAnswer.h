@@ -2,6 +2,7 @@
 
 #include "platform/x11/OfferedContent.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 

@@ -2,7 +2,6 @@
 
 #include "platform/KeyEventMonitor.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <set>

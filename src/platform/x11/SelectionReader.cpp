@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
@@ -44,9 +45,10 @@ QString reasonFor(Outcome outcome)
 {
     switch (outcome) {
     case Outcome::late:
-        return u"not complete within 2 s"_s;
+        return u"not complete within %1 s"_s.arg(
+            std::chrono::duration_cast<std::chrono::seconds>(SelectionTransfer::deadline).count());
     case Outcome::tooLarge:
-        return u"larger than 64 MiB"_s;
+        return u"larger than %1 MiB"_s.arg(contentLimit / mebibyte);
     case Outcome::malformed:
         return u"its owner does not keep to the protocol"_s;
     case Outcome::complete:

@@ -1,7 +1,10 @@
 #include "platform/x11/X11Connection.h"
 
+#include "platform/x11/X11Reply.h"
+
 #include <algorithm>
-#include <cstdlib>
+#include <utility>
+#include <vector>
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QElapsedTimer>
@@ -23,13 +26,6 @@ constexpr qint64 sliceMs = 6;
 constexpr std::size_t mostFakedKeys = 64;
 
 constexpr auto timeProperty = "_DRIFTBOX_SERVER_TIME";
-
-struct Free
-{
-    void operator()(void* memory) const { std::free(memory); }
-};
-template <typename T>
-using Malloced = std::unique_ptr<T, Free>;
 
 } // namespace
 
@@ -104,7 +100,7 @@ void X11Connection::intern(std::span<const char* const> names)
         asked.emplace_back(std::move(key), cookie);
     }
     for (const auto& [name, cookie] : asked) {
-        const Malloced<xcb_intern_atom_reply_t> reply(
+        const X11Reply<xcb_intern_atom_reply_t> reply(
             xcb_intern_atom_reply(xcb(), cookie, nullptr));
         if (reply)
             m_atoms.insert(name, reply->atom);
@@ -186,8 +182,8 @@ bool X11Connection::deliverNextReply()
     xcb_generic_error_t* rawError = nullptr;
     if (xcb_poll_for_reply(xcb(), m_replies.front().sequence, &rawReply, &rawError) == 0)
         return false;
-    const Malloced<void> reply(rawReply);
-    const Malloced<xcb_generic_error_t> error(rawError);
+    const X11Reply<void> reply(rawReply);
+    const X11Reply<xcb_generic_error_t> error(rawError);
     const PendingReply pending = std::move(m_replies.front());
     m_replies.pop_front();
     if (pending.owner)
@@ -197,7 +193,7 @@ bool X11Connection::deliverNextReply()
 
 bool X11Connection::deliverNextEvent()
 {
-    const Malloced<xcb_generic_event_t> event(xcb_poll_for_event(xcb()));
+    const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb()));
     if (!event)
         return false;
     // Errors are those of requests to windows of other programs, which may vanish at any time.

@@ -6,7 +6,6 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <vector>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>

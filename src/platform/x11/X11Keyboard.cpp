@@ -5,6 +5,7 @@
 #include "platform/x11/Xkb.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <X11/keysym.h>
 

@@ -6,6 +6,8 @@
 #include "settings/view/SidebarIconTile.h"
 #include "settings/view/SidebarSearchField.h"
 
+#include <algorithm>
+
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>

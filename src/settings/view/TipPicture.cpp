@@ -3,6 +3,8 @@
 #include "panel/view/CardShape.h"
 #include "panel/view/Theme.h"
 
+#include <algorithm>
+
 #include <QtGui/QPainter>
 
 using namespace Qt::StringLiterals;

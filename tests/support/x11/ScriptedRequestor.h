@@ -3,7 +3,6 @@
 #include <memory>
 
 #include <QtCore/QByteArrayList>
-#include <QtCore/QHash>
 #include <QtCore/QObject>
 
 #include <xcb/xcb.h>

@@ -7,7 +7,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
 

@@ -9,7 +9,6 @@
 
 #include <optional>
 
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 

@@ -3,7 +3,6 @@
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakeScreens.h"
 
-#include <cmath>
 #include <limits>
 
 #include <QtTest/QTest>

@@ -6,7 +6,6 @@
 #include <QtCore/QProcess>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
-#include <QtDBus/QDBusVirtualObject>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 

@@ -2,9 +2,6 @@
 
 #include "support/SessionBus.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QGuiApplication>

@@ -1,7 +1,6 @@
 #include "platform/x11/ImageConversion.h"
 #include "support/Images.h"
 
-#include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
 using namespace driftbox;

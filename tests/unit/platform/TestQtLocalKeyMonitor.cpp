@@ -1,6 +1,5 @@
 #include "platform/desktop/QtLocalKeyMonitor.h"
 
-#include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QShortcut>
 #include <QtTest/QTest>

@@ -1,6 +1,5 @@
 #include "platform/desktop/ThreadPoolTaskRunner.h"
 
-#include <algorithm>
 #include <atomic>
 #include <memory>
 

@@ -5,7 +5,6 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QRasterWindow>
-#include <QtGui/QScreen>
 #include <QtTest/QTest>
 
 using namespace driftbox;

@@ -8,7 +8,6 @@
 #include "settings/view/SettingsHeader.h"
 #include "settings/view/SettingsWindowController.h"
 
-#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QListView>

@@ -3,6 +3,8 @@
 #include "clipboard/recognition/PageReader.h"
 #include "clipboard/recognition/module/LibraryPages.h"
 
+#include <vector>
+
 #include <malloc.h>
 #include <tesseract/baseapi.h>
 

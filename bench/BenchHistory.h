@@ -106,4 +106,14 @@ inline ClipboardItem textItem(int seed, int length)
     return item;
 }
 
+/// So many texts, no two of them alike.
+inline std::vector<ClipboardItem> textItems(int count, int length)
+{
+    std::vector<ClipboardItem> items;
+    items.reserve(static_cast<size_t>(count));
+    for (int seed = 0; seed < count; ++seed)
+        items.push_back(textItem(seed, length));
+    return items;
+}
+
 } // namespace driftbox::bench

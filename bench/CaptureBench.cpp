@@ -22,11 +22,7 @@ Figures capture()
 {
     BenchMachine machine;
     machine.settings.setClipboardCapacity(entries);
-    std::vector<ClipboardItem> items;
-    items.reserve(entries);
-    for (int index = 0; index < entries; ++index)
-        items.push_back(textItem(index, length));
-    machine.writeManifest(items);
+    machine.writeManifest(textItems(entries, length));
 
     BenchPasteboard pasteboard;
     BenchHistory history{machine, pasteboard};

@@ -35,15 +35,12 @@ double millisecondsOfKeystroke(QWidget& field, QChar character)
 Figures search()
 {
     BenchMachine machine;
-    std::vector<ClipboardItem> items;
-    items.reserve(entries);
-    for (int index = 0; index < entries; ++index)
-        items.push_back(textItem(index, length));
-    machine.writeManifest(items);
+    machine.writeManifest(textItems(entries, length));
 
     BenchPasteboard pasteboard;
     BenchHistory history{machine, pasteboard};
-    ClipboardSectionView page(history.viewModel, machine.clock, {}, nullptr);
+    ClipboardSectionView page(history.viewModel, machine.clock,
+                              textExchange(pasteboard, history.pasteboardWriter), {}, nullptr);
     page.resize(pageSize);
     page.show();
     QApplication::processEvents();

@@ -34,6 +34,13 @@ std::unique_ptr<Repetition> FakeClock::every(std::chrono::milliseconds interval,
     return repetition;
 }
 
+std::ptrdiff_t FakeClock::repetitions() const
+{
+    return std::ranges::count_if(m_steps, [](const Step& step) {
+        return step.owner && step.interval > std::chrono::milliseconds::zero();
+    });
+}
+
 std::vector<FakeClock::Step>::iterator FakeClock::nextStep()
 {
     std::erase_if(m_steps, [](const Step& step) { return step.owner.isNull(); });

@@ -21,6 +21,9 @@ public:
     /// Moves time on and runs, in order of time, every step that falls due on the way.
     void advance(std::chrono::milliseconds duration);
 
+    /// How many repetitions run.
+    [[nodiscard]] std::ptrdiff_t repetitions() const;
+
 private:
     struct Step
     {

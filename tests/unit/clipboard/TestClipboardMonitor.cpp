@@ -68,10 +68,14 @@ private Q_SLOTS:
         QCOMPARE(m_captures.back().text, u"b"_s);
     }
 
-    void startingTwicePollsOnce()
+    void startingTwicePollsOnceForTheMonitorsLife()
     {
-        const auto monitor = startedMonitor(); // a second "Monitor started" would fail this test
+        auto monitor = startedMonitor();
+        QCOMPARE(m_clock->repetitions(), 1);
         monitor->start();
+        QCOMPARE(m_clock->repetitions(), 1);
+        monitor.reset();
+        QCOMPARE(m_clock->repetitions(), 0);
     }
 
     void theSameTextTwiceInARowIsOneCaptureAndLaterAnother()

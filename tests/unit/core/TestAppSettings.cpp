@@ -17,12 +17,7 @@ private Q_SLOTS:
         FakeUserDefaults defaults;
         const AppSettings settings(defaults);
 
-        QCOMPARE(settings.clipboardCapacity(), 30);
-        QCOMPARE(settings.hotkeyEnabled(), true);
-        QCOMPARE(settings.hotkeyModifier(), HotkeyModifier::control);
-        QCOMPARE(settings.hotkeyThresholdMs(), 300);
-        QCOMPARE(settings.launchAtLogin(), false);
-        QCOMPARE(settings.noteDefaultColor(), NoteColor::yellow);
+        verifyDefaults(settings);
         QCOMPARE(defaults.writes, 0);
     }
 
@@ -58,12 +53,7 @@ private Q_SLOTS:
         const auto before = defaults.values;
         const AppSettings settings(defaults);
 
-        QCOMPARE(settings.clipboardCapacity(), 30);
-        QCOMPARE(settings.hotkeyEnabled(), true);
-        QCOMPARE(settings.hotkeyModifier(), HotkeyModifier::control);
-        QCOMPARE(settings.hotkeyThresholdMs(), 300);
-        QCOMPARE(settings.launchAtLogin(), false);
-        QCOMPARE(settings.noteDefaultColor(), NoteColor::yellow);
+        verifyDefaults(settings);
         QCOMPARE(defaults.values, before);
     }
 
@@ -103,6 +93,17 @@ private Q_SLOTS:
         QCOMPARE(loaded.hotkeyThresholdMs(), 450);
         QCOMPARE(loaded.launchAtLogin(), true);
         QCOMPARE(loaded.noteDefaultColor(), NoteColor::green);
+    }
+
+private:
+    static void verifyDefaults(const AppSettings& settings)
+    {
+        QCOMPARE(settings.clipboardCapacity(), 30);
+        QCOMPARE(settings.hotkeyEnabled(), true);
+        QCOMPARE(settings.hotkeyModifier(), HotkeyModifier::control);
+        QCOMPARE(settings.hotkeyThresholdMs(), 300);
+        QCOMPARE(settings.launchAtLogin(), false);
+        QCOMPARE(settings.noteDefaultColor(), NoteColor::yellow);
     }
 };
 

@@ -62,6 +62,15 @@ struct Panel : Window
 
     [[nodiscard]] bool isMoving() const { return content.graphicsEffect() != nullptr; }
 
+    /// A field in the square that gets the typing.
+    [[nodiscard]] QLineEdit* addField()
+    {
+        auto* field = new QLineEdit(&content);
+        field->show();
+        field->setFocus();
+        return field;
+    }
+
     PanelTransition& transition = *new PanelTransition(animator, content);
 };
 
@@ -169,9 +178,7 @@ private Q_SLOTS:
     void keysWhileItGoesOutAreNobodys()
     {
         Panel panel;
-        auto* field = new QLineEdit(&panel.content);
-        field->show();
-        field->setFocus();
+        QLineEdit* const field = panel.addField();
         QVERIFY(QTest::qWaitForWindowActive(&panel.window));
         panel.animator.setVisible(true, spring);
         panel.animator.setVisible(false, easeIn);
@@ -242,9 +249,7 @@ private Q_SLOTS:
     void typingWhileItComesInIsNotLost()
     {
         Panel panel;
-        auto* field = new QLineEdit(&panel.content);
-        field->show();
-        field->setFocus();
+        QLineEdit* const field = panel.addField();
         QVERIFY(QTest::qWaitForWindowActive(&panel.window));
         panel.animator.setVisible(true, spring);
         QVERIFY(panel.isMoving());

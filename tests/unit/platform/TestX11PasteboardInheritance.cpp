@@ -1,7 +1,6 @@
-#include "fakes/FakeTaskRunner.h"
 #include "support/Images.h"
 #include "support/VirtualDesktop.h"
-#include "support/x11/PasteboardProgram.h"
+#include "support/x11/PasteboardTest.h"
 #include "support/x11/ScriptedOwner.h"
 #include "support/x11/ScriptedRequestor.h"
 #include "support/x11/Xclip.h"
@@ -14,19 +13,11 @@ using namespace driftbox;
 using namespace Qt::StringLiterals;
 
 /// What becomes of a copy when the program ends that made it.
-class TestX11PasteboardInheritance : public QObject
+class TestX11PasteboardInheritance : public PasteboardTest
 {
     Q_OBJECT
 
-    FakeTaskRunner m_runner;
-    std::unique_ptr<PasteboardProgram> m_program;
-
-    [[nodiscard]] Pasteboard& pasteboard() const { return m_program->pasteboard; }
-
 private Q_SLOTS:
-    void init() { m_program = std::make_unique<PasteboardProgram>(m_runner); }
-    void cleanup() { m_program.reset(); }
-
     void whatAProgramOfferedOutlivesIt()
     {
         const QByteArray png = imageFile(colourfulImage({30, 20}), "png");

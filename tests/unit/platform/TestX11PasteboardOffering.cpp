@@ -1,8 +1,7 @@
-#include "fakes/FakeTaskRunner.h"
 #include "platform/x11/IncrementalAnswer.h"
 #include "support/Images.h"
 #include "support/VirtualDesktop.h"
-#include "support/x11/PasteboardProgram.h"
+#include "support/x11/PasteboardTest.h"
 #include "support/x11/ScriptedOwner.h"
 #include "support/x11/ScriptedRequestor.h"
 #include "support/x11/Xclip.h"
@@ -13,19 +12,11 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-class TestX11PasteboardOffering : public QObject
+class TestX11PasteboardOffering : public PasteboardTest
 {
     Q_OBJECT
 
-    FakeTaskRunner m_runner;
-    std::unique_ptr<PasteboardProgram> m_program;
-
-    [[nodiscard]] Pasteboard& pasteboard() const { return m_program->pasteboard; }
-
 private Q_SLOTS:
-    void init() { m_program = std::make_unique<PasteboardProgram>(m_runner); }
-    void cleanup() { m_program.reset(); }
-
     void aWriteShowsAtOnce()
     {
         const qint64 before = pasteboard().changeCount();

@@ -1,7 +1,6 @@
-#include "fakes/FakeTaskRunner.h"
 #include "platform/x11/X11PrimarySelection.h"
 #include "support/VirtualDesktop.h"
-#include "support/x11/PasteboardProgram.h"
+#include "support/x11/PasteboardTest.h"
 #include "support/x11/ScriptedOwner.h"
 #include "support/x11/Xclip.h"
 
@@ -11,19 +10,11 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-class TestX11PrimarySelection : public QObject
+class TestX11PrimarySelection : public PasteboardTest
 {
     Q_OBJECT
 
-    FakeTaskRunner m_runner;
-    std::unique_ptr<PasteboardProgram> m_program;
-
-    [[nodiscard]] Pasteboard& pasteboard() const { return m_program->pasteboard; }
-
 private Q_SLOTS:
-    void init() { m_program = std::make_unique<PasteboardProgram>(m_runner); }
-    void cleanup() { m_program.reset(); }
-
     void theTextOfThePasteboardIsOfferedWhenAsked()
     {
         X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());

@@ -173,8 +173,7 @@ void NoteEditor::paintEvent(QPaintEvent* event)
 void NoteEditor::resizeEvent(QResizeEvent* event)
 {
     QPlainTextEdit::resizeEvent(event);
-    m_scrollBar->setGeometry(width() - OverlayScrollBar::thickness, 0, OverlayScrollBar::thickness,
-                             height());
+    m_scrollBar->placeIn(rect());
 }
 
 // The pasteboard

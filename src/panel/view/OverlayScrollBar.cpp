@@ -34,6 +34,12 @@ OverlayScrollBar::OverlayScrollBar(QScrollBar& scrollBar, QWidget* parent)
     });
 }
 
+void OverlayScrollBar::placeIn(const QRect& area)
+{
+    setGeometry(area.right() + 1 - thickness, area.top(), thickness, area.height());
+    raise();
+}
+
 qreal OverlayScrollBar::trackLength() const
 {
     return height() - 2 * margin;

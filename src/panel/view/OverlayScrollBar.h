@@ -19,7 +19,11 @@ public:
     /// How wide the bar is, in points.
     static constexpr int thickness = 10;
 
+    /// Stands for `scrollBar`, which must outlive it.
     OverlayScrollBar(QScrollBar& scrollBar, QWidget* parent);
+
+    /// Puts the bar along the right edge of `area`, in the parent's coordinates, above all else.
+    void placeIn(const QRect& area);
 
 protected:
     void enterEvent(QEnterEvent* event) override;

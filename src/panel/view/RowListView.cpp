@@ -19,6 +19,7 @@ RowListView::RowListView(QAbstractItemModel& rows, RowDelegate& delegate, QWidge
     , m_rows(rows)
     , m_delegate(delegate)
     , m_scroller(new SmoothScroller(*verticalScrollBar()))
+    , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
     RowListAccessible::install();
     setFrameShape(QFrame::NoFrame);
@@ -27,9 +28,6 @@ RowListView::RowListView(QAbstractItemModel& rows, RowDelegate& delegate, QWidge
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
-    auto* scrollBar = new OverlayScrollBar(*verticalScrollBar(), this);
-    scrollBar->setObjectName(QStringLiteral("scrollBar"));
-
     followRows();
     handleRowsChanged();
 }
@@ -176,10 +174,7 @@ void RowListView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     updateScrollBar();
-    auto* scrollBar = findChild<OverlayScrollBar*>({}, Qt::FindDirectChildrenOnly);
-    scrollBar->setGeometry(width() - OverlayScrollBar::thickness, 0, OverlayScrollBar::thickness,
-                           height());
-    scrollBar->raise();
+    m_scrollBar->placeIn(rect());
 }
 
 void RowListView::hideEvent(QHideEvent* event)

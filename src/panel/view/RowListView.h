@@ -9,6 +9,7 @@
 
 namespace driftbox {
 
+class OverlayScrollBar;
 class SmoothScroller;
 
 /// A list that works only on the rows that are to be seen, however many there are. A row is clicked
@@ -86,6 +87,7 @@ private:
     RowDelegate& m_delegate;
     RowPositions m_positions;
     SmoothScroller* m_scroller;
+    OverlayScrollBar* m_scrollBar;
     QPersistentModelIndex m_topRow; ///< the first row on show; none at the very top
     int m_overhang = 0;             ///< how much of it is scrolled out of view
     int m_selectedRow = -1;

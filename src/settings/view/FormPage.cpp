@@ -42,9 +42,7 @@ FormPage::FormPage(QWidget* parent)
 void FormPage::resizeEvent(QResizeEvent* event)
 {
     QScrollArea::resizeEvent(event);
-    m_scrollBar->setGeometry(width() - OverlayScrollBar::thickness - edgeForResizing, 0,
-                             OverlayScrollBar::thickness, height());
-    m_scrollBar->raise();
+    m_scrollBar->placeIn(rect().adjusted(0, 0, -edgeForResizing, 0));
 }
 
 } // namespace driftbox

@@ -1,6 +1,7 @@
 #include "support/X11User.h"
 
 #include <cstdlib>
+#include <memory>
 
 #include <QtCore/QtGlobal>
 

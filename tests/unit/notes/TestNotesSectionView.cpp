@@ -2,16 +2,15 @@
 #include "notes/view/NotesSection.h"
 #include "panel/view/CountLabel.h"
 #include "panel/view/EmptyStateView.h"
-#include "panel/view/RowListView.h"
 #include "panel/view/SearchField.h"
 #include "panel/view/SymbolButton.h"
 #include "panel/view/Symbols.h"
 #include "panel/view/Theme.h"
 #include "panel/view/Tooltip.h"
+#include "unit/panel/ShownRows.h"
 
 #include <memory>
 
-#include <QtGui/QAccessible>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
 #include <QtTest/QTest>
@@ -72,32 +71,15 @@ struct Page
         const auto buttons = page->findChildren<SymbolButton*>();
         return **std::ranges::find(buttons, name, &SymbolButton::accessibleName);
     }
-    [[nodiscard]] QStringList rowNames() const
-    {
-        QStringList names;
-        const auto* rows = QAccessible::queryAccessibleInterface(&list());
-        for (int i = 0; i < rows->childCount(); ++i)
-            names << rows->child(i)->text(QAccessible::Name);
-        return names;
-    }
+    [[nodiscard]] QStringList rowNames() const { return ShownRows::names(list()); }
     [[nodiscard]] QAccessibleInterface& action(int row, const QString& name) const
     {
-        const auto* rows = QAccessible::queryAccessibleInterface(&list());
-        QAccessibleInterface* found = nullptr;
-        for (int i = 0; i < rows->child(row)->childCount(); ++i) {
-            if (rows->child(row)->child(i)->text(QAccessible::Name) == name)
-                found = rows->child(row)->child(i);
-        }
-        return *found;
+        return ShownRows::button(list(), row, name);
     }
-    void click(QPoint place) const
-    {
-        QTest::mouseMove(list().viewport(), place);
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
-    }
+    void click(QPoint place) const { ShownRows::click(list(), place); }
     void clickAction(int row, const QString& name) const
     {
-        click(list().viewport()->mapFromGlobal(action(row, name).rect().center()));
+        ShownRows::click(list(), action(row, name));
     }
 
     /// Whether a row shows this symbol in the colour of symbols.

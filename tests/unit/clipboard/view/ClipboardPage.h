@@ -1,13 +1,11 @@
 #pragma once
 
 #include "clipboard/view/ClipboardSection.h"
-#include "panel/view/RowListView.h"
 #include "panel/view/SearchField.h"
 #include "panel/view/SymbolButton.h"
 #include "unit/clipboard/ClipboardHistory.h"
+#include "unit/panel/ShownRows.h"
 
-#include <QtGui/QAccessible>
-#include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 
 namespace driftbox {
@@ -59,40 +57,18 @@ struct ClipboardPage
         return {};
     }
 
-    [[nodiscard]] QAccessibleInterface& row(int row) const
-    {
-        return *QAccessible::queryAccessibleInterface(&list())->child(row);
-    }
-    [[nodiscard]] QStringList rowNames() const
-    {
-        QStringList names;
-        const auto* rows = QAccessible::queryAccessibleInterface(&list());
-        for (int i = 0; i < rows->childCount(); ++i)
-            names << rows->child(i)->text(QAccessible::Name);
-        return names;
-    }
-    [[nodiscard]] QStringList buttonNames(int of) const
-    {
-        QStringList names;
-        for (int i = 0; i < row(of).childCount(); ++i)
-            names << row(of).child(i)->text(QAccessible::Name);
-        return names;
-    }
+    [[nodiscard]] QAccessibleInterface& row(int row) const { return ShownRows::row(list(), row); }
+    [[nodiscard]] QStringList rowNames() const { return ShownRows::names(list()); }
+    [[nodiscard]] QStringList buttonNames(int of) const { return ShownRows::names(row(of)); }
     [[nodiscard]] QAccessibleInterface& button(int of, const QString& name) const
     {
-        return *row(of).child(int(buttonNames(of).indexOf(name)));
+        return ShownRows::button(list(), of, name);
     }
     static void activate(QAccessibleInterface& element)
     {
         element.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     }
-    /// Moves there and clicks.
-    void click(const QAccessibleInterface& element) const
-    {
-        const QPoint place = list().viewport()->mapFromGlobal(element.rect().center());
-        QTest::mouseMove(list().viewport(), place);
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
-    }
+    void click(const QAccessibleInterface& element) const { ShownRows::click(list(), element); }
     [[nodiscard]] QImage picture() const { return page->grab().toImage(); }
 
     ClipboardHistory& history;

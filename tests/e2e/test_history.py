@@ -3,7 +3,7 @@
 import pytest
 
 from harness.apps import GtkEditor
-from harness.panel import CLEAR, DELETE, PIN, SEARCH, UNPIN
+from harness.panel import CLEAR, DELETE, PICTURE, PIN, SEARCH, UNPIN
 from harness.program import entry
 from harness.waiting import wait_for, wait_for_equal
 from harness.xclients import ClipboardOwner
@@ -105,7 +105,7 @@ def test_deleting_a_picture_removes_its_file(desktop, program, picture):
     assert program.image_path(captured).exists()
     program.panel.open()
     (row,) = wait_for(program.panel.rows, "the picture's row")
-    assert row.name.startswith("Image, ")
+    assert row.name.startswith(PICTURE)
     desktop.keyboard.tap("Delete")
     program.wait_for_entries(0)
     wait_for(lambda: not program.image_path(captured).exists(), "the picture's file to be gone")

@@ -5,6 +5,7 @@ from PIL import Image, ImageDraw, ImageFont
 
 from harness import pictures
 from harness.apps import GtkEditor, XTerm
+from harness.panel import PICTURE
 from harness.waiting import wait_for, wait_for_equal
 from harness.xclients import ClipboardOwner
 
@@ -35,13 +36,8 @@ def copy_picture(desktop, program):
     return copy
 
 
-def row_of_picture(panel):
-    (name,) = [name for name in panel.row_names() if name.startswith("Image, ")]
-    return name
-
-
 def click_and_wait_until_busy(desktop, panel):
-    button = panel.hover(row_of_picture(panel)).find(name=ACTION)
+    button = panel.hover(PICTURE).find(name=ACTION)
     assert button.has_state("enabled")
     desktop.pointer.click(*button.extents().center)
     wait_for(lambda: not button.has_state("enabled"), "the action to be busy")
@@ -56,7 +52,7 @@ def test_the_text_is_pasted(desktop, program, copy_picture, kind):
     copy_picture(picture_of(WORDS))
     application = kind(desktop)
     program.panel.open()
-    program.panel.click_action(row_of_picture(program.panel), ACTION)
+    program.panel.click_action(PICTURE, ACTION)
     wait_for_text(application, WORDS)
     program.panel.wait_until_closed()
     assert [entry["kind"] for entry in program.manifest()] == ["image"]
@@ -85,7 +81,7 @@ def test_a_picture_without_text_ends_the_busy_state(desktop, program, copy_pictu
     copy_picture(pictures.encoded(noise, "PNG"))
     editor = GtkEditor(desktop)
     program.panel.open()
-    button = program.panel.hover(row_of_picture(program.panel)).find(name=ACTION)
+    button = program.panel.hover(PICTURE).find(name=ACTION)
     desktop.pointer.click(*button.extents().center)
     wait_for(lambda: not button.has_state("enabled"), "the action to be busy")
     wait_for(lambda: button.has_state("enabled"), "the action to be ready again", PATIENCE)
@@ -98,7 +94,7 @@ def test_a_picture_whose_file_is_gone_has_no_text(desktop, program, copy_picture
     (item,) = program.manifest()
     program.panel.open()
     program.image_path(item).unlink()
-    button = program.panel.hover(row_of_picture(program.panel)).find(name=ACTION)
+    button = program.panel.hover(PICTURE).find(name=ACTION)
     desktop.pointer.click(*button.extents().center)
     program.panel.search("still alive")
     assert program.panel.is_open()

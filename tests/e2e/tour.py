@@ -12,6 +12,7 @@ from harness import pictures, screenshot
 from harness.apps import FocusWriter, Mousepad, PictureViewer
 from harness.desktop import Desktop, Monitor
 from harness.notes import MAKE_NOTE, SAVE, Notes
+from harness.panel import PICTURE
 from harness.program import PROGRAM, PROJECT, Program
 from harness.waiting import wait_for, wait_for_equal
 
@@ -140,7 +141,7 @@ class Tour:
         """One of the picture, one from scratch, which is saved."""
         notes = Notes(self._program)
         self._program.panel.open()
-        self._program.panel.click_action("Image, ", MAKE_NOTE)
+        self._program.panel.click_action(PICTURE, MAKE_NOTE)
         harbour = notes.next_window()
         shopping = notes.make("For the trip\n\n- sandwiches\n- a thermos\n- the map")
         shopping.click("Blue")

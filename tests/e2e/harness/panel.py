@@ -10,6 +10,7 @@ PASTE_PLAIN = "Paste as plain text"
 DELETE = "Delete"
 CLEAR = "Clear unpinned"
 SETTINGS = "Settings"
+PICTURE = "Image, "  # how the row of a picture begins; its age follows, and moves on
 
 
 class Panel:
@@ -66,7 +67,7 @@ class Panel:
     def rows(self):
         """The rows of the history, from the top."""
         return [node for node in self.node().descendants()
-                if node.name.startswith(("Text: ", "Image, "))]
+                if node.name.startswith(("Text: ", PICTURE))]
 
     def row_names(self):
         return [row.name for row in self.rows()]
@@ -75,10 +76,10 @@ class Panel:
         wait_for_equal(self.row_names, expected, "the rows of the panel")
 
     def row(self, name):
-        """By its name, or for a picture, whose name tells its age, by "Image, "."""
+        """By its name, or for a picture, whose name tells its age, by `PICTURE`."""
         return wait_for(
             lambda: next((row for row in self.rows()
-                          if row.name == name or name == "Image, " and row.name.startswith(name)),
+                          if row.name == name or name == PICTURE and row.name.startswith(name)),
                          None), f"a row {name!r}")
 
     # What can be done with it

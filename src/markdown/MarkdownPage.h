@@ -1,5 +1,7 @@
 #pragma once
 
+#include "markdown/ReadingPlace.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
@@ -39,6 +41,9 @@ public:
     /// Calls the page's function `renderMarkdown` with these arguments. Returns at once; what comes
     /// of the call is not told.
     virtual void renderMarkdown(const QString& text, const QString& theme) = 0;
+
+    /// Scrolls to the place, once it is there: now, or while the document is rendered.
+    virtual void showPlace(const ReadingPlace& place) = 0;
 };
 
 } // namespace driftbox

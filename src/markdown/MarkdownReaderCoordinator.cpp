@@ -39,8 +39,9 @@ MarkdownReaderCoordinator::~MarkdownReaderCoordinator()
 void MarkdownReaderCoordinator::open(const QUrl& url)
 {
     const QUrl key = standardizedFileURL(url);
+    const QString fragment = url.fragment(QUrl::FullyEncoded);
     if (const auto found = m_controllers.find(key); found != m_controllers.end()) {
-        found->second->showWindow();
+        found->second->showWindow(fragment);
         return;
     }
 
@@ -57,7 +58,7 @@ void MarkdownReaderCoordinator::open(const QUrl& url)
             self->forget(key);
     });
     auto& stored = *m_controllers.emplace(key, std::move(controller)).first->second;
-    stored.showWindow();
+    stored.showWindow(fragment);
     qCInfo(log).noquote() << u"Opened %1"_s.arg(stored.viewModel().displayName());
 }
 

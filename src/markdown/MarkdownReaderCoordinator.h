@@ -33,7 +33,8 @@ public:
     ~MarkdownReaderCoordinator() override;
 
     /// Opens the local file in a window of its own, or brings the one that shows it to the front
-    /// without reading the file again. A file that cannot be read opens as an empty document.
+    /// without reading the file again; at the part that a fragment of the address names. A file
+    /// that cannot be read opens as an empty document.
     void open(const QUrl& url);
 
     /// Lets the user choose the file to open.

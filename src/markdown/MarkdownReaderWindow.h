@@ -1,5 +1,7 @@
 #pragma once
 
+#include "markdown/ReadingPlace.h"
+
 #include <functional>
 #include <memory>
 
@@ -21,6 +23,9 @@ public:
 
     /// Shows the window in front of all others; typing goes to it.
     virtual void present() = 0;
+
+    /// Scrolls the document to the place, once it is rendered.
+    virtual void showPlace(const ReadingPlace& place) = 0;
 
     /// `shouldClose` is asked when the user closes the window, and says whether it does. The window
     /// may be destroyed once control is back in the event loop.

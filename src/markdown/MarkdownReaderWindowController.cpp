@@ -16,8 +16,10 @@ MarkdownReaderWindowController::MarkdownReaderWindowController(
 
 MarkdownReaderWindowController::~MarkdownReaderWindowController() = default;
 
-void MarkdownReaderWindowController::showWindow()
+void MarkdownReaderWindowController::showWindow(const QString& fragment)
 {
+    if (!fragment.isEmpty())
+        m_window->showPlace({.fragment = fragment});
     m_window->present();
 }
 

@@ -29,8 +29,9 @@ public:
     /// Called when the window closes.
     void setOnClose(std::function<void()> onClose) { m_onClose = std::move(onClose); }
 
-    /// Shows the window in front of all others.
-    void showWindow();
+    /// Shows the window in front of all others, with the document at the part that the fragment of
+    /// its address names, if there is one.
+    void showWindow(const QString& fragment);
 
     /// Saves and reports the close. The window always closes, even when the saving failed.
     bool windowShouldClose();

@@ -3,6 +3,8 @@
 #include "markdown/MarkdownFiles.h"
 #include "platform/DocumentOpener.h"
 
+#include <algorithm>
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QMetaObject>
 #include <QtCore/QStringList>
@@ -17,6 +19,17 @@ namespace {
 bool couldStartSomething(const QFileInfo& file)
 {
     return file.suffix().toLower() == u"desktop" || (file.isFile() && file.isExecutable());
+}
+
+// The page is not trusted to have lines that are there.
+ReadingPlace placeIn(const QVariantMap& body)
+{
+    const auto line = [&body](const QString& name) {
+        return std::max(0, body.value(name).toInt());
+    };
+    return {.line = line(u"line"_s),
+            .offset = body.value(u"offset"_s).toDouble(),
+            .sourceLine = line(u"sourceLine"_s)};
 }
 
 } // namespace
@@ -40,7 +53,27 @@ void MarkdownWebViewCoordinator::push(const QString& markdown, const QString& th
 void MarkdownWebViewCoordinator::didFinishNavigation()
 {
     m_isReady = true;
+    if (m_place != ReadingPlace())
+        schedulePlace();
     scheduleRender(m_pendingMarkdown, m_pendingTheme);
+}
+
+void MarkdownWebViewCoordinator::showPlace(const ReadingPlace& place)
+{
+    m_place = place;
+    if (m_isReady)
+        schedulePlace();
+}
+
+void MarkdownWebViewCoordinator::schedulePlace()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, place = m_place] {
+            if (m_page)
+                m_page->showPlace(place);
+        },
+        Qt::QueuedConnection);
 }
 
 void MarkdownWebViewCoordinator::scheduleRender(const QString& markdown, const QString& theme)
@@ -56,6 +89,8 @@ void MarkdownWebViewCoordinator::scheduleRender(const QString& markdown, const Q
 
 void MarkdownWebViewCoordinator::didReceiveMessage(const QString& name, const QVariant& body)
 {
+    if (name == u"readingPosition")
+        m_place = placeIn(body.toMap());
     if (name != u"openExternal" || body.typeId() != QMetaType::QString)
         return;
     const QUrl url(body.toString(), QUrl::StrictMode);
@@ -65,13 +100,14 @@ void MarkdownWebViewCoordinator::didReceiveMessage(const QString& name, const QV
     if (handedOver.contains(url.scheme()))
         m_opener.open(url);
     else if (url.isLocalFile() && url.host().isEmpty())
-        openFile(url.adjusted(QUrl::RemoveFragment | QUrl::RemoveQuery));
+        openFile(url.adjusted(QUrl::RemoveQuery));
 }
 
-void MarkdownWebViewCoordinator::openFile(const QUrl& url)
+void MarkdownWebViewCoordinator::openFile(const QUrl& address)
 {
+    const QUrl url = address.adjusted(QUrl::RemoveFragment);
     if (isMarkdownFile(url))
-        m_openDocument(url);
+        m_openDocument(address); // at the part that it names
     else if (couldStartSomething(QFileInfo(url.toLocalFile())))
         m_opener.reveal(url);
     else

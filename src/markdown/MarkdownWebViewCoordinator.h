@@ -36,16 +36,24 @@ public:
     /// is ready, else once it is, unless something else is pushed before.
     void push(const QString& markdown, const QString& theme);
 
+    /// Where the page says its reader is, or where it was told to go since.
+    [[nodiscard]] const ReadingPlace& place() const { return m_place; }
+
+    /// Has the page go there on the event loop's next turn, or once it is ready.
+    void showPlace(const ReadingPlace& place);
+
     void didFinishNavigation() override;
 
-    /// Follows the link in the body of an "openExternal" message: web and mail addresses and files
-    /// open in their programs, Markdown files in a reader. Programs and everything that could start
-    /// one are only shown in the file manager. All other messages and addresses are ignored.
+    /// Takes the place from a "readingPosition" message. Follows the link in the body of an
+    /// "openExternal" message: web and mail addresses and files open in their programs, Markdown
+    /// files in a reader. Programs and everything that could start one are only shown in the file
+    /// manager. All other messages and addresses are ignored.
     void didReceiveMessage(const QString& name, const QVariant& body) override;
 
 private:
     void scheduleRender(const QString& markdown, const QString& theme);
-    void openFile(const QUrl& url);
+    void schedulePlace();
+    void openFile(const QUrl& address);
 
     DocumentOpener& m_opener;
     std::function<void(const QUrl&)> m_openDocument;
@@ -53,6 +61,7 @@ private:
     bool m_isReady = false;
     QString m_pendingMarkdown;
     QString m_pendingTheme = QStringLiteral("light");
+    ReadingPlace m_place;
 };
 
 } // namespace driftbox

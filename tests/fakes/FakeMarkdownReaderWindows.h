@@ -16,9 +16,11 @@ public:
     ~FakeMarkdownReaderWindow() override;
 
     void present() override { ++presented; }
+    void showPlace(const ReadingPlace& place) override { places.push_back(place); }
     void setShouldClose(std::function<bool()> ask) override { shouldClose = std::move(ask); }
 
     int presented = 0;
+    std::vector<ReadingPlace> places;
     std::function<bool()> shouldClose;
     std::function<void(const QUrl&)> openDocument;
 

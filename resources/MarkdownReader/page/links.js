@@ -11,6 +11,9 @@ const scrollToFragment = (fragment) => {
     const target = fragmentTarget(fragment);
     layOut(target);
     target?.scrollIntoView();
+    // The rest of the document may still be on its way.
+    if (shownText === null)
+        wantedPlace = { fragment };
 };
 
 const follow = (address) => {

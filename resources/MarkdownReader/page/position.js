@@ -12,12 +12,43 @@ const blockAtTop = () => {
     return block ?? null;
 };
 
+// The first line of the block behind this one; of the block itself where there is none.
+const lineBehind = (block) => {
+    let next = block.nextElementSibling;
+    while (next && next.dataset.line === undefined)
+        next = next.nextElementSibling;
+    return next ? Number(next.dataset.line)
+        : pieceLines.get(block.parentElement.nextElementSibling) ?? Number(block.dataset.line);
+};
+
 const readingPosition = () => {
     const block = window.scrollY > 0 ? blockAtTop() : null;
-    return block
-        ? { line: Number(block.dataset.line), offset: block.getBoundingClientRect().top }
-        : null;
+    if (!block)
+        return null;
+    const line = Number(block.dataset.line);
+    const { top, height } = block.getBoundingClientRect();
+    const hidden = Math.min(1, Math.max(0, -top / (height || 1)));
+    const sourceLine = line + Math.max(0, Math.floor(hidden * (lineBehind(block) - line)));
+    return { line, offset: top, sourceLine };
 };
+
+const tellPosition = () => {
+    window.messageHandlers?.readingPosition.postMessage(
+        readingPosition() ?? { line: 0, offset: 0, sourceLine: 0 });
+};
+
+const positionPause = 100; // ms
+let isPositionDue = false;
+
+window.addEventListener("scroll", () => {
+    if (isPositionDue)
+        return;
+    isPositionDue = true;
+    setTimeout(() => {
+        isPositionDue = false;
+        tellPosition();
+    }, positionPause);
+}, { passive: true });
 
 // The size of a piece off the screen is a guess, and so is every place within it. From here on it is
 // laid out.
@@ -36,4 +67,29 @@ const restorePosition = ({ line, offset }) => {
     layOut(block);
     if (block)
         window.scrollBy({ top: block.getBoundingClientRect().top - offset, behavior: "instant" });
+};
+
+const windowTop = 40; // pixels; what begins here is at the top
+
+// The place that the program or the reader wants to see and that is not on the page yet.
+let wantedPlace = null;
+
+globalThis.showPlace = (place) => {
+    if (shownText === null)
+        wantedPlace = place;
+    else if (place.fragment)
+        scrollToFragment(place.fragment);
+    else
+        restorePosition(place);
+};
+
+// Called as the document grows: its end may have kept the place from the top of the window.
+const goToWantedFragment = () => {
+    const target = wantedPlace?.fragment ? fragmentTarget(wantedPlace.fragment) : null;
+    if (!target)
+        return;
+    layOut(target);
+    target.scrollIntoView();
+    if (target.getBoundingClientRect().top < windowTop)
+        wantedPlace = null;
 };

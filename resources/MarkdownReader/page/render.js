@@ -29,7 +29,16 @@ parser.renderer.rules.table_open = (tokens, index, options, env, self) =>
     `<div class="table-box">${self.renderToken(tokens, index, options)}`;
 parser.renderer.rules.table_close = () => "</table></div>\n";
 
+// The renderer gives the lines of code and tables to the elements within.
+const liftLines = (fragment) => {
+    for (const inner of fragment.querySelectorAll("pre > code[data-line], div > table[data-line]")) {
+        inner.parentElement.dataset.line = inner.dataset.line;
+        delete inner.dataset.line;
+    }
+};
+
 const prepare = (fragment) => {
+    liftLines(fragment);
     preparePictures(fragment);
     prepareDiagrams(fragment);
     prepareCode(fragment);
@@ -102,7 +111,7 @@ let rendering = 0;
 let shownText = null;
 
 const putOnPage = async (text, began, isCurrent) => {
-    const position = readingPosition();
+    const position = wantedPlace && !wantedPlace.fragment ? wantedPlace : readingPosition();
     let waiting = []; // for the part where the reader was
     let isShown = false;
     const show = () => {
@@ -123,6 +132,7 @@ const putOnPage = async (text, began, isCurrent) => {
                 waiting.push(piece);
             if (!isShown && isDue)
                 show();
+            goToWantedFragment();
         }
         await breathe();
         if (!isCurrent())
@@ -130,6 +140,7 @@ const putOnPage = async (text, began, isCurrent) => {
     }
     if (!isShown)
         show();
+    goToWantedFragment();
     return true;
 };
 
@@ -149,6 +160,8 @@ globalThis.renderMarkdown = async (text, theme) => {
         if (!await putOnPage(plain, began, isCurrent))
             return;
         shownText = plain;
+        wantedPlace = null;
+        tellPosition();
     }
     drawDiagrams(page, currentTheme());
     await diagramQueue;

@@ -5,10 +5,13 @@
 #include "platform/Pasteboard.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QtCore/QMimeData>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QTextBlock>
+#include <QtWidgets/QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +66,31 @@ QString MarkdownEditor::text() const
     if (m_hasWindowsLineEnds)
         raw.replace(u"\n"_s, u"\r\n"_s);
     return raw;
+}
+
+void MarkdownEditor::showLine(int line)
+{
+    const QTextBlock block = document()->findBlockByNumber(line);
+    if (!block.isValid())
+        return;
+    m_lineToShow = line;
+    setTextCursor(QTextCursor(block));
+}
+
+std::optional<int> MarkdownEditor::lineScrolledTo() const
+{
+    const int line = firstVisibleBlock().blockNumber();
+    return m_lineToShow || line == m_firstTopLine ? std::nullopt : std::optional(line);
+}
+
+void MarkdownEditor::showEvent(QShowEvent* event)
+{
+    QPlainTextEdit::showEvent(event);
+    if (const auto line = std::exchange(m_lineToShow, std::nullopt)) {
+        // Only now is it known how the lines are wrapped.
+        verticalScrollBar()->setValue(document()->findBlockByNumber(*line).firstLineNumber());
+        m_firstTopLine = firstVisibleBlock().blockNumber();
+    }
 }
 
 void MarkdownEditor::resizeEvent(QResizeEvent* event)

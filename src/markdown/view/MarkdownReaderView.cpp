@@ -37,18 +37,40 @@ MarkdownReaderView::MarkdownReaderView(MarkdownReaderViewModel& viewModel,
 
 void MarkdownReaderView::showContent()
 {
+    keepPlace();
     delete m_content; // the preview's web page ends with it
     m_content = makeContent();
     m_column->addWidget(m_content, 1);
     m_content->setFocus();
 }
 
+void MarkdownReaderView::keepPlace()
+{
+    if (m_preview)
+        m_place = m_preview->place();
+    else if (const auto line = m_editor ? m_editor->lineScrolledTo() : std::nullopt)
+        m_place = {.line = *line, .sourceLine = *line};
+}
+
+void MarkdownReaderView::showPlace(const ReadingPlace& place)
+{
+    if (m_preview)
+        m_preview->showPlace(place);
+    else
+        m_place.fragment = place.fragment;
+}
+
 QWidget* MarkdownReaderView::makeContent()
 {
     m_preview = nullptr;
-    if (m_viewModel.isEditing())
-        return new MarkdownEditor(m_viewModel, m_services.pasteboard, this);
+    m_editor = nullptr;
+    if (m_viewModel.isEditing()) {
+        m_editor = new MarkdownEditor(m_viewModel, m_services.pasteboard, this);
+        m_editor->showLine(m_place.sourceLine);
+        return m_editor;
+    }
     m_preview = new MarkdownWebView(m_viewModel.fileURL(), m_services, m_openDocument, this);
+    m_preview->showPlace(m_place);
     updatePreview();
     return m_preview;
 }

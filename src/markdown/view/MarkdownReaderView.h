@@ -1,5 +1,7 @@
 #pragma once
 
+#include "markdown/ReadingPlace.h"
+
 #include <functional>
 
 #include <QtCore/QUrl>
@@ -9,6 +11,7 @@ class QVBoxLayout;
 
 namespace driftbox {
 
+class MarkdownEditor;
 class MarkdownReaderViewModel;
 class MarkdownWebView;
 struct ReaderServices;
@@ -24,11 +27,15 @@ public:
     MarkdownReaderView(MarkdownReaderViewModel& viewModel, const ReaderServices& services,
                        std::function<void(const QUrl&)> openDocument, QWidget* parent = nullptr);
 
+    /// Has the preview go there; one that is to come, while the source is edited.
+    void showPlace(const ReadingPlace& place);
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void showContent();
+    void keepPlace();
     [[nodiscard]] QWidget* makeContent();
     void updatePreview();
     [[nodiscard]] QString theme() const;
@@ -38,7 +45,10 @@ private:
     std::function<void(const QUrl&)> m_openDocument;
     QVBoxLayout* m_column;
     QWidget* m_content = nullptr;
-    MarkdownWebView* m_preview = nullptr; ///< the content, unless that is the editor
+    // One of them is the content.
+    MarkdownWebView* m_preview = nullptr;
+    MarkdownEditor* m_editor = nullptr;
+    ReadingPlace m_place; ///< of the preview while the source is edited
 };
 
 } // namespace driftbox

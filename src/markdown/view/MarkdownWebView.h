@@ -30,6 +30,9 @@ public:
     /// Shows this text in this theme, "light" or "dark".
     void update(const QString& markdown, const QString& theme);
 
+    [[nodiscard]] const ReadingPlace& place() const { return m_coordinator.place(); }
+    void showPlace(const ReadingPlace& place) { m_coordinator.showPlace(place); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -19,12 +19,13 @@ constexpr QSize contentSize(780, 640);
 ReaderWindow::ReaderWindow(MarkdownReaderViewModel& viewModel, const ReaderServices& services,
                            std::function<void(const QUrl&)> openDocument)
     : m_windows(services.windows)
+    , m_view(new MarkdownReaderView(viewModel, services, std::move(openDocument), this))
 {
     setWindowTitle(viewModel.displayName());
     setAccessibleName(viewModel.displayName());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(new MarkdownReaderView(viewModel, services, std::move(openDocument), this));
+    layout->addWidget(m_view);
     resize(contentSize);
     winId();
     m_windows.center(*windowHandle());
@@ -33,6 +34,11 @@ ReaderWindow::ReaderWindow(MarkdownReaderViewModel& viewModel, const ReaderServi
 void ReaderWindow::present()
 {
     m_windows.present(*windowHandle());
+}
+
+void ReaderWindow::showPlace(const ReadingPlace& place)
+{
+    m_view->showPlace(place);
 }
 
 void ReaderWindow::setShouldClose(std::function<bool()> shouldClose)

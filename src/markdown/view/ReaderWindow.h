@@ -7,6 +7,8 @@
 
 namespace driftbox {
 
+class MarkdownReaderView;
+
 /// The window of a document: an ordinary one, with the file's name in its title bar.
 class ReaderWindow final : public QWidget, public MarkdownReaderWindow
 {
@@ -18,6 +20,7 @@ public:
                  std::function<void(const QUrl&)> openDocument);
 
     void present() override;
+    void showPlace(const ReadingPlace& place) override;
     void setShouldClose(std::function<bool()> shouldClose) override;
 
 protected:
@@ -25,6 +28,7 @@ protected:
 
 private:
     StandardWindows& m_windows;
+    MarkdownReaderView* m_view;
     std::function<bool()> m_shouldClose;
 };
 

@@ -23,6 +23,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void renderRequested(const QString& text, const QString& theme);
+    void placeRequested(const QVariantMap& place);
 
 private:
     MarkdownPageDelegate& m_delegate;

@@ -113,6 +113,12 @@ void WebPage::renderMarkdown(const QString& text, const QString& theme)
     Q_EMIT m_bridge.renderRequested(text, theme);
 }
 
+void WebPage::showPlace(const ReadingPlace& place)
+{
+    Q_EMIT m_bridge.placeRequested(
+        {{u"line"_s, place.line}, {u"offset"_s, place.offset}, {u"fragment"_s, place.fragment}});
+}
+
 void WebPage::recover(QWebEnginePage::RenderProcessTerminationStatus status)
 {
     if (status == QWebEnginePage::NormalTerminationStatus)

@@ -25,6 +25,7 @@ public:
     void setUnderPageColor(const QColor& color) override;
     void load(const QByteArray& html, const QUrl& baseURL) override;
     void renderMarkdown(const QString& text, const QString& theme) override;
+    void showPlace(const ReadingPlace& place) override;
 
 private:
     void makeView();

@@ -8,6 +8,7 @@
     const handler = (name) => ({ postMessage: (body) => post(name, body) });
     window.messageHandlers = Object.freeze({
         openExternal: handler("openExternal"),
+        readingPosition: handler("readingPosition"),
         shown: handler("shown"),
         rendered: handler("rendered"),
     });
@@ -17,6 +18,7 @@
             const program = channel.objects.program;
             post = (name, body) => program.postMessage(name, body);
             program.renderRequested.connect((text, theme) => window.renderMarkdown(text, theme));
+            program.placeRequested.connect((place) => window.showPlace(place));
             program.pageFinished();
         });
     });

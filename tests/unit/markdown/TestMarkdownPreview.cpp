@@ -1,10 +1,13 @@
 #include "OpenDocument.h"
+#include "markdown/view/MarkdownEditor.h"
 #include "markdown/view/MarkdownReaderView.h"
 
 #include <optional>
+#include <vector>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -16,6 +19,7 @@ struct Requests
 {
     QStringList loads; ///< the addresses of the folders
     QStringList renders;
+    std::vector<ReadingPlace> places;
     QList<QColor> colors;
     MarkdownPageDelegate* delegate = nullptr; ///< of the newest page
     int pages = 0;                            ///< those that exist
@@ -45,6 +49,7 @@ public:
     {
         m_requests.renders << theme + u": "_s + text;
     }
+    void showPlace(const ReadingPlace& place) override { m_requests.places.push_back(place); }
 
 private:
     Requests& m_requests;
@@ -88,6 +93,13 @@ struct Preview
     {
         engine.requests.delegate->didFinishNavigation();
         QCoreApplication::processEvents();
+    }
+    void scrolledTo(const ReadingPlace& place)
+    {
+        engine.requests.delegate->didReceiveMessage(
+            u"readingPosition"_s, QVariantMap{{u"line"_s, place.line},
+                                              {u"offset"_s, place.offset},
+                                              {u"sourceLine"_s, place.sourceLine}});
     }
     void setGround(const QColor& color)
     {
@@ -164,7 +176,67 @@ private Q_SLOTS:
         QCOMPARE(requests().renders.last(), u"light: typed"_s);
     }
 
+    void theEditorOpensWhereThePreviewWasAndThePreviewComesBackThere()
+    {
+        m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
+        m_preview->finishLoading();
+        m_preview->scrolledTo({.line = 400, .offset = -3, .sourceLine = 401});
+        edit();
+        QCOMPARE(topLine(), 401);
+        QTest::keyClick(editor(), Qt::Key_X);
+        QVERIFY(m_preview->open.document.markdown().startsWith(u"line\n\n"_s.repeated(200) +
+                                                               u"line\nx"_s));
+        QCOMPARE(topLine(), 401);
+        returnToPreview();
+        QCOMPARE(requests().places.back(),
+                 (ReadingPlace{.line = 400, .offset = -3, .sourceLine = 401}));
+    }
+
+    void thePreviewFollowsAnEditorThatWasScrolled()
+    {
+        m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
+        m_preview->finishLoading();
+        m_preview->scrolledTo({.line = 400, .offset = -3, .sourceLine = 401});
+        edit();
+        editor()->verticalScrollBar()->setValue(100);
+        returnToPreview();
+        QCOMPARE(requests().places.back(), (ReadingPlace{.line = 100, .sourceLine = 100}));
+    }
+
+    void theEndOfTheSourceIsNoOtherPlace()
+    {
+        m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
+        m_preview->finishLoading();
+        m_preview->scrolledTo({.line = 998, .sourceLine = 998}); // the editor cannot scroll there
+        edit();
+        QVERIFY(topLine() < 998);
+        returnToPreview();
+        QCOMPARE(requests().places.back(), (ReadingPlace{.line = 998, .sourceLine = 998}));
+    }
+
+    void aPartThatIsAskedForMeanwhileIsShownByTheNextPreview()
+    {
+        m_preview->finishLoading();
+        edit();
+        m_preview->view.showPlace({.fragment = u"part"_s});
+        returnToPreview();
+        QCOMPARE(requests().places.back().fragment, u"part"_s);
+    }
+
 private:
+    [[nodiscard]] MarkdownEditor* editor() { return m_preview->view.findChild<MarkdownEditor*>(); }
+    [[nodiscard]] int topLine() { return editor()->cursorForPosition(QPoint(1, 1)).blockNumber(); }
+    void edit()
+    {
+        m_preview->open.document.toggleEdit();
+        QVERIFY(QTest::qWaitFor([this] { return editor()->isVisible(); }));
+    }
+    void returnToPreview()
+    {
+        m_preview->open.document.toggleEdit();
+        m_preview->makePage();
+        m_preview->finishLoading();
+    }
     [[nodiscard]] const Requests& requests() const { return m_preview->engine.requests; }
 
     std::optional<Preview> m_preview;

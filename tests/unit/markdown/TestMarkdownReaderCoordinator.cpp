@@ -146,6 +146,22 @@ private Q_SLOTS:
         QCOMPARE(m_windows->windows.size(), size_t(2));
     }
 
+    void aLinkToAPartShowsThatPartInANewWindowAndInAnOpenOne()
+    {
+        const QUrl part(u"file:///a/./doc.md#%C3%BCber"_s);
+        QTest::ignoreMessage(QtInfoMsg, "Opened doc.md");
+        m_coordinator->open(part);
+        QCOMPARE(m_windows->windows.size(), size_t(1));
+        const ReadingPlace place{.fragment = u"%C3%BCber"_s};
+        QCOMPARE(m_windows->windows.front()->places, std::vector{place});
+        m_coordinator->open(part);
+        QCOMPARE(m_windows->windows.size(), size_t(1));
+        QCOMPARE(m_windows->windows.front()->places, std::vector(2, place));
+        QCOMPARE(m_windows->windows.front()->presented, 2);
+        m_coordinator->open(QUrl::fromLocalFile(u"/a/doc.md"_s));
+        QCOMPARE(m_windows->windows.front()->places.size(), size_t(2));
+    }
+
     void endingsOfMarkdownFiles_data()
     {
         QTest::addColumn<QUrl>("url");

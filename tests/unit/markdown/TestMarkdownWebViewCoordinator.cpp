@@ -2,6 +2,8 @@
 
 #include "fakes/FakeDocumentOpener.h"
 
+#include <vector>
+
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -20,8 +22,10 @@ public:
     {
         renders << text + u'|' + theme;
     }
+    void showPlace(const ReadingPlace& place) override { places.push_back(place); }
 
     QStringList renders;
+    std::vector<ReadingPlace> places;
 };
 
 } // namespace
@@ -100,8 +104,39 @@ private Q_SLOTS:
     {
         m_coordinator->didReceiveMessage(u"openExternal"_s,
                                          u"file:///x/other%20file.MD?raw#part"_s);
-        QCOMPARE(m_documents, {QUrl::fromLocalFile(u"/x/other file.MD"_s)});
+        QCOMPARE(m_documents, {QUrl(u"file:///x/other%20file.MD#part"_s)});
         QVERIFY(m_opener->opened.isEmpty());
+    }
+
+    void thePageIsToldItsPlaceAfterEveryLoadUntilItTellsOne()
+    {
+        m_coordinator->showPlace({.fragment = u"part"_s});
+        m_coordinator->push(u"a"_s, u"light"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_page->places.size(), size_t(0));
+        m_coordinator->didFinishNavigation();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_page->places, std::vector{ReadingPlace{.fragment = u"part"_s}});
+        m_coordinator->didReceiveMessage(
+            u"readingPosition"_s,
+            QVariantMap{{u"line"_s, 7}, {u"offset"_s, -2.5}, {u"sourceLine"_s, 9}});
+        const ReadingPlace told{.line = 7, .offset = -2.5, .sourceLine = 9};
+        QCOMPARE(m_coordinator->place(), told);
+        QCOMPARE(m_page->places.size(), size_t(1)); // it knows
+        m_coordinator->didFinishNavigation();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_page->places.back(), told);
+    }
+
+    void placesThatCannotBeAreNone()
+    {
+        for (const QVariant& body :
+             {QVariant(), QVariant(u"x"_s), QVariant(QVariantMap{{u"line"_s, -5}}),
+              QVariant(QVariantMap{{u"line"_s, u"x"_s}, {u"sourceLine"_s, 1e30}})}) {
+            m_coordinator->didReceiveMessage(u"readingPosition"_s, body);
+            QVERIFY(m_coordinator->place().line == 0);
+            QVERIFY(m_coordinator->place().sourceLine >= 0);
+        }
     }
 
     void otherFilesOpenInTheirPrograms()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RecordingDelegate.h"
 #include "markdown/MarkdownResource.h"
 #include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/view/WebEngineModule.h"
@@ -21,27 +22,6 @@
 #include <QtWidgets/QWidget>
 
 namespace driftbox {
-
-/// Keeps what a page has to say.
-class RecordingDelegate final : public MarkdownPageDelegate
-{
-public:
-    void didFinishNavigation() override { ++navigations; }
-    void didReceiveMessage(const QString& name, const QVariant& body) override
-    {
-        if (name == QStringLiteral("rendered"))
-            ++renderings;
-        else if (name == QStringLiteral("shown"))
-            ++screens;
-        else
-            messages << name + QStringLiteral(": ") + body.toString();
-    }
-
-    int navigations = 0;
-    int screens = 0;
-    int renderings = 0;
-    QStringList messages;
-};
 
 /// Waits in the event loop until `condition` holds. The engine's threads and this one have much to
 /// tell each other, which the waiting of the test library would slow down by its pauses.

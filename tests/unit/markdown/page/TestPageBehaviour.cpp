@@ -102,72 +102,6 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages.join(u'|'), u"openExternal: https://b.org/"_s);
     }
 
-    void anchorsScroll()
-    {
-        QVERIFY(m_open->render(u"[a](#%C3%BCber-uns)\n\n"_s + filler() + u"# Über uns\n\n"_s +
-                               filler()));
-        (void)m_open->value(u"document.querySelector('#document a').click(); 0"_s);
-        QVERIFY(m_open->becomesTrue(
-            u"Math.abs(document.querySelector('h1').getBoundingClientRect().top) < 40"_s));
-        QCOMPARE(m_open->delegate().messages, QStringList());
-    }
-
-    void anchorsMayHaveTheNamesOfAnything_data()
-    {
-        QTest::addColumn<QString>("name");
-        for (const char* name : {"Title", "Links", "Images", "Location", "Document", "Process",
-                                 "Diagram-1", "Diagram-library", "messageHandlers"})
-            QTest::newRow(name) << QString::fromLatin1(name);
-    }
-
-    void anchorsMayHaveTheNamesOfAnything()
-    {
-        QFETCH(QString, name);
-        QVERIFY(m_open->render(u"[a](#%1)\n\n```mermaid\nflowchart LR\nA --> B\n```\n\n%2"
-                               "# %3\n\n%2"_s.arg(name.toLower(), filler(), name)));
-        QVERIFY(m_open->value(u"document.querySelector('.diagram svg') !== null"_s).toBool());
-        (void)m_open->value(u"document.querySelector('#document a').click(); 0"_s);
-        QVERIFY(m_open->becomesTrue(
-            u"Math.abs(document.querySelector('h1').getBoundingClientRect().top) < 40"_s));
-    }
-
-    void anotherTextKeepsTheReadingPosition()
-    {
-        QVERIFY(m_open->render(filler() + u"marked paragraph\n\n"_s + filler()));
-        (void)m_open->value(marked() + u".scrollIntoView(); 0"_s);
-        const int before = m_open->value(marked() + u".getBoundingClientRect().top"_s).toInt();
-        QVERIFY(m_open->render(filler() + u"marked paragraph\n\nanother one\n\n"_s + filler()));
-        const int after = m_open->value(marked() + u".getBoundingClientRect().top"_s).toInt();
-        QVERIFY2(std::abs(before - after) <= 2, qPrintable(u"%1, %2"_s.arg(before).arg(after)));
-    }
-
-    void theFirstScreenOfALongTextComesBeforeTheRest()
-    {
-        m_open->page().renderMarkdown(u"# First\n\n"_s + filler().repeated(2000), u"light"_s);
-        QVERIFY(waitFor([this] { return m_open->delegate().screens == 1; }));
-        QCOMPARE(m_open->delegate().renderings, 0);
-        QCOMPARE(m_open->value(u"document.querySelector('h1').textContent"_s).toString(),
-                 u"First"_s);
-        QVERIFY(waitFor([this] { return m_open->delegate().renderings == 1; }));
-        QCOMPARE(m_open->value(u"document.querySelectorAll('#document p').length"_s).toInt(),
-                 2000 * 60);
-    }
-
-    void aLongTextComesBackWhereTheReaderWas()
-    {
-        const QString endless = filler().repeated(200);
-        QVERIFY(m_open->render(endless + u"marked paragraph\n\n"_s + endless));
-        (void)m_open->value(marked() + u".scrollIntoView(); 0"_s);
-        QVERIFY(m_open->becomesTrue(topOfMarked() + u" < 40"_s));
-        (void)m_open->value(u"window.scrollBy(0, -100); window.lowest = scrollY; addEventListener("
-                            "'scroll', () => { lowest = Math.min(lowest, scrollY) }); 0"_s);
-        const int before = m_open->value(topOfMarked()).toInt();
-        QVERIFY(m_open->render(endless + u"marked paragraph\n\nanother one\n\n"_s + endless));
-        const int after = m_open->value(topOfMarked()).toInt();
-        QVERIFY2(std::abs(before - after) <= 2, qPrintable(u"%1, %2"_s.arg(before).arg(after)));
-        QVERIFY(m_open->value(u"lowest > 10000"_s).toBool()); // the beginning was never shown
-    }
-
     void anotherThemeLeavesTheTextAlone()
     {
         QVERIFY(m_open->render(filler(), u"light"_s));
@@ -292,17 +226,6 @@ private:
         return m_open
             ->value(u"getComputedStyle(document.querySelector('.diagram .node rect')).fill"_s)
             .toString();
-    }
-
-    [[nodiscard]] static QString marked()
-    {
-        return u"[...document.querySelectorAll('p')].find(p => p.textContent === "
-               "'marked paragraph')"_s;
-    }
-
-    [[nodiscard]] static QString topOfMarked()
-    {
-        return marked() + u".getBoundingClientRect().top"_s;
     }
 
     [[nodiscard]] static QString filler()

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "markdown/MarkdownPage.h"
+
+#include <QtCore/QStringList>
+
+namespace driftbox {
+
+/// Keeps what a page has to say.
+class RecordingDelegate final : public MarkdownPageDelegate
+{
+public:
+    void didFinishNavigation() override { ++navigations; }
+    void didReceiveMessage(const QString& name, const QVariant& body) override
+    {
+        if (name == QStringLiteral("rendered"))
+            ++renderings;
+        else if (name == QStringLiteral("shown"))
+            ++screens;
+        else if (name == QStringLiteral("readingPosition"))
+            position = body.toMap();
+        else
+            messages << name + QStringLiteral(": ") + body.toString();
+    }
+
+    int navigations = 0;
+    int screens = 0;
+    QVariantMap position;
+    int renderings = 0;
+    QStringList messages;
+};
+
+} // namespace driftbox

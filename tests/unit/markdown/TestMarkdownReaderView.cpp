@@ -2,9 +2,12 @@
 #include "markdown/view/MarkdownEditor.h"
 #include "markdown/view/MarkdownReaderView.h"
 #include "markdown/view/MarkdownWebView.h"
+#include "markdown/view/ReaderHeader.h"
 #include "markdown/view/ReaderWindow.h"
 #include "markdown/view/WebEngineModule.h"
 #include "panel/view/SymbolButton.h"
+#include "panel/view/Theme.h"
+#include "unit/panel/ShownSymbols.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QAccessible>
@@ -34,6 +37,19 @@ private Q_SLOTS:
         QCOMPARE(edit->toolTip(), u"Edit source"_s);
         QCOMPARE(edit->accessibleDescription(), u"Edit source"_s);
         QCOMPARE(button(u"Reveal"_s)->toolTip(), u"Reveal file in Finder"_s);
+    }
+
+    void theSymbolsOfTheHeader()
+    {
+        QCursor::setPos(2000, 2000);
+        const auto shows = [](QWidget& widget, const QString& symbol, int size) {
+            return ShownSymbols::isIn(widget, symbol, {.size = size, .color = Theme::secondary()});
+        };
+        QVERIFY(shows(*m_view->findChild<ReaderHeader*>(), u"doc.text"_s, 14));
+        QVERIFY(shows(*button(u"Edit"_s), u"pencil"_s, 12));
+        QVERIFY(shows(*button(u"Reveal"_s), u"folder"_s, 12));
+        m_open->document.toggleEdit();
+        QVERIFY(shows(*button(u"Preview"_s), u"eye"_s, 12));
     }
 
     void theEditButtonSwitchesBackAndForth()

@@ -4,15 +4,14 @@
 #include "panel/view/EmptyStateView.h"
 #include "panel/view/SearchField.h"
 #include "panel/view/SymbolButton.h"
-#include "panel/view/Symbols.h"
 #include "panel/view/Theme.h"
 #include "panel/view/Tooltip.h"
 #include "unit/panel/ShownRows.h"
+#include "unit/panel/ShownSymbols.h"
 
 #include <memory>
 
 #include <QtGui/QHelpEvent>
-#include <QtGui/QPainter>
 #include <QtTest/QTest>
 
 using namespace driftbox;
@@ -21,29 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize pageSize(451, 592);
-
-bool isSame(QRgb one, QRgb other)
-{
-    constexpr int rounding = 2;
-    return std::abs(qRed(one) - qRed(other)) <= rounding &&
-           std::abs(qGreen(one) - qGreen(other)) <= rounding &&
-           std::abs(qBlue(one) - qBlue(other)) <= rounding;
-}
-
-/// Whether this place of a picture shows the symbol, whose corners are empty, on an even ground.
-bool isAt(QPoint place, const QImage& shown, const QImage& symbol)
-{
-    QImage expected(symbol.size(), QImage::Format_RGB32);
-    expected.fill(shown.pixel(place));
-    QPainter(&expected).drawImage(0, 0, symbol);
-    for (int y = 0; y < symbol.height(); ++y) {
-        for (int x = 0; x < symbol.width(); ++x) {
-            if (!isSame(shown.pixel(place + QPoint(x, y)), expected.pixel(x, y)))
-                return false;
-        }
-    }
-    return true;
-}
 
 /// The page in a window, used by mouse and keyboard and read like assistive technology does.
 struct Page
@@ -86,17 +62,20 @@ struct Page
     [[nodiscard]] bool showsSymbol(const QString& name, int size, int row = 0) const
     {
         constexpr int rowHeight = 53;
-        const QImage shown = list().viewport()->grab().toImage().copy(0, row * rowHeight,
-                                                                      pageSize.width(), rowHeight);
-        const QImage symbol =
-            Symbols::pixmap(name, {.size = size, .color = Theme::secondary()}, 1.0).toImage();
-        for (int y = 0; y + symbol.height() <= shown.height(); ++y) {
-            for (int x = 0; x + symbol.width() <= shown.width(); ++x) {
-                if (isAt({x, y}, shown, symbol))
-                    return true;
-            }
-        }
-        return false;
+        return ShownSymbols::isIn(*list().viewport(), name,
+                                  {.size = size, .color = Theme::secondary()},
+                                  {0, row * rowHeight, pageSize.width(), rowHeight});
+    }
+    /// Whether the page shows it in the place of rows.
+    [[nodiscard]] bool showsLargeSymbol(const QString& name) const
+    {
+        return ShownSymbols::isIn(*page->findChild<EmptyStateView*>(), name,
+                                  {.size = 30, .color = Theme::tertiary()});
+    }
+    [[nodiscard]] bool showsOnButton(const QString& button, const QString& name) const
+    {
+        return ShownSymbols::isIn(this->button(button), name,
+                                  {.size = 12, .color = Theme::secondary()});
     }
 
     NotesDesk desk;
@@ -204,6 +183,19 @@ private Q_SLOTS:
         m_page->desk.open(u"a"_s).setColor(NoteColor::blue);
         const QImage picture = m_page->list().viewport()->grab().toImage();
         QCOMPARE(picture.pixel(20, 26), Theme::noteSwatch(NoteColor::blue).rgb());
+    }
+
+    void theSymbolsOfThePage()
+    {
+        QVERIFY(m_page->showsOnButton(u"New sticky note"_s, u"plus"_s));
+        QVERIFY(m_page->showsOnButton(u"Close all"_s, u"xmark.circle"_s));
+        QVERIFY(m_page->showsLargeSymbol(u"note.text"_s));
+        m_page->desk.open(u"a"_s);
+        QTest::keyClicks(&m_page->field(), u"b"_s);
+        QVERIFY(m_page->showsLargeSymbol(u"magnifyingglass"_s));
+        QVERIFY(m_page->showsOnButton(u"Clear search"_s, u"xmark.circle.fill"_s));
+        QTest::keyClick(&m_page->field(), Qt::Key_Backspace);
+        QVERIFY(!m_page->button(u"Clear search"_s).isVisible());
     }
 
     void aRowShowsByASymbolWhatTheNoteIs()

@@ -22,8 +22,7 @@ public:
 
 Q_SIGNALS:
     /// The manager has taken what it wanted, or there is nobody to ask or nothing to keep. Never
-    /// emitted when the manager
-    /// does not answer.
+    /// emitted when the manager does not answer.
     void finished();
 
 private:

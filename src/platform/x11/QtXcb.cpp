@@ -8,12 +8,9 @@
 #include <qpa/qplatformnativeinterface.h>
 
 namespace driftbox::QtXcb {
+namespace {
 
-xcb_connection_t* connection()
-{
-    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
-}
-
+/// Round trip.
 xcb_timestamp_t serverTime()
 {
     // The time itself is handed out as if it were an address.
@@ -29,6 +26,20 @@ void setUserTime(xcb_timestamp_t time)
         QGuiApplication::platformNativeInterface()->nativeResourceFunctionForScreen("setapptime");
     if (const auto setTime = reinterpret_cast<SetTime>(reinterpret_cast<void*>(resource)))
         setTime(QGuiApplication::primaryScreen(), time);
+}
+
+} // namespace
+
+xcb_connection_t* connection()
+{
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+xcb_timestamp_t noteUserAction()
+{
+    const xcb_timestamp_t now = serverTime();
+    setUserTime(now);
+    return now;
 }
 
 } // namespace driftbox::QtXcb

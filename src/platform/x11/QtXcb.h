@@ -9,11 +9,9 @@ namespace driftbox::QtXcb {
 
 [[nodiscard]] xcb_connection_t* connection();
 
-/// The server's time now. Round trip.
-[[nodiscard]] xcb_timestamp_t serverTime();
-
-/// Lets the toolkit take `time` for the time of the user's last action. It cannot know better: what
-/// the user does in other programs does not reach it.
-void setUserTime(xcb_timestamp_t time);
+/// Lets the toolkit know that the user acted just now: what the user does in other programs does
+/// not reach it. Window managers compare the time of the last action in this program with that in
+/// others; an old one would keep a window in the background. The server's time now. Round trip.
+xcb_timestamp_t noteUserAction();
 
 } // namespace driftbox::QtXcb

@@ -93,10 +93,7 @@ bool X11FloatingSurface::isVisible() const
 void X11FloatingSurface::present(Keyboard keyboard)
 {
     const bool takesKeyboard = keyboard == Keyboard::take;
-    const xcb_timestamp_t now = QtXcb::serverTime();
-    // Window managers compare the time of the last action in this program with that in others: an
-    // old one would keep the window in the background.
-    QtXcb::setUserTime(now);
+    const xcb_timestamp_t now = QtXcb::noteUserAction();
     if (m_window.isVisible()) {
         m_window.raise();
     } else {

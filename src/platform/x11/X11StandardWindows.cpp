@@ -36,10 +36,7 @@ void X11StandardWindows::center(QWindow& window)
 
 void X11StandardWindows::present(QWindow& window)
 {
-    const xcb_timestamp_t now = QtXcb::serverTime();
-    // Window managers compare the time of the last action in this program with that in others: an
-    // old one would keep the window in the background.
-    QtXcb::setUserTime(now);
+    const xcb_timestamp_t now = QtXcb::noteUserAction();
     if (window.windowStates().testFlag(Qt::WindowMinimized))
         window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.show();

@@ -92,6 +92,15 @@ QColor X11User::colorAt(QPoint pixel) const
     return {blueGreenRed[2], blueGreenRed[1], blueGreenRed[0]};
 }
 
+QRect X11User::frameOf(xcb_window_t window) const
+{
+    const auto size =
+        owned(xcb_get_geometry_reply(m_xcb, xcb_get_geometry(m_xcb, window), nullptr));
+    const auto place = owned(xcb_translate_coordinates_reply(
+        m_xcb, xcb_translate_coordinates(m_xcb, window, m_root, 0, 0), nullptr));
+    return {place->dst_x, place->dst_y, size->width, size->height};
+}
+
 void X11User::fake(std::uint8_t type, std::uint8_t detail, QPoint pixel)
 {
     xcb_test_fake_input(m_xcb, type, detail, XCB_CURRENT_TIME, m_root,

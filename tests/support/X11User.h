@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QPoint>
+#include <QtCore/QRect>
 #include <QtGui/QColor>
 
 #include <xcb/xcb.h>
@@ -34,6 +35,8 @@ public:
 
     /// The colour that is seen there.
     [[nodiscard]] QColor colorAt(QPoint pixel) const;
+    /// Where the server has the window, in pixels of the whole screen. The window must exist.
+    [[nodiscard]] QRect frameOf(xcb_window_t window) const;
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint pixel = {});

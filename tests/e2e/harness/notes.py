@@ -11,7 +11,6 @@ MAKE_NOTE = "Make a sticky note"  # of an entry of the history
 SAVE = "Save"
 UNSAVE = "Unsave — note becomes a draft (deleted on close)"
 COPY = "Copy to clipboard"
-NEW = "New note"
 CLOSE = "Delete note"
 NEW_STICKY_NOTE = "New sticky note"
 CLOSE_ALL = "Close all"

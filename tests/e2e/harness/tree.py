@@ -86,10 +86,6 @@ class Node:
         return self._property(_ACCESSIBLE, "Name") or ""
 
     @property
-    def description(self):
-        return self._property(_ACCESSIBLE, "Description") or ""
-
-    @property
     def role(self):
         answer = self._call(_ACCESSIBLE, "GetRoleName")
         return answer[0] if answer else ""

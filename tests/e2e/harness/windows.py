@@ -23,11 +23,6 @@ class Geometry:
     def contains(self, x, y):
         return self.x <= x < self.x + self.width and self.y <= y < self.y + self.height
 
-    def is_within(self, other):
-        return (self.x >= other.x and self.y >= other.y
-                and self.x + self.width <= other.x + other.width
-                and self.y + self.height <= other.y + other.height)
-
 
 class Windows:
     """Looks at windows. Windows that end meanwhile read as not there."""
@@ -38,8 +33,8 @@ class Windows:
 
     def is_managed(self):
         """Whether a window manager manages the screen."""
-        check = self._window_property(self._root, "_NET_SUPPORTING_WM_CHECK")
-        return check is not None and self._window_property(
+        check = self._cardinal(self._root, "_NET_SUPPORTING_WM_CHECK")
+        return check is not None and self._cardinal(
             self._display.create_resource_object("window", check),
             "_NET_SUPPORTING_WM_CHECK") == check
 
@@ -49,7 +44,7 @@ class Windows:
 
     def active(self):
         """The id of the window that has the keyboard by the window manager's word; 0 for none."""
-        return self._window_property(self._root, "_NET_ACTIVE_WINDOW") or 0
+        return self._cardinal(self._root, "_NET_ACTIVE_WINDOW") or 0
 
     def focused(self):
         """The id of the window that gets the keys by the server's word."""
@@ -165,8 +160,6 @@ class Windows:
     def _cardinal(self, window, name):
         value = self._property(window, name)
         return value.value[0] if value is not None and len(value.value) else None
-
-    _window_property = _cardinal
 
     def _all(self, window, depth):
         try:

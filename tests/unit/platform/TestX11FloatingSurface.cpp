@@ -526,18 +526,9 @@ private:
         return card->isExposed() && user.colorAt(pixel) == paper;
     }
 
-    /// What the X server says of the window.
     [[nodiscard]] QRect windowFrame() const
     {
-        xcb_connection_t* xcb = connection->xcb();
-        const auto id = static_cast<xcb_window_t>(card->winId());
-        auto* geometry = xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, id), nullptr);
-        auto* origin = xcb_translate_coordinates_reply(
-            xcb, xcb_translate_coordinates(xcb, id, connection->root(), 0, 0), nullptr);
-        const QRect frame(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
-        std::free(geometry);
-        std::free(origin);
-        return frame;
+        return user.frameOf(static_cast<xcb_window_t>(card->winId()));
     }
 
     [[nodiscard]] QString property(const QString& name) const

@@ -129,15 +129,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] QRect pixelsOf(const QWindow& window) const
     {
-        xcb_connection_t* xcb = connection->xcb();
-        const auto id = static_cast<xcb_window_t>(window.winId());
-        auto* size = xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, id), nullptr);
-        auto* place = xcb_translate_coordinates_reply(
-            xcb, xcb_translate_coordinates(xcb, id, connection->root(), 0, 0), nullptr);
-        const QRect pixels(place->dst_x, place->dst_y, size->width, size->height);
-        std::free(size);
-        std::free(place);
-        return pixels;
+        return user.frameOf(static_cast<xcb_window_t>(window.winId()));
     }
 
     X11User user;

@@ -21,7 +21,7 @@ namespace driftbox {
 namespace {
 
 constexpr int startTimeoutMs = 30'000;
-constexpr int probeTimeoutMs = 400;
+constexpr int firstProbeTimeoutMs = 400;
 
 struct Free
 {
@@ -128,14 +128,15 @@ QStringList WindowManager::argumentsFor(const QString& name) const
     return {name, u"--replace"_s, u"--sm-disable"_s};
 }
 
-// Window managers announce themselves before they look after windows, so a window is shown until
-// one of them gives it the keyboard.
+// Window managers announce themselves before they look after windows, so windows are shown until
+// one of them gets the keyboard: anew, as one may come too early, and for longer each time, as the
+// machine may be busy.
 void WindowManager::waitUntilReady() const
 {
     const QDeadlineTimer deadline(startTimeoutMs);
-    while (!deadline.hasExpired()) {
+    for (int timeoutMs = firstProbeTimeoutMs; !deadline.hasExpired(); timeoutMs *= 2) {
         const X11Client probe;
-        const QDeadlineTimer probeDeadline(probeTimeoutMs);
+        const QDeadlineTimer probeDeadline(timeoutMs);
         while (!probeDeadline.hasExpired()) {
             if (probe.hasFocus())
                 return;

@@ -1,15 +1,16 @@
 #pragma once
 
+#include "platform/Screens.h"
 #include "settings/view/SettingsWindow.h"
 
 #include <memory>
+#include <vector>
 
 namespace driftbox {
 
-class Screens;
-
 /// Owns the one settings window for the program's life: it opens on the page and at the place where
-/// it was left. Main thread only.
+/// it was left, unless the screens have changed and that place is not wholly on one of them. Main
+/// thread only.
 class SettingsWindowController
 {
 public:
@@ -23,11 +24,13 @@ public:
     void showWindow();
 
 private:
-    void centre();
+    void place();
+    void centre(const std::vector<Screen>& screens);
+    void fit(const std::vector<Screen>& screens);
 
     std::unique_ptr<SettingsWindow> m_window;
     const Screens& m_screens;
-    bool m_isPlaced = false;
+    std::vector<QRectF> m_rooms; ///< the visible parts of the screens when it was last shown
 };
 
 } // namespace driftbox

@@ -100,6 +100,41 @@ private Q_SLOTS:
         QCOMPARE(f.surfaces.surfaces.size(), size_t(1));
     }
 
+    void itComesBackToTheScreensThatAreLeft_data()
+    {
+        QTest::addColumn<QRectF>("left");
+        QTest::addColumn<QRectF>("found");
+        QTest::newRow("still on it") << QRectF(10, 20, 500, 450) << QRectF(10, 20, 500, 450);
+        QTest::newRow("over the edge") << QRectF(300, 20, 600, 450) << QRectF(200, 20, 600, 450);
+        QTest::newRow("on the screen that went")
+            << QRectF(1000, 300, 600, 450) << QRectF(200, 150, 600, 450);
+        QTest::newRow("too large") << QRectF(0, 20, 900, 700) << QRectF(0, 0, 800, 600);
+    }
+
+    void itComesBackToTheScreensThatAreLeft()
+    {
+        QFETCH(QRectF, left);
+        QFETCH(QRectF, found);
+        Fixture f;
+        f.controller.showWindow();
+        f.surface().moveByUser(left);
+        f.window().close();
+        f.screens.list = {{QRectF(0, 0, 800, 600), QRectF(0, 0, 800, 600), QRect(), 1.0}};
+        f.controller.showWindow();
+        QCOMPARE(f.surface().frame(), found);
+    }
+
+    void halfOffTheScreenItStaysWhereItWasPut()
+    {
+        Fixture f;
+        f.controller.showWindow();
+        const QRectF left(1200, 20, 600, 450);
+        f.surface().moveByUser(left);
+        f.window().close();
+        f.controller.showWindow();
+        QCOMPARE(f.surface().frame(), left);
+    }
+
     void showingItTwiceBringsItToTheFront()
     {
         Fixture f;

@@ -6,6 +6,7 @@
 #include "core/AppConfig.h"
 #include "core/Log.h"
 #include "platform/desktop/DBusInstanceLink.h"
+#include "platform/desktop/TerminationSignals.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -78,6 +79,9 @@ int main(int argc, char** argv)
     driftbox::AppCoordinator coordinator(desktop->services());
     driftbox::MenuBarItem menuBarItem(desktop->services(), coordinator.settings());
     menuBarItem.start();
+    const driftbox::TerminationSignals terminations;
+    QObject::connect(&terminations, &driftbox::TerminationSignals::received, &application,
+                     &QApplication::quit);
     driftbox::AppDelegate delegate(coordinator, link);
     delegate.applicationDidFinishLaunching(commandLine.documents);
     return QApplication::exec();

@@ -1,5 +1,7 @@
 """What the program leaves behind when it quits."""
 
+import signal
+
 import pytest
 
 from harness.apps import XTerm
@@ -36,6 +38,15 @@ def pasted(desktop):
 def test_a_clipboard_manager_keeps_what_was_picked(desktop, history):
     with ClipboardManager(desktop) as manager:
         quit_by_menu(history)
+        assert manager.questions == 1
+        assert pasted(desktop) == "alpha"
+
+
+@pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
+def test_it_ends_in_order_when_it_is_asked_to_end(desktop, history, number):
+    with ClipboardManager(desktop) as manager:
+        history.process.send_signal(number)
+        assert history.process.wait(10) == 0
         assert manager.questions == 1
         assert pasted(desktop) == "alpha"
 

@@ -34,7 +34,8 @@ void SearchField::keyPressEvent(QKeyEvent* event)
         copySelection();
     } else if (event->matches(QKeySequence::Cut)) {
         copySelection();
-        del();
+        if (hasSelectedText())
+            del();
     } else if (event->matches(QKeySequence::Paste)) {
         insert(m_exchange.pasteboardText());
     } else {

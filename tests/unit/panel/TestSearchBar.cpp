@@ -124,8 +124,10 @@ private Q_SLOTS:
         f.press(QKeySequence::Paste);
         QCOMPARE(f.bar.field().text(), u"on the pasteboard"_s);
         QCOMPARE(f.edited.last().first().toString(), u"on the pasteboard"_s);
-        f.press(QKeySequence::Cut);
+        f.bar.field().setCursorPosition(2);
+        f.press(QKeySequence::Cut); // nothing is selected
         QCOMPARE(f.bar.field().text(), u"on the pasteboard"_s);
+        QCOMPARE(f.copied.count(), 2);
     }
 
     void linesArePastedAsTheyAre()

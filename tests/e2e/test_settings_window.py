@@ -5,6 +5,7 @@ import pytest
 from harness import screenshot
 from harness.apps import XTerm
 from harness.desktop import Monitor
+from harness.notes import Notes
 from harness.settings import HOTKEY, LAUNCH, PAGES, SHADOW, Portal, Settings
 from harness.statusbar import StatusBar
 from harness.waiting import wait_for, wait_for_equal
@@ -186,3 +187,27 @@ def test_it_turns_dark_with_the_desktop(desktop, stopped_program):
     wait_for(lambda: brightness() < 60, "the window to be dark")
     portal.change("light")
     wait_for(lambda: brightness() > 240, "the window to be light")
+
+
+def test_it_comes_back_after_it_was_minimized(desktop, program):
+    item = StatusBar(desktop).item()
+    settings = Settings(program).open_from(item)
+    before = settings.geometry()
+    settings.press("Minimize")
+    settings.wait_until_closed()
+    settings.open_from(item)
+    wait_for_equal(settings.geometry, before, "the place")
+    settings.choose("About")
+
+
+def test_every_window_is_read_as_one(desktop, program):
+    document = desktop.folder / "document.md"
+    document.write_text("# Title\n", encoding="utf-8")
+    program.expect_complaint("^kAEOpenDocuments: ")
+    Notes(program).make("a note")
+    program.start_again(document)
+    Settings(program).open_from_panel()
+    program.panel.open()
+    application = desktop.tree.application(program.process.pid)
+    for name in ("Drift Box", "Drift Box Settings", "Sticky note", "document.md"):
+        application.find("frame", name)

@@ -2,6 +2,7 @@
 
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/view/MarkdownReaderView.h"
+#include "panel/view/WindowAccessible.h"
 #include "platform/StandardWindows.h"
 
 #include <QtGui/QCloseEvent>
@@ -21,6 +22,7 @@ ReaderWindow::ReaderWindow(MarkdownReaderViewModel& viewModel, const ReaderServi
     : m_windows(services.windows)
     , m_view(new MarkdownReaderView(viewModel, services, std::move(openDocument), this))
 {
+    readAsWindow(*this);
     setWindowTitle(viewModel.displayName());
     setAccessibleName(viewModel.displayName());
     auto* layout = new QVBoxLayout(this);

@@ -6,6 +6,7 @@
 #include "notes/view/NotePaper.h"
 #include "panel/view/ResizeEdges.h"
 #include "panel/view/Theme.h"
+#include "panel/view/WindowAccessible.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
@@ -37,6 +38,7 @@ StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurface
     , m_content(new NoteContentView(viewModel, pasteboard, selectedText, this))
     , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
+    readAsWindow(*this);
     setWindowTitle(u"Sticky note"_s);
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);

@@ -1,6 +1,7 @@
 #include "panel/view/FloatingPanel.h"
 
 #include "panel/view/MagicPanelRootView.h"
+#include "panel/view/WindowAccessible.h"
 
 #include <QtGui/QWindow>
 
@@ -16,6 +17,7 @@ FloatingPanel::FloatingPanel(FloatingSurfaces& surfaces, PanelAnimator& animator
                              SectionRegistry& registry)
     : m_rootView(new MagicPanelRootView(animator, registry, this))
 {
+    readAsWindow(*this);
     setWindowTitle(u"Drift Box"_s);
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);

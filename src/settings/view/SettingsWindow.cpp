@@ -2,6 +2,7 @@
 
 #include "panel/view/ResizeEdges.h"
 #include "panel/view/Theme.h"
+#include "panel/view/WindowAccessible.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QHoverEvent>
@@ -34,6 +35,7 @@ SettingsWindow::SettingsWindow(FloatingSurfaces& surfaces, const SettingsService
     : m_rootView(new SettingsRootView(services, exchange, this))
     , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
+    readAsWindow(*this);
     setWindowTitle(u"Drift Box Settings"_s);
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);

@@ -207,6 +207,7 @@ private Q_SLOTS:
         window.setShouldClose([&mayClose] { return mayClose; });
         QCOMPARE(window.windowTitle(), u"doc.md"_s);
         QCOMPARE(window.accessibleName(), u"doc.md"_s);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
         QCOMPARE(window.size(), QSize(780, 640));
         QCOMPARE(m_open->windows.centered.size(), size_t(1));
         QVERIFY(!window.isVisible());

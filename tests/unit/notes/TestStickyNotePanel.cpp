@@ -9,6 +9,7 @@
 
 #include <optional>
 
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 
@@ -33,6 +34,9 @@ private Q_SLOTS:
         QCOMPARE(surface().role, FloatingSurface::Role::note);
         QVERIFY(m_panel->windowFlags().testFlag(Qt::Window));
         QVERIFY(!m_panel->isVisible());
+        const auto* accessible = QAccessible::queryAccessibleInterface(&*m_panel);
+        QCOMPARE(accessible->text(QAccessible::Name), u"Sticky note"_s);
+        QCOMPARE(accessible->role(), QAccessible::Window);
     }
 
     void withCompositingThereIsRoomForAShadow()

@@ -50,6 +50,7 @@ private Q_SLOTS:
         Desktop desktop;
         auto* accessible = QAccessible::queryAccessibleInterface(&desktop.panel);
         QCOMPARE(accessible->text(QAccessible::Name), u"Drift Box"_s);
+        QCOMPARE(accessible->role(), QAccessible::Window);
         QCOMPARE(desktop.panel.windowTitle(), u"Drift Box"_s);
     }
 

@@ -37,6 +37,7 @@ CountLabel* PageFooter::addCount()
 {
     auto* count = new CountLabel(this);
     m_counts->addWidget(count);
+    m_button->raise(); // is read after the counts
     return count;
 }
 

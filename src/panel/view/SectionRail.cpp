@@ -22,10 +22,11 @@ SectionRail::SectionRail(SectionRegistry& registry, QWidget* parent)
     : QWidget(parent)
     , m_registry(registry)
     , m_sectionButtons(new QVBoxLayout)
+    , m_settings(new RailIconButton(u"gearshape"_s, u"Settings"_s, this))
 {
     setFixedWidth(railWidth);
-    auto* settings = new RailIconButton(u"gearshape"_s, u"Settings"_s, this);
-    connect(settings, &RailIconButton::clicked, this, &SectionRail::settingsRequested);
+    m_settings->setCheckable(false); // is never the one that is shown
+    connect(m_settings, &RailIconButton::clicked, this, &SectionRail::settingsRequested);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(horizontalPadding, verticalPadding, horizontalPadding,
@@ -34,7 +35,7 @@ SectionRail::SectionRail(SectionRegistry& registry, QWidget* parent)
     m_sectionButtons->setSpacing(spacing);
     column->addLayout(m_sectionButtons);
     column->addStretch();
-    column->addWidget(settings, 0, Qt::AlignHCenter);
+    column->addWidget(m_settings, 0, Qt::AlignHCenter);
 
     addNewSections();
     connect(&m_registry, &SectionRegistry::sectionsChanged, this, &SectionRail::addNewSections);
@@ -48,10 +49,15 @@ void SectionRail::addNewSections()
     for (auto i = static_cast<std::size_t>(m_sectionButtons->count()); i < sections.size(); ++i) {
         const MagicPanelSection& section = *sections[i];
         auto* button = new RailIconButton(section.systemImage(), section.title(), this);
+        button->setAutoExclusive(true);
         connect(button, &RailIconButton::clicked, this,
                 [this, id = section.id()] { m_registry.select(id); });
+        if (m_sectionButtons->count() > 0)
+            setTabOrder(m_sectionButtons->itemAt(m_sectionButtons->count() - 1)->widget(), button);
+        setTabOrder(button, m_settings);
         m_sectionButtons->addWidget(button, 0, Qt::AlignHCenter);
     }
+    m_settings->raise(); // is read after the sections
     markActiveSection();
 }
 

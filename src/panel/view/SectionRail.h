@@ -6,6 +6,7 @@ class QVBoxLayout;
 
 namespace driftbox {
 
+class RailIconButton;
 class SectionRegistry;
 
 /// The panel's left edge: one button a section, and at its foot the button of the settings.
@@ -26,6 +27,7 @@ private:
 
     SectionRegistry& m_registry;
     QVBoxLayout* m_sectionButtons; ///< in the order of the registry
+    RailIconButton* m_settings;
 };
 
 } // namespace driftbox

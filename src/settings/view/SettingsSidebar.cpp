@@ -125,6 +125,7 @@ SettingsSidebar::SettingsSidebar(SettingsNavigation& navigation, const TextExcha
     column->setSpacing(spacing);
     column->addWidget(search);
     column->addWidget(m_list, 1);
+    m_list->raise(); // is read after the field above it
     setFixedWidth(sidebarWidth);
 }
 

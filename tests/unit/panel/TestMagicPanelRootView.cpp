@@ -116,6 +116,38 @@ private Q_SLOTS:
         QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard*"_s, u"Notes"_s, u"Settings"_s}));
     }
 
+    void theRailIsReadAndWalkedThroughFromTheTop()
+    {
+        Panel panel;
+        panel.add(u"More"_s);
+        QApplication::sendPostedEvents();
+        const QWidget* rail = panel.buttons().first()->parentWidget();
+        const auto* accessible = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(rail));
+        QStringList read;
+        for (int i = 0; i < accessible->childCount(); ++i) {
+            const QAccessibleInterface* button = accessible->child(i);
+            const bool isChoice = button->role() == QAccessible::RadioButton;
+            QCOMPARE(isChoice, button->text(QAccessible::Name) != u"Settings");
+            QCOMPARE(bool(button->state().checked), i == 0);
+            read << button->text(QAccessible::Name);
+        }
+        QCOMPARE(read, QStringList({u"Clipboard"_s, u"Notes"_s, u"More"_s, u"Settings"_s}));
+
+        const auto buttons = panel.buttons();
+        QCOMPARE(buttons[1]->nextInFocusChain(), buttons[2]);
+        QCOMPARE(buttons[2]->nextInFocusChain(), buttons[3]);
+    }
+
+    void theArrowKeysChangeTheSectionOnTheRail()
+    {
+        Panel panel;
+        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
+        panel.buttons().first()->setFocus();
+        QTest::keyClick(panel.buttons().first(), Qt::Key_Down);
+        QCOMPARE(panel.registry.activeID(), u"notes"_s);
+        QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard"_s, u"Notes*"_s, u"Settings"_s}));
+    }
+
     void theRailHasItsMeasures()
     {
         const Panel panel;

@@ -8,6 +8,10 @@
 #include "settings/view/SettingsHeader.h"
 #include "settings/view/SettingsWindowController.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QListView>
@@ -56,6 +60,15 @@ struct Fixture
         screens};
 };
 
+/// The names of the element and all in it, in the order in which they are read.
+QStringList readFrom(const QAccessibleInterface& element)
+{
+    QStringList names{element.text(QAccessible::Name)};
+    for (int i = 0; i < element.childCount(); ++i)
+        names += readFrom(*element.child(i));
+    return names;
+}
+
 } // namespace
 
 class TestSettingsWindow : public QObject
@@ -70,6 +83,7 @@ private Q_SLOTS:
         QCOMPARE(f.window().rootView().size(), QSize(760, 520));
         QCOMPARE(f.window().windowTitle(), u"Drift Box Settings"_s);
         QCOMPARE(f.window().accessibleName(), u"Drift Box Settings"_s);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&f.window())->role(), QAccessible::Window);
         QCOMPARE(f.surface().shape.boundingRect().adjusted(0, 0, -1, -1),
                  f.window().rect().adjusted(shadow, shadow, -shadow - 1, -shadow - 1));
     }
@@ -151,6 +165,27 @@ private Q_SLOTS:
         f.screens.mouse = {5000, 5000};
         f.controller.showWindow();
         QCOMPARE(f.surface().frame(), QRectF(0, 0, 800, 480));
+    }
+
+    void everythingIsReadFromTheTop()
+    {
+        Fixture f;
+        const QStringList read = readFrom(*QAccessible::queryAccessibleInterface(&f.window()));
+        const QStringList expected = {u"Search"_s,
+                                      u"General"_s, // in the sidebar
+                                      u"Hotkey, startup, and accessibility."_s,
+                                      u"Hotkey"_s,
+                                      u"Summon with"_s,
+                                      u"Startup"_s,
+                                      u"Launch Drift Box at login"_s,
+                                      u"Accessibility"_s,
+                                      u"Re-check"_s,
+                                      u"Close"_s};
+        QStringList found;
+        std::ranges::copy_if(read, std::back_inserter(found), [&](const QString& name) {
+            return expected.contains(name) && !found.contains(name);
+        });
+        QCOMPARE(found, expected);
     }
 
     void theSidebarOpensPages()

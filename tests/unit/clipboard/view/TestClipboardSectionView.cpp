@@ -1,6 +1,7 @@
 #include "panel/view/Tooltip.h"
 #include "unit/clipboard/view/ClipboardPage.h"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
 
@@ -142,6 +143,18 @@ private Q_SLOTS:
         QCOMPARE(page.label(u"2 total"_s).geometry(), total);
         QCOMPARE(page.label(u"1 pinned"_s).geometry().topLeft(), pinned.topLeft());
         QCOMPARE(page.clearUnpinned().geometry(), button);
+    }
+
+    void theCountsAreReadBeforeTheButton()
+    {
+        m_history->copy(u"a"_s);
+        ClipboardPage page(*m_history);
+        page.show();
+        const auto* footer =
+            QAccessible::queryAccessibleInterface(page.clearUnpinned().parentWidget());
+        QCOMPARE(footer->childCount(), 3);
+        QCOMPARE(footer->child(0)->text(QAccessible::Name), u"1 total"_s);
+        QCOMPARE(footer->child(2)->text(QAccessible::Name), u"Clear unpinned"_s);
     }
 
     void clearingIsOfferedWhileThereIsSomethingUnpinned()

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "BusElement.h"
+
 #include <atomic>
 
 #include <QtCore/QRectF>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
@@ -11,29 +12,6 @@
 #include <QtDBus/QDBusVirtualObject>
 
 namespace driftbox {
-
-/// An element of an application, as the accessibility bus spells it.
-struct BusElement
-{
-    QString service;
-    QDBusObjectPath path;
-};
-
-inline QDBusArgument& operator<<(QDBusArgument& argument, const BusElement& element)
-{
-    argument.beginStructure();
-    argument << element.service << element.path;
-    argument.endStructure();
-    return argument;
-}
-
-inline const QDBusArgument& operator>>(const QDBusArgument& argument, BusElement& element)
-{
-    argument.beginStructure();
-    argument >> element.service >> element.path;
-    argument.endStructure();
-    return argument;
-}
 
 /// An application on the accessibility bus: its active window holds a text of two paragraphs, one
 /// of which has the focus, and has to look up where the caret and the characters are. For a while

@@ -8,6 +8,7 @@ from harness import notes as controls
 from harness.apps import GtkEditor, XTerm
 from harness.notes import Notes, saved_note
 from harness.program import entry
+from harness.statusbar import StatusBar
 from harness.waiting import wait_for, wait_for_equal
 from harness.windows import Geometry
 from harness.xclients import ClipboardOwner
@@ -59,6 +60,22 @@ def test_a_note_is_made_of_a_picture(desktop, program, notes, picture):
     note.click(controls.CLOSE)
     note.wait_until_closed()
     wait_for(lambda: not list(notes.images.iterdir()), "the draft's picture to be gone")
+
+
+def test_quitting_ends_drafts_with_their_pictures(desktop, stopped_program, picture):
+    bar = StatusBar(desktop)
+    program = stopped_program.start()
+    item = bar.item()
+    with ClipboardOwner(desktop, {"image/png": picture}):
+        program.wait_for_entries(1)
+    program.panel.open()
+    program.panel.click_action(program.panel.row_names()[0], "Make a sticky note")
+    notes = Notes(program)
+    notes.next_window()
+    assert list(notes.images.iterdir())
+    item.choose("Quit Drift Box")
+    assert program.process.wait(10) == 0
+    assert not list(notes.images.iterdir())
 
 
 # Saving, closing, opening again

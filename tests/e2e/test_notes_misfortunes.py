@@ -29,6 +29,7 @@ def frame(**changes):
 
 _BAD = {
     "truncated": '[{"id"',
+    "torn within a text": '[{"textContent":"hunter2',
     "a color": json.dumps([saved_note(1), saved_note(2, color="purple")]),
     "no height": json.dumps([saved_note(frame={"x": 1, "y": 2, "width": 3})]),
     "infinite": json.dumps([frame(x=12345)]).replace("12345", "1e999"),
@@ -41,6 +42,7 @@ def test_a_manifest_that_is_none_starts_empty_and_is_kept_aside(stopped, bad):
     stopped.program.expect_complaint(_CORRUPT)
     stopped.program.start()
     stopped.program.wait_for_log(_CORRUPT)
+    assert not [line for line in stopped.program.log() if "hunter" in line.message]
     note = stopped.make("new")
     assert stopped.manifest_path.read_text(encoding="utf-8") == bad
     note.click(controls.SAVE)

@@ -35,6 +35,18 @@ private Q_SLOTS:
         QVERIFY(background() != dark);
     }
 
+    void everyColourOfTheDarkScreenHasOneForPaper()
+    {
+        (void)m_open->value(
+            u"window.rules = [...document.styleSheets[0].cssRules]; window.names = (rules) => "
+            "rules.filter(r => r.selectorText?.includes(':root.dark') && !/ /.test("
+            "r.selectorText.replace(', ', ','))).flatMap(r => [...r.style]); window.paper = names("
+            "[...rules.find(r => r.media?.mediaText === 'print').cssRules]); 0"_s);
+        QVERIFY(m_open->value(u"names(rules).length > 10"_s).toBool());
+        QCOMPARE(m_open->value(u"names(rules).filter(n => !paper.includes(n)).join()"_s).toString(),
+                 u"--selection"_s); // which is never printed
+    }
+
     void relativePicturesLieBesideTheDocument()
     {
         QVERIFY(m_open->render(u"![x](<img/a b#ü.png>)\n\n![x](img/a%20b%23%C3%BC.png)"_s));

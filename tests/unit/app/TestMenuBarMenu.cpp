@@ -4,6 +4,7 @@
 #include "app/MenuBarMenu.h"
 #include "clipboard/ClipboardViewModel.h"
 #include "core/AppConfig.h"
+#include "panel/view/Symbols.h"
 
 #include <memory>
 
@@ -55,6 +56,31 @@ private Q_SLOTS:
         QCOMPARE(action(u"Settings…"_s).shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
         QCOMPARE(action(u"Quit Drift Box"_s).shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
         QVERIFY(!entries.at(1)->isEnabled());
+    }
+
+    void theEntriesHaveTheirSymbols_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("symbol");
+        const auto row = [](const QString& text, const QString& symbol) {
+            QTest::newRow(qPrintable(symbol)) << text << symbol;
+        };
+        row(u"Open Drift Box"_s, u"bolt.fill"_s);
+        row(u"Open Markdown…"_s, u"doc.text"_s);
+        row(u"Settings…"_s, u"gearshape"_s);
+        row(u"Send Feedback…"_s, u"envelope"_s);
+        row(u"Clear Unpinned History"_s, u"trash"_s);
+        row(u"Quit Drift Box"_s, u"power"_s);
+    }
+    void theEntriesHaveTheirSymbols()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, symbol);
+        const auto outline = [](const QIcon& icon) {
+            return icon.pixmap(64).toImage().convertToFormat(QImage::Format_Alpha8);
+        };
+        QCOMPARE(outline(action(text).icon()),
+                 outline(Symbols::icon(symbol, {.size = 15, .color = Qt::black})));
     }
 
     void theHintFollowsTheSettingsAtOnce()

@@ -7,6 +7,7 @@
 #include "panel/view/RailIconButton.h"
 #include "panel/view/Theme.h"
 #include "panel/view/ThemeFollower.h"
+#include "unit/panel/ShownSymbols.h"
 
 #include <QtGui/QAccessible>
 #include <QtTest/QSignalSpy>
@@ -146,6 +147,18 @@ private Q_SLOTS:
         QTest::keyClick(panel.buttons().first(), Qt::Key_Down);
         QCOMPARE(panel.registry.activeID(), u"notes"_s);
         QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard"_s, u"Notes*"_s, u"Settings"_s}));
+    }
+
+    void theRailHasTheSymbolsOfTheSections()
+    {
+        const Panel panel;
+        const auto buttons = panel.buttons();
+        const Symbols::Style active{
+            .size = 15, .color = Theme::accent(), .weight = Symbols::Weight::semibold};
+        const Symbols::Style other{.size = 15, .color = Theme::secondary()};
+        QVERIFY(ShownSymbols::isIn(*buttons[0], u"note.text"_s, active));
+        QVERIFY(ShownSymbols::isIn(*buttons[1], u"note.text"_s, other));
+        QVERIFY(ShownSymbols::isIn(*buttons[2], u"gearshape"_s, other));
     }
 
     void theRailHasItsMeasures()

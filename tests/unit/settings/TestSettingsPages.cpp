@@ -8,9 +8,12 @@
 #include "settings/view/FormLabel.h"
 #include "settings/view/GeneralSettingsView.h"
 #include "settings/view/NotesSettingsView.h"
+#include "settings/view/StatusLine.h"
 #include "settings/view/SwatchButton.h"
+#include "settings/view/SystemColors.h"
 #include "settings/view/TipPicture.h"
 #include "settings/view/ToggleRow.h"
+#include "unit/panel/ShownSymbols.h"
 
 #include <algorithm>
 
@@ -190,6 +193,34 @@ private Q_SLOTS:
         QVERIFY(shown.labels().contains(required));
         shown.page.show();
         QVERIFY(!shown.labels().contains(required));
+    }
+
+    void thePermissionIsMarked()
+    {
+        Shown<GeneralSettingsView> shown;
+        auto& line = shown.at<StatusLine>(0);
+        const auto shows = [&line](const QString& symbol, SystemColor color) {
+            return ShownSymbols::isIn(line, symbol, {.size = 15, .color = systemColor(color)});
+        };
+        QVERIFY(shows(u"checkmark.seal.fill"_s, SystemColor::green));
+        shown.desk.isTrusted = false;
+        shown.button(u"Re-check"_s).click();
+        QVERIFY(shows(u"exclamationmark.triangle.fill"_s, SystemColor::orange));
+    }
+
+    void theButtonsHaveTheirSymbols()
+    {
+        const auto shows = [](ActionButton& button, const QString& symbol, const QColor& color) {
+            return ShownSymbols::isIn(button, symbol, {.size = 13, .color = color});
+        };
+        Shown<ClipboardSettingsView> clipboard;
+        clipboard.desk.history.copy(u"unpinned"_s);
+        QVERIFY(shows(clipboard.button(u"Clear all unpinned history now"_s), u"trash"_s,
+                      Theme::destructive()));
+        const Shown<NotesSettingsView> notes;
+        QVERIFY(shows(notes.button(u"Close all notes"_s), u"xmark.circle"_s, Theme::destructive()));
+        const Shown<AboutSettingsView> about;
+        QVERIFY(shows(about.button(u"Send Feedback · 反馈"_s), u"envelope"_s, Theme::primary()));
     }
 
     void theCapacityIsStepped()

@@ -1,5 +1,6 @@
 #include "panel/view/Theme.h"
 #include "unit/clipboard/view/ClipboardPage.h"
+#include "unit/panel/ShownSymbols.h"
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -59,6 +60,27 @@ private Q_SLOTS:
         page.click(page.button(1, u"Paste as plain text"_s));
         QVERIFY(m_history->pasteboard.content() == PasteboardContent{.text = u"rich"_s});
         QCOMPARE(m_history->posted.count(), 1);
+    }
+
+    void theActionsHaveTheirSymbols()
+    {
+        m_history->copy({.png = picture({10, 10})});
+        m_history->copy({.text = u"rich"_s, .rtf = QByteArray("{}")});
+        ClipboardPage page(*m_history);
+        page.show();
+        const auto shows = [&page](int row, const QString& symbol) {
+            return ShownSymbols::isIn(*page.list().viewport(), symbol,
+                                      {.size = 13, .color = Theme::secondary()},
+                                      page.list().rowRect(row));
+        };
+        for (const auto& symbol : {u"doc.plaintext"_s, u"note.text"_s, u"trash"_s}) {
+            QVERIFY2(shows(0, symbol), qPrintable(symbol)); // the selected one
+            QVERIFY2(!shows(1, symbol), qPrintable(symbol));
+        }
+        page.press(Qt::Key_Down);
+        for (const auto& symbol : {u"text.viewfinder"_s, u"note.text"_s, u"trash"_s})
+            QVERIFY2(shows(1, symbol), qPrintable(symbol));
+        QVERIFY(!shows(1, u"doc.plaintext"_s));
     }
 
     void clicksDoWhatIsUnderThem()

@@ -1,5 +1,8 @@
+#include "panel/view/EmptyStateView.h"
+#include "panel/view/Theme.h"
 #include "panel/view/Tooltip.h"
 #include "unit/clipboard/view/ClipboardPage.h"
+#include "unit/panel/ShownSymbols.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
@@ -65,6 +68,28 @@ private Q_SLOTS:
         QCOMPARE(page.rowNames(), QStringList(u"Text: Apple"_s));
         m_history->viewModel.setQuery({});
         QCOMPARE(page.field().text(), QString());
+    }
+
+    void theSymbolsOfThePage()
+    {
+        ClipboardPage page(*m_history);
+        page.show();
+        const auto shows = [](QWidget& widget, const QString& symbol, int size) {
+            return ShownSymbols::isIn(widget, symbol, {.size = size, .color = Theme::secondary()});
+        };
+        const auto says = [&page](const QString& symbol) {
+            return ShownSymbols::isIn(*page.page->findChild<EmptyStateView*>(), symbol,
+                                      {.size = 30, .color = Theme::tertiary()});
+        };
+        QVERIFY(shows(*page.field().parentWidget(), u"magnifyingglass"_s, 14));
+        QVERIFY(says(u"tray"_s));
+        m_history->viewModel.togglePin(m_history->copy(u"a"_s));
+        m_history->copy(u"b"_s);
+        QTest::keyClicks(&page.field(), u"z"_s);
+        QVERIFY(says(u"magnifyingglass"_s));
+        QVERIFY(shows(*page.field().parentWidget(), u"xmark.circle.fill"_s, 12));
+        QVERIFY(shows(page.clearUnpinned(), u"trash"_s, 12));
+        QVERIFY(shows(*page.clearUnpinned().parentWidget(), u"pin.fill"_s, 10));
     }
 
     void everyShowingStartsOver()

@@ -3,6 +3,8 @@
 #include "platform/KeyEventMonitor.h"
 #include "platform/MonitorRegistry.h"
 
+#include <functional>
+
 namespace driftbox {
 
 /// A keyboard that only a test types on.
@@ -15,7 +17,12 @@ public:
         return registry(scope).add(std::move(handler));
     }
     [[nodiscard]] bool isTrusted() const override { return trusted; }
-    void requestTrust() override { ++trustRequests; }
+    void requestTrust() override
+    {
+        ++trustRequests;
+        if (onTrustRequest)
+            onTrustRequest();
+    }
 
     void changeFlags(ModifierFlags flags, EventTime time,
                      KeyEventScope scope = KeyEventScope::global)
@@ -32,6 +39,7 @@ public:
 
     bool trusted = true;
     int trustRequests = 0;
+    std::function<void()> onTrustRequest;
 
 private:
     [[nodiscard]] MonitorRegistry<Handler>& registry(KeyEventScope scope)

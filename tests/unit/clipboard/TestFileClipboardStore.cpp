@@ -199,6 +199,7 @@ private Q_SLOTS:
         QVERIFY(m_store->allItems().empty());
         m_store->pruneUnpinned(-4); // stored settings are not checked
         QVERIFY(m_store->allItems().empty());
+        QCOMPARE(m_files->writeCount(), writes + 2);
     }
 
     void aCorruptManifestStartsEmptyAndIsKeptAside()

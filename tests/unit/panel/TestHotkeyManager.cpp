@@ -323,6 +323,9 @@ private Q_SLOTS:
         FakeUserDefaults defaults;
         FakeKeyEventMonitor keyboard;
         keyboard.trusted = false;
+        keyboard.onTrustRequest = [&defaults] {
+            QCOMPARE(defaults.value(u"accessibility.didPrompt"_s), DefaultsValue(true));
+        };
 
         HotkeyManager::promptForAccessibilityIfNeeded(keyboard, defaults);
         QCOMPARE(keyboard.trustRequests, 1);

@@ -25,6 +25,8 @@ function(driftbox_library name)
     target_link_libraries(${name} PUBLIC driftbox_flags ${ARG_LINK})
 endfunction()
 
+set(DRIFTBOX_LEAKS ${CMAKE_SOURCE_DIR}/tests/leaks-of-libraries.txt)
+
 # driftbox_test(Name LINK libraries... [DISPLAY]) registers the Qt Test executable of Name.cpp.
 # A warning or error that the test did not announce fails it. With DISPLAY the test brings up its
 # own X server and window manager.
@@ -37,7 +39,7 @@ function(driftbox_test name)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "QWARN  :|QCRITICAL:|QSYSTEM:|Sanitizer"
-        ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
+        ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;LSAN_OPTIONS=print_suppressions=0:suppressions=${DRIFTBOX_LEAKS}")
     if(NOT ARG_DISPLAY)
         set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
     endif()

@@ -46,7 +46,7 @@ class Reader:
         self.path = Path(path)
         self.window = wait_for(self._find, f"a window for {self.path.name}", 30)
         self.tree = self.desktop.tree.application(program.process.pid).find(
-            "filler", self.path.name)
+            "frame", self.path.name)
 
     def _find(self):
         found = self.windows()

@@ -166,6 +166,26 @@ def test_reading_loads_no_graphics_drivers(program, document):
     assert not re.search(r"_dri\.so|libLLVM", libraries)
 
 
+def resident(pid, library):
+    """How much of a library is in the process's memory, in KiB."""
+    areas = Path(f"/proc/{pid}/smaps").read_text(encoding="utf-8")
+    sizes = re.findall(rf"{library}.*\n(?:[A-Z].*\n)*?Rss: +(\d+) kB", areas)
+    return sum(map(int, sizes))
+
+
+def test_the_engine_rests_after_the_last_document(program, document):
+    pid = program.process.pid
+    program.expect_complaint("kAEOpenDocuments")
+    program.start_again(str(document))
+    reader = Reader(program, document)
+    reader.wait_for_text("The title")
+    at_work = resident(pid, "libQt6WebEngineCore")
+    reader.close()
+    wait_for(lambda: resident(pid, "libQt6WebEngineCore") < at_work / 3, "the memory given back")
+    program.start_again(str(document))
+    Reader(program, document).wait_for_text("The title")
+
+
 def test_a_crash_of_the_page_brings_the_document_back(program, document):
     program.expect_complaint("kAEOpenDocuments")
     program.expect_complaint("The web process crashed")

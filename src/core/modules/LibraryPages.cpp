@@ -1,4 +1,4 @@
-#include "clipboard/recognition/module/LibraryPages.h"
+#include "core/modules/LibraryPages.h"
 
 #include <cstdint>
 

@@ -1,7 +1,12 @@
 #include "markdown/webengine/WebEngine.h"
 
+#include "core/modules/LibraryPages.h"
 #include "markdown/webengine/DocumentScheme.h"
 #include "markdown/webengine/WebPage.h"
+
+#include <chrono>
+
+#include <malloc.h>
 
 #include <QtCore/QFile>
 #include <QtWebEngineCore/QWebEngineScript>
@@ -13,6 +18,9 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
+
+// By then the engine has put away what was left of its pages.
+constexpr std::chrono::seconds restBeforeRelease{1};
 
 QString readResource(const QString& path)
 {
@@ -59,6 +67,12 @@ WebEngine::WebEngine()
     m_profile.scripts()->insert(bridge());
     restrict(*m_profile.settings());
     m_chatter.startIsOver();
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(restBeforeRelease);
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [] {
+        malloc_trim(0);
+        releaseLibraryPages();
+    });
 }
 
 WebEngine::~WebEngine() = default;
@@ -66,7 +80,17 @@ WebEngine::~WebEngine() = default;
 std::unique_ptr<MarkdownPageView> WebEngine::makePage(MarkdownPageDelegate& delegate,
                                                       QWidget& parent)
 {
-    return std::make_unique<WebPage>(m_profile, m_documents, ++m_pages, delegate, parent);
+    auto page = std::make_unique<WebPage>(m_profile, m_documents, ++m_pages, delegate, parent);
+    ++m_openPages;
+    m_rest.stop();
+    QObject::connect(&page->widget(), &QObject::destroyed, &m_rest, [this] { pageHasEnded(); });
+    return page;
+}
+
+void WebEngine::pageHasEnded()
+{
+    if (--m_openPages == 0)
+        m_rest.start();
 }
 
 } // namespace driftbox

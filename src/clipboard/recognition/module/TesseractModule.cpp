@@ -1,7 +1,7 @@
 #include "clipboard/recognition/module/TesseractModule.h"
 
 #include "clipboard/recognition/PageReader.h"
-#include "clipboard/recognition/module/LibraryPages.h"
+#include "core/modules/LibraryPages.h"
 
 #include <vector>
 

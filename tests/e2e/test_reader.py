@@ -129,15 +129,20 @@ def test_a_folder_that_vanishes_costs_only_the_save(desktop, program, folder, do
     assert document.read_text(encoding="utf-8") == "x# The title\n\nSome text.\n"
 
 
-@pytest.mark.parametrize("name, content, complaint", [
-    ("latin.md", b"caf\xe9", r"Read latin.md as Latin-1 \(not UTF-8\)"),
-    ("binary.md", bytes(range(256)) * 64, r"Read binary.md as Latin-1 \(not UTF-8\)"),
-    ("empty.md", b"", None),
-    ("missing.md", None, "Could not read missing.md"),
-    ("folder.md", "folder", "Could not read folder.md"),
-    ("pipe.md", "pipe", "Could not read pipe.md"),
-])
-def test_every_file_opens(program, folder, name, content, complaint):
+# What a file holds, and what the program complains of when it opens it.
+FILES = {
+    "latin.md": (b"caf\xe9", r"Read latin.md as Latin-1 \(not UTF-8\)"),
+    "binary.md": (bytes(range(256)) * 64, r"Read binary.md as Latin-1 \(not UTF-8\)"),
+    "empty.md": (b"", None),
+    "missing.md": (None, "Could not read missing.md"),
+    "folder.md": ("folder", "Could not read folder.md"),
+    "pipe.md": ("pipe", "Could not read pipe.md"),
+}
+
+
+@pytest.mark.parametrize("name", FILES)
+def test_every_file_opens(program, folder, name):
+    content, complaint = FILES[name]
     path = folder / name
     if content == "folder":
         path.mkdir()

@@ -20,7 +20,8 @@ namespace driftbox {
 
 namespace {
 
-constexpr int startTimeoutMs = 30'000;
+constexpr int startTimeoutMs = 12'000;
+constexpr int mostStarts = 4;
 constexpr int firstProbeTimeoutMs = 400;
 
 struct Free
@@ -57,12 +58,24 @@ WindowManager::WindowManager(const QString& name)
         file.write(i3Configuration);
     file.close();
 
-    const QStringList arguments = argumentsFor(name);
-    m_process.start(arguments.first(), arguments.mid(1));
+    // Now and then one crashes as it starts, or never looks after windows.
+    for (int attempt = 0; attempt < mostStarts; ++attempt) {
+        start(argumentsFor(name));
+        if (becomesReady())
+            return;
+        crash();
+    }
+    QFile log(m_home.filePath(u"log"_s));
+    const QByteArray said = log.open(QFile::ReadOnly) ? log.readAll() : QByteArray();
+    qFatal("%s does not manage windows; it said: %s", qPrintable(name), said.constData());
+}
+
+void WindowManager::start(const QStringList& command)
+{
+    m_process.start(command.first(), command.mid(1));
     if (!m_process.waitForStarted(startTimeoutMs))
-        qFatal("%s does not start", qPrintable(name));
+        qFatal("%s does not start", qPrintable(command.first()));
     m_group = static_cast<pid_t>(m_process.processId());
-    waitUntilReady();
 }
 
 WindowManager::~WindowManager()
@@ -131,7 +144,7 @@ QStringList WindowManager::argumentsFor(const QString& name) const
 // Window managers announce themselves before they look after windows, so windows are shown until
 // one of them gets the keyboard: anew, as one may come too early, and for longer each time, as the
 // machine may be busy.
-void WindowManager::waitUntilReady() const
+bool WindowManager::becomesReady()
 {
     const QDeadlineTimer deadline(startTimeoutMs);
     for (int timeoutMs = firstProbeTimeoutMs; !deadline.hasExpired(); timeoutMs *= 2) {
@@ -139,14 +152,13 @@ void WindowManager::waitUntilReady() const
         const QDeadlineTimer probeDeadline(timeoutMs);
         while (!probeDeadline.hasExpired()) {
             if (probe.hasFocus())
-                return;
+                return true;
+            if (m_process.waitForFinished(0))
+                return false;
             QThread::msleep(5); // between two looks at a condition
         }
     }
-    QFile log(m_home.filePath(u"log"_s));
-    const QByteArray said = log.open(QFile::ReadOnly) ? log.readAll() : QByteArray();
-    qFatal("%s does not manage windows; it said: %s", qPrintable(m_process.program()),
-           said.constData());
+    return false;
 }
 
 } // namespace driftbox

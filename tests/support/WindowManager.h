@@ -27,7 +27,8 @@ public:
 private:
     void signalAll(int signal) const;
     [[nodiscard]] QStringList argumentsFor(const QString& name) const;
-    void waitUntilReady() const;
+    void start(const QStringList& command);
+    [[nodiscard]] bool becomesReady();
     static void waitUntilGone();
 
     QTemporaryDir m_home;

@@ -12,6 +12,7 @@ namespace driftbox {
 namespace {
 
 constexpr int timeoutMs = 20'000;
+constexpr int patienceMs = 2000; ///< with a program that shall end
 
 void xdotool(const QStringList& arguments)
 {
@@ -32,13 +33,18 @@ OtherProgram::OtherProgram(const QStringList& command, const QHash<QString, QStr
 
 OtherProgram::~OtherProgram()
 {
-    m_process.kill();
-    m_process.waitForFinished();
+    m_process.terminate();
+    signal(SIGCONT); // a stopped one hears nothing else
+    if (!m_process.waitForFinished(patienceMs)) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
 }
 
 void OtherProgram::signal(int number) const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), number);
+    if (const auto id = static_cast<pid_t>(m_process.processId()))
+        ::kill(id, number);
 }
 
 QRectF OtherProgram::caretAt(int position, int characters)

@@ -7,7 +7,8 @@
 
 namespace driftbox {
 
-/// A program beside the one under test. It is killed at the end.
+/// A program beside the one under test. At the end it is asked to end, so that it can end what it
+/// started itself, and killed if it does not.
 class OtherProgram
 {
 public:

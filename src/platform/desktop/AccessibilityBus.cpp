@@ -1,6 +1,7 @@
 #include "platform/desktop/AccessibilityBus.h"
 
 #include "platform/TaskRunner.h"
+#include "platform/desktop/AccessibilityNames.h"
 
 #include <utility>
 
@@ -16,8 +17,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "AccessibilityBus")
 
-const QString launcherService = u"org.a11y.Bus"_s;
-
 // The library knows connections by name; a name is never used twice.
 QString nextConnectionName()
 {
@@ -32,7 +31,7 @@ AccessibilityBus::AccessibilityBus(const QDBusConnection& session, TaskRunner& t
     : QObject(parent)
     , m_session(session)
     , m_tasks(tasks)
-    , m_launcher(launcherService, session, QDBusServiceWatcher::WatchForRegistration)
+    , m_launcher(accessibility::launcherService, session, QDBusServiceWatcher::WatchForRegistration)
     , m_connection(QString())
 {
     connect(&m_launcher, &QDBusServiceWatcher::serviceRegistered, this,
@@ -57,8 +56,9 @@ void AccessibilityBus::requestAddress()
         return fail(u"there is no session bus"_s);
     const int attempt = ++m_attempt;
     m_attempting = true;
-    const auto request = QDBusMessage::createMethodCall(launcherService, u"/org/a11y/bus"_s,
-                                                        launcherService, u"GetAddress"_s);
+    const auto request =
+        QDBusMessage::createMethodCall(accessibility::launcherService, accessibility::launcherPath,
+                                       accessibility::launcherService, u"GetAddress"_s);
     auto* watcher = new QDBusPendingCallWatcher(m_session.asyncCall(request), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, attempt, watcher] {
         watcher->deleteLater();

@@ -1,6 +1,7 @@
 #include "platform/desktop/AccessibleObject.h"
 
 #include <chrono>
+#include <cstdint>
 #include <utility>
 
 #include <QtDBus/QDBusArgument>
@@ -24,16 +25,25 @@ const QString textInterface = u"org.a11y.atspi.Text"_s;
 
 constexpr uint screenCoordinates = 0;
 
+/// By its number, as the bus has it.
+enum class State : std::uint8_t {
+    active = 1,
+    editable = 7,
+    focused = 12,
+    showing = 25,
+    managesDescendants = 31,
+};
+
 AccessibleStates toStates(const QVariantList& arguments)
 {
     const auto words = qdbus_cast<QList<uint>>(arguments.first());
     const uint bits = words.value(0);
-    const auto has = [bits](unsigned int state) { return (bits >> state & 1U) != 0; };
-    return {.active = has(1),
-            .editable = has(7),
-            .focused = has(12),
-            .showing = has(25),
-            .managesDescendants = has(31)};
+    const auto has = [bits](State state) { return (bits >> static_cast<uint>(state) & 1U) != 0; };
+    return {.active = has(State::active),
+            .editable = has(State::editable),
+            .focused = has(State::focused),
+            .showing = has(State::showing),
+            .managesDescendants = has(State::managesDescendants)};
 }
 
 AccessibleReference nextReference(const QDBusArgument& argument)

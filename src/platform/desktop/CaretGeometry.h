@@ -17,8 +17,7 @@
 /// - Qt 5 and 6 have no extents for the place behind the last character, GTK 3 has;
 /// - an empty element has none anywhere under Qt;
 /// - in Qt's plain text editor every paragraph claims the place of the first one, less one pixel
-/// for
-///   each line that is scrolled out of sight;
+///   for each line that is scrolled out of sight;
 /// - every one of them speaks of its own points: GTK 3 divides pixels by GDK_SCALE, Qt 6 by the
 ///   scale it takes from the screen's resolution, Qt 5 only by QT_SCALE_FACTOR and the like.
 namespace driftbox::CaretGeometry {

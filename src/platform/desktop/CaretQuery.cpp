@@ -1,6 +1,7 @@
 #include "platform/desktop/CaretQuery.h"
 
 #include "platform/ActiveWindow.h"
+#include "platform/desktop/AccessibilityNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,8 +11,6 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-
-const QString applicationPath = u"/org/a11y/atspi/accessible/root"_s;
 
 // An application with more windows is not searched for the active one.
 constexpr qsizetype windowLimit = 32;
@@ -25,7 +24,7 @@ CaretQuery::CaretQuery(const QDBusConnection& bus, const AccessibleReference& el
     : QObject(parent)
     , m_bus(bus)
     , m_element(bus, element)
-    , m_application(bus, {element.service, applicationPath})
+    , m_application(bus, {element.service, accessibility::applicationPath})
 {
     m_element.askStates(this, into(m_states));
     m_element.askExtents(this, into(m_text.element));

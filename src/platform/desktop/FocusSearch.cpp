@@ -1,9 +1,9 @@
 #include "platform/desktop/FocusSearch.h"
 
+#include "platform/desktop/AccessibilityNames.h"
+
 #include <algorithm>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace driftbox {
 
@@ -40,7 +40,7 @@ void FocusSearch::searchAround(const AccessibleReference& element)
 void FocusSearch::searchEverywhere()
 {
     m_searchedEverywhere = true;
-    askChildren({u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s},
+    askChildren({accessibility::registryService, accessibility::applicationPath},
                 &FocusSearch::searchApplication);
 }
 

@@ -64,7 +64,7 @@ Figures reader()
     viewModel.load();
     QElapsedTimer timer;
     timer.start();
-    MarkdownEditor editor(viewModel, services.pasteboard, nullptr);
+    MarkdownEditor editor(viewModel, services.pasteboard, services.selectedText, nullptr);
     editor.resize(windowSize);
     editor.show();
     QApplication::processEvents();

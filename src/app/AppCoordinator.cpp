@@ -57,7 +57,8 @@ struct AppCoordinator::MarkdownWindows
 {
     explicit MarkdownWindows(const Desktop& desktop)
         : windows({desktop.standardWindows, desktop.documentOpener, desktop.pasteboard,
-                   desktop.tasks, webEngine, MarkdownResource(AppConfig::resourcesFolder())})
+                   desktop.selectedText, desktop.tasks, webEngine,
+                   MarkdownResource(AppConfig::resourcesFolder())})
         , openPanel(desktop.standardWindows)
     {
     }

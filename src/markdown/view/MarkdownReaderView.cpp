@@ -65,7 +65,8 @@ QWidget* MarkdownReaderView::makeContent()
     m_preview = nullptr;
     m_editor = nullptr;
     if (m_viewModel.isEditing()) {
-        m_editor = new MarkdownEditor(m_viewModel, m_services.pasteboard, this);
+        m_editor =
+            new MarkdownEditor(m_viewModel, m_services.pasteboard, m_services.selectedText, this);
         m_editor->showLine(m_place.sourceLine);
         return m_editor;
     }

@@ -7,6 +7,7 @@ namespace driftbox {
 class DocumentOpener;
 class MarkdownWebEngines;
 class Pasteboard;
+class SelectedText;
 class StandardWindows;
 class TaskRunner;
 
@@ -16,6 +17,7 @@ struct ReaderServices
     StandardWindows& windows;
     DocumentOpener& opener;
     Pasteboard& pasteboard;
+    SelectedText& selectedText;
     TaskRunner& tasks;
     MarkdownWebEngines& webEngines;
     MarkdownResource resources;

@@ -5,13 +5,10 @@
 #include "notes/view/NoteEditorAccessible.h"
 #include "notes/view/NotePaper.h"
 #include "panel/view/Theme.h"
-#include "platform/Pasteboard.h"
-#include "platform/SelectedText.h"
 
 #include <algorithm>
 #include <utility>
 
-#include <QtCore/QMimeData>
 #include <QtGui/QLinearGradient>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -44,15 +41,11 @@ QTextDocument* makeDocument(QObject* parent)
 
 NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
                        SelectedText& selectedText, QWidget* parent)
-    : QPlainTextEdit(parent)
+    : PlainTextEditor(pasteboard, selectedText, parent)
     , m_viewModel(viewModel)
-    , m_pasteboard(pasteboard)
-    , m_selectedText(selectedText)
     , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
     NoteEditorAccessible::install(); // before anything asks
-    setFrameShape(QFrame::NoFrame);
-    setContextMenuPolicy(Qt::PreventContextMenu);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(0, 0, rightMargin, 0);
@@ -70,17 +63,6 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
             qOverload<>(&QWidget::update));
     connect(&viewModel, &StickyNoteViewModel::colorChanged, this, &NoteEditor::showColor);
     connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteEditor::showZoom);
-}
-
-QString NoteEditor::textOf(QString raw)
-{
-    return std::move(raw.replace(QChar::ParagraphSeparator, u'\n'));
-}
-
-// The document's own plain text would turn no-break spaces into ordinary ones.
-QString NoteEditor::text() const
-{
-    return textOf(document()->toRawText());
 }
 
 // Every key press sets the whole paragraph anew. Ligatures and kerning make that five times as
@@ -130,7 +112,7 @@ void NoteEditor::showZoom()
 
 void NoteEditor::showEvent(QShowEvent* event)
 {
-    QPlainTextEdit::showEvent(event);
+    PlainTextEditor::showEvent(event);
     // One writes on at the end of a text but begins to read at its beginning.
     if (!event->spontaneous())
         verticalScrollBar()->setValue(0);
@@ -159,7 +141,7 @@ QRectF NoteEditor::cutLine() const
 // Text that goes on fades away rather than ending in half a line.
 void NoteEditor::paintEvent(QPaintEvent* event)
 {
-    QPlainTextEdit::paintEvent(event);
+    PlainTextEditor::paintEvent(event);
     const QRectF line = cutLine();
     if (line.isEmpty())
         return;
@@ -172,51 +154,8 @@ void NoteEditor::paintEvent(QPaintEvent* event)
 
 void NoteEditor::resizeEvent(QResizeEvent* event)
 {
-    QPlainTextEdit::resizeEvent(event);
+    PlainTextEditor::resizeEvent(event);
     m_scrollBar->placeIn(rect());
-}
-
-// The pasteboard
-
-void NoteEditor::copySelection()
-{
-    const QTextCursor cursor = textCursor();
-    if (cursor.hasSelection()) {
-        m_pasteboard.write({.text = textOf(cursor.selectedText())});
-    }
-}
-
-void NoteEditor::keyPressEvent(QKeyEvent* event)
-{
-    if (event->matches(QKeySequence::Copy)) {
-        copySelection();
-    } else if (event->matches(QKeySequence::Cut)) {
-        copySelection();
-        textCursor().removeSelectedText();
-    } else if (event->matches(QKeySequence::Paste)) {
-        insert(m_pasteboard.content().text.value_or(QString()), textCursor());
-    } else if (event->matches(QKeySequence::InsertLineSeparator)) {
-        insert(u"\n"_s, textCursor()); // one kind of line is enough
-    } else {
-        return QPlainTextEdit::keyPressEvent(event);
-    }
-    event->accept();
-}
-
-void NoteEditor::insert(const QString& text, QTextCursor place)
-{
-    if (text.isEmpty())
-        return;
-    place.insertText(text);
-    setTextCursor(place);
-    ensureCursorVisible();
-}
-
-void NoteEditor::insertFromMimeData(const QMimeData* source)
-{
-    // The toolkit's own would crash on data without formats.
-    if (source && source->hasText())
-        QPlainTextEdit::insertFromMimeData(source);
 }
 
 // The mouse
@@ -232,12 +171,7 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
     m_isHandedOver = false;
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
         m_drag.press(event->pos());
-    // The toolkit would wait for the program in which something is selected.
-    if (event->button() != Qt::MiddleButton)
-        return QPlainTextEdit::mousePressEvent(event);
-    m_selectedText.ask(this, [this, place = cursorForPosition(event->pos())](const QString& text) {
-        insert(text, place);
-    });
+    PlainTextEditor::mousePressEvent(event);
 }
 
 void NoteEditor::mouseMoveEvent(QMouseEvent* event)
@@ -245,7 +179,7 @@ void NoteEditor::mouseMoveEvent(QMouseEvent* event)
     if (m_isHandedOver)
         return;
     if (!m_drag.isPressed())
-        return QPlainTextEdit::mouseMoveEvent(event);
+        return PlainTextEditor::mouseMoveEvent(event);
     m_isHandedOver = m_drag.move(event->pos()).has_value();
     if (m_isHandedOver)
         Q_EMIT backgroundDragged();
@@ -255,8 +189,7 @@ void NoteEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     m_isHandedOver = false;
     m_drag.release();
-    if (event->button() != Qt::MiddleButton)
-        QPlainTextEdit::mouseReleaseEvent(event);
+    PlainTextEditor::mouseReleaseEvent(event);
 }
 
 } // namespace driftbox

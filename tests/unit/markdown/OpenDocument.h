@@ -3,6 +3,7 @@
 #include "fakes/FakeDocumentOpener.h"
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakePasteboard.h"
+#include "fakes/FakeSelectedText.h"
 #include "fakes/FakeStandardWindows.h"
 #include "fakes/FakeTaskRunner.h"
 #include "markdown/MarkdownReaderViewModel.h"
@@ -42,11 +43,16 @@ struct OpenDocument
     FakeStandardWindows windows;
     FakeDocumentOpener opener;
     FakePasteboard pasteboard;
+    FakeSelectedText selectedText;
     FakeTaskRunner tasks;
     NoWebEngines webEngines;
-    ReaderServices services{windows,    opener,
-                            pasteboard, tasks,
-                            webEngines, MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES))};
+    ReaderServices services{windows,
+                            opener,
+                            pasteboard,
+                            selectedText,
+                            tasks,
+                            webEngines,
+                            MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES))};
     MarkdownReaderViewModel document{QUrl::fromLocalFile(path), files};
 };
 

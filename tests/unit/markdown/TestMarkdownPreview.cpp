@@ -111,9 +111,13 @@ struct Preview
 
     RecordingEngine engine;
     OpenDocument open;
-    ReaderServices services{
-        open.windows, open.opener, open.pasteboard,
-        open.tasks,   engine,      MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES))};
+    ReaderServices services{open.windows,
+                            open.opener,
+                            open.pasteboard,
+                            open.selectedText,
+                            open.tasks,
+                            engine,
+                            MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES))};
     QWidget host; // as a window of its own the view would be offered sizes
     MarkdownReaderView view{open.document, services, {}, &host};
 };

@@ -159,6 +159,16 @@ private Q_SLOTS:
         QCOMPARE(m_open->document.markdown(), u"# Title\n# Title\n"_s);
     }
 
+    void theMiddleButtonPastesWhatIsSelectedSomewhere()
+    {
+        m_open->document.toggleEdit();
+        const QPoint start = editor()->cursorRect().center();
+        QTest::mouseClick(editor()->viewport(), Qt::MiddleButton, {}, start);
+        QCOMPARE(m_open->document.markdown(), u"# Title\n"_s);
+        m_open->selectedText.tell(u"A "_s);
+        QCOMPARE(m_open->document.markdown(), u"A # Title\n"_s);
+    }
+
     void theEngineIsWantedOnlyOnceThePreviewIsOnTheScreen()
     {
         m_view.reset();

@@ -173,7 +173,9 @@ class Node:
         # Behind the last character there is none to ask for: the caret stands at its right edge.
         answer = self._call("org.a11y.atspi.Text", "GetCharacterExtents",
                             GLib.Variant("(iu)", (offset - 1, _SCREEN_COORDINATES)))
-        return Geometry(answer[0] + answer[2], answer[1], 1, answer[3]) if answer else None
+        if answer and any(answer[2:]):
+            return Geometry(answer[0] + answer[2], answer[1], 1, answer[3])
+        return None
 
     def dump(self, depth=0):
         """The tree below, one element a line: for messages and for looking around."""

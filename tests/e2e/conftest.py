@@ -1,5 +1,6 @@
 """Every test gets a desktop of its own; what it starts ends with it."""
 
+import signal
 import sys
 from contextlib import ExitStack
 from pathlib import Path
@@ -21,6 +22,8 @@ def pytest_configure(config):
 
 
 def pytest_sessionstart():
+    # A shell has what it runs in the background ignore this one, and the programs under test would.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     if not PROGRAM.exists():
         pytest.exit(f"{PROGRAM} is not built: ./dev build release", 2)
 

@@ -53,7 +53,8 @@ def test_the_panel_opens_below_the_caret_of_a_page(desktop, history):
     move_to_top(desktop, browser)
     desktop.keyboard.type("words")
     wait_for(lambda: browser.text() == "words", "the typing")
-    caret = browser.caret()  # the first time, a browser may take longer than a panel waits
+    browser.settle()  # a browser that has just started may take longer than the panel waits
+    caret = browser.caret()
     history.panel.open()
     assert_at_caret(history.panel, caret)
 

@@ -67,7 +67,7 @@ def test_the_speed_goes_in_steps(desktop, settings):
         slider.set_value(wanted)
         settings.wait_for_stored("hotkeyThresholdMs", stored)
         wait_for(lambda: f"{stored} ms" in settings.labels(), "the value beside the slider")
-    settings.click(slider)
+    settings.focus(slider)
     desktop.keyboard.tap("Home")
     settings.wait_for_stored("hotkeyThresholdMs", 150)
     desktop.keyboard.tap("Right")
@@ -117,8 +117,7 @@ def test_the_capacity_is_stepped_and_acts_at_the_next_copy(desktop, stopped_prog
     settings.choose("Clipboard")
     stepper = settings.find("spin box", "Keep unpinned items")
     assert stepper.value() == 30
-    settings.click(stepper)
-    wait_for(lambda: stepper.has_state("focused"), "the stepper to have the keyboard")
+    settings.focus(stepper)
     for _ in range(6):
         desktop.keyboard.tap("Down")
     settings.wait_for_stored("clipboardCapacity", 5)

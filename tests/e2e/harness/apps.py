@@ -1,11 +1,15 @@
 """Applications to copy from and to paste into, each with one way to read what it holds."""
 
 import sys
+import time
 from pathlib import Path
 
 from .waiting import wait_for
 
 _APPLICATIONS = Path(__file__).parent / "applications"
+
+_ANSWERS_AT_REST = 20  # one after the other
+_PROMPT = 0.05  # seconds for the way through the page to its field and back
 
 # Nothing that asks, greets or calls home.
 _FIREFOX_SETTINGS = """
@@ -190,8 +194,23 @@ class Firefox(Application):
         self._tree = desktop.tree.application(process.pid, timeout=30)
 
     def caret(self):
-        field = self._tree.find(role="entry", name="Field")
-        return wait_for(field.caret, "the place of the caret")
+        return wait_for(self._field().caret, "the place of the caret")
+
+    def settle(self):
+        """Waits until it has done what a browser does after its start, and answers at once."""
+        field = self._field()
+
+        def answers_at_once():
+            for _ in range(_ANSWERS_AT_REST):
+                asked = time.monotonic()
+                if not field.caret() or time.monotonic() - asked > _PROMPT:
+                    return False
+            return True
+
+        wait_for(answers_at_once, "the browser to come to rest", 60)
+
+    def _field(self):
+        return self._tree.find(role="entry", name="Field")
 
     def text(self):
         title = self.desktop.windows.title(self.window)

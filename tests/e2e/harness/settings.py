@@ -94,6 +94,11 @@ class Settings:
     def click(self, node):
         self.desktop.pointer.click(*self.center_of(node))
 
+    def focus(self, node):
+        """Clicks on it and waits: keys may arrive before a click, which the window manager sees."""
+        self.click(node)
+        wait_for(lambda: node.has_state("focused"), f"{node!r} to have the keyboard")
+
     def center_of(self, node):
         """Where a node is on the screen: the toolkit tells its place in points, not in pixels."""
         pixels, points = self.geometry(), self.node().extents()

@@ -1,6 +1,7 @@
 #include "platform/desktop/TerminationSignals.h"
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
@@ -16,7 +17,9 @@ std::atomic<int> writeEnd{-1};
 void passOn(int /*signal*/)
 {
     constexpr char anything = 0;
+    const int error = errno; // of whatever was interrupted
     static_cast<void>(!write(writeEnd, &anything, sizeof anything));
+    errno = error;
 }
 
 void setHandler(int signal, void (*handler)(int), int flags)

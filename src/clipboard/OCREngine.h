@@ -27,8 +27,8 @@ public:
     /// Gives the recogniser, or null when it cannot be had. Called on any thread.
     using ReaderSource = std::function<const PageTextReader*()>;
 
-    /// Loads the recogniser's module when the first picture is read. A
-    /// picture that takes longer than `limit` has no text.
+    /// Loads the recogniser's module when the first picture is read. A picture that takes longer
+    /// than `limit` has no text.
     explicit OCREngine(std::chrono::milliseconds limit = std::chrono::seconds(15));
 
     /// Takes the recogniser from `source` instead.

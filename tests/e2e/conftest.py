@@ -12,6 +12,7 @@ sys.path.insert(0, str(Path(__file__).parent))
 from harness import pictures, screenshot  # noqa: E402
 from harness.desktop import Desktop  # noqa: E402
 from harness.program import PROGRAM, PROJECT, Program  # noqa: E402
+from harness.reader import turn_screen_reader_on  # noqa: E402
 
 FAILURES = PROJECT / "build/e2e-failures"
 
@@ -98,3 +99,9 @@ def _keep_traces_of_failure(desktop, test):
 def picture():
     """The bytes of a PNG file."""
     return pictures.encoded(pictures.colourful(), "PNG")
+
+
+@pytest.fixture
+def screen_reader(desktop):
+    """Has the engine describe its pages, which it does only for those who need it."""
+    turn_screen_reader_on(desktop)

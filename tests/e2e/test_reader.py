@@ -7,14 +7,11 @@ from pathlib import Path
 
 import pytest
 
-from harness.reader import Reader, renderers, turn_screen_reader_on
+from harness.reader import Reader, renderers
 from harness.statusbar import StatusBar
 from harness.waiting import wait_for, wait_for_equal
 
-
-@pytest.fixture(autouse=True)
-def screen_reader(desktop):
-    turn_screen_reader_on(desktop)
+pytestmark = pytest.mark.usefixtures("screen_reader")
 
 
 @pytest.fixture

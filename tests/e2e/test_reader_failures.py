@@ -8,17 +8,14 @@ import pytest
 
 from harness import program as harness_program
 from harness.program import PROGRAM
-from harness.reader import Reader, renderers, turn_screen_reader_on
+from harness.reader import Reader, renderers
 from harness.waiting import wait_for
 
 MODULES, RESOURCES = "lib/driftbox", "share/driftbox"
 ENGINE = f"{MODULES}/driftbox_webengine.so"
 DIAGRAMS = f"{RESOURCES}/MarkdownReader/mermaid.min.js"
 
-
-@pytest.fixture(autouse=True)
-def screen_reader(desktop):
-    turn_screen_reader_on(desktop)
+pytestmark = pytest.mark.usefixtures("screen_reader")
 
 
 @pytest.fixture

@@ -2,15 +2,12 @@
 
 import pytest
 
-from harness.reader import Reader, turn_screen_reader_on
+from harness.reader import Reader
 from harness.waiting import wait_for
 
 PARAGRAPHS = "Some text.\n\n" * 40
 
-
-@pytest.fixture(autouse=True)
-def screen_reader(desktop):
-    turn_screen_reader_on(desktop)
+pytestmark = pytest.mark.usefixtures("screen_reader")
 
 
 def place_of_heading(reader, name):

@@ -7,7 +7,7 @@
 #include "notes/NoteManager.h"
 #include "notes/NotesManifest.h"
 #include "notes/view/NoteEditor.h"
-#include "panel/view/RowListView.h"
+#include "ui/list/RowListView.h"
 
 #include <algorithm>
 #include <map>
@@ -30,12 +30,12 @@ constexpr int longText = 100'000;
 constexpr int lineLength = 80;
 constexpr int listedNotes = 1'000;
 constexpr int scrollStep = 487; // points; most rows are new
-constexpr int keystrokes = 40;
+constexpr int notesBenchKeystrokes = 40;
 constexpr int openings = 20;
-constexpr qint64 patience = 5'000; // ms
-constexpr QSize pageSize{451, 592};
+constexpr qint64 notesBenchPatience = 5'000; // ms
+constexpr QSize notesBenchPageSize{451, 592};
 
-double milliseconds(const QElapsedTimer& timer)
+double notesBenchMilliseconds(const QElapsedTimer& timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
@@ -81,21 +81,21 @@ NoteEditor& editorOf(Open open)
     timer.start();
     while (!activeEditor() || activeEditor() == before) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-        if (timer.elapsed() > patience)
+        if (timer.elapsed() > notesBenchPatience)
             qFatal("No note has opened");
     }
     return *activeEditor();
 }
 
 // From the press until there is nothing left to do, painting and writing included.
-double millisecondsOfKeystroke(NoteEditor& editor)
+double editorKeystrokeMs(NoteEditor& editor)
 {
     QElapsedTimer timer;
     timer.start();
     QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::NoModifier, u"e"_s);
     QApplication::sendEvent(&editor, &press);
     QApplication::processEvents();
-    return milliseconds(timer);
+    return notesBenchMilliseconds(timer);
 }
 
 void addFigures(Figures& figures, const QString& name, std::vector<double> taken)
@@ -113,10 +113,10 @@ void measureTyping(Figures& figures, NoteManager& manager)
         const StickyNoteId id = manager.notes()[place].id;
         NoteEditor& editor = editorOf([&manager, id] { manager.focus(id); });
         std::vector<double> taken;
-        for (int i = 0; i < keystrokes; ++i) {
-            if (i == keystrokes / 2)
+        for (int i = 0; i < notesBenchKeystrokes; ++i) {
+            if (i == notesBenchKeystrokes / 2)
                 editor.moveCursor(QTextCursor::Start);
-            taken.push_back(millisecondsOfKeystroke(editor));
+            taken.push_back(editorKeystrokeMs(editor));
         }
         addFigures(figures, name, taken);
         manager.close(id);
@@ -131,7 +131,7 @@ void measureOpening(Figures& figures, NoteManager& manager)
         QElapsedTimer timer;
         timer.start();
         (void)editorOf([&manager] { manager.newBlankNote(); });
-        taken.push_back(milliseconds(timer));
+        taken.push_back(notesBenchMilliseconds(timer));
         manager.close(manager.notes().front().id);
         QApplication::processEvents();
     }
@@ -143,8 +143,8 @@ void measureScrolling(Figures& figures, MagicPanelSection& section)
 {
     QWidget window;
     QWidget* const page = section.makeRootView(&window);
-    page->resize(pageSize);
-    window.resize(pageSize);
+    page->resize(notesBenchPageSize);
+    window.resize(notesBenchPageSize);
     window.show();
     QApplication::processEvents();
     auto* const list = page->findChild<RowListView*>();
@@ -156,7 +156,7 @@ void measureScrolling(Figures& figures, MagicPanelSection& section)
         timer.start();
         list->verticalScrollBar()->setValue(place);
         QApplication::processEvents();
-        taken.push_back(milliseconds(timer));
+        taken.push_back(notesBenchMilliseconds(timer));
     }
     addFigures(figures, u"notes_scrolling"_s, taken);
 }

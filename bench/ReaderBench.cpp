@@ -22,10 +22,10 @@ namespace {
 
 constexpr qsizetype documentSize = 1'000'000;
 constexpr int paragraphLength = 400;
-constexpr int keystrokes = 40;
+constexpr int readerBenchKeystrokes = 40;
 constexpr QSize windowSize{780, 600};
 
-double milliseconds(const QElapsedTimer& timer)
+double readerBenchMilliseconds(const QElapsedTimer& timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
@@ -46,7 +46,7 @@ double keystroke(MarkdownEditor& editor)
     QApplication::sendEvent(&editor, &press);
     QApplication::processEvents();
     editor.repaint();
-    return milliseconds(timer);
+    return readerBenchMilliseconds(timer);
 }
 
 } // namespace
@@ -68,13 +68,13 @@ Figures reader()
     editor.resize(windowSize);
     editor.show();
     QApplication::processEvents();
-    const double opened = milliseconds(timer);
+    const double opened = readerBenchMilliseconds(timer);
 
     std::vector<double> taken;
     for (const auto place : {QTextCursor::Start, QTextCursor::End}) {
         editor.moveCursor(place);
         QApplication::processEvents();
-        for (int i = 0; i < keystrokes; ++i)
+        for (int i = 0; i < readerBenchKeystrokes; ++i)
             taken.push_back(keystroke(editor));
     }
     std::ranges::sort(taken);

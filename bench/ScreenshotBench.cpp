@@ -1,7 +1,7 @@
 #include "bench/BenchHistory.h"
 #include "bench/Benches.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/selection/X11Pasteboard.h"
 
 #include <algorithm>
 
@@ -16,7 +16,7 @@ namespace driftbox::bench {
 
 namespace {
 
-constexpr int patience = 30'000; // ms
+constexpr int screenshotBenchPatience = 30'000; // ms
 
 /// The longest that the main thread did anything between two waits for events.
 class HoldWatch : public QObject
@@ -60,7 +60,7 @@ Figures screenshot()
     });
     QObject::connect(&history.viewModel, &ClipboardViewModel::imageChanged, &loop,
                      &QEventLoop::quit);
-    QTimer::singleShot(patience, &loop, [] { qFatal("No picture was captured"); });
+    QTimer::singleShot(screenshotBenchPatience, &loop, [] { qFatal("No picture was captured"); });
 
     // Only what comes after the start counts.
     std::optional<HoldWatch> watch;

@@ -1,7 +1,7 @@
 #include "bench/BenchHistory.h"
 #include "bench/Benches.h"
 #include "clipboard/view/ClipboardSectionView.h"
-#include "panel/view/SearchField.h"
+#include "ui/controls/SearchField.h"
 
 #include <algorithm>
 
@@ -15,12 +15,12 @@ namespace driftbox::bench {
 
 namespace {
 
-constexpr int entries = 10'000;
-constexpr int length = 4'000;
-constexpr QSize pageSize{451, 592};
+constexpr int searchBenchEntries = 10'000;
+constexpr int searchBenchLength = 4'000;
+constexpr QSize searchBenchPageSize{451, 592};
 
 // From the press until there is nothing left to do, painting included.
-double millisecondsOfKeystroke(QWidget& field, QChar character)
+double fieldKeystrokeMs(QWidget& field, QChar character)
 {
     QElapsedTimer timer;
     timer.start();
@@ -35,13 +35,13 @@ double millisecondsOfKeystroke(QWidget& field, QChar character)
 Figures search()
 {
     BenchMachine machine;
-    machine.writeManifest(textItems(entries, length));
+    machine.writeManifest(textItems(searchBenchEntries, searchBenchLength));
 
     BenchPasteboard pasteboard;
     BenchHistory history{machine, pasteboard};
     ClipboardSectionView page(history.viewModel, machine.clock,
                               textExchange(pasteboard, history.pasteboardWriter), {}, nullptr);
-    page.resize(pageSize);
+    page.resize(searchBenchPageSize);
     page.show();
     QApplication::processEvents();
     auto* field = page.findChild<SearchField*>();
@@ -51,7 +51,7 @@ Figures search()
     std::vector<double> taken;
     for (const QString& query : {u"leuchtturm 42"_s, u"no such words"_s, u"e"_s}) {
         for (const QChar character : query)
-            taken.push_back(millisecondsOfKeystroke(*field, character));
+            taken.push_back(fieldKeystrokeMs(*field, character));
         history.viewModel.setQuery({});
         QApplication::processEvents();
     }

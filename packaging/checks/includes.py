@@ -1,24 +1,65 @@
 #!/usr/bin/python3
-"""Reads the includes of src/ and fails on one that runs the wrong way.
-
-app -> views -> view models and services -> stores and records -> interfaces of platform/
+"""Reads the includes of src/ and fails on one that the table of folders does not allow.
 
     includes.py [FOLDER]    FOLDER holds src/; the project by default
 """
 
 import re
 import sys
+from fnmatch import fnmatchcase
 from pathlib import Path
 
-# The sources of src/app that choose the back-ends: they alone name them.
-COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop)\.(cpp|h)")
+# What the sources of each folder may include, besides their own folder and `platform`, the
+# interfaces that everything may use. A folder that is not listed may not exist.
+ALLOWED = {
+    "platform": set(),
+    "core": set(),
+    "core/modules": set(),
+
+    "ui/theme": {"core"},
+    "ui/controls": {"core", "ui/theme"},
+    "ui/list": {"core", "ui/theme", "ui/controls"},
+    "ui/window": {"core", "ui/theme"},
+
+    "clipboard": {"core"},
+    "clipboard/recognition": {"clipboard"},
+    "clipboard/recognition/module": {"clipboard", "clipboard/recognition", "core/modules"},
+    "notes": {"core"},
+    "panel": {"core"},
+    "settings": {"core", "clipboard"},
+    "markdown": {"core"},
+
+    "clipboard/view": {"core", "clipboard", "panel", "ui/*"},
+    "notes/view": {"core", "notes", "panel", "ui/*"},
+    "panel/view": {"core", "panel", "ui/*"},
+    "settings/view": {"core", "settings", "ui/*"},
+    "markdown/view": {"core", "markdown", "ui/*"},
+    "markdown/webengine": {"core/modules", "markdown", "markdown/view"},
+
+    "platform/desktop": {"platform/desktop/caret"},
+    "platform/desktop/caret": set(),
+    "platform/selection": set(),
+    "platform/x11/connection": set(),
+    "platform/x11/selection": {"platform/selection", "platform/x11/connection"},
+    "platform/x11/windows": {"platform/x11/connection"},
+    "platform/x11/keys": {"platform/selection", "platform/x11/connection",
+                          "platform/x11/selection", "platform/x11/windows"},
+
+    "app": {"core", "clipboard", "notes", "panel", "settings", "markdown", "*/view", "ui/*"},
+}
+
+# The sources of src/app that choose the back-ends: they alone may name them.
+COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop|FreedesktopServices)\.(cpp|h)")
+BACK_END = re.compile(r"platform/.+")
 
 # Classes that only keep data; what decides and acts builds on them, never the other way round.
 RECORD = re.compile(r"(Store|Item|Manifest|Note|NoteColor|NoteFrame|Document)$")
 SERVICE = re.compile(r"(ViewModel|Model|Monitor|Manager|Controller|Coordinator|Animator|Section)$")
 
-BACK_ENDS = ("platform/x11", "platform/desktop")
-# What no back-end of another window system could offer, and how its sources would be spelt.
+# Folders whose sources draw; all others do without widgets.
+DRAWING = re.compile(r"ui/.+|.+/view|.+/webengine|app|platform/.+")
+
+# What no other window system could offer, and how its sources would be spelt.
 X11_NAMES = re.compile(r"\bxcb|\bX11|\bXlib|_NET_WM|qxcb", re.IGNORECASE)
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
@@ -37,36 +78,18 @@ class Source:
 
     @property
     def folder(self):
-        return self.name.rpartition("/")[0]
+        return folder_of(self.name)
 
 
-def kind_of(name):
-    """The layer of a file of src/, by its path."""
-    folder = name.rpartition("/")[0]
-    for back_end in BACK_ENDS:
-        if (folder + "/").startswith(back_end + "/"):
-            return "back-end"
-    if folder == "platform":
-        return "interface"
-    if folder == "core":
-        return "core"
-    if folder == "app":
-        return "app"
-    if folder.endswith(("/view", "/webengine")):
-        return "view"
-    return "record" if RECORD.search(Path(name).stem) else "service"
+def folder_of(name):
+    return name.rpartition("/")[0]
 
 
-# What each layer may include.
-MAY_INCLUDE = {
-    "interface": {"interface"},
-    "core": {"interface", "core"},
-    "back-end": {"interface", "core", "back-end"},
-    "record": {"interface", "core", "record"},
-    "service": {"interface", "core", "record", "service"},
-    "view": {"interface", "core", "record", "service", "view"},
-    "app": {"interface", "core", "record", "service", "view", "app"},
-}
+def may_include(folder, other):
+    """Whether the table lets the sources of `folder` include those of `other`."""
+    if other in (folder, "platform"):
+        return True
+    return any(fnmatchcase(other, allowed) for allowed in ALLOWED[folder])
 
 
 def breaches(sources, names):
@@ -76,29 +99,28 @@ def breaches(sources, names):
         yield from _spelling(source)
         yield from _window_system(source)
         yield from _toolkit(source)
-    yield from _circles(sources)
 
 
 def _directions(source, names):
-    layer = kind_of(source.name)
+    if source.folder not in ALLOWED:
+        yield f"{source.name}: the folder {source.folder} is not in the table"
+        return
     for included in source.own:
         if included not in names:
             if "/" not in included and not included.endswith(".moc"):
                 yield f'{source.name}: "{included}" is not named from src/'
             continue
-        other = kind_of(included)
-        if other == "back-end" and source.is_composition_root:
+        other = folder_of(included)
+        if source.is_composition_root and BACK_END.fullmatch(other):
             continue
-        if other not in MAY_INCLUDE[layer]:
-            yield f"{source.name}: a {layer} must not include the {other} {included}"
-        elif layer == other == "back-end" and not _same_back_end(source.name, included):
-            yield f"{source.name}: a back-end must not include another one's {included}"
-        elif layer == "record" and SERVICE.search(Path(included).stem):
+        if not may_include(source.folder, other):
+            yield f"{source.name}: {source.folder} must not include {other}: {included}"
+        elif _is_record(source.name) and SERVICE.search(Path(included).stem):
             yield f"{source.name}: a record must not include the service {included}"
 
 
-def _same_back_end(one, other):
-    return any(one.startswith(b) and other.startswith(b) for b in BACK_ENDS)
+def _is_record(name):
+    return not DRAWING.fullmatch(folder_of(name)) and bool(RECORD.search(Path(name).stem))
 
 
 def _spelling(source):
@@ -116,30 +138,22 @@ def _window_system(source):
 
 
 def _toolkit(source):
-    layer = kind_of(source.name)
-    if layer in ("interface", "core", "record", "service"):
+    if not DRAWING.fullmatch(source.folder):
         for included in source.foreign:
             if included.startswith("QtWidgets"):
-                yield f"{source.name}: a {layer} must do without <{included}>"
-    if layer != "back-end" and re.search(r"\bQClipboard\b|\bclipboard\(\)->", source.text):
+                yield f"{source.name}: {source.folder} must do without <{included}>"
+    if not BACK_END.fullmatch(source.folder) and re.search(
+            r"\bQClipboard\b|\bclipboard\(\)->", source.text):
         yield f"{source.name}: only platform/ may touch QClipboard"
 
 
-def _circles(sources):
-    """Folders that include each other, directly or in a ring."""
-    edges = {}
-    for source in sources:
-        folder = source.folder
-        for included in source.own:
-            other = included.rpartition("/")[0]
-            if other and other != folder:
-                edges.setdefault(folder, set()).add(other)
+def rings(edges):
+    """The rings in a graph of folders, which the table must not have: each as "a -> b -> a"."""
     done = set()
 
     def visit(folder, path):
         if folder in path:
-            yield "folders include each other in a ring: " + " -> ".join(
-                path[path.index(folder):] + [folder])
+            yield " -> ".join(path[path.index(folder):] + [folder])
             return
         if folder in done:
             return

@@ -6,6 +6,7 @@ import unittest
 from pathlib import Path
 
 import includes
+import listed
 import words
 
 
@@ -25,38 +26,75 @@ class Includes(unittest.TestCase):
 
     def test_accepts_what_runs_downwards(self):
         self.assertEqual(self.breaches({
-            "app/main.cpp": '#include "clipboard/view/Page.h"\n#include "platform/x11/Server.h"\n',
+            "app/main.cpp": '#include "clipboard/view/Page.h"\n#include "platform/x11/connection/Server.h"\n',
             "clipboard/view/Page.h": '#include "clipboard/ClipboardViewModel.h"\n'
                                      "#include <QtWidgets/QWidget>\n",
             "clipboard/ClipboardViewModel.h": '#include "clipboard/ClipboardStore.h"\n',
             "clipboard/ClipboardStore.h": '#include "platform/FileSystem.h"\n',
             "platform/FileSystem.h": "#include <QtCore/QString>\n",
-            "platform/x11/Server.h": '#include "platform/FileSystem.h"\n#include <xcb/xcb.h>\n',
+            "platform/x11/connection/Server.h": '#include "platform/FileSystem.h"\n#include <xcb/xcb.h>\n',
         }), [])
 
+    def assert_edge_is_refused(self, folder, other):
+        self.assert_refused({f"{folder}/One.h": f'#include "{other}/Other.h"\n',
+                             f"{other}/Other.h": ""}, f"{folder} must not include {other}")
+
     def test_refuses_a_view_below_a_view_model(self):
-        self.assert_refused({"clipboard/Model.h": '#include "clipboard/view/Page.h"\n',
-                             "clipboard/view/Page.h": ""}, "must not include the view")
+        self.assert_edge_is_refused("clipboard", "clipboard/view")
+
+    def test_refuses_one_feature_in_another(self):
+        self.assert_edge_is_refused("notes", "clipboard")
+
+    def test_refuses_the_view_of_one_feature_in_that_of_another(self):
+        self.assert_edge_is_refused("markdown/view", "notes/view")
+
+    def test_refuses_a_feature_in_the_widget_kit(self):
+        self.assert_edge_is_refused("ui/controls", "panel")
+
+    def test_refuses_a_list_below_a_control(self):
+        self.assert_edge_is_refused("ui/controls", "ui/list")
+
+    def test_refuses_a_control_below_the_theme(self):
+        self.assert_edge_is_refused("ui/theme", "ui/controls")
+
+    def test_refuses_the_widget_kit_in_a_model(self):
+        self.assert_edge_is_refused("notes", "ui/theme")
+
+    def test_refuses_keys_below_windows(self):
+        self.assert_edge_is_refused("platform/x11/windows", "platform/x11/keys")
+
+    def test_refuses_a_back_end_in_a_feature(self):
+        self.assert_edge_is_refused("panel", "platform/selection")
+
+    def test_refuses_a_back_end_outside_the_composition_root(self):
+        self.assert_edge_is_refused("app", "platform/desktop")
+
+    def test_refuses_one_back_end_in_another(self):
+        self.assert_edge_is_refused("platform/x11/connection", "platform/desktop")
+
+    def test_refuses_the_application_below_itself(self):
+        self.assert_edge_is_refused("core", "app")
+
+    def test_refuses_an_interface_that_knows_the_core(self):
+        self.assert_edge_is_refused("platform", "core")
+
+    def test_refuses_a_folder_that_is_not_in_the_table(self):
+        self.assert_refused({"gadgets/Gadget.h": ""}, "not in the table")
 
     def test_refuses_a_service_below_a_record(self):
         self.assert_refused({"clipboard/ClipboardStore.h": '#include "clipboard/Monitor.h"\n',
                              "clipboard/Monitor.h": ""}, "must not include the service")
 
-    def test_refuses_a_back_end_outside_the_composition_root(self):
-        self.assert_refused({"app/Menu.cpp": '#include "platform/desktop/Tray.h"\n',
-                             "platform/desktop/Tray.h": ""}, "must not include the back-end")
+    def test_the_table_has_no_ring(self):
+        folders = list(includes.ALLOWED)
+        edges = {folder: {other for other in folders
+                          if other != folder and includes.may_include(folder, other)}
+                 for folder in folders}
+        self.assertEqual(list(includes.rings(edges)), [])
 
-    def test_refuses_one_back_end_in_another(self):
-        self.assert_refused({"platform/x11/Server.h": '#include "platform/desktop/Tray.h"\n',
-                             "platform/desktop/Tray.h": ""}, "another one's")
-
-    def test_refuses_the_application_below_itself(self):
-        self.assert_refused({"core/Log.h": '#include "app/Menu.h"\n', "app/Menu.h": ""},
-                            "a core must not include the app")
-
-    def test_refuses_a_ring_of_folders(self):
-        self.assert_refused({"clipboard/Monitor.h": '#include "panel/Manager.h"\n',
-                             "panel/Manager.h": '#include "clipboard/Monitor.h"\n'}, "in a ring")
+    def test_finds_a_ring_of_folders(self):
+        found = list(includes.rings({"a": {"b"}, "b": {"c"}, "c": {"a"}}))
+        self.assertEqual(found, ["a -> b -> c -> a"])
 
     def test_refuses_the_window_system_by_name(self):
         self.assert_refused({"panel/Manager.cpp": "xcb_flush(connection);\n"}, "window system")
@@ -72,6 +110,24 @@ class Includes(unittest.TestCase):
 
     def test_refuses_a_header_of_the_toolkit_without_its_module(self):
         self.assert_refused({"panel/Manager.h": "#include <QString>\n"}, "by its module")
+
+
+class Listed(unittest.TestCase):
+    def missing(self, listing):
+        with tempfile.TemporaryDirectory() as folder:
+            tests = Path(folder) / "tests/unit"
+            tests.mkdir(parents=True)
+            (tests / "TestOne.cpp").touch()
+            (tests / "CMakeLists.txt").write_text(listing, encoding="utf-8")
+            return list(listed.missing(Path(folder)))
+
+    def test_accepts_a_source_and_a_test_class(self):
+        self.assertEqual(self.missing("driftbox_library(one SOURCES TestOne.cpp)\n"), [])
+        self.assertEqual(self.missing("driftbox_tests(one TESTS TestOne)\n"), [])
+
+    def test_refuses_a_source_that_is_not_listed(self):
+        self.assertEqual(self.missing("driftbox_tests(one TESTS TestTwo)\n"),
+                         ["tests/unit/TestOne.cpp"])
 
 
 class Words(unittest.TestCase):

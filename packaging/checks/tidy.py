@@ -1,11 +1,14 @@
 #!/usr/bin/python3
-"""Runs clang-tidy over what build/dev compiles, on every core; files found clean are remembered.
+"""Runs clang-tidy over what build/dev compiles, on every core; units found clean are remembered.
+
+The build compiles several sources as one unit, and so does this: what takes the time is looking
+through the headers of the toolkit, which then is done once per unit.
 
 Tests are compiled with every warning and fail by themselves; looking at them too would double the
 time, so they are looked at when they are named.
 
-A file is looked at again when it, a header of ours that it includes, its flags, the checks or the
-tool have changed.
+A unit is looked at again when one of its sources, a header of ours that it includes, its flags, the
+checks or the tool have changed.
 
     tidy.py [PATH...]    the sources below these paths; by default src and bench
 """
@@ -25,11 +28,23 @@ REMEMBERED = PROJECT / "build/lint"
 
 
 def commands():
-    """The compile commands of our own sources; those of generated ones are left out."""
+    """The compile commands of our own sources and of units of them; other generated sources are
+    left out."""
     for command in json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8")):
-        path = Path(command["file"])
-        if PROJECT in path.parents and BUILD not in path.parents:
+        if sources(Path(command["file"])):
             yield command
+
+
+def sources(path):
+    """The sources of ours that a compiled file consists of."""
+    if path.parent.name == "Unity":
+        included = re.findall(r'^#include "([^"]+)"', path.read_text(encoding="utf-8"), re.MULTILINE)
+        return [Path(name) for name in included if is_ours(Path(name))]
+    return [path] if is_ours(path) else []
+
+
+def is_ours(path):
+    return PROJECT in path.parents and BUILD not in path.parents
 
 
 def dependencies():
@@ -42,7 +57,7 @@ def dependencies():
             current = found.setdefault(match[1], [])
         elif line.startswith("    "):
             path = (BUILD / line.strip()).resolve()
-            if PROJECT in path.parents and BUILD not in path.parents:
+            if is_ours(path):
                 current.append(path)
     return found
 
@@ -63,7 +78,8 @@ def fingerprint(command, files, common):
 def complaints(path):
     """What clang-tidy says about a source: nothing when it is clean."""
     result = subprocess.run(
-        ["clang-tidy", "--quiet", "-p", BUILD, path], capture_output=True, text=True, cwd=PROJECT)
+        ["clang-tidy", "--quiet", "--extra-arg=-Wno-unknown-warning-option", "-p", BUILD, path],
+        capture_output=True, text=True, cwd=PROJECT)
     if result.returncode == 0:
         return ""
     return result.stdout.replace(f"{PROJECT}/", "") or result.stderr
@@ -89,8 +105,8 @@ def main():
         return found
 
     chosen = [command for command in commands()
-              if any(w == Path(command["file"]) or w in Path(command["file"]).parents
-                     for w in wanted)]
+              if any(w == source or w in source.parents
+                     for w in wanted for source in sources(Path(command["file"])))]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         found = sorted({text for text in pool.map(look_at, chosen) if text})
     for text in found:

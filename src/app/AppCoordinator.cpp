@@ -19,13 +19,13 @@
 #include "panel/HotkeyManager.h"
 #include "panel/MagicPanelController.h"
 #include "panel/view/FloatingPanel.h"
-#include "panel/view/ThemeFollower.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyEventMonitor.h"
 #include "platform/LoginItem.h"
 #include "platform/PageOpener.h"
 #include "settings/view/SettingsWindowController.h"
+#include "ui/theme/ThemeFollower.h"
 
 #include <chrono>
 
@@ -39,7 +39,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "AppCoordinator")
+Q_LOGGING_CATEGORY(appCoordinatorLog, "AppCoordinator")
 
 // Long enough for the session to settle, short enough to come before the first double tap.
 constexpr auto idleAfterStart = 300ms;
@@ -143,7 +143,8 @@ void AppCoordinator::applyLaunchAtLogin()
     LoginItem& item = m_desktop.loginItem;
     const auto error = m_settings.launchAtLogin() ? item.registerItem() : item.unregisterItem();
     if (error)
-        qCCritical(log).noquote() << u"Launch-at-login toggle failed: %1"_s.arg(*error);
+        qCCritical(appCoordinatorLog).noquote()
+            << u"Launch-at-login toggle failed: %1"_s.arg(*error);
 }
 
 void AppCoordinator::togglePanel()
@@ -174,13 +175,15 @@ void AppCoordinator::showSettings()
 void AppCoordinator::sendFeedback()
 {
     if (const auto error = m_desktop.pages.openWebPage(AppConfig::feedbackURL()))
-        qCCritical(log).noquote() << u"The feedback page cannot be opened: %1"_s.arg(*error);
+        qCCritical(appCoordinatorLog).noquote()
+            << u"The feedback page cannot be opened: %1"_s.arg(*error);
 }
 
 void AppCoordinator::openAccessibilitySettings()
 {
     if (const auto error = m_desktop.pages.openAccessibilitySettings())
-        qCCritical(log).noquote() << u"System settings cannot be opened: %1"_s.arg(*error);
+        qCCritical(appCoordinatorLog).noquote()
+            << u"System settings cannot be opened: %1"_s.arg(*error);
 }
 
 ClipboardStore& AppCoordinator::store()

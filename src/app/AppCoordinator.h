@@ -6,8 +6,8 @@
 #include "core/PasteboardWriter.h"
 #include "panel/PanelAnimator.h"
 #include "panel/SectionRegistry.h"
-#include "panel/view/TextExchange.h"
 #include "settings/SettingsServices.h"
+#include "ui/controls/TextExchange.h"
 
 #include <memory>
 

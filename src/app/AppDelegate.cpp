@@ -13,7 +13,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "AppDelegate")
+Q_LOGGING_CATEGORY(appDelegateLog, "AppDelegate")
 
 // Of a folder, too, whose address may end in a slash.
 QString lastPathComponent(const QUrl& document)
@@ -49,7 +49,7 @@ void AppDelegate::handleOpenDocuments(const QList<QUrl>& documents)
         files << document;
         names << lastPathComponent(document);
     }
-    qCWarning(log).noquote() << u"kAEOpenDocuments: "_s + names.join(u", "_s);
+    qCWarning(appDelegateLog).noquote() << u"kAEOpenDocuments: "_s + names.join(u", "_s);
     for (const QUrl& file : files) {
         if (isMarkdownFile(file))
             m_coordinator.markdownReader().open(file);

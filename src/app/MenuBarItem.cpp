@@ -19,7 +19,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr auto idleAfterStart = 500ms;
+constexpr auto menuBarIdleAfterStart = 500ms;
 
 // While a session starts, or its bar starts again, the tray may be there before the better place
 // is.
@@ -44,7 +44,7 @@ MenuBarItem::~MenuBarItem() = default;
 
 void MenuBarItem::start()
 {
-    m_desktop.clock.after(idleAfterStart, this, [this] {
+    m_desktop.clock.after(menuBarIdleAfterStart, this, [this] {
         m_desktop.statusNotifiers.watch();
         m_desktop.systemTray.watch();
         waitForNotifiers();

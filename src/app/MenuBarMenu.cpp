@@ -3,8 +3,8 @@
 #include "app/AppCoordinator.h"
 #include "clipboard/ClipboardViewModel.h"
 #include "core/AppSettings.h"
-#include "panel/view/Symbols.h"
 #include "settings/ModifierName.h"
+#include "ui/theme/Symbols.h"
 
 #include <algorithm>
 

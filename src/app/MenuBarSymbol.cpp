@@ -1,7 +1,7 @@
 #include "app/MenuBarSymbol.h"
 
-#include "panel/view/CardShape.h"
-#include "panel/view/Symbols.h"
+#include "ui/theme/CardShape.h"
+#include "ui/theme/Symbols.h"
 
 #include <QtGui/QLinearGradient>
 #include <QtGui/QPainter>

@@ -3,7 +3,6 @@
 #include "clipboard/OCREngine.h"
 #include "core/AppConfig.h"
 #include "core/JsonUserDefaults.h"
-#include "platform/desktop/AtSpiCaretLookup.h"
 #include "platform/desktop/DesktopDocumentOpener.h"
 #include "platform/desktop/DesktopPageOpener.h"
 #include "platform/desktop/PortalAppearance.h"
@@ -12,21 +11,22 @@
 #include "platform/desktop/StatusNotifierHosts.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/ThreadPoolTaskRunner.h"
-#include "platform/desktop/ToolkitAccessibility.h"
 #include "platform/desktop/XdgAutostart.h"
-#include "platform/x11/X11ActiveWindow.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11FloatingSurfaces.h"
-#include "platform/x11/X11KeyEventMonitor.h"
-#include "platform/x11/X11Keyboard.h"
-#include "platform/x11/X11PasteKeystroke.h"
-#include "platform/x11/X11Pasteboard.h"
-#include "platform/x11/X11PrimarySelection.h"
-#include "platform/x11/X11Screens.h"
-#include "platform/x11/X11SelectedText.h"
-#include "platform/x11/X11StandardWindows.h"
-#include "platform/x11/X11SystemTray.h"
-#include "platform/x11/X11Workspace.h"
+#include "platform/desktop/caret/AtSpiCaretLookup.h"
+#include "platform/desktop/caret/ToolkitAccessibility.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/keys/X11KeyEventMonitor.h"
+#include "platform/x11/keys/X11Keyboard.h"
+#include "platform/x11/keys/X11PasteKeystroke.h"
+#include "platform/x11/selection/X11Pasteboard.h"
+#include "platform/x11/selection/X11PrimarySelection.h"
+#include "platform/x11/selection/X11SelectedText.h"
+#include "platform/x11/windows/X11ActiveWindow.h"
+#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11Screens.h"
+#include "platform/x11/windows/X11StandardWindows.h"
+#include "platform/x11/windows/X11SystemTray.h"
+#include "platform/x11/windows/X11Workspace.h"
 
 #include <QtCore/QLoggingCategory>
 #include <QtDBus/QDBusConnection>
@@ -37,7 +37,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "X11Desktop")
+Q_LOGGING_CATEGORY(x11DesktopLog, "X11Desktop")
 
 } // namespace
 
@@ -81,7 +81,7 @@ std::unique_ptr<X11Desktop> X11Desktop::open()
 {
     auto connection = X11Connection::open();
     if (!connection) {
-        qCCritical(log).noquote() << u"The X server cannot be reached"_s;
+        qCCritical(x11DesktopLog).noquote() << u"The X server cannot be reached"_s;
         return nullptr;
     }
     return std::unique_ptr<X11Desktop>(

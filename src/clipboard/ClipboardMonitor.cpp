@@ -15,7 +15,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "ClipboardMonitor")
+Q_LOGGING_CATEGORY(clipboardMonitorLog, "ClipboardMonitor")
 
 constexpr auto pollInterval = 500ms;
 constexpr qsizetype longestText = 4000;  // characters
@@ -42,7 +42,7 @@ void ClipboardMonitor::start()
     if (m_timer)
         return;
     m_timer = m_clock.every(pollInterval, [this] { tick(); });
-    qCInfo(log).noquote() << u"Monitor started"_s;
+    qCInfo(clipboardMonitorLog).noquote() << u"Monitor started"_s;
 }
 
 std::optional<ClipboardMonitor::CapturedContent> ClipboardMonitor::read() const

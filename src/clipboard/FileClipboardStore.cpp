@@ -13,7 +13,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "FileClipboardStore")
+Q_LOGGING_CATEGORY(fileClipboardStoreLog, "FileClipboardStore")
 
 } // namespace
 
@@ -38,7 +38,8 @@ void FileClipboardStore::bootstrap()
         return;
     ClipboardManifest::Decoded decoded = ClipboardManifest::decode(*text);
     if (!decoded.error.isEmpty()) {
-        qCCritical(log).noquote() << u"Manifest corrupt, starting empty: %1"_s.arg(decoded.error);
+        qCCritical(fileClipboardStoreLog).noquote()
+            << u"Manifest corrupt, starting empty: %1"_s.arg(decoded.error);
         m_manifest.markCorrupt(*text);
         return;
     }
@@ -48,14 +49,15 @@ void FileClipboardStore::bootstrap()
 void FileClipboardStore::persist()
 {
     if (const auto error = m_manifest.write(m_writer.encode(m_items)))
-        qCCritical(log).noquote() << u"Failed to persist manifest: %1"_s.arg(*error);
+        qCCritical(fileClipboardStoreLog).noquote()
+            << u"Failed to persist manifest: %1"_s.arg(*error);
 }
 
 void FileClipboardStore::writeFile(const QByteArray& bytes, const QString& path)
 {
     if (const auto error = m_fileSystem.writeAtomically(path, bytes)) {
-        qCCritical(log).noquote() << u"Failed to write image %1: %2"_s.arg(path.section(u'/', -1),
-                                                                           *error);
+        qCCritical(fileClipboardStoreLog).noquote()
+            << u"Failed to write image %1: %2"_s.arg(path.section(u'/', -1), *error);
     }
 }
 

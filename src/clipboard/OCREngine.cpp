@@ -16,7 +16,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "OCREngine")
+Q_LOGGING_CATEGORY(ocrEngineLog, "OCREngine")
 
 /// Simplified and Traditional Chinese, English, Japanese, Korean.
 const QStringList& usualLanguages()
@@ -32,7 +32,7 @@ const PageTextReader* loadedModule()
         QPluginLoader loader(AppConfig::modulesFolder() + u"/driftbox_ocr.so"_s);
         const auto* loaded = qobject_cast<PageTextReader*>(loader.instance());
         if (loaded == nullptr)
-            qCCritical(log).noquote()
+            qCCritical(ocrEngineLog).noquote()
                 << u"Text recognition is missing: %1"_s.arg(loader.errorString());
         return loaded;
     }();

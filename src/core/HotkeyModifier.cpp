@@ -5,7 +5,7 @@
 namespace driftbox {
 
 namespace {
-constexpr RawValues<HotkeyModifier, 3> names{{{
+constexpr RawValues<HotkeyModifier, 3> modifierNames{{{
     {HotkeyModifier::control, u"control"},
     {HotkeyModifier::option, u"option"},
     {HotkeyModifier::command, u"command"},
@@ -14,12 +14,12 @@ constexpr RawValues<HotkeyModifier, 3> names{{{
 
 QString rawValue(HotkeyModifier modifier)
 {
-    return names.name(modifier);
+    return modifierNames.name(modifier);
 }
 
 std::optional<HotkeyModifier> hotkeyModifierFromRawValue(QStringView name)
 {
-    return names.value(name);
+    return modifierNames.value(name);
 }
 
 } // namespace driftbox

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "UserDefaults")
+Q_LOGGING_CATEGORY(jsonUserDefaultsLog, "JsonUserDefaults")
 
 struct ToJson
 {
@@ -42,7 +42,7 @@ void JsonUserDefaults::load()
         m_object = std::move(parsed.value);
         return;
     }
-    qCCritical(log).noquote() << u"Settings unreadable, using defaults: %1"_s.arg(
+    qCCritical(jsonUserDefaultsLog).noquote() << u"Settings unreadable, using defaults: %1"_s.arg(
         parsed.value ? u"not an object"_s : parsed.error);
     m_file.markCorrupt(*text);
 }
@@ -66,7 +66,7 @@ void JsonUserDefaults::setValue(const QString& key, const DefaultsValue& value)
 
     m_fileSystem.createFolder(m_folder);
     if (const auto error = m_file.write(Json::compactText(*m_object)))
-        qCCritical(log).noquote() << u"Failed to store settings: %1"_s.arg(*error);
+        qCCritical(jsonUserDefaultsLog).noquote() << u"Failed to store settings: %1"_s.arg(*error);
 }
 
 } // namespace driftbox

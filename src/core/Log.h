@@ -2,9 +2,9 @@
 
 #include <QtCore/QLoggingCategory>
 
-/// Logging. Every type that logs has its own `QLoggingCategory` named like the type. Progress is
-/// `qCInfo`, a notable condition `qCWarning`, a failure `qCCritical`. The content of the clipboard
-/// and of notes is never logged.
+/// Logging. Each type that logs has a `QLoggingCategory` of its own with the name of the type; the
+/// types of the Markdown reader share "MarkdownReader". Progress is `qCInfo`, a notable condition
+/// `qCWarning`, a failure `qCCritical`. The content of the clipboard and of notes is never logged.
 namespace driftbox::Log {
 
 inline constexpr auto subsystem = "app.driftbox";

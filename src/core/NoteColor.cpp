@@ -5,7 +5,7 @@
 namespace driftbox {
 
 namespace {
-constexpr RawValues<NoteColor, 4> names{{{
+constexpr RawValues<NoteColor, 4> colorNames{{{
     {NoteColor::yellow, u"yellow"},
     {NoteColor::blue, u"blue"},
     {NoteColor::green, u"green"},
@@ -15,7 +15,7 @@ constexpr RawValues<NoteColor, 4> names{{{
 
 QString rawValue(NoteColor color)
 {
-    return names.name(color);
+    return colorNames.name(color);
 }
 
 QString displayName(NoteColor color)
@@ -27,7 +27,7 @@ QString displayName(NoteColor color)
 
 std::optional<NoteColor> noteColorFromRawValue(QStringView name)
 {
-    return names.value(name);
+    return colorNames.value(name);
 }
 
 } // namespace driftbox

@@ -3,9 +3,9 @@
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/MarkdownReaderWindow.h"
 #include "markdown/MarkdownReaderWindowController.h"
+#include "markdown/ReaderLog.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 } // namespace
 
@@ -59,7 +57,7 @@ void MarkdownReaderCoordinator::open(const QUrl& url)
     });
     auto& stored = *m_controllers.emplace(key, std::move(controller)).first->second;
     stored.showWindow(fragment);
-    qCInfo(log).noquote() << u"Opened %1"_s.arg(stored.viewModel().displayName());
+    qCInfo(readerLog).noquote() << u"Opened %1"_s.arg(stored.viewModel().displayName());
 }
 
 void MarkdownReaderCoordinator::openViaPanel()

@@ -1,10 +1,10 @@
 #include "markdown/MarkdownReaderViewModel.h"
 
+#include "markdown/ReaderLog.h"
 #include "platform/FileSystem.h"
 
 #include <optional>
 
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QStringDecoder>
 
 using namespace Qt::StringLiterals;
@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 // A byte order mark stays in the text, so that saving keeps it.
 std::optional<QString> decodedUtf8(const QByteArray& bytes)
@@ -83,12 +81,12 @@ QString MarkdownReaderViewModel::readText() const
 {
     const auto bytes = m_fileSystem.read(m_fileURL.toLocalFile());
     if (!bytes) {
-        qCCritical(log).noquote() << u"Could not read %1"_s.arg(m_displayName);
+        qCCritical(readerLog).noquote() << u"Could not read %1"_s.arg(m_displayName);
         return {};
     }
     if (auto text = decodedUtf8(*bytes))
         return *text;
-    qCCritical(log).noquote() << u"Read %1 as Latin-1 (not UTF-8)"_s.arg(m_displayName);
+    qCCritical(readerLog).noquote() << u"Read %1 as Latin-1 (not UTF-8)"_s.arg(m_displayName);
     return QString::fromLatin1(*bytes);
 }
 
@@ -98,7 +96,7 @@ bool MarkdownReaderViewModel::save()
         return true;
     if (const auto error =
             m_fileSystem.replaceDocument(m_fileURL.toLocalFile(), m_markdown.toUtf8())) {
-        qCCritical(log).noquote() << u"Save failed for %1: %2"_s.arg(m_displayName, *error);
+        qCCritical(readerLog).noquote() << u"Save failed for %1: %2"_s.arg(m_displayName, *error);
         return false;
     }
     setHasUnsavedChanges(false);

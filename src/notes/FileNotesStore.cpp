@@ -14,7 +14,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "FileNotesStore")
+Q_LOGGING_CATEGORY(fileNotesStoreLog, "FileNotesStore")
 
 } // namespace
 
@@ -37,8 +37,8 @@ void FileNotesStore::bootstrap()
         return;
     NotesManifest::Decoded decoded = NotesManifest::decode(*text);
     if (!decoded.error.isEmpty()) {
-        qCCritical(log).noquote() << u"Notes manifest corrupt, starting empty: %1"_s.arg(
-            decoded.error);
+        qCCritical(fileNotesStoreLog).noquote()
+            << u"Notes manifest corrupt, starting empty: %1"_s.arg(decoded.error);
         m_manifest.markCorrupt(*text);
         return;
     }
@@ -64,7 +64,7 @@ void FileNotesStore::saveImage(const QByteArray& data, const StickyNote& note)
     if (note.kind != StickyNote::Kind::image)
         return;
     if (const auto error = m_fileSystem.writeAtomically(imageURL(note), data))
-        qCCritical(log).noquote() << u"Failed to write note image: %1"_s.arg(*error);
+        qCCritical(fileNotesStoreLog).noquote() << u"Failed to write note image: %1"_s.arg(*error);
 }
 
 void FileNotesStore::unsave(const StickyNoteId& id)
@@ -94,7 +94,8 @@ void FileNotesStore::persist()
 {
     encodeMissing();
     if (const auto error = m_manifest.write(JsonRecords::join(m_encoded)))
-        qCCritical(log).noquote() << u"Failed to persist notes manifest: %1"_s.arg(*error);
+        qCCritical(fileNotesStoreLog).noquote()
+            << u"Failed to persist notes manifest: %1"_s.arg(*error);
 }
 
 void FileNotesStore::encodeMissing()

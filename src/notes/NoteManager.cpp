@@ -21,7 +21,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "NoteManager")
+Q_LOGGING_CATEGORY(noteManagerLog, "NoteManager")
 
 constexpr double zoomStep = 1.1;
 
@@ -39,8 +39,8 @@ NoteManager::~NoteManager() = default;
 void NoteManager::restore()
 {
     if (!m_notes.empty()) {
-        qCInfo(log).noquote() << u"Loaded %1 saved note(s); windows left closed"_s.arg(
-            m_notes.size());
+        qCInfo(noteManagerLog).noquote()
+            << u"Loaded %1 saved note(s); windows left closed"_s.arg(m_notes.size());
     }
     installZoomMonitor();
 }

@@ -1,7 +1,7 @@
 #include "panel/CursorLocator.h"
 
-#include "panel/ScreenGeometry.h"
 #include "platform/CaretLookup.h"
+#include "platform/ScreenGeometry.h"
 #include "platform/ScreenSpace.h"
 #include "platform/Screens.h"
 

@@ -13,7 +13,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "HotkeyManager")
+Q_LOGGING_CATEGORY(hotkeyManagerLog, "HotkeyManager")
 
 const QString didPromptKey = u"accessibility.didPrompt"_s;
 
@@ -41,11 +41,12 @@ HotkeyManager::HotkeyManager(const AppSettings& settings, KeyEventMonitor& keybo
 void HotkeyManager::start()
 {
     if (!m_settings.hotkeyEnabled()) {
-        qCInfo(log).noquote() << u"Hotkey disabled in settings; not starting monitors"_s;
+        qCInfo(hotkeyManagerLog).noquote()
+            << u"Hotkey disabled in settings; not starting monitors"_s;
         return;
     }
     if (!m_keyboard.isTrusted()) {
-        qCWarning(log).noquote()
+        qCWarning(hotkeyManagerLog).noquote()
             << u"Accessibility not granted; hotkey monitors will not receive events"_s;
     }
     install();
@@ -58,7 +59,7 @@ void HotkeyManager::install()
     const auto handler = [this](const KeyEvent& event) { handle(event); };
     m_globalMonitor = m_keyboard.addMonitor(KeyEventScope::global, handler);
     m_localMonitor = m_keyboard.addMonitor(KeyEventScope::local, handler);
-    qCInfo(log).noquote() << u"Hotkey monitors installed"_s;
+    qCInfo(hotkeyManagerLog).noquote() << u"Hotkey monitors installed"_s;
 }
 
 void HotkeyManager::uninstall()

@@ -3,11 +3,11 @@
 #include "core/NotificationCenter.h"
 #include "panel/CursorLocator.h"
 #include "panel/PanelAnimator.h"
-#include "panel/ScreenGeometry.h"
 #include "platform/Clock.h"
 #include "platform/FloatingSurface.h"
 #include "platform/LocalKeyMonitor.h"
 #include "platform/PasteKeystroke.h"
+#include "platform/ScreenGeometry.h"
 #include "platform/Workspace.h"
 
 #include <chrono>
@@ -22,7 +22,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "MagicPanelController")
+Q_LOGGING_CATEGORY(magicPanelControllerLog, "MagicPanelController")
 
 constexpr SpringCurve showCurve{.response = 0.34, .dampingFraction = 0.7};
 constexpr EaseInCurve hideCurve{.duration = 0.16};
@@ -83,7 +83,7 @@ void MagicPanelController::captureTarget()
         m_frontmostApp = m_services.workspace.frontmostApplication();
 
     const auto bundle = m_frontmostApp ? m_frontmostApp->bundleIdentifier() : std::nullopt;
-    qCInfo(log).noquote() << u"Panel show: captured target %1 pid %2"_s.arg(
+    qCInfo(magicPanelControllerLog).noquote() << u"Panel show: captured target %1 pid %2"_s.arg(
         bundle.value_or(u"nil"_s),
         QString::number(m_frontmostApp ? m_frontmostApp->processIdentifier() : -1));
 }
@@ -101,7 +101,7 @@ void MagicPanelController::present(std::optional<QPointF> origin)
     m_panel.present(FloatingSurface::Keyboard::take);
     installEscapeMonitor();
     m_animator.setVisible(true, showCurve);
-    qCInfo(log).noquote() << u"Panel shown"_s;
+    qCInfo(magicPanelControllerLog).noquote() << u"Panel shown"_s;
 }
 
 void MagicPanelController::installEscapeMonitor()
@@ -151,7 +151,8 @@ void MagicPanelController::handlePaste()
 {
     const auto target = m_frontmostApp;
     if (!isLive(target.get())) {
-        qCCritical(log).noquote() << u"Paste requested but no live frontmost target was captured"_s;
+        qCCritical(magicPanelControllerLog).noquote()
+            << u"Paste requested but no live frontmost target was captured"_s;
         hide();
         return;
     }
@@ -159,9 +160,10 @@ void MagicPanelController::handlePaste()
     const auto frontmost = m_services.workspace.frontmostApplication();
     const bool isFrontmost =
         frontmost && frontmost->processIdentifier() == target->processIdentifier();
-    qCInfo(log).noquote() << u"Paste → %1 pid %2; target is frontmost now? %3"_s.arg(
-        target->bundleIdentifier().value_or(u"?"_s), QString::number(target->processIdentifier()),
-        isFrontmost ? u"true"_s : u"false"_s);
+    qCInfo(magicPanelControllerLog).noquote()
+        << u"Paste → %1 pid %2; target is frontmost now? %3"_s.arg(
+               target->bundleIdentifier().value_or(u"?"_s),
+               QString::number(target->processIdentifier()), isFrontmost ? u"true"_s : u"false"_s);
     hide();
     m_services.clock.after(reactivationDelay, this, [this, target] { pasteBack(target); });
 }

@@ -11,7 +11,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int timeoutMs = 20'000;
+constexpr int programTimeoutMs = 20'000;
 constexpr int patienceMs = 2000; ///< with a program that shall end
 
 void xdotool(const QStringList& arguments)
@@ -50,7 +50,7 @@ void OtherProgram::signal(int number) const
 QRectF OtherProgram::caretAt(int position, int characters)
 {
     const QList<QByteArray> wanted = {QByteArray::number(position), QByteArray::number(characters)};
-    const QDeadlineTimer deadline(timeoutMs);
+    const QDeadlineTimer deadline(programTimeoutMs);
     while (m_line.mid(0, 2) != wanted && !deadline.hasExpired()) {
         m_process.waitForReadyRead(20);
         while (m_process.canReadLine())

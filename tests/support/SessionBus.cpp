@@ -9,7 +9,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int timeoutMs = 20'000;
+constexpr int busTimeoutMs = 20'000;
 
 constexpr auto configuration = R"(<!DOCTYPE busconfig PUBLIC
     "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -44,7 +44,7 @@ SessionBus::SessionBus(Services services)
                                       u"--nopidfile"_s, u"--print-address=1"_s});
     QByteArray line;
     while (!line.endsWith('\n')) {
-        if (!opened || !m_daemon.waitForReadyRead(timeoutMs))
+        if (!opened || !m_daemon.waitForReadyRead(busTimeoutMs))
             qFatal("The session bus does not start");
         line += m_daemon.readAllStandardOutput();
     }
@@ -55,7 +55,7 @@ SessionBus::SessionBus(Services services)
 SessionBus::~SessionBus()
 {
     m_daemon.terminate();
-    if (!m_daemon.waitForFinished(timeoutMs))
+    if (!m_daemon.waitForFinished(busTimeoutMs))
         m_daemon.kill();
 }
 

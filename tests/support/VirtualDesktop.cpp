@@ -6,7 +6,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int startTimeoutMs = 60'000;
+constexpr int serverStartTimeoutMs = 60'000;
 
 } // namespace
 
@@ -47,7 +47,7 @@ void VirtualDesktop::startServer(const QString& screen)
                                u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
     QByteArray number;
     while (!number.endsWith('\n')) {
-        if (!m_server.waitForReadyRead(startTimeoutMs))
+        if (!m_server.waitForReadyRead(serverStartTimeoutMs))
             qFatal("The X server does not start");
         number += m_server.readAllStandardOutput();
     }

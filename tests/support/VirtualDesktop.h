@@ -1,11 +1,13 @@
 #pragma once
 
 #include "support/WindowManager.h"
+#include "support/main/TestMain.h"
 
 #include <memory>
 
 #include <QtCore/QProcess>
 #include <QtCore/QString>
+#include <QtGui/QGuiApplication>
 
 namespace driftbox {
 
@@ -37,15 +39,17 @@ private:
     std::unique_ptr<WindowManager> m_windowManager;
 };
 
+/// Runs a test class on a display of its own.
+template <typename TestClass>
+int runDisplayTest(int argc, char** argv)
+{
+    const VirtualDesktop desktop;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    return runTest<TestClass, QGuiApplication>(argc, argv);
+}
+
 } // namespace driftbox
 
-/// The main function of a test class that needs a display.
-#define DRIFTBOX_DISPLAY_TEST_MAIN(TestClass)                                                      \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
-        const driftbox::VirtualDesktop desktop;                                                    \
-        qputenv("QT_QPA_PLATFORM", "xcb");                                                         \
-        const QGuiApplication application(argc, argv);                                             \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }
+/// Registers a test class that needs a display.
+#define DRIFTBOX_DISPLAY_TEST(TestClass)                                                           \
+    DRIFTBOX_TEST_MAIN(TestClass, driftbox::runDisplayTest<TestClass>)

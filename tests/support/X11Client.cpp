@@ -1,18 +1,12 @@
 #include "support/X11Client.h"
 
-#include <cstdlib>
-#include <memory>
+#include "support/OwnedReply.h"
+
 #include <utility>
 
 namespace driftbox {
 
 namespace {
-
-template <typename T>
-std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
-{
-    return {reply, &std::free};
-}
 
 constexpr std::uint32_t inputHint = 1; // the flag in WM_HINTS and its value
 constexpr std::uint32_t userPositionAndSize = 3;

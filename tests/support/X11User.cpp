@@ -1,23 +1,12 @@
 #include "support/X11User.h"
 
-#include <cstdlib>
-#include <memory>
+#include "support/OwnedReply.h"
 
 #include <QtCore/QtGlobal>
 
 #include <xcb/xtest.h>
 
 namespace driftbox {
-
-namespace {
-
-template <typename T>
-std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
-{
-    return {reply, &std::free};
-}
-
-} // namespace
 
 X11User::X11User()
     : m_xcb(xcb_connect(nullptr, nullptr))

@@ -15,7 +15,7 @@ namespace {
 using Word = Reading::Word;
 using Words = std::span<const Word>;
 
-constexpr int marginShare = 12; // of the height; Tesseract takes a wide margin for characters
+constexpr int pieceMarginShare = 12; // of the height; Tesseract takes a wide margin for characters
 
 constexpr int blankShare = 8; // of the height is a blank at least
 
@@ -118,7 +118,7 @@ private:
     {
         if (left >= right)
             return {};
-        const int margin = m_image.height() / marginShare;
+        const int margin = m_image.height() / pieceMarginShare;
         const QRect part(left, 0, right - left, m_image.height());
         QImage image(part.size() + QSize(2 * margin, 0), m_image.format());
         image.fill(Qt::white);

@@ -1,10 +1,10 @@
 #include "clipboard/view/ClipboardFooter.h"
 
 #include "clipboard/ClipboardViewModel.h"
-#include "panel/view/CountLabel.h"
-#include "panel/view/SymbolButton.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
+#include "ui/controls/CountLabel.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 

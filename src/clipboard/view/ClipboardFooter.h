@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/view/PageFooter.h"
+#include "ui/list/PageFooter.h"
 
 namespace driftbox {
 

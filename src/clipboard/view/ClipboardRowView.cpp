@@ -2,9 +2,9 @@
 
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ThumbnailCache.h"
-#include "panel/view/RowLayout.h"
-#include "panel/view/RowPainting.h"
-#include "panel/view/Theme.h"
+#include "ui/list/RowLayout.h"
+#include "ui/list/RowPainting.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "clipboard/ClipboardRowActions.h"
-#include "panel/view/PreviewText.h"
-#include "panel/view/RowDelegate.h"
+#include "ui/list/PreviewText.h"
+#include "ui/list/RowDelegate.h"
 
 #include <QtCore/QCache>
 

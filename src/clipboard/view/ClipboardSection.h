@@ -2,7 +2,7 @@
 
 #include "clipboard/ClipboardRowActions.h"
 #include "panel/MagicPanelSection.h"
-#include "panel/view/TextExchange.h"
+#include "ui/controls/TextExchange.h"
 
 namespace driftbox {
 

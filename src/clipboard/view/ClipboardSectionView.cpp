@@ -2,9 +2,9 @@
 
 #include "clipboard/ClipboardViewModel.h"
 #include "clipboard/view/ClipboardFooter.h"
-#include "panel/view/ListPage.h"
-#include "panel/view/RowListView.h"
-#include "panel/view/SearchBar.h"
+#include "ui/controls/SearchBar.h"
+#include "ui/list/ListPage.h"
+#include "ui/list/RowListView.h"
 
 #include <QtGui/QWindow>
 #include <QtWidgets/QBoxLayout>

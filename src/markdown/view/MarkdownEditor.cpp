@@ -1,7 +1,7 @@
 #include "markdown/view/MarkdownEditor.h"
 
 #include "markdown/MarkdownReaderViewModel.h"
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 #include <utility>

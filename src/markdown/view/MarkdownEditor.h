@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/view/PlainTextEditor.h"
+#include "ui/controls/PlainTextEditor.h"
 
 #include <optional>
 

@@ -5,7 +5,7 @@
 #include "markdown/view/MarkdownWebView.h"
 #include "markdown/view/ReaderHeader.h"
 #include "markdown/view/ReaderServices.h"
-#include "panel/view/Divider.h"
+#include "ui/controls/Divider.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QVBoxLayout>

@@ -1,11 +1,11 @@
 #include "markdown/view/ReaderHeader.h"
 
 #include "markdown/MarkdownReaderViewModel.h"
-#include "panel/view/SymbolButton.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
 #include "platform/DocumentOpener.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>

@@ -2,8 +2,8 @@
 
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/view/MarkdownReaderView.h"
-#include "panel/view/WindowAccessible.h"
 #include "platform/StandardWindows.h"
+#include "ui/window/WindowAccessible.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>

@@ -1,9 +1,10 @@
 #include "markdown/view/WebEngineModule.h"
 
+#include "markdown/ReaderLog.h"
+
 #include <utility>
 
 #include <QtCore/QLibrary>
-#include <QtCore/QLoggingCategory>
 #include <QtGui/private/qopenglcontext_p.h>
 
 using namespace Qt::StringLiterals;
@@ -11,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 // The engine insists on a graphics context that it may share, though it draws without one here.
 // Made by the application object as the engine's makers advise, that context would load the
@@ -54,8 +53,8 @@ void WebEngineModule::load()
         m_engine = plugin->makeEngine();
         return;
     }
-    qCCritical(log).noquote() << u"The web engine cannot be loaded: %1"_s.arg(
-        m_loader.errorString());
+    qCCritical(readerLog).noquote()
+        << u"The web engine cannot be loaded: %1"_s.arg(m_loader.errorString());
 }
 
 } // namespace driftbox

@@ -1,16 +1,13 @@
 #include "markdown/webengine/PageBridge.h"
 
+#include "markdown/ReaderLog.h"
 #include "markdown/webengine/DocumentScheme.h"
-
-#include <QtCore/QLoggingCategory>
 
 using namespace Qt::StringLiterals;
 
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 QVariant withLocalAddress(const QVariant& body)
 {
@@ -37,9 +34,9 @@ void PageBridge::pageFinished()
 void PageBridge::postMessage(const QString& name, const QVariant& body)
 {
     if (name == u"shown")
-        qCInfo(log).noquote() << u"Shown after %1 ms"_s.arg(body.toInt());
+        qCInfo(readerLog).noquote() << u"Shown after %1 ms"_s.arg(body.toInt());
     else if (name == u"rendered")
-        qCInfo(log).noquote() << u"Rendered after %1 ms"_s.arg(body.toInt());
+        qCInfo(readerLog).noquote() << u"Rendered after %1 ms"_s.arg(body.toInt());
     m_delegate.didReceiveMessage(name, withLocalAddress(body));
 }
 

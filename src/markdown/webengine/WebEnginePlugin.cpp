@@ -1,5 +1,6 @@
 #include "markdown/webengine/WebEnginePlugin.h"
 
+#include "markdown/ReaderLog.h"
 #include "markdown/webengine/DocumentScheme.h"
 #include "markdown/webengine/Sandbox.h"
 #include "markdown/webengine/ScreenReader.h"
@@ -7,7 +8,6 @@
 
 #include <utility>
 
-#include <QtCore/QLoggingCategory>
 #include <QtQuick/QQuickWindow>
 
 using namespace Qt::StringLiterals;
@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 constexpr auto flags = "--disable-background-networking --disable-component-update "
                        "--no-first-run --no-pings --log-level=3";
@@ -60,7 +58,7 @@ void setUpProcess()
         chosen += " --force-renderer-accessibility";
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", chosen + ' ' + qgetenv("QTWEBENGINE_CHROMIUM_FLAGS"));
     if (!Sandbox::isPossible()) {
-        qCInfo(log).noquote()
+        qCInfo(readerLog).noquote()
             << u"The web engine runs without its sandbox, which cannot work here"_s;
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     }

@@ -1,11 +1,11 @@
 #include "markdown/webengine/WebPage.h"
 
+#include "markdown/ReaderLog.h"
 #include "markdown/webengine/DocumentScheme.h"
 #include "markdown/webengine/DocumentSchemeHandler.h"
 
 #include <chrono>
 
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QTimer>
 #include <QtWidgets/QVBoxLayout>
 
@@ -15,8 +15,6 @@ using namespace std::chrono_literals;
 namespace driftbox {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "MarkdownReader")
 
 // A document that brings the engine down every time is given up.
 constexpr int maxCrashes = 3;
@@ -127,10 +125,10 @@ void WebPage::recover(QWebEnginePage::RenderProcessTerminationStatus status)
         m_crashes = 0;
     m_crashPeriod.setRemainingTime(crashPeriod);
     if (++m_crashes > maxCrashes) {
-        qCCritical(log).noquote() << u"The web process crashes again and again; given up"_s;
+        qCCritical(readerLog).noquote() << u"The web process crashes again and again; given up"_s;
         return;
     }
-    qCWarning(log).noquote() << u"The web process crashed; the document is loaded again"_s;
+    qCWarning(readerLog).noquote() << u"The web process crashed; the document is loaded again"_s;
     // Not while the engine is at work on the page that is going. What is left of it would take the
     // messages of its successor, so that one is another page.
     QTimer::singleShot(0, m_widget.get(), [this] {

@@ -1,8 +1,8 @@
 #include "notes/view/NoteButton.h"
 
 #include "notes/view/NotePaper.h"
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 
@@ -13,11 +13,11 @@ namespace {
 constexpr qreal hoverOpacity = 0.09;
 constexpr qreal pressedOpacity = 0.16;
 constexpr qreal focusOpacity = 0.5;
-constexpr qreal cornerRadius = 5.0;
+constexpr qreal noteButtonCornerRadius = 5.0;
 
-constexpr qreal swatchDiameter = 11.0;
+constexpr qreal noteButtonSwatchDiameter = 11.0;
 constexpr qreal ringDiameter = 15.0;
-constexpr qreal outlineOpacity = 0.28;
+constexpr qreal noteButtonOutlineOpacity = 0.28;
 constexpr qreal ringOpacity = 0.75;
 
 QRectF circle(const QRectF& area, qreal diameter)
@@ -51,12 +51,13 @@ void NoteButton::paintAttention(QPainter& painter) const
     if (underMouse()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(NotePaper::ink(isDown() ? pressedOpacity : hoverOpacity));
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+        painter.drawRoundedRect(rect(), noteButtonCornerRadius, noteButtonCornerRadius);
     }
     if (hasFocus()) {
         painter.setPen(QPen(NotePaper::ink(focusOpacity), 1.5));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), noteButtonCornerRadius,
+                                noteButtonCornerRadius);
     }
 }
 
@@ -99,8 +100,8 @@ void NoteSwatchButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     paintAttention(painter);
     painter.setBrush(Theme::noteSwatch(m_color));
-    painter.setPen(QPen(NotePaper::ink(outlineOpacity), 1.0));
-    painter.drawEllipse(circle(rect(), swatchDiameter));
+    painter.setPen(QPen(NotePaper::ink(noteButtonOutlineOpacity), 1.0));
+    painter.drawEllipse(circle(rect(), noteButtonSwatchDiameter));
     if (isChecked()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(NotePaper::ink(ringOpacity), 1.5));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/NoteColor.h"
-#include "panel/view/Symbols.h"
+#include "ui/theme/Symbols.h"
 
 #include <QtWidgets/QAbstractButton>
 

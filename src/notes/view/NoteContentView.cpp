@@ -5,7 +5,7 @@
 #include "notes/view/NoteEditor.h"
 #include "notes/view/NoteImageView.h"
 #include "notes/view/NotePaper.h"
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/view/DragStart.h"
+#include "ui/window/DragStart.h"
 
 #include <QtWidgets/QWidget>
 

@@ -4,7 +4,7 @@
 #include "notes/view/NoteDocumentLayout.h"
 #include "notes/view/NoteEditorAccessible.h"
 #include "notes/view/NotePaper.h"
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 #include <utility>

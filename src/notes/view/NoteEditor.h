@@ -1,8 +1,8 @@
 #pragma once
 
-#include "panel/view/DragStart.h"
-#include "panel/view/OverlayScrollBar.h"
-#include "panel/view/PlainTextEditor.h"
+#include "ui/controls/OverlayScrollBar.h"
+#include "ui/controls/PlainTextEditor.h"
+#include "ui/window/DragStart.h"
 
 namespace driftbox {
 

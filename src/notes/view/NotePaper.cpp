@@ -1,6 +1,6 @@
 #include "notes/view/NotePaper.h"
 
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 

@@ -3,10 +3,10 @@
 #include "core/PreviewLines.h"
 #include "notes/NoteManager.h"
 #include "notes/NotesListModel.h"
-#include "panel/view/RowLayout.h"
-#include "panel/view/RowPainting.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
+#include "ui/list/RowLayout.h"
+#include "ui/list/RowPainting.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 
@@ -17,7 +17,7 @@ namespace driftbox {
 namespace {
 
 constexpr int rememberedPreviews = 64;
-constexpr int swatchDiameter = 12;
+constexpr int rowSwatchDiameter = 12;
 constexpr qreal swatchOutlineOpacity = 0.25;
 constexpr int symbolSize = 13;
 constexpr int savedMarkSize = 11;
@@ -95,14 +95,14 @@ void NoteRow::paint(QPainter& painter, const QRect& rect, const QModelIndex& ind
 
 void NoteRow::paintNote(QPainter& painter, const StickyNote& note, const QRect& area) const
 {
-    QRectF swatch(area.left(), 0, swatchDiameter, swatchDiameter);
+    QRectF swatch(area.left(), 0, rowSwatchDiameter, rowSwatchDiameter);
     swatch.moveCenter({swatch.center().x(), QRectF(area).center().y()});
     painter.setBrush(Theme::noteSwatch(note.color));
     painter.setPen(QPen(Theme::withOpacity(Theme::primary(), swatchOutlineOpacity), 1.0));
     painter.drawEllipse(swatch.adjusted(0.5, 0.5, -0.5, -0.5));
 
     const bool isImage = note.kind == StickyNote::Kind::image;
-    const QRect symbol(area.left() + swatchDiameter + swatchSpacing, area.top(),
+    const QRect symbol(area.left() + rowSwatchDiameter + swatchSpacing, area.top(),
                        Symbols::extent(symbolSize), area.height());
     Symbols::paint(painter, symbol, isImage ? u"photo"_s : u"doc.text"_s,
                    {.size = symbolSize, .color = Theme::secondary()});

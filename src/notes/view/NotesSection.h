@@ -1,7 +1,7 @@
 #pragma once
 
 #include "panel/MagicPanelSection.h"
-#include "panel/view/TextExchange.h"
+#include "ui/controls/TextExchange.h"
 
 namespace driftbox {
 

@@ -1,12 +1,12 @@
 #include "notes/view/NotesSectionView.h"
 
 #include "notes/NoteManager.h"
-#include "panel/view/CountLabel.h"
-#include "panel/view/ListPage.h"
-#include "panel/view/PageFooter.h"
-#include "panel/view/RowListView.h"
-#include "panel/view/SearchBar.h"
-#include "panel/view/SymbolButton.h"
+#include "ui/controls/CountLabel.h"
+#include "ui/controls/SearchBar.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/list/ListPage.h"
+#include "ui/list/PageFooter.h"
+#include "ui/list/RowListView.h"
 
 #include <QtWidgets/QBoxLayout>
 

@@ -3,7 +3,7 @@
 #include "notes/NotesKeyboard.h"
 #include "notes/NotesListModel.h"
 #include "notes/view/NoteRow.h"
-#include "panel/view/SearchField.h"
+#include "ui/controls/SearchField.h"
 
 #include <QtWidgets/QWidget>
 

@@ -4,9 +4,9 @@
 #include "notes/StickyNoteViewModel.h"
 #include "notes/view/NoteContentView.h"
 #include "notes/view/NotePaper.h"
-#include "panel/view/ResizeEdges.h"
-#include "panel/view/Theme.h"
-#include "panel/view/WindowAccessible.h"
+#include "ui/theme/Theme.h"
+#include "ui/window/ResizeEdges.h"
+#include "ui/window/WindowAccessible.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
@@ -18,12 +18,12 @@ namespace driftbox {
 
 namespace {
 
-constexpr qreal cornerRadius = 9.0;
+constexpr qreal noteCornerRadius = 9.0;
 constexpr qreal shadowRadius = 8.0;
 constexpr qreal shadowOpacity = 0.22;
 constexpr int shadowOffset = 3;
 constexpr int roomForShadow = 20;
-constexpr qreal outlineOpacity = 0.10;
+constexpr qreal noteOutlineOpacity = 0.10;
 constexpr qreal plainOutlineOpacity = 0.22; // without a shadow
 
 constexpr int innerGrip = 5;   // how far inside the paper an edge can be taken hold of
@@ -36,7 +36,7 @@ StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurface
                                  Pasteboard& pasteboard, SelectedText& selectedText)
     : m_viewModel(viewModel)
     , m_content(new NoteContentView(viewModel, pasteboard, selectedText, this))
-    , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
+    , m_shadow(noteCornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
     readAsWindow(*this);
     setWindowTitle(u"Sticky note"_s);
@@ -110,7 +110,7 @@ void StickyNotePanel::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const QColor color = Theme::noteSwatch(m_viewModel.color());
-    constexpr int edge = static_cast<int>(cornerRadius);
+    constexpr int edge = static_cast<int>(noteCornerRadius);
     const bool isInside = paper().adjusted(edge, edge, -edge, -edge).contains(event->rect());
     if (isInside || !m_composited)
         painter.fillRect(event->rect(), color);
@@ -123,10 +123,10 @@ void StickyNotePanel::paintEvent(QPaintEvent* event)
         return;
     m_shadow.paint(painter, paper().translated(0, shadowOffset));
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRoundedRect(paper(), cornerRadius), color);
-    painter.setPen(NotePaper::ink(outlineOpacity));
-    painter.drawPath(
-        continuousRoundedRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5));
+    painter.fillPath(continuousRoundedRect(paper(), noteCornerRadius), color);
+    painter.setPen(NotePaper::ink(noteOutlineOpacity));
+    painter.drawPath(continuousRoundedRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5),
+                                           noteCornerRadius - 0.5));
 }
 
 // The mouse

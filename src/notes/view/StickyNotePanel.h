@@ -1,8 +1,8 @@
 #pragma once
 
 #include "notes/StickyNoteWindowController.h"
-#include "panel/view/CardShape.h"
 #include "platform/FloatingSurface.h"
+#include "ui/theme/CardShape.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "panel/view/FloatingPanel.h"
 
 #include "panel/view/MagicPanelRootView.h"
-#include "panel/view/WindowAccessible.h"
+#include "ui/window/WindowAccessible.h"
 
 #include <QtGui/QWindow>
 

@@ -2,12 +2,12 @@
 
 #include "panel/PanelAnimator.h"
 #include "panel/SectionRegistry.h"
-#include "panel/view/Divider.h"
-#include "panel/view/EmptyStateView.h"
 #include "panel/view/PanelTransition.h"
 #include "panel/view/SectionRail.h"
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
+#include "ui/controls/Divider.h"
+#include "ui/controls/EmptyStateView.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
@@ -21,7 +21,7 @@ namespace driftbox {
 namespace {
 
 constexpr int padding = 28;
-constexpr qreal cornerRadius = 14.0;
+constexpr qreal panelCornerRadius = 14.0;
 constexpr qreal outlineWidth = 1.0;
 constexpr qreal outlineOpacity = 0.08;
 constexpr qreal dividerOpacity = 0.6;
@@ -45,7 +45,7 @@ MagicPanelRootView::MagicPanelRootView(PanelAnimator& animator, SectionRegistry&
     , m_registry(registry)
     , m_transition(new PanelTransition(animator, *this))
     , m_contentArea(new QWidget(this))
-    , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
+    , m_shadow(panelCornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
     auto* rail = new SectionRail(m_registry, this);
     connect(rail, &SectionRail::settingsRequested, this, &MagicPanelRootView::settingsRequested);
@@ -127,7 +127,7 @@ QMargins MagicPanelRootView::shadowMargins()
 QRegion MagicPanelRootView::cardRegion() const
 {
     const QRect card = rect().marginsRemoved(shadowMargins());
-    return QRegion(continuousRoundedRect(card, cornerRadius).toFillPolygon().toPolygon());
+    return QRegion(continuousRoundedRect(card, panelCornerRadius).toFillPolygon().toPolygon());
 }
 
 void MagicPanelRootView::paintEvent(QPaintEvent* event)
@@ -137,7 +137,7 @@ void MagicPanelRootView::paintEvent(QPaintEvent* event)
         painter.fillRect(event->rect(), Theme::panelBackground());
 
     const QRect card = rect().marginsRemoved(shadowMargins());
-    constexpr int edge = static_cast<int>(cornerRadius);
+    constexpr int edge = static_cast<int>(panelCornerRadius);
     if (card.adjusted(edge, edge, -edge, -edge).contains(event->rect())) {
         painter.fillRect(event->rect(), Theme::panelBackground());
         return;
@@ -145,11 +145,11 @@ void MagicPanelRootView::paintEvent(QPaintEvent* event)
     if (m_composited)
         m_shadow.paint(painter, QRectF(card).translated(0, shadowOffset));
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRoundedRect(card, cornerRadius), Theme::panelBackground());
+    painter.fillPath(continuousRoundedRect(card, panelCornerRadius), Theme::panelBackground());
     constexpr qreal inset = outlineWidth / 2.0;
     painter.setPen(QPen(Theme::withOpacity(Theme::primary(), outlineOpacity), outlineWidth));
     painter.drawPath(continuousRoundedRect(QRectF(card).adjusted(inset, inset, -inset, -inset),
-                                           cornerRadius - inset));
+                                           panelCornerRadius - inset));
 }
 
 } // namespace driftbox

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/view/CardShape.h"
+#include "ui/theme/CardShape.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QRegion>

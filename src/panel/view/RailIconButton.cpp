@@ -1,9 +1,9 @@
 #include "panel/view/RailIconButton.h"
 
-#include "panel/view/CardShape.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/CardShape.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <utility>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int side = 32;
 constexpr int symbolSize = 15;
-constexpr qreal cornerRadius = 6.0;
+constexpr qreal railIconButtonCornerRadius = 6.0;
 constexpr int hoverDurationMs = 150;
 
 } // namespace
@@ -78,12 +78,12 @@ void RailIconButton::paintEvent(QPaintEvent*)
     const QColor background =
         isActive() ? Theme::withOpacity(Theme::accent(), 0.15)
                    : Theme::withOpacity(Theme::hoverFill(), m_hover.currentValue().toReal());
-    const QPainterPath shape = continuousRoundedRect(rect(), cornerRadius);
+    const QPainterPath shape = continuousRoundedRect(rect(), railIconButtonCornerRadius);
     painter.fillPath(shape, background);
     if (hasFocus()) {
         painter.setPen(QPen(Theme::accent(), 2.0));
-        painter.drawPath(
-            continuousRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius));
+        painter.drawPath(continuousRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1),
+                                               railIconButtonCornerRadius));
     }
     Symbols::paint(painter, rect(), m_systemImage,
                    {.size = symbolSize,

@@ -16,7 +16,7 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "PosixFileSystem")
+Q_LOGGING_CATEGORY(backgroundSyncLog, "BackgroundSync")
 
 constexpr std::chrono::milliseconds threadLinger{2'000};
 
@@ -26,7 +26,7 @@ void sync(const QByteArray& path)
     if (!file.isOpen())
         return; // removed or replaced meanwhile
     if (fsync(file.get()) != 0) {
-        qCWarning(log).noquote() << u"Not safely on disk: %1: %2"_s.arg(
+        qCWarning(backgroundSyncLog).noquote() << u"Not safely on disk: %1: %2"_s.arg(
             QString::fromLocal8Bit(path), qt_error_string(errno));
     }
 }

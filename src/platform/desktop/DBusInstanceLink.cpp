@@ -12,11 +12,11 @@ namespace driftbox {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "InstanceLink")
+Q_LOGGING_CATEGORY(dbusInstanceLinkLog, "DBusInstanceLink")
 
 const QString busName = u"app.driftbox"_s;
 const QString objectPath = u"/app/driftbox"_s;
-constexpr int answerTimeoutMs = 500; // a first process that hangs must not hang the second
+constexpr int firstInstanceTimeoutMs = 500; // a first process that hangs must not hang the second
 
 QDBusMessage applicationCall(const QString& method)
 {
@@ -57,7 +57,8 @@ InstanceLink::Claim DBusInstanceLink::claimByLockFile()
 {
     if (m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError)
         return Claim::first;
-    qCWarning(log).noquote() << u"Already running; without a session bus nothing is handed over"_s;
+    qCWarning(dbusInstanceLinkLog).noquote()
+        << u"Already running; without a session bus nothing is handed over"_s;
     return Claim::handedOver;
 }
 
@@ -67,10 +68,10 @@ void DBusInstanceLink::handOver(const QList<QUrl>& documents)
     if (!documents.isEmpty())
         call << QUrl::toStringList(documents, QUrl::FullyEncoded);
     call << QVariantMap();
-    const QDBusMessage answer = m_bus.call(call, QDBus::Block, answerTimeoutMs);
+    const QDBusMessage answer = m_bus.call(call, QDBus::Block, firstInstanceTimeoutMs);
     if (answer.type() == QDBusMessage::ErrorMessage) {
-        qCCritical(log).noquote() << u"The running program does not answer: %1"_s.arg(
-            answer.errorMessage());
+        qCCritical(dbusInstanceLinkLog).noquote()
+            << u"The running program does not answer: %1"_s.arg(answer.errorMessage());
     }
 }
 

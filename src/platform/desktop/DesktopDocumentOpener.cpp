@@ -11,7 +11,7 @@ namespace driftbox {
 namespace {
 
 // A file manager may have to be started first.
-constexpr int answerTimeoutMs = 10'000;
+constexpr int portalTimeoutMs = 10'000;
 
 void openFolderOf(const QUrl& file)
 {
@@ -37,7 +37,7 @@ void DesktopDocumentOpener::reveal(const QUrl& file)
                                                u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     const QString startupId; // the desktop has given this action none
     call << QStringList(file.toString(QUrl::FullyEncoded)) << startupId;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, answerTimeoutMs));
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, portalTimeoutMs));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
                      [file](QDBusPendingCallWatcher* finished) {
                          finished->deleteLater();

@@ -14,8 +14,8 @@ namespace driftbox {
 
 namespace {
 
-const QString service = u"org.freedesktop.portal.Desktop"_s;
-const QString path = u"/org/freedesktop/portal/desktop"_s;
+const QString portalService = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString settings = u"org.freedesktop.portal.Settings"_s;
 const QString appearanceGroup = u"org.freedesktop.appearance"_s;
 const QString schemeKey = u"color-scheme"_s;
@@ -42,14 +42,14 @@ QVariant unwrapped(QVariant value)
 PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus, QObject* parent)
     : Appearance(parent)
     , m_bus(sessionBus)
-    , m_portal(service, sessionBus, QDBusServiceWatcher::WatchForRegistration)
+    , m_portal(portalService, sessionBus, QDBusServiceWatcher::WatchForRegistration)
     , m_paletteScheme(schemeOfPalette())
     , m_scheme(m_paletteScheme)
 {
     if (!m_bus.isConnected())
         return;
     qRegisterMetaType<QDBusVariant>(); // or no slot that takes one is found
-    m_bus.connect(service, path, settings, u"SettingChanged"_s, this,
+    m_bus.connect(portalService, portalPath, settings, u"SettingChanged"_s, this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
     connect(&m_portal, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::askAll);
     askAll();
@@ -63,7 +63,8 @@ void PortalAppearance::askAll()
 
 void PortalAppearance::ask(const QString& key)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, settings, u"Read"_s);
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(portalService, portalPath, settings, u"Read"_s);
     call << appearanceGroup << key;
     const auto* answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this,

@@ -11,8 +11,8 @@ namespace driftbox {
 
 namespace {
 
-const QString service = u"org.kde.StatusNotifierWatcher"_s; // also the interface's name
-const QString path = u"/StatusNotifierWatcher"_s;
+const QString watcherService = u"org.kde.StatusNotifierWatcher"_s; // also the interface's name
+const QString watcherPath = u"/StatusNotifierWatcher"_s;
 
 } // namespace
 
@@ -26,14 +26,14 @@ void StatusNotifierHosts::watch()
 {
     if (m_watcher || !m_bus.isConnected())
         return;
-    m_watcher = std::make_unique<QDBusServiceWatcher>(service, m_bus);
+    m_watcher = std::make_unique<QDBusServiceWatcher>(watcherService, m_bus);
     connect(m_watcher.get(), &QDBusServiceWatcher::serviceRegistered, this,
             &StatusNotifierHosts::ask);
     connect(m_watcher.get(), &QDBusServiceWatcher::serviceUnregistered, this,
             &StatusNotifierHosts::forget);
     for (const auto& change :
          {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
-        m_bus.connect(service, path, service, change, this, SLOT(ask()));
+        m_bus.connect(watcherService, watcherPath, watcherService, change, this, SLOT(ask()));
     m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
                   u"Disconnected"_s, this, SLOT(forget()));
     ask();
@@ -41,9 +41,9 @@ void StatusNotifierHosts::watch()
 
 void StatusNotifierHosts::ask()
 {
-    auto call = QDBusMessage::createMethodCall(service, path, u"org.freedesktop.DBus.Properties"_s,
-                                               u"Get"_s);
-    call << service << u"IsStatusNotifierHostRegistered"_s;
+    auto call = QDBusMessage::createMethodCall(watcherService, watcherPath,
+                                               u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    call << watcherService << u"IsStatusNotifierHostRegistered"_s;
     call.setAutoStartService(false);
     const int question = ++m_question;
     auto* answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);

@@ -1,12 +1,12 @@
 #include "settings/view/AboutSettingsView.h"
 
 #include "core/AppConfig.h"
-#include "panel/view/Theme.h"
 #include "settings/AboutText.h"
 #include "settings/view/ActionButton.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/FormSection.h"
 #include "settings/view/TipPicture.h"
+#include "ui/theme/Theme.h"
 
 #include <QtWidgets/QBoxLayout>
 
@@ -19,10 +19,10 @@ namespace {
 // The page fits the window as it opens, in fonts with tall lines too.
 constexpr int lineSpacing = 2;
 constexpr int pagePadding = 14;
-constexpr int sectionSpacing = 14;
+constexpr int aboutSectionSpacing = 14;
 constexpr int productPadding = 7;
 constexpr int pictureSpacing = 28;
-constexpr int sidePadding = 18;
+constexpr int aboutSidePadding = 18;
 constexpr int tipPadding = 10;
 
 QWidget* makeProduct(QWidget* parent)
@@ -46,7 +46,7 @@ QWidget* makeTips(QWidget* parent)
 {
     auto* tips = new QWidget(parent);
     auto* row = new QHBoxLayout(tips);
-    row->setContentsMargins(sidePadding, tipPadding, sidePadding, tipPadding);
+    row->setContentsMargins(aboutSidePadding, tipPadding, aboutSidePadding, tipPadding);
     row->setSpacing(pictureSpacing);
     row->addStretch();
     row->addWidget(new TipPicture(u"tip-wechat"_s, u"WeChat · 微信"_s, tips));
@@ -64,7 +64,7 @@ AboutSettingsView::AboutSettingsView(const SettingsServices& services, QWidget* 
     margins.setTop(pagePadding);
     margins.setBottom(pagePadding);
     column().setContentsMargins(margins);
-    column().setSpacing(sectionSpacing);
+    column().setSpacing(aboutSectionSpacing);
 
     auto* about = new FormSection({}, content());
     about->addRow(makeProduct(about));

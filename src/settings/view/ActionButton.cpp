@@ -1,8 +1,8 @@
 #include "settings/view/ActionButton.h"
 
-#include "panel/view/ControlParts.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
+#include "ui/theme/ControlParts.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 
@@ -13,11 +13,11 @@ namespace driftbox {
 
 namespace {
 
-constexpr int symbolSize = 13;
-constexpr int symbolSpacing = 7;
-constexpr int sidePadding = 14;
+constexpr int actionButtonSymbolSize = 13;
+constexpr int actionButtonSymbolSpacing = 7;
+constexpr int actionButtonSidePadding = 14;
 constexpr int leastHeight = 30;
-constexpr int verticalPadding = 6;
+constexpr int actionButtonVerticalPadding = 6;
 
 } // namespace
 
@@ -33,14 +33,16 @@ ActionButton::ActionButton(QString systemImage, const QString& label, Kind kind,
 
 int ActionButton::contentWidth() const
 {
-    const int symbol = m_systemImage.isEmpty() ? 0 : Symbols::extent(symbolSize) + symbolSpacing;
+    const int symbol = m_systemImage.isEmpty()
+                           ? 0
+                           : Symbols::extent(actionButtonSymbolSize) + actionButtonSymbolSpacing;
     return symbol + fontMetrics().horizontalAdvance(text());
 }
 
 QSize ActionButton::sizeHint() const
 {
-    return {contentWidth() + 2 * sidePadding,
-            std::max(leastHeight, fontMetrics().height() + 2 * verticalPadding)};
+    return {contentWidth() + 2 * actionButtonSidePadding,
+            std::max(leastHeight, fontMetrics().height() + 2 * actionButtonVerticalPadding)};
 }
 
 void ActionButton::paintEvent(QPaintEvent*)
@@ -56,10 +58,10 @@ void ActionButton::paintEvent(QPaintEvent*)
                                                        : Theme::primary();
     int left = (width() - contentWidth()) / 2;
     if (!m_systemImage.isEmpty()) {
-        const int symbol = Symbols::extent(symbolSize);
+        const int symbol = Symbols::extent(actionButtonSymbolSize);
         Symbols::paint(painter, QRect(left, 0, symbol, height()), m_systemImage,
-                       {.size = symbolSize, .color = color});
-        left += symbol + symbolSpacing;
+                       {.size = actionButtonSymbolSize, .color = color});
+        left += symbol + actionButtonSymbolSpacing;
     }
     painter.setFont(font());
     painter.setPen(color);

@@ -1,8 +1,8 @@
 #include "settings/view/CapacityStepper.h"
 
-#include "panel/view/Theme.h"
 #include "settings/ClipboardSettings.h"
 #include "settings/view/QuietWheel.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 #include <limits>

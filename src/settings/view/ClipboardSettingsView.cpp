@@ -1,10 +1,10 @@
 #include "settings/view/ClipboardSettingsView.h"
 
-#include "panel/view/Theme.h"
 #include "settings/view/ActionButton.h"
 #include "settings/view/CapacityStepper.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/FormSection.h"
+#include "ui/theme/Theme.h"
 
 #include <QtWidgets/QBoxLayout>
 

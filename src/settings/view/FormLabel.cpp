@@ -1,6 +1,6 @@
 #include "settings/view/FormLabel.h"
 
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 

@@ -1,6 +1,6 @@
 #include "settings/view/FormPage.h"
 
-#include "panel/view/OverlayScrollBar.h"
+#include "ui/controls/OverlayScrollBar.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QBoxLayout>
@@ -10,10 +10,10 @@ namespace driftbox {
 
 namespace {
 
-constexpr int sidePadding = 24;
-constexpr int topPadding = 18;
+constexpr int formPageSidePadding = 24;
+constexpr int formPageTopPadding = 18;
 constexpr int bottomPadding = 20;
-constexpr int sectionSpacing = 18;
+constexpr int formPageSectionSpacing = 18;
 constexpr int edgeForResizing = 6; // the scroll bar leaves the window's edge free
 
 } // namespace
@@ -32,8 +32,9 @@ FormPage::FormPage(QWidget* parent)
     auto* page = new QWidget;
     page->setAutoFillBackground(false);
     m_column = new QVBoxLayout(page);
-    m_column->setContentsMargins(sidePadding, topPadding, sidePadding, bottomPadding);
-    m_column->setSpacing(sectionSpacing);
+    m_column->setContentsMargins(formPageSidePadding, formPageTopPadding, formPageSidePadding,
+                                 bottomPadding);
+    m_column->setSpacing(formPageSectionSpacing);
     m_column->setAlignment(Qt::AlignTop);
     setWidget(page);
     page->setAutoFillBackground(false); // the area has switched it on

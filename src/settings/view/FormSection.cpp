@@ -1,8 +1,8 @@
 #include "settings/view/FormSection.h"
 
-#include "panel/view/CardShape.h"
-#include "panel/view/Theme.h"
 #include "settings/view/FormLabel.h"
+#include "ui/theme/CardShape.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QBoxLayout>
@@ -11,11 +11,11 @@ namespace driftbox {
 
 namespace {
 
-constexpr int rowHeight = 44;
-constexpr int verticalPadding = 6;
+constexpr int formSectionRowHeight = 44;
+constexpr int formSectionVerticalPadding = 6;
 constexpr int partSpacing = 10;
-constexpr int titleSpacing = 8;
-constexpr qreal cornerRadius = 10.0;
+constexpr int formSectionTitleSpacing = 8;
+constexpr qreal formSectionCornerRadius = 10.0;
 
 } // namespace
 
@@ -28,7 +28,7 @@ FormSection::FormSection(const QString& title, QWidget* parent)
     m_rows->setSpacing(0);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->setSpacing(titleSpacing);
+    column->setSpacing(formSectionTitleSpacing);
     if (!title.isEmpty()) {
         auto* label = new FormLabel(title, Theme::systemFont(13, QFont::DemiBold),
                                     FormLabel::Tone::primary, this);
@@ -41,7 +41,7 @@ FormSection::FormSection(const QString& title, QWidget* parent)
 
 void FormSection::addRow(QWidget* row)
 {
-    row->setMinimumHeight(rowHeight);
+    row->setMinimumHeight(formSectionRowHeight);
     m_rows->addWidget(row);
 }
 
@@ -54,7 +54,8 @@ QWidget* FormSection::addRow(std::initializer_list<QWidget*> parts, const QWidge
 {
     auto* row = new QWidget(m_card);
     auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(sidePadding, verticalPadding, sidePadding, verticalPadding);
+    layout->setContentsMargins(sidePadding, formSectionVerticalPadding, sidePadding,
+                               formSectionVerticalPadding);
     layout->setSpacing(partSpacing);
     for (QWidget* part : parts)
         layout->addWidget(part, part == stretching ? 1 : 0);
@@ -71,7 +72,7 @@ void FormSection::paintEvent(QPaintEvent*)
     const QRectF card = QRectF(m_card->geometry()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(QPen(Theme::withOpacity(Theme::divider(), 0.6), 1.0));
     painter.setBrush(palette().color(QPalette::AlternateBase));
-    painter.drawPath(continuousRoundedRect(card, cornerRadius));
+    painter.drawPath(continuousRoundedRect(card, formSectionCornerRadius));
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (int index = 1; index < m_rows->count(); ++index) {
         const int y = m_card->y() + m_rows->itemAt(index)->geometry().top();

@@ -1,6 +1,5 @@
 #include "settings/view/GeneralSettingsView.h"
 
-#include "panel/view/Theme.h"
 #include "settings/ModifierName.h"
 #include "settings/view/ActionButton.h"
 #include "settings/view/FormLabel.h"
@@ -8,6 +7,7 @@
 #include "settings/view/QuietWheel.h"
 #include "settings/view/StatusLine.h"
 #include "settings/view/ToggleRow.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "settings/view/NotesSettingsView.h"
 
 #include "core/AppSettings.h"
-#include "panel/view/Theme.h"
 #include "settings/view/ActionButton.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/FormSection.h"
 #include "settings/view/SwatchButton.h"
+#include "ui/theme/Theme.h"
 
 #include <QtWidgets/QBoxLayout>
 

@@ -1,8 +1,8 @@
 #include "settings/view/SettingsHeader.h"
 
-#include "panel/view/Theme.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/SidebarIconTile.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QBoxLayout>
@@ -14,9 +14,9 @@ namespace {
 constexpr int tileSide = 58;
 constexpr IconTileStyle tileStyle{
     .cornerRadius = 14.0, .symbolSize = 26, .weight = Symbols::Weight::semibold};
-constexpr int padding = 24;
-constexpr int verticalPadding = 18;
-constexpr int spacing = 16;
+constexpr int headerPadding = 24;
+constexpr int headerVerticalPadding = 18;
+constexpr int headerSpacing = 16;
 constexpr int titleSize = 25;
 constexpr int subtitleSize = 13;
 constexpr int linesSpacing = 3;
@@ -31,14 +31,14 @@ SettingsHeader::SettingsHeader(QWidget* parent)
           new FormLabel({}, Theme::systemFont(subtitleSize), FormLabel::Tone::secondary, this))
 {
     auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(padding + tileSide + spacing, verticalPadding, padding,
-                              verticalPadding);
+    lines->setContentsMargins(headerPadding + tileSide + headerSpacing, headerVerticalPadding,
+                              headerPadding, headerVerticalPadding);
     lines->setSpacing(linesSpacing);
     lines->addStretch();
     lines->addWidget(m_title);
     lines->addWidget(m_subtitle);
     lines->addStretch();
-    setMinimumHeight(tileSide + 2 * verticalPadding);
+    setMinimumHeight(tileSide + 2 * headerVerticalPadding);
 }
 
 void SettingsHeader::setSection(SettingsSection section)
@@ -53,7 +53,7 @@ void SettingsHeader::setSection(SettingsSection section)
 void SettingsHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QRectF tile(padding, (height() - tileSide) / 2.0, tileSide, tileSide);
+    const QRectF tile(headerPadding, (height() - tileSide) / 2.0, tileSide, tileSide);
     paintIconTile(painter, tile, m_section, tileStyle);
 }
 

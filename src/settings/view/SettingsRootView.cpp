@@ -1,13 +1,13 @@
 #include "settings/view/SettingsRootView.h"
 
-#include "panel/view/Divider.h"
-#include "panel/view/SymbolButton.h"
 #include "settings/view/AboutSettingsView.h"
 #include "settings/view/ClipboardSettingsView.h"
 #include "settings/view/GeneralSettingsView.h"
 #include "settings/view/NotesSettingsView.h"
 #include "settings/view/SettingsHeader.h"
 #include "settings/view/SettingsSidebar.h"
+#include "ui/controls/Divider.h"
+#include "ui/controls/SymbolButton.h"
 
 #include <QtGui/QShortcut>
 #include <QtWidgets/QBoxLayout>

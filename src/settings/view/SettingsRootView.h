@@ -1,8 +1,8 @@
 #pragma once
 
-#include "panel/view/SearchField.h"
 #include "settings/SettingsNavigation.h"
 #include "settings/SettingsServices.h"
+#include "ui/controls/SearchField.h"
 
 #include <map>
 

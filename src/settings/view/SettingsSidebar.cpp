@@ -1,10 +1,10 @@
 #include "settings/view/SettingsSidebar.h"
 
-#include "panel/view/CardShape.h"
-#include "panel/view/Theme.h"
 #include "settings/SettingsNavigation.h"
 #include "settings/view/SidebarIconTile.h"
 #include "settings/view/SidebarSearchField.h"
+#include "ui/theme/CardShape.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 
@@ -23,14 +23,14 @@ namespace driftbox {
 namespace {
 
 constexpr int sidebarWidth = 208;
-constexpr int padding = 12;
-constexpr int topPadding = 16;
-constexpr int spacing = 10;
-constexpr int rowHeight = 36;
+constexpr int sidebarPadding = 12;
+constexpr int sidebarTopPadding = 16;
+constexpr int sidebarSpacing = 10;
+constexpr int sidebarRowHeight = 36;
 constexpr int rowSpacing = 2;
 constexpr int rowPadding = 8;
-constexpr int titleSpacing = 8;
-constexpr qreal cornerRadius = 7.0;
+constexpr int sidebarTitleSpacing = 8;
+constexpr qreal sidebarCornerRadius = 7.0;
 
 /// Draws a page's tile and title.
 class RowPainter final : public QStyledItemDelegate
@@ -41,7 +41,8 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex&) const override
     {
-        return {0, std::max(rowHeight, option.fontMetrics.height() + rowPadding) + rowSpacing};
+        return {0,
+                std::max(sidebarRowHeight, option.fontMetrics.height() + rowPadding) + rowSpacing};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -53,9 +54,9 @@ public:
         const bool isSelected = option.state & QStyle::State_Selected;
         const bool isFocused = option.state & QStyle::State_HasFocus;
         if (isSelected)
-            painter->fillPath(continuousRoundedRect(row, cornerRadius), fill(isFocused));
+            painter->fillPath(continuousRoundedRect(row, sidebarCornerRadius), fill(isFocused));
         else if (option.state & QStyle::State_MouseOver)
-            painter->fillPath(continuousRoundedRect(row, cornerRadius), Theme::hoverFill());
+            painter->fillPath(continuousRoundedRect(row, sidebarCornerRadius), Theme::hoverFill());
 
         const QRectF tile(row.left() + rowPadding,
                           row.center().y() + 0.5 - sidebarIconTileSide / 2.0, sidebarIconTileSide,
@@ -68,8 +69,9 @@ public:
         painter->setFont(option.font);
         painter->setPen(isSelected && isFocused ? option.palette.color(QPalette::HighlightedText)
                                                 : Theme::primary());
-        painter->drawText(QRectF(row).adjusted(tile.right() - row.left() + titleSpacing, 0, 0, 0),
-                          Qt::AlignVCenter, index.data().toString());
+        painter->drawText(
+            QRectF(row).adjusted(tile.right() - row.left() + sidebarTitleSpacing, 0, 0, 0),
+            Qt::AlignVCenter, index.data().toString());
         painter->restore();
     }
 
@@ -121,8 +123,8 @@ SettingsSidebar::SettingsSidebar(SettingsNavigation& navigation, const TextExcha
     showSelection();
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(padding, topPadding, padding, padding);
-    column->setSpacing(spacing);
+    column->setContentsMargins(sidebarPadding, sidebarTopPadding, sidebarPadding, sidebarPadding);
+    column->setSpacing(sidebarSpacing);
     column->addWidget(search);
     column->addWidget(m_list, 1);
     m_list->raise(); // is read after the field above it

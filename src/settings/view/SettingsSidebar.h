@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panel/view/SearchField.h"
 #include "settings/SettingsSectionsModel.h"
+#include "ui/controls/SearchField.h"
 
 #include <QtWidgets/QWidget>
 

@@ -1,8 +1,8 @@
 #include "settings/view/SettingsWindow.h"
 
-#include "panel/view/ResizeEdges.h"
-#include "panel/view/Theme.h"
-#include "panel/view/WindowAccessible.h"
+#include "ui/theme/Theme.h"
+#include "ui/window/ResizeEdges.h"
+#include "ui/window/WindowAccessible.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QHoverEvent>
@@ -18,7 +18,7 @@ namespace {
 constexpr QSize contentSize(760, 520);
 constexpr QSize leastContentSize(700, 400);
 constexpr int shadowMargin = 28;
-constexpr qreal cornerRadius = 12.0;
+constexpr qreal windowCornerRadius = 12.0;
 constexpr qreal shadowRadius = 14.0;
 constexpr qreal shadowOpacity = 0.22;
 constexpr qreal shadowOffset = 6.0;
@@ -33,7 +33,7 @@ constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shado
 SettingsWindow::SettingsWindow(FloatingSurfaces& surfaces, const SettingsServices& services,
                                const TextExchange& exchange)
     : m_rootView(new SettingsRootView(services, exchange, this))
-    , m_shadow(cornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
+    , m_shadow(windowCornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
 {
     readAsWindow(*this);
     setWindowTitle(u"Drift Box Settings"_s);
@@ -71,7 +71,7 @@ QRect SettingsWindow::card() const
 QPainterPath SettingsWindow::cardPath() const
 {
     if (!fillsScreen())
-        return continuousRoundedRect(card(), cornerRadius);
+        return continuousRoundedRect(card(), windowCornerRadius);
     QPainterPath path;
     path.addRect(card());
     return path;
@@ -178,7 +178,7 @@ void SettingsWindow::paintEvent(QPaintEvent* event)
     constexpr qreal inset = 0.5;
     if (!fillsScreen())
         painter.drawPath(continuousRoundedRect(
-            QRectF(card()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset));
+            QRectF(card()).adjusted(inset, inset, -inset, -inset), windowCornerRadius - inset));
 }
 
 } // namespace driftbox

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "panel/view/CardShape.h"
-#include "panel/view/DragStart.h"
 #include "platform/FloatingSurface.h"
 #include "settings/view/SettingsRootView.h"
+#include "ui/theme/CardShape.h"
+#include "ui/window/DragStart.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "settings/view/SettingsWindowController.h"
 
-#include "panel/ScreenGeometry.h"
+#include "platform/ScreenGeometry.h"
 
 #include <algorithm>
 #include <iterator>

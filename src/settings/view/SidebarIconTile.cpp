@@ -1,7 +1,7 @@
 #include "settings/view/SidebarIconTile.h"
 
-#include "panel/view/CardShape.h"
 #include "settings/view/SystemColors.h"
+#include "ui/theme/CardShape.h"
 
 #include <QtGui/QLinearGradient>
 #include <QtGui/QPainter>

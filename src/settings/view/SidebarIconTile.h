@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panel/view/Symbols.h"
 #include "settings/SettingsSection.h"
+#include "ui/theme/Symbols.h"
 
 #include <QtCore/QRectF>
 

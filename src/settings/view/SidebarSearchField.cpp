@@ -1,9 +1,9 @@
 #include "settings/view/SidebarSearchField.h"
 
-#include "panel/view/ControlParts.h"
-#include "panel/view/SymbolButton.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/theme/ControlParts.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -16,9 +16,9 @@ namespace driftbox {
 namespace {
 
 constexpr int fieldHeight = 30;
-constexpr int padding = 9;
-constexpr int symbolSize = 12;
-constexpr int symbolSpacing = 7;
+constexpr int sidebarSearchFieldPadding = 9;
+constexpr int sidebarSearchFieldSymbolSize = 12;
+constexpr int sidebarSearchFieldSymbolSpacing = 7;
 
 } // namespace
 
@@ -34,7 +34,10 @@ SidebarSearchField::SidebarSearchField(const QString& prompt, const TextExchange
     m_field->installEventFilter(this);
     m_clearButton->hide();
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(padding + Symbols::extent(symbolSize) + symbolSpacing, 0, 4, 0);
+    row->setContentsMargins(sidebarSearchFieldPadding +
+                                Symbols::extent(sidebarSearchFieldSymbolSize) +
+                                sidebarSearchFieldSymbolSpacing,
+                            0, 4, 0);
     row->setSpacing(0);
     row->addWidget(m_field, 1);
     row->addWidget(m_clearButton);
@@ -50,8 +53,11 @@ void SidebarSearchField::paintEvent(QPaintEvent*)
     QStyle::State state = QStyle::State_Enabled;
     state.setFlag(QStyle::State_HasFocus, m_field->hasFocus());
     ControlParts::drawField(painter, rect(), palette(), state);
-    Symbols::paint(painter, QRect(padding, 0, Symbols::extent(symbolSize), rect().height()),
-                   u"magnifyingglass"_s, {.size = symbolSize, .color = Theme::secondary()});
+    Symbols::paint(painter,
+                   QRect(sidebarSearchFieldPadding, 0,
+                         Symbols::extent(sidebarSearchFieldSymbolSize), rect().height()),
+                   u"magnifyingglass"_s,
+                   {.size = sidebarSearchFieldSymbolSize, .color = Theme::secondary()});
 }
 
 // All of it is the field to whoever aims at it.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/view/SearchField.h"
+#include "ui/controls/SearchField.h"
 
 namespace driftbox {
 

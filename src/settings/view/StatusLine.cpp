@@ -1,9 +1,9 @@
 #include "settings/view/StatusLine.h"
 
-#include "panel/view/Symbols.h"
-#include "panel/view/Theme.h"
 #include "settings/view/FormLabel.h"
 #include "settings/view/SystemColors.h"
+#include "ui/theme/Symbols.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QBoxLayout>
@@ -14,8 +14,8 @@ namespace driftbox {
 
 namespace {
 
-constexpr int symbolSize = 15;
-constexpr int symbolSpacing = 9;
+constexpr int statusLineSymbolSize = 15;
+constexpr int statusLineSymbolSpacing = 9;
 
 } // namespace
 
@@ -24,7 +24,8 @@ StatusLine::StatusLine(QWidget* parent)
     , m_text(new FormLabel({}, Theme::systemFont(13), FormLabel::Tone::primary, this))
 {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Symbols::extent(symbolSize) + symbolSpacing, 0, 0, 0);
+    row->setContentsMargins(Symbols::extent(statusLineSymbolSize) + statusLineSymbolSpacing, 0, 0,
+                            0);
     row->addWidget(m_text);
 }
 
@@ -39,9 +40,9 @@ void StatusLine::paintEvent(QPaintEvent*)
 {
     const bool isGood = m_status == Status::good;
     QPainter painter(this);
-    Symbols::paint(painter, QRect(0, 0, Symbols::extent(symbolSize), height()),
+    Symbols::paint(painter, QRect(0, 0, Symbols::extent(statusLineSymbolSize), height()),
                    isGood ? u"checkmark.seal.fill"_s : u"exclamationmark.triangle.fill"_s,
-                   {.size = symbolSize,
+                   {.size = statusLineSymbolSize,
                     .color = systemColor(isGood ? SystemColor::green : SystemColor::orange)});
 }
 

@@ -1,7 +1,7 @@
 #include "settings/view/SwatchButton.h"
 
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/Theme.h"
 
 #include <QtGui/QPainter>
 

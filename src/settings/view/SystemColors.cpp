@@ -1,6 +1,6 @@
 #include "settings/view/SystemColors.h"
 
-#include "panel/view/Theme.h"
+#include "ui/theme/Theme.h"
 
 namespace driftbox {
 

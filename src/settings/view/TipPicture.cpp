@@ -1,7 +1,7 @@
 #include "settings/view/TipPicture.h"
 
-#include "panel/view/CardShape.h"
-#include "panel/view/Theme.h"
+#include "ui/theme/CardShape.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ namespace driftbox {
 namespace {
 
 constexpr QSize pictureSize(150, 190);
-constexpr qreal cornerRadius = 6.0;
+constexpr qreal tipPictureCornerRadius = 6.0;
 constexpr int captionSpacing = 6;
 constexpr int captionSize = 12;
 constexpr qreal quaternaryOpacity = 0.08;
@@ -50,7 +50,7 @@ void TipPicture::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     const QRectF frame(QPointF((width() - pictureSize.width()) / 2.0, 0), pictureSize);
-    const QPainterPath shape = continuousRoundedRect(frame, cornerRadius);
+    const QPainterPath shape = continuousRoundedRect(frame, tipPictureCornerRadius);
     if (m_image.isNull()) {
         painter.fillPath(shape, Theme::withOpacity(Theme::primary(), quaternaryOpacity));
         painter.setFont(Theme::systemFont(13));

@@ -1,7 +1,7 @@
 #include "settings/view/ToggleRow.h"
 
-#include "panel/view/Theme.h"
 #include "settings/view/FormSection.h"
+#include "ui/theme/Theme.h"
 
 #include <algorithm>
 
@@ -13,8 +13,8 @@ namespace {
 
 constexpr QSizeF switchSize(38.0, 22.0);
 constexpr qreal knobInset = 2.0;
-constexpr int spacing = 12;
-constexpr int verticalPadding = 10;
+constexpr int toggleRowSpacing = 12;
+constexpr int toggleRowVerticalPadding = 10;
 constexpr int narrowestText = 120;
 constexpr int slideDurationMs = 140;
 constexpr qreal offOpacity = 0.22;
@@ -39,26 +39,26 @@ ToggleRow::ToggleRow(const QString& label, QWidget* parent)
 
 QSize ToggleRow::sizeHint() const
 {
-    const int fixed = 2 * FormSection::sidePadding + spacing + qRound(switchSize.width());
+    const int fixed = 2 * FormSection::sidePadding + toggleRowSpacing + qRound(switchSize.width());
     const int width = fixed + fontMetrics().horizontalAdvance(text());
     return {width, heightForWidth(width)};
 }
 
 QSize ToggleRow::minimumSizeHint() const
 {
-    const int width =
-        2 * FormSection::sidePadding + spacing + qRound(switchSize.width()) + narrowestText;
-    return {width, 2 * verticalPadding + fontMetrics().height()};
+    const int width = 2 * FormSection::sidePadding + toggleRowSpacing + qRound(switchSize.width()) +
+                      narrowestText;
+    return {width, 2 * toggleRowVerticalPadding + fontMetrics().height()};
 }
 
 int ToggleRow::heightForWidth(int width) const
 {
     const int textWidth =
-        width - 2 * FormSection::sidePadding - spacing - qRound(switchSize.width());
+        width - 2 * FormSection::sidePadding - toggleRowSpacing - qRound(switchSize.width());
     const QRect bounds = fontMetrics().boundingRect(QRect(0, 0, textWidth, QWIDGETSIZE_MAX),
                                                     Qt::TextWordWrap, text());
-    return std::max({minimumHeight(), qRound(switchSize.height()) + 2 * verticalPadding,
-                     bounds.height() + 2 * verticalPadding});
+    return std::max({minimumHeight(), qRound(switchSize.height()) + 2 * toggleRowVerticalPadding,
+                     bounds.height() + 2 * toggleRowVerticalPadding});
 }
 
 bool ToggleRow::hitButton(const QPoint& position) const
@@ -93,7 +93,7 @@ void ToggleRow::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF text(FormSection::sidePadding, 0,
-                      track().left() - spacing - FormSection::sidePadding, height());
+                      track().left() - toggleRowSpacing - FormSection::sidePadding, height());
     painter.setFont(font());
     painter.setPen(isEnabled() ? Theme::primary()
                                : palette().color(QPalette::Disabled, QPalette::Text));

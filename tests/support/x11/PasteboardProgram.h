@@ -1,8 +1,8 @@
 #pragma once
 
 #include "fakes/FakeClock.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/selection/X11Pasteboard.h"
 
 #include <memory>
 

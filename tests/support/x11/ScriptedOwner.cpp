@@ -1,7 +1,7 @@
 #include "support/x11/ScriptedOwner.h"
 
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Reply.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/connection/X11Reply.h"
 
 #include <array>
 #include <cstdlib>

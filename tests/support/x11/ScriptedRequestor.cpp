@@ -1,6 +1,6 @@
 #include "support/x11/ScriptedRequestor.h"
 
-#include "platform/x11/X11Connection.h"
+#include "platform/x11/connection/X11Connection.h"
 
 #include <cstdlib>
 #include <cstring>

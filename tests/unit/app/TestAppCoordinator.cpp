@@ -1,4 +1,5 @@
-#include "FakeDesktop.h"
+#include "support/main/TestMain.h"
+#include "unit/app/FakeDesktop.h"
 
 #include "app/AppCoordinator.h"
 #include "clipboard/ClipboardViewModel.h"
@@ -192,5 +193,5 @@ private:
     std::unique_ptr<AppCoordinator> m_coordinator;
 };
 
-QTEST_MAIN(TestAppCoordinator)
+DRIFTBOX_TEST(TestAppCoordinator, QApplication)
 #include "TestAppCoordinator.moc"

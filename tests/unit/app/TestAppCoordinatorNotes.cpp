@@ -1,4 +1,5 @@
-#include "FakeDesktop.h"
+#include "support/main/TestMain.h"
+#include "unit/app/FakeDesktop.h"
 
 #include "app/AppCoordinator.h"
 #include "clipboard/ClipboardManifest.h"
@@ -6,7 +7,7 @@
 #include "core/JsonRecords.h"
 #include "notes/NoteManager.h"
 #include "notes/NotesManifest.h"
-#include "panel/view/RowListView.h"
+#include "ui/list/RowListView.h"
 
 #include <memory>
 
@@ -195,5 +196,5 @@ private:
     std::unique_ptr<AppCoordinator> m_coordinator;
 };
 
-QTEST_MAIN(TestAppCoordinatorNotes)
+DRIFTBOX_TEST(TestAppCoordinatorNotes, QApplication)
 #include "TestAppCoordinatorNotes.moc"

@@ -1,4 +1,5 @@
-#include "FakeDesktop.h"
+#include "support/main/TestMain.h"
+#include "unit/app/FakeDesktop.h"
 
 #include "app/AppCoordinator.h"
 #include "app/AppDelegate.h"
@@ -150,5 +151,5 @@ private:
     std::unique_ptr<AppDelegate> m_delegate;
 };
 
-QTEST_MAIN(TestAppDelegate)
+DRIFTBOX_TEST(TestAppDelegate, QApplication)
 #include "TestAppDelegate.moc"

@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 #include "core/AppConfig.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -53,5 +54,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCommandLine)
+DRIFTBOX_TEST(TestCommandLine, QCoreApplication)
 #include "TestCommandLine.moc"

@@ -1,10 +1,11 @@
-#include "FakeDesktop.h"
+#include "support/main/TestMain.h"
+#include "unit/app/FakeDesktop.h"
 
 #include "app/AppCoordinator.h"
 #include "app/MenuBarMenu.h"
 #include "clipboard/ClipboardViewModel.h"
 #include "core/AppConfig.h"
-#include "panel/view/Symbols.h"
+#include "ui/theme/Symbols.h"
 
 #include <memory>
 
@@ -188,5 +189,5 @@ private:
     std::unique_ptr<MenuBarMenu> m_menu;
 };
 
-QTEST_MAIN(TestMenuBarMenu)
+DRIFTBOX_TEST(TestMenuBarMenu, QApplication)
 #include "TestMenuBarMenu.moc"

@@ -1,4 +1,5 @@
 #include "clipboard/Characters.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -60,5 +61,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCharacters)
+DRIFTBOX_TEST(TestCharacters, QCoreApplication)
 #include "TestCharacters.moc"

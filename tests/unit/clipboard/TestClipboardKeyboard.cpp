@@ -2,6 +2,7 @@
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardRowActions.h"
 #include "core/RowSelection.h"
+#include "support/main/TestMain.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QTest>
@@ -219,5 +220,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestClipboardKeyboard)
+DRIFTBOX_TEST(TestClipboardKeyboard, QCoreApplication)
 #include "TestClipboardKeyboard.moc"

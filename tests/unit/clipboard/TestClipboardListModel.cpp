@@ -1,4 +1,5 @@
 #include "clipboard/ClipboardListModel.h"
+#include "support/main/TestMain.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QAbstractItemModelTester>
@@ -276,5 +277,5 @@ private:
     std::unique_ptr<ClipboardHistory> m_history;
 };
 
-QTEST_GUILESS_MAIN(TestClipboardListModel)
+DRIFTBOX_TEST(TestClipboardListModel, QCoreApplication)
 #include "TestClipboardListModel.moc"

@@ -1,4 +1,5 @@
 #include "clipboard/ClipboardManifest.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -199,5 +200,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestClipboardManifest)
+DRIFTBOX_TEST(TestClipboardManifest, QCoreApplication)
 #include "TestClipboardManifest.moc"

@@ -1,6 +1,7 @@
 #include "clipboard/ClipboardMonitor.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakePasteboard.h"
+#include "support/main/TestMain.h"
 
 #include <memory>
 
@@ -182,5 +183,5 @@ private:
     std::vector<Captured> m_captures;
 };
 
-QTEST_GUILESS_MAIN(TestClipboardMonitor)
+DRIFTBOX_TEST(TestClipboardMonitor, QCoreApplication)
 #include "TestClipboardMonitor.moc"

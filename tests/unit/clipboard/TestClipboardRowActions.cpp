@@ -1,4 +1,5 @@
 #include "clipboard/ClipboardRowActions.h"
+#include "support/main/TestMain.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QTest>
@@ -106,5 +107,5 @@ private:
     std::unique_ptr<ClipboardRowActions> m_actions;
 };
 
-QTEST_GUILESS_MAIN(TestClipboardRowActions)
+DRIFTBOX_TEST(TestClipboardRowActions, QCoreApplication)
 #include "TestClipboardRowActions.moc"

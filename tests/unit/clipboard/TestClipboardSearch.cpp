@@ -1,4 +1,5 @@
 #include "clipboard/ClipboardSearch.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QTest>
@@ -96,5 +97,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestClipboardSearch)
+DRIFTBOX_TEST(TestClipboardSearch, QCoreApplication)
 #include "TestClipboardSearch.moc"

@@ -1,3 +1,4 @@
+#include "support/main/TestMain.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QTest>
@@ -261,5 +262,5 @@ private:
     std::unique_ptr<ClipboardHistory> m_history;
 };
 
-QTEST_MAIN(TestClipboardViewModel)
+DRIFTBOX_TEST(TestClipboardViewModel, QGuiApplication)
 #include "TestClipboardViewModel.moc"

@@ -2,6 +2,7 @@
 #include "clipboard/FileClipboardStore.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeFileSystem.h"
+#include "support/main/TestMain.h"
 
 #include <memory>
 
@@ -257,5 +258,5 @@ private:
     std::unique_ptr<FileClipboardStore> m_store;
 };
 
-QTEST_GUILESS_MAIN(TestFileClipboardStore)
+DRIFTBOX_TEST(TestFileClipboardStore, QCoreApplication)
 #include "TestFileClipboardStore.moc"

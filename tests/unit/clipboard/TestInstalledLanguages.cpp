@@ -1,4 +1,5 @@
 #include "clipboard/InstalledLanguages.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -69,5 +70,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInstalledLanguages)
+DRIFTBOX_TEST(TestInstalledLanguages, QCoreApplication)
 #include "TestInstalledLanguages.moc"

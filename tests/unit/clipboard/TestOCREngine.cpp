@@ -1,6 +1,7 @@
 #include "clipboard/OCREngine.h"
 #include "clipboard/PageTextReader.h"
 #include "support/Images.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -154,5 +155,5 @@ private:
     std::unique_ptr<FakePageTextReader> m_reader;
 };
 
-QTEST_GUILESS_MAIN(TestOCREngine)
+DRIFTBOX_TEST(TestOCREngine, QCoreApplication)
 #include "TestOCREngine.moc"

@@ -1,5 +1,6 @@
 #include "clipboard/PictureDecoding.h"
 #include "support/Images.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImageWriter>
@@ -104,5 +105,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPictureDecoding)
+DRIFTBOX_TEST(TestPictureDecoding, QCoreApplication)
 #include "TestPictureDecoding.moc"

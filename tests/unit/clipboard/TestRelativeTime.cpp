@@ -1,4 +1,5 @@
 #include "clipboard/RelativeTime.h"
+#include "support/main/TestMain.h"
 
 #include <limits>
 
@@ -72,5 +73,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRelativeTime)
+DRIFTBOX_TEST(TestRelativeTime, QCoreApplication)
 #include "TestRelativeTime.moc"

@@ -1,4 +1,5 @@
 #include "clipboard/ThumbnailCache.h"
+#include "support/main/TestMain.h"
 #include "unit/clipboard/ClipboardHistory.h"
 
 #include <QtTest/QTest>
@@ -127,5 +128,5 @@ private:
     std::unique_ptr<ThumbnailCache> m_cache;
 };
 
-QTEST_GUILESS_MAIN(TestThumbnailCache)
+DRIFTBOX_TEST(TestThumbnailCache, QCoreApplication)
 #include "TestThumbnailCache.moc"

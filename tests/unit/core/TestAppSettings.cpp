@@ -1,5 +1,6 @@
 #include "core/AppSettings.h"
 #include "fakes/FakeUserDefaults.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -107,5 +108,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAppSettings)
+DRIFTBOX_TEST(TestAppSettings, QCoreApplication)
 #include "TestAppSettings.moc"

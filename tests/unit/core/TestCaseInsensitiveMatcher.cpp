@@ -1,4 +1,5 @@
 #include "core/CaseInsensitiveMatcher.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QTest>
@@ -165,5 +166,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCaseInsensitiveMatcher)
+DRIFTBOX_TEST(TestCaseInsensitiveMatcher, QCoreApplication)
 #include "TestCaseInsensitiveMatcher.moc"

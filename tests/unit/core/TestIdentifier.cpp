@@ -1,4 +1,5 @@
 #include "core/Identifier.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QSet>
 #include <QtTest/QTest>
@@ -68,5 +69,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestIdentifier)
+DRIFTBOX_TEST(TestIdentifier, QCoreApplication)
 #include "TestIdentifier.moc"

@@ -1,6 +1,7 @@
 #include "core/Identifier.h"
 #include "core/Json.h"
 #include "core/JsonFields.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -191,5 +192,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestJson)
+DRIFTBOX_TEST(TestJson, QCoreApplication)
 #include "TestJson.moc"

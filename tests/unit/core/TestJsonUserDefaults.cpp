@@ -1,5 +1,6 @@
 #include "core/JsonUserDefaults.h"
 #include "fakes/FakeFileSystem.h"
+#include "support/main/TestMain.h"
 
 #include <limits>
 
@@ -151,5 +152,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestJsonUserDefaults)
+DRIFTBOX_TEST(TestJsonUserDefaults, QCoreApplication)
 #include "TestJsonUserDefaults.moc"

@@ -1,4 +1,5 @@
 #include "core/ListKeyPress.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -28,5 +29,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestListKeyPress)
+DRIFTBOX_TEST(TestListKeyPress, QCoreApplication)
 #include "TestListKeyPress.moc"

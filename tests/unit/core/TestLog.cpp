@@ -1,4 +1,5 @@
 #include "core/Log.h"
+#include "support/main/TestMain.h"
 
 #include <cstdio>
 
@@ -83,7 +84,7 @@ struct Output
 Output run(const QString& where, const QStringList& launcher = {})
 {
     QStringList command = launcher;
-    command << QCoreApplication::applicationFilePath() << u"--log"_s << where;
+    command << QCoreApplication::applicationFilePath() << u"TestLog"_s << u"--log"_s << where;
     QProcess process;
     process.start(command.first(), command.mid(1));
     process.waitForFinished(timeoutMs);
@@ -176,7 +177,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
+static int runTestLog(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
@@ -185,5 +186,6 @@ int main(int argc, char** argv)
     TestLog test;
     return QTest::qExec(&test, argc, argv);
 }
+DRIFTBOX_TEST_MAIN(TestLog, runTestLog)
 
 #include "TestLog.moc"

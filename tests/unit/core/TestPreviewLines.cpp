@@ -1,4 +1,5 @@
 #include "core/PreviewLines.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -66,5 +67,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPreviewLines)
+DRIFTBOX_TEST(TestPreviewLines, QCoreApplication)
 #include "TestPreviewLines.moc"

@@ -1,4 +1,5 @@
 #include "core/RowSelection.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QStringListModel>
 #include <QtTest/QSignalSpy>
@@ -148,5 +149,5 @@ private:
     QStringListModel m_rows;
 };
 
-QTEST_GUILESS_MAIN(TestRowSelection)
+DRIFTBOX_TEST(TestRowSelection, QCoreApplication)
 #include "TestRowSelection.moc"

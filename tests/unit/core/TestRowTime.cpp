@@ -1,4 +1,5 @@
 #include "core/RowTime.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -18,5 +19,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRowTime)
+DRIFTBOX_TEST(TestRowTime, QCoreApplication)
 #include "TestRowTime.moc"

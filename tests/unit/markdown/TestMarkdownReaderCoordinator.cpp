@@ -5,6 +5,7 @@
 #include "markdown/MarkdownFiles.h"
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/MarkdownReaderWindowController.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtTest/QTest>
@@ -206,5 +207,5 @@ private:
     std::unique_ptr<MarkdownReaderCoordinator> m_coordinator;
 };
 
-QTEST_GUILESS_MAIN(TestMarkdownReaderCoordinator)
+DRIFTBOX_TEST(TestMarkdownReaderCoordinator, QCoreApplication)
 #include "TestMarkdownReaderCoordinator.moc"

@@ -1,6 +1,7 @@
 #include "markdown/MarkdownReaderViewModel.h"
 
 #include "fakes/FakeFileSystem.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -212,5 +213,5 @@ private:
     std::unique_ptr<FakeFileSystem> m_files;
 };
 
-QTEST_GUILESS_MAIN(TestMarkdownReaderViewModel)
+DRIFTBOX_TEST(TestMarkdownReaderViewModel, QCoreApplication)
 #include "TestMarkdownReaderViewModel.moc"

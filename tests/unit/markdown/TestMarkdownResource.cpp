@@ -1,4 +1,5 @@
 #include "markdown/MarkdownResource.h"
+#include "support/main/TestMain.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -129,5 +130,5 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
-QTEST_GUILESS_MAIN(TestMarkdownResource)
+DRIFTBOX_TEST(TestMarkdownResource, QCoreApplication)
 #include "TestMarkdownResource.moc"

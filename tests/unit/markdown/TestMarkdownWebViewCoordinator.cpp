@@ -1,6 +1,7 @@
 #include "markdown/MarkdownWebViewCoordinator.h"
 
 #include "fakes/FakeDocumentOpener.h"
+#include "support/main/TestMain.h"
 
 #include <vector>
 
@@ -206,5 +207,5 @@ private:
     std::unique_ptr<MarkdownWebViewCoordinator> m_coordinator;
 };
 
-QTEST_GUILESS_MAIN(TestMarkdownWebViewCoordinator)
+DRIFTBOX_TEST(TestMarkdownWebViewCoordinator, QCoreApplication)
 #include "TestMarkdownWebViewCoordinator.moc"

@@ -1,6 +1,7 @@
 #include "fakes/FakeFileSystem.h"
 #include "notes/FileNotesStore.h"
 #include "notes/NotesManifest.h"
+#include "support/main/TestMain.h"
 
 #include <memory>
 
@@ -217,5 +218,5 @@ private:
     std::unique_ptr<FileNotesStore> m_store;
 };
 
-QTEST_GUILESS_MAIN(TestFileNotesStore)
+DRIFTBOX_TEST(TestFileNotesStore, QCoreApplication)
 #include "TestFileNotesStore.moc"

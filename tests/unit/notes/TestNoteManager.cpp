@@ -1,5 +1,6 @@
-#include "NotesDesk.h"
 #include "notes/StickyNoteViewModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <optional>
 
@@ -245,5 +246,5 @@ private:
     std::optional<NotesDesk> m_desk;
 };
 
-QTEST_MAIN(TestNoteManager)
+DRIFTBOX_TEST(TestNoteManager, QGuiApplication)
 #include "TestNoteManager.moc"

@@ -1,5 +1,6 @@
-#include "NotesDesk.h"
 #include "notes/StickyNoteViewModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <optional>
 
@@ -132,5 +133,5 @@ private:
     std::optional<NotesDesk> m_desk;
 };
 
-QTEST_MAIN(TestNoteManagerKeys)
+DRIFTBOX_TEST(TestNoteManagerKeys, QGuiApplication)
 #include "TestNoteManagerKeys.moc"

@@ -1,5 +1,6 @@
-#include "NotesDesk.h"
 #include "notes/StickyNoteViewModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <optional>
 
@@ -129,5 +130,5 @@ private:
     std::optional<NotesDesk> m_desk;
 };
 
-QTEST_MAIN(TestNoteManagerOpening)
+DRIFTBOX_TEST(TestNoteManagerOpening, QGuiApplication)
 #include "TestNoteManagerOpening.moc"

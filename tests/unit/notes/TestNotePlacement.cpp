@@ -1,5 +1,6 @@
 #include "fakes/FakeScreens.h"
 #include "notes/NotePlacement.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -118,5 +119,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestNotePlacement)
+DRIFTBOX_TEST(TestNotePlacement, QCoreApplication)
 #include "TestNotePlacement.moc"

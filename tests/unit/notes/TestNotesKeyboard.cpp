@@ -1,7 +1,8 @@
-#include "NotesDesk.h"
 #include "core/RowSelection.h"
 #include "notes/NotesKeyboard.h"
 #include "notes/NotesListModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <optional>
 
@@ -118,5 +119,5 @@ private:
     std::optional<Page> m_page;
 };
 
-QTEST_MAIN(TestNotesKeyboard)
+DRIFTBOX_TEST(TestNotesKeyboard, QGuiApplication)
 #include "TestNotesKeyboard.moc"

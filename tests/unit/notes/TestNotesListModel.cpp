@@ -1,6 +1,7 @@
-#include "NotesDesk.h"
 #include "core/JsonRecords.h"
 #include "notes/NotesListModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <optional>
 
@@ -201,5 +202,5 @@ private:
     std::optional<QAbstractItemModelTester> m_tester;
 };
 
-QTEST_MAIN(TestNotesListModel)
+DRIFTBOX_TEST(TestNotesListModel, QGuiApplication)
 #include "TestNotesListModel.moc"

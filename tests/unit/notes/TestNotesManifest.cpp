@@ -1,5 +1,6 @@
 #include "core/JsonRecords.h"
 #include "notes/NotesManifest.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -215,5 +216,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestNotesManifest)
+DRIFTBOX_TEST(TestNotesManifest, QCoreApplication)
 #include "TestNotesManifest.moc"

@@ -1,6 +1,7 @@
-#include "NotesDesk.h"
 #include "notes/NoteContent.h"
 #include "notes/StickyNoteViewModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <limits>
 #include <optional>
@@ -220,5 +221,5 @@ private:
     std::vector<StickyNote> m_reported;
 };
 
-QTEST_MAIN(TestStickyNoteViewModel)
+DRIFTBOX_TEST(TestStickyNoteViewModel, QGuiApplication)
 #include "TestStickyNoteViewModel.moc"

@@ -1,5 +1,6 @@
-#include "NotesDesk.h"
 #include "notes/StickyNoteViewModel.h"
+#include "support/main/TestMain.h"
+#include "unit/notes/NotesDesk.h"
 
 #include <cmath>
 #include <optional>
@@ -113,5 +114,5 @@ private:
     int m_reports = 0;
 };
 
-QTEST_MAIN(TestStickyNoteWindowController)
+DRIFTBOX_TEST(TestStickyNoteWindowController, QGuiApplication)
 #include "TestStickyNoteWindowController.moc"

@@ -2,6 +2,7 @@
 
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakeScreens.h"
+#include "support/main/TestMain.h"
 
 #include <limits>
 
@@ -194,5 +195,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCursorLocator)
+DRIFTBOX_TEST(TestCursorLocator, QCoreApplication)
 #include "TestCursorLocator.moc"

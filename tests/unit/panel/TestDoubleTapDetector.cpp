@@ -1,4 +1,5 @@
 #include "panel/DoubleTapDetector.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -86,5 +87,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDoubleTapDetector)
+DRIFTBOX_TEST(TestDoubleTapDetector, QCoreApplication)
 #include "TestDoubleTapDetector.moc"

@@ -3,6 +3,7 @@
 #include "core/AppSettings.h"
 #include "fakes/FakeKeyEventMonitor.h"
 #include "fakes/FakeUserDefaults.h"
+#include "support/main/TestMain.h"
 
 #include <optional>
 
@@ -356,5 +357,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestHotkeyManager)
+DRIFTBOX_TEST(TestHotkeyManager, QCoreApplication)
 #include "TestHotkeyManager.moc"

@@ -1,3 +1,4 @@
+#include "support/main/TestMain.h"
 #include "unit/panel/PanelDesktop.h"
 
 #include <optional>
@@ -291,5 +292,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestMagicPanelController)
+DRIFTBOX_TEST(TestMagicPanelController, QGuiApplication)
 #include "TestMagicPanelController.moc"

@@ -1,4 +1,5 @@
 #include "panel/PanelAnimator.h"
+#include "support/main/TestMain.h"
 
 #include <cmath>
 
@@ -82,5 +83,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPanelAnimator)
+DRIFTBOX_TEST(TestPanelAnimator, QCoreApplication)
 #include "TestPanelAnimator.moc"

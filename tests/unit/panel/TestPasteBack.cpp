@@ -1,3 +1,4 @@
+#include "support/main/TestMain.h"
 #include "unit/panel/PanelDesktop.h"
 
 #include <optional>
@@ -164,5 +165,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestPasteBack)
+DRIFTBOX_TEST(TestPasteBack, QGuiApplication)
 #include "TestPasteBack.moc"

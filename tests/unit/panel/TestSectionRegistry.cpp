@@ -1,4 +1,5 @@
 #include "panel/SectionRegistry.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -135,5 +136,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSectionRegistry)
+DRIFTBOX_TEST(TestSectionRegistry, QCoreApplication)
 #include "TestSectionRegistry.moc"

@@ -1,4 +1,5 @@
 #include "platform/Instant.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -87,5 +88,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInstant)
+DRIFTBOX_TEST(TestInstant, QCoreApplication)
 #include "TestInstant.moc"

@@ -1,5 +1,6 @@
 #include "fakes/FakeKeyEventMonitor.h"
 #include "fakes/FakeLocalKeyMonitor.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -76,5 +77,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMonitorRegistry)
+DRIFTBOX_TEST(TestMonitorRegistry, QCoreApplication)
 #include "TestMonitorRegistry.moc"

@@ -1,4 +1,5 @@
 #include "platform/ScreenSpace.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -7,7 +8,7 @@ using namespace driftbox;
 namespace {
 
 // 1440x900 points at 1x, to its left 1280x720 points at 2x with its top 100 points lower.
-std::vector<Screen> twoScreens()
+std::vector<Screen> stackedScreens()
 {
     return {
         {.frame = {0, 0, 1440, 900},
@@ -54,9 +55,9 @@ private Q_SLOTS:
 
     void pixelsArePointsByTheScaleOfTheirScreen()
     {
-        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2660, 200, 1, 18), twoScreens()),
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2660, 200, 1, 18), stackedScreens()),
                  QRectF(100, 200, 1, 18));
-        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(200, 300, 2, 36), twoScreens()),
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(200, 300, 2, 36), stackedScreens()),
                  QRectF(-1180, 200, 1, 18));
     }
 
@@ -64,19 +65,19 @@ private Q_SLOTS:
     {
         // Both lie across the border; the first belongs to the left screen, the second to the
         // right.
-        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2540, 200, 30, 20), twoScreens()),
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2540, 200, 30, 20), stackedScreens()),
                  QRectF(-10, 150, 15, 10));
-        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2550, 200, 30, 20), twoScreens()),
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2550, 200, 30, 20), stackedScreens()),
                  QRectF(-10, 200, 30, 20));
     }
 
     void nothingIsFoundOffTheScreens()
     {
-        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(-10, -10, 2, 2), twoScreens()),
+        QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(-10, -10, 2, 2), stackedScreens()),
                  std::nullopt);
         QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2, 2, 2, 2), {}), std::nullopt);
     }
 };
 
-QTEST_GUILESS_MAIN(TestScreenSpace)
+DRIFTBOX_TEST(TestScreenSpace, QCoreApplication)
 #include "TestScreenSpace.moc"

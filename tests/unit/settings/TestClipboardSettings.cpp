@@ -1,4 +1,5 @@
-#include "SettingsDesk.h"
+#include "support/main/TestMain.h"
+#include "unit/settings/SettingsDesk.h"
 
 #include "settings/AboutText.h"
 #include "settings/ClipboardSettings.h"
@@ -98,5 +99,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestClipboardSettings)
+DRIFTBOX_TEST(TestClipboardSettings, QCoreApplication)
 #include "TestClipboardSettings.moc"

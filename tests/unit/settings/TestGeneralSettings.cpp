@@ -1,4 +1,5 @@
-#include "SettingsDesk.h"
+#include "support/main/TestMain.h"
+#include "unit/settings/SettingsDesk.h"
 
 #include "settings/GeneralSettings.h"
 #include "settings/ModifierName.h"
@@ -111,5 +112,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGeneralSettings)
+DRIFTBOX_TEST(TestGeneralSettings, QCoreApplication)
 #include "TestGeneralSettings.moc"

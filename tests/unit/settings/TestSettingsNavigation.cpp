@@ -1,5 +1,6 @@
 #include "settings/SettingsNavigation.h"
 #include "settings/SettingsSectionsModel.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
@@ -139,5 +140,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSettingsNavigation)
+DRIFTBOX_TEST(TestSettingsNavigation, QCoreApplication)
 #include "TestSettingsNavigation.moc"

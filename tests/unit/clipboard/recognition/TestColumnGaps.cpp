@@ -1,4 +1,5 @@
 #include "clipboard/recognition/ColumnGaps.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -63,5 +64,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestColumnGaps)
+DRIFTBOX_TEST(TestColumnGaps, QCoreApplication)
 #include "TestColumnGaps.moc"

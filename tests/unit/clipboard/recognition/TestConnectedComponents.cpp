@@ -1,4 +1,5 @@
 #include "clipboard/recognition/ConnectedComponents.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -73,5 +74,5 @@ private Q_SLOTS:
     void anEmptyMaskHasNone() { QVERIFY(ConnectedComponents(QImage()).components().empty()); }
 };
 
-QTEST_GUILESS_MAIN(TestConnectedComponents)
+DRIFTBOX_TEST(TestConnectedComponents, QCoreApplication)
 #include "TestConnectedComponents.moc"

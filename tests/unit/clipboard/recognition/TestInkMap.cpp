@@ -1,5 +1,6 @@
-#include "RenderedText.h"
 #include "clipboard/recognition/InkMap.h"
+#include "support/main/TestMain.h"
+#include "unit/clipboard/recognition/RenderedText.h"
 
 #include <QtTest/QTest>
 
@@ -8,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage plain(const QSize& size, const QColor& ground = Qt::white)
+QImage plainImage(const QSize& size, const QColor& ground = Qt::white)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(ground);
@@ -78,7 +79,7 @@ private Q_SLOTS:
 
     void everyPanelHasAGroundOfItsOwn()
     {
-        QImage image = plain({300, 100});
+        QImage image = plainImage({300, 100});
         QPainter painter(&image);
         painter.fillRect(0, 0, 150, 100, QColor(0x202530));
         const QImage text = renderedText(u"General"_s);
@@ -94,7 +95,7 @@ private Q_SLOTS:
 
     void framesAndRulesAreNoInk()
     {
-        QImage image = plain({300, 120});
+        QImage image = plainImage({300, 120});
         QPainter painter(&image);
         painter.setPen(QColor(0xb0b0b0));
         painter.drawRect(10, 10, 200, 26);
@@ -147,7 +148,7 @@ private Q_SLOTS:
     void aPlainPictureHasNoInk()
     {
         QFETCH(const QSize, size);
-        const InkMap map = inkOf(plain(size, Qt::gray));
+        const InkMap map = inkOf(plainImage(size, Qt::gray));
         QCOMPARE(map.marks.size(), size);
         QCOMPARE(map.strength.size(), size);
         QCOMPARE(marksIn(map, map.marks.rect()), 0);
@@ -155,7 +156,7 @@ private Q_SLOTS:
 
     void aGradientIsAGround()
     {
-        QImage image = plain({400, 60});
+        QImage image = plainImage({400, 60});
         QPainter painter(&image);
         QLinearGradient gradient(0, 0, 400, 0);
         gradient.setColorAt(0, QColor(0x101010));
@@ -168,5 +169,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestInkMap)
+DRIFTBOX_TEST(TestInkMap, QGuiApplication)
 #include "TestInkMap.moc"

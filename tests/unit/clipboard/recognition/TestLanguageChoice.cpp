@@ -1,4 +1,5 @@
 #include "clipboard/recognition/LanguageChoice.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -61,5 +62,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestLanguageChoice)
+DRIFTBOX_TEST(TestLanguageChoice, QCoreApplication)
 #include "TestLanguageChoice.moc"

@@ -1,4 +1,5 @@
 #include "clipboard/recognition/ReadingOrder.h"
+#include "support/main/TestMain.h"
 
 #include <algorithm>
 
@@ -110,5 +111,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReadingOrder)
+DRIFTBOX_TEST(TestReadingOrder, QCoreApplication)
 #include "TestReadingOrder.moc"

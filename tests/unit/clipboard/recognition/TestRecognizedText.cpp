@@ -1,4 +1,5 @@
 #include "clipboard/recognition/RecognizedText.h"
+#include "support/main/TestMain.h"
 
 #include <QtTest/QTest>
 
@@ -70,5 +71,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecognizedText)
+DRIFTBOX_TEST(TestRecognizedText, QCoreApplication)
 #include "TestRecognizedText.moc"

@@ -1,6 +1,7 @@
-#include "RenderedText.h"
 #include "clipboard/recognition/InkMap.h"
 #include "clipboard/recognition/TextPieces.h"
+#include "support/main/TestMain.h"
+#include "unit/clipboard/recognition/RenderedText.h"
 
 #include <algorithm>
 #include <random>
@@ -119,5 +120,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestTextPieces)
+DRIFTBOX_TEST(TestTextPieces, QGuiApplication)
 #include "TestTextPieces.moc"

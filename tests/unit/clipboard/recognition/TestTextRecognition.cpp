@@ -1,6 +1,7 @@
-#include "RenderedText.h"
 #include "clipboard/OCREngine.h"
 #include "support/Images.h"
+#include "support/main/TestMain.h"
+#include "unit/clipboard/recognition/RenderedText.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
@@ -19,7 +20,7 @@ QString textIn(const QImage& picture)
     return engine.recognizeText(imageFile(picture, "png"));
 }
 
-QImage plain(const QSize& size)
+QImage whiteImage(const QSize& size)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -106,7 +107,7 @@ private Q_SLOTS:
 
     void readsDarkPanelsInALightPicture()
     {
-        QImage picture = plain({520, 160});
+        QImage picture = whiteImage({520, 160});
         QPainter painter(&picture);
         painter.fillRect(0, 0, 160, 160, QColor(0x22252b));
         drawText(painter, {20, 20}, u"General"_s, {.ink = QColor(0xd8d8d8)});
@@ -122,7 +123,7 @@ private Q_SLOTS:
 
     void readsColumnByColumn()
     {
-        QImage picture = plain({700, 90});
+        QImage picture = whiteImage({700, 90});
         QPainter painter(&picture);
         drawText(painter, {10, 10},
                  u"The first column tells about one\nmatter that takes two lines."_s);
@@ -164,14 +165,14 @@ private Q_SLOTS:
         QTest::addColumn<QSize>("size");
         QTest::newRow("one pixel") << QSize(1, 1);
         QTest::newRow("a line") << QSize(300, 1);
-        QTest::newRow("a plain ground") << QSize(300, 200);
+        QTest::newRow("a whiteImage ground") << QSize(300, 200);
     }
     void aPictureWithoutTextHasNone()
     {
         QFETCH(const QSize, size);
-        QCOMPARE(textIn(plain(size)), QString());
+        QCOMPARE(textIn(whiteImage(size)), QString());
     }
 };
 
-QTEST_MAIN(TestTextRecognition)
+DRIFTBOX_TEST(TestTextRecognition, QGuiApplication)
 #include "TestTextRecognition.moc"

@@ -1,6 +1,7 @@
-#include "RenderedText.h"
 #include "clipboard/OCREngine.h"
 #include "support/Images.h"
+#include "support/main/TestMain.h"
+#include "unit/clipboard/recognition/RenderedText.h"
 
 #include <random>
 #include <thread>
@@ -122,5 +123,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestTextRecognitionHostility)
+DRIFTBOX_TEST(TestTextRecognitionHostility, QGuiApplication)
 #include "TestTextRecognitionHostility.moc"

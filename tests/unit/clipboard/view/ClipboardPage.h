@@ -1,10 +1,10 @@
 #pragma once
 
 #include "clipboard/view/ClipboardSection.h"
-#include "panel/view/SearchField.h"
-#include "panel/view/SymbolButton.h"
+#include "ui/controls/SearchField.h"
+#include "ui/controls/SymbolButton.h"
 #include "unit/clipboard/ClipboardHistory.h"
-#include "unit/panel/ShownRows.h"
+#include "unit/ui/list/ShownRows.h"
 
 #include <QtWidgets/QLabel>
 

@@ -1,6 +1,7 @@
-#include "panel/view/Theme.h"
+#include "support/main/TestMain.h"
+#include "ui/theme/Theme.h"
 #include "unit/clipboard/view/ClipboardPage.h"
-#include "unit/panel/ShownSymbols.h"
+#include "unit/ui/theme/ShownSymbols.h"
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -223,5 +224,5 @@ private:
     std::unique_ptr<ClipboardHistory> m_history;
 };
 
-QTEST_MAIN(TestClipboardRowView)
+DRIFTBOX_TEST(TestClipboardRowView, QApplication)
 #include "TestClipboardRowView.moc"

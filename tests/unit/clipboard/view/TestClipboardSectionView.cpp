@@ -1,8 +1,9 @@
-#include "panel/view/EmptyStateView.h"
-#include "panel/view/Theme.h"
-#include "panel/view/Tooltip.h"
+#include "support/main/TestMain.h"
+#include "ui/controls/EmptyStateView.h"
+#include "ui/controls/Tooltip.h"
+#include "ui/theme/Theme.h"
 #include "unit/clipboard/view/ClipboardPage.h"
-#include "unit/panel/ShownSymbols.h"
+#include "unit/ui/theme/ShownSymbols.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
@@ -214,5 +215,5 @@ private:
     std::unique_ptr<ClipboardHistory> m_history;
 };
 
-QTEST_MAIN(TestClipboardSectionView)
+DRIFTBOX_TEST(TestClipboardSectionView, QApplication)
 #include "TestClipboardSectionView.moc"

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "RecordingDelegate.h"
 #include "markdown/MarkdownResource.h"
 #include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/view/WebEngineModule.h"
 #include "support/VirtualDesktop.h"
+#include "unit/markdown/page/RecordingDelegate.h"
 
 #include <functional>
 #include <memory>
@@ -127,19 +127,21 @@ protected:
     std::unique_ptr<OpenPage> m_open;
 };
 
+/// Runs a test class of pages. Its executable links the engine, which then asks for a share context
+/// from the application object.
+template <typename TestClass>
+int runPageTest(int argc, char** argv)
+{
+    const VirtualDesktop desktop;
+    const QTemporaryDir runtime;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    return runTest<TestClass, QApplication>(argc, argv);
+}
+
 } // namespace driftbox
 
-/// The main function of a test class of pages. This executable links the engine, which then asks
-/// for a share context from the application object.
-#define DRIFTBOX_PAGE_TEST_MAIN(TestClass)                                                         \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
-        const driftbox::VirtualDesktop desktop;                                                    \
-        const QTemporaryDir runtime;                                                               \
-        qputenv("QT_QPA_PLATFORM", "xcb");                                                         \
-        qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());                                  \
-        QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);                                \
-        const QApplication application(argc, argv);                                                \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }
+/// Registers a test class of pages.
+#define DRIFTBOX_PAGE_TEST(TestClass)                                                              \
+    DRIFTBOX_TEST_MAIN(TestClass, driftbox::runPageTest<TestClass>)

@@ -1,4 +1,4 @@
-#include "OpenPage.h"
+#include "unit/markdown/page/OpenPage.h"
 
 #include <csignal>
 
@@ -253,5 +253,5 @@ private:
     }
 };
 
-DRIFTBOX_PAGE_TEST_MAIN(TestPageBehaviour)
+DRIFTBOX_PAGE_TEST(TestPageBehaviour)
 #include "TestPageBehaviour.moc"

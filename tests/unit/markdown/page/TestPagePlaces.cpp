@@ -1,4 +1,4 @@
-#include "OpenPage.h"
+#include "unit/markdown/page/OpenPage.h"
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
@@ -148,5 +148,5 @@ private:
     }
 };
 
-DRIFTBOX_PAGE_TEST_MAIN(TestPagePlaces)
+DRIFTBOX_PAGE_TEST(TestPagePlaces)
 #include "TestPagePlaces.moc"

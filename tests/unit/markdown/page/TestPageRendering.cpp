@@ -1,4 +1,4 @@
-#include "OpenPage.h"
+#include "unit/markdown/page/OpenPage.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -271,5 +271,5 @@ private:
     }
 };
 
-DRIFTBOX_PAGE_TEST_MAIN(TestPageRendering)
+DRIFTBOX_PAGE_TEST(TestPageRendering)
 #include "TestPageRendering.moc"

@@ -1,4 +1,4 @@
-#include "OpenPage.h"
+#include "unit/markdown/page/OpenPage.h"
 
 #include <QtCore/QFile>
 #include <QtNetwork/QTcpServer>
@@ -197,5 +197,5 @@ private:
     QString m_base;
 };
 
-DRIFTBOX_PAGE_TEST_MAIN(TestPageSafety)
+DRIFTBOX_PAGE_TEST(TestPageSafety)
 #include "TestPageSafety.moc"

@@ -1,0 +1,7 @@
+#include "markdown/ReaderLog.h"
+
+namespace driftbox {
+
+Q_LOGGING_CATEGORY(readerLog, "MarkdownReader")
+
+} // namespace driftbox

@@ -1,0 +1,79 @@
+#include "platform/selection/ContentDecoding.h"
+
+#include "platform/selection/ByteSizes.h"
+#include "platform/selection/ImageConversion.h"
+#include "platform/selection/PasteboardTargets.h"
+
+#include <utility>
+
+#include <QtCore/QStringDecoder>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+namespace {
+
+constexpr qsizetype heavy = 64 * kibibyte;
+
+qsizetype sizeOf(const std::optional<QByteArrayList>& pieces)
+{
+    qsizetype size = 0;
+    for (const QByteArray& piece : pieces.value_or(QByteArrayList()))
+        size += piece.size();
+    return size;
+}
+
+QByteArray joined(std::optional<QByteArrayList>& pieces)
+{
+    const QByteArrayList taken = *std::exchange(pieces, std::nullopt);
+    return taken.size() == 1 ? taken.front() : taken.join();
+}
+
+// Some programs send the terminating zeros of their strings along.
+QByteArrayView withoutTerminator(QByteArrayView text)
+{
+    while (text.endsWith('\0'))
+        text.chop(1);
+    return text;
+}
+
+std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
+{
+    if (target == PasteboardTargets::latin1String)
+        return QString::fromLatin1(text);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString decoded = decoder.decode(text);
+    if (decoder.hasError())
+        return std::nullopt;
+    return decoded;
+}
+
+} // namespace
+
+bool RawContent::isHeavy() const
+{
+    return image.has_value() || sizeOf(text) + sizeOf(rtf) > heavy;
+}
+
+DecodedContent decode(RawContent raw)
+{
+    DecodedContent decoded;
+    if (sizeOf(raw.rtf) > 0)
+        decoded.content.rtf = joined(raw.rtf);
+    if (raw.text) {
+        decoded.content.text = decodeText(withoutTerminator(joined(raw.text)), raw.textTarget);
+        if (!decoded.content.text)
+            decoded.refusals.append(u"Refused the clipboard's text: not valid UTF-8"_s);
+    }
+    if (raw.image) {
+        ConvertedImage converted = ImageConversion::toPng(joined(raw.image));
+        if (converted.refusal.isEmpty())
+            decoded.content.png = std::move(converted.png);
+        else
+            decoded.refusals.append(u"Refused the clipboard's image: "_s + converted.refusal);
+    }
+    return decoded;
+}
+
+} // namespace driftbox

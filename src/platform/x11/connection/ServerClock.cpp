@@ -1,0 +1,20 @@
+#include "platform/x11/connection/ServerClock.h"
+
+namespace driftbox {
+
+EventTime ServerClock::extended(std::uint32_t timestamp, std::chrono::steady_clock::time_point now)
+{
+    std::int64_t time = timestamp;
+    if (m_last) {
+        const auto passed = std::chrono::duration_cast<EventTime>(now - m_last->arrival);
+        const std::int64_t expected = (m_last->time + passed).count();
+        // The signed difference of the low halves leads to the nearest time with this stamp.
+        const auto off =
+            static_cast<std::int32_t>(timestamp - static_cast<std::uint32_t>(expected));
+        time = expected + off;
+    }
+    m_last = Reference{EventTime(time), now};
+    return m_last->time;
+}
+
+} // namespace driftbox

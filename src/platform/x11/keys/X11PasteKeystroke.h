@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/PasteKeystroke.h"
+#include "platform/selection/PasteShortcuts.h"
+#include "platform/x11/keys/X11Typist.h"
+
+#include <cstdint>
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QObject>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class PrimarySelection;
+class X11Connection;
+class X11Keyboard;
+class X11RunningApplication;
+
+/// The paste shortcut as the server's test extension types it: real keys for whatever window has
+/// the focus, so it waits until that is the target's. Main thread only.
+class X11PasteKeystroke final : public QObject, public PasteKeystroke
+{
+public:
+    /// All must outlive the keystroke.
+    X11PasteKeystroke(X11Connection& connection, const X11Keyboard& keyboard,
+                      PrimarySelection& primarySelection);
+
+    void send(std::shared_ptr<RunningApplication> target) override;
+
+private:
+    void typeOnceFocused(std::uint64_t generation);
+    void giveUp(const char* reason);
+    [[nodiscard]] bool hasKeyboard(const X11RunningApplication& target) const;
+
+    X11Connection& m_connection;
+    X11Typist m_typist;
+    PrimarySelection& m_primarySelection;
+
+    std::shared_ptr<X11RunningApplication> m_target; ///< null when nothing waits to be sent
+    PasteShortcut m_shortcut = PasteShortcut::controlV;
+    QDeadlineTimer m_deadline;
+    std::uint64_t m_generation = 0;
+};
+
+} // namespace driftbox

@@ -1,0 +1,121 @@
+#include "platform/x11/keys/X11Typist.h"
+
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/connection/X11Reply.h"
+#include "platform/x11/keys/X11Keyboard.h"
+#include "platform/x11/keys/Xkb.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <X11/keysym.h>
+
+namespace driftbox {
+
+namespace {
+
+constexpr xcb_xkb_device_spec_t keyboardDevice = XCB_XKB_ID_USE_CORE_KBD;
+constexpr std::uint8_t allModifiers = 0xff;
+
+// Where the keys are on every PC keyboard. A program that sees a letter of another script there
+// takes it for the Latin one, which is all that is left where no layout has Latin letters.
+constexpr X11Keyboard::Key positionOfV = {55, std::nullopt};
+constexpr X11Keyboard::Key positionOfInsert = {118, std::nullopt};
+
+struct Chord
+{
+    std::vector<xcb_keycode_t> keys; ///< in the order in which they go down
+    std::optional<std::uint8_t> group;
+};
+
+std::optional<Chord> chordOf(PasteShortcut shortcut, const X11Keyboard& keyboard,
+                             std::uint8_t group)
+{
+    const auto modifier = [&](xcb_keysym_t left, xcb_keysym_t right) {
+        const auto key = keyboard.keyWith(left, group);
+        return key ? key : keyboard.keyWith(right, group);
+    };
+    const auto control = modifier(XK_Control_L, XK_Control_R);
+    const auto shift = modifier(XK_Shift_L, XK_Shift_R);
+    if (!control || !shift)
+        return std::nullopt;
+    const auto v = keyboard.keyWith(XK_v, group).value_or(positionOfV);
+    switch (shortcut) {
+    case PasteShortcut::controlV:
+        return Chord{{control->code, v.code}, v.group};
+    case PasteShortcut::controlShiftV:
+        return Chord{{control->code, shift->code, v.code}, v.group};
+    case PasteShortcut::shiftInsert: {
+        const auto insert = keyboard.keyWith(XK_Insert, group).value_or(positionOfInsert);
+        return Chord{{shift->code, insert.code}, insert.group};
+    }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+X11Typist::X11Typist(X11Connection& connection, const X11Keyboard& keyboard)
+    : m_connection(connection)
+    , m_keyboard(keyboard)
+{
+}
+
+bool X11Typist::type(PasteShortcut shortcut) const
+{
+    xcb_connection_t* xcb = m_connection.xcb();
+    const auto keymapAsked = xcb_query_keymap(xcb);
+    const auto stateAsked = xcb_xkb_get_state(xcb, keyboardDevice);
+    const X11Reply<xcb_query_keymap_reply_t> keymap(
+        xcb_query_keymap_reply(xcb, keymapAsked, nullptr));
+    const X11Reply<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(xcb, stateAsked, nullptr));
+    if (!keymap || !state)
+        return false;
+    const auto chord = chordOf(shortcut, m_keyboard, state->lockedGroup);
+    if (!chord)
+        return false;
+
+    releaseHeld(*keymap, chord->keys);
+    const std::uint8_t numLock = m_keyboard.numLockMask();
+    const auto switched = static_cast<std::uint8_t>(allModifiers & ~numLock);
+    lock(switched, 0, chord->group.value_or(state->lockedGroup));
+    std::ranges::for_each(chord->keys, [this](xcb_keycode_t code) { press(code); });
+    std::for_each(chord->keys.rbegin(), chord->keys.rend(),
+                  [this](xcb_keycode_t code) { release(code); });
+    lock(switched, state->lockedMods, state->lockedGroup);
+    m_connection.flush();
+    return true;
+}
+
+void X11Typist::releaseHeld(const xcb_query_keymap_reply_t& keymap,
+                            const std::vector<xcb_keycode_t>& chord) const
+{
+    // A key of the shortcut that is down already would not go down once more.
+    for (int code = 0; code < 256; ++code) {
+        const auto keycode = static_cast<xcb_keycode_t>(code);
+        const bool isInTheWay =
+            m_keyboard.isModifier(keycode) || std::ranges::find(chord, keycode) != chord.end();
+        if (isInTheWay && isDown(keymap, keycode))
+            release(keycode);
+    }
+}
+
+void X11Typist::lock(std::uint8_t affected, std::uint8_t modifiers, std::uint8_t group) const
+{
+    // Modifiers and layouts that are latched for one key are unlatched.
+    xcb_xkb_latch_lock_state(m_connection.xcb(), keyboardDevice, affected, modifiers & affected,
+                             true, group, allModifiers, true, 0);
+}
+
+void X11Typist::press(xcb_keycode_t code) const
+{
+    m_connection.fakeKey(XCB_KEY_PRESS, code);
+}
+
+void X11Typist::release(xcb_keycode_t code) const
+{
+    m_connection.fakeKey(XCB_KEY_RELEASE, code);
+}
+
+} // namespace driftbox

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/selection/OfferedContent.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+#include <QtCore/QObject>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class Clock;
+class X11Connection;
+
+/// An answer that is too large for one property, on its way to a requestor in increments. Main
+/// thread only. It ends when all has been taken, when the requestor is gone, or when the requestor
+/// has taken nothing for a while.
+class IncrementalAnswer final : public QObject
+{
+public:
+    struct Destination
+    {
+        xcb_window_t requestor;
+        xcb_atom_t property;
+        xcb_atom_t type;
+    };
+
+    /// How long a requestor may leave an increment lying.
+    static constexpr std::chrono::seconds patience{10};
+
+    /// Announces the answer; the caller tells the requestor. `ended` is called once, from the event
+    /// loop, and may destroy the answer.
+    IncrementalAnswer(X11Connection& connection, Clock& clock, const Destination& destination,
+                      std::unique_ptr<ByteStream> bytes, std::function<void()> ended);
+
+    [[nodiscard]] xcb_window_t requestor() const { return m_destination.requestor; }
+
+    /// The most bytes that go into one property.
+    [[nodiscard]] static qsizetype largestIncrement(const X11Connection& connection);
+
+private:
+    void handleEvent(const xcb_generic_event_t& event);
+    void sendNext();
+    void watchProgress();
+    void end();
+
+    X11Connection& m_connection;
+    Clock& m_clock;
+    const Destination m_destination;
+    std::unique_ptr<ByteStream> m_bytes;
+    std::function<void()> m_ended;
+    bool m_hasSentEnd = false;
+    bool m_hasProgressed = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,212 @@
+#include "platform/x11/selection/X11Pasteboard.h"
+
+#include "platform/Clock.h"
+#include "platform/TaskRunner.h"
+#include "platform/selection/ByteSizes.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/selection/ClipboardHandover.h"
+
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QLoggingCategory>
+
+namespace driftbox {
+
+namespace {
+
+Q_LOGGING_CATEGORY(x11PasteboardLog, "X11Pasteboard")
+
+// To give back the memory of more than this takes long enough to be felt.
+constexpr qsizetype heavy = 4 * mebibyte;
+
+// A manager that takes longer may be frozen, and whoever quits does not want to wait for it.
+constexpr std::chrono::milliseconds handoverPatience{300};
+
+bool isHeavy(const PasteboardContent& content)
+{
+    const qsizetype textSize = content.text ? content.text->size() * qsizetype(sizeof(QChar)) : 0;
+    const qsizetype rtfSize = content.rtf ? content.rtf->size() : 0;
+    const qsizetype pngSize = content.png ? content.png->size() : 0;
+    return textSize + rtfSize + pngSize > heavy;
+}
+
+} // namespace
+
+X11Pasteboard::X11Pasteboard(X11Connection& connection, Clock& clock, TaskRunner& taskRunner)
+    : m_connection(connection)
+    , m_clock(clock)
+    , m_taskRunner(taskRunner)
+    , m_clipboard(connection.atom("CLIPBOARD"))
+    , m_windows(connection, clock)
+    , m_owner(connection, clock, "CLIPBOARD")
+{
+    internNames();
+    connect(&m_owner, &SelectionOwner::claimRejected, this, &X11Pasteboard::readAfterRejection);
+    if (!watchOwners()) {
+        qCWarning(x11PasteboardLog).noquote() << "The X server does not tell who copies";
+        return;
+    }
+    connect(&connection, &X11Connection::eventReceived, this, &X11Pasteboard::handleEvent);
+    readInitialContent();
+}
+
+X11Pasteboard::~X11Pasteboard() = default;
+
+// One round trip now, so that there is none later, when somebody else may hold the server up.
+void X11Pasteboard::internNames()
+{
+    std::vector<const char*> names{"TARGETS", "MULTIPLE",          "TIMESTAMP",   "INCR",
+                                   "TEXT",    "CLIPBOARD_MANAGER", "SAVE_TARGETS"};
+    for (const QByteArray& name : PasteboardTargets::knownNames())
+        names.push_back(name.constData());
+    m_connection.intern(names);
+}
+
+bool X11Pasteboard::watchOwners()
+{
+    const auto firstEvent = m_connection.firstEventOf(xcb_xfixes_id);
+    if (!firstEvent)
+        return false;
+    m_ownerChange = *firstEvent + XCB_XFIXES_SELECTION_NOTIFY;
+    // The extension serves only those that have told their version.
+    const auto version = xcb_xfixes_query_version(m_connection.xcb(), 1, 0);
+    xcb_discard_reply(m_connection.xcb(), version.sequence);
+    xcb_xfixes_select_selection_input(m_connection.xcb(), m_owner.window(), m_clipboard,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    return true;
+}
+
+void X11Pasteboard::readInitialContent()
+{
+    m_isInitial = true;
+    m_connection.whenReplied<xcb_get_selection_owner_reply_t>(
+        xcb_get_selection_owner(m_connection.xcb(), m_clipboard).sequence, this,
+        [this](const xcb_get_selection_owner_reply_t* reply) {
+            const bool isThere = reply != nullptr && reply->owner != XCB_NONE;
+            if (m_isInitial && !m_reader && isThere)
+                read(XCB_CURRENT_TIME);
+        });
+}
+
+void X11Pasteboard::handleEvent(const xcb_generic_event_t& event)
+{
+    if (event.response_type != m_ownerChange)
+        return;
+    const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+    // Whoever takes the selection before a write reaches the server loses it to that.
+    if (change.selection == m_clipboard && m_claimsUnderWay == 0)
+        ownerChanged(change);
+}
+
+void X11Pasteboard::ownerChanged(const xcb_xfixes_selection_notify_event_t& change)
+{
+    if (change.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER)
+        return ownerVanished(change.timestamp);
+    m_vanished.reset();
+    m_reader.reset();
+    if (change.owner == m_owner.window())
+        return;
+    m_isInitial = false;
+    if (change.owner == XCB_NONE)
+        setContent({});
+    else
+        read(change.timestamp);
+}
+
+void X11Pasteboard::read(xcb_timestamp_t time)
+{
+    m_reader = std::make_unique<SelectionReader>(
+        SelectionReader::Services{m_connection, m_clock, m_taskRunner, m_windows}, m_clipboard,
+        time);
+    connect(m_reader.get(), &SelectionReader::contentRead, this, &X11Pasteboard::contentRead);
+    connect(m_reader.get(), &SelectionReader::opaqueFormatRead, this,
+            [this](const QByteArray& target, const QByteArray& bytes) {
+                m_opaque.insert(target, bytes);
+            });
+    connect(m_reader.get(), &SelectionReader::finished, this, &X11Pasteboard::readingFinished);
+}
+
+void X11Pasteboard::readAfterRejection()
+{
+    if (!m_reader)
+        read(XCB_CURRENT_TIME);
+}
+
+void X11Pasteboard::contentRead(const PasteboardContent& content)
+{
+    if (m_isInitial) {
+        m_isInitial = false;
+        m_content = content;
+        Q_EMIT initialContentArrived();
+    } else {
+        setContent(content);
+    }
+}
+
+void X11Pasteboard::readingFinished()
+{
+    if (m_vanished)
+        keepOffering(*std::exchange(m_vanished, std::nullopt));
+}
+
+void X11Pasteboard::setContent(const PasteboardContent& content)
+{
+    if (isHeavy(m_content)) {
+        const auto old = std::make_shared<PasteboardContent>(std::move(m_content));
+        m_taskRunner.run(
+            this, [old] { *old = {}; }, [] {});
+    }
+    m_content = content;
+    m_opaque.clear();
+    ++m_changeCount;
+}
+
+void X11Pasteboard::ownerVanished(xcb_timestamp_t time)
+{
+    if (m_reader && !m_reader->isFinished()) {
+        m_vanished = time;
+        m_reader->ownerHasVanished();
+    } else {
+        keepOffering(time);
+    }
+}
+
+void X11Pasteboard::keepOffering(xcb_timestamp_t time)
+{
+    if (!m_content.isEmpty() || !m_opaque.isEmpty())
+        m_owner.claim(OfferedContent(m_content, m_opaque), time);
+}
+
+void X11Pasteboard::write(const PasteboardContent& content)
+{
+    m_reader.reset();
+    m_vanished.reset();
+    m_isInitial = false;
+    setContent(content);
+    ++m_claimsUnderWay;
+    m_connection.whenServerTimeKnown(this, [this](xcb_timestamp_t time) {
+        --m_claimsUnderWay;
+        m_owner.claim(OfferedContent(m_content), time);
+    });
+}
+
+void X11Pasteboard::handOver()
+{
+    if (!m_connection.isOpen())
+        return;
+    QEventLoop waiting;
+    const ClipboardHandover handover(m_connection, m_owner.window());
+    connect(&handover, &ClipboardHandover::finished, &waiting, &QEventLoop::quit);
+    m_clock.after(handoverPatience, &waiting, [&waiting] {
+        qCWarning(x11PasteboardLog).noquote() << "The clipboard manager does not answer";
+        waiting.quit();
+    });
+    waiting.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace driftbox

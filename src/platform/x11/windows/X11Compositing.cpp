@@ -1,0 +1,11 @@
+#include "platform/x11/windows/X11Compositing.h"
+
+namespace driftbox {
+
+X11Compositing::X11Compositing(X11Connection& connection)
+    : m_selection(connection, "_NET_WM_CM_S")
+{
+    connect(&m_selection, &X11ScreenSelection::ownedChanged, this, &X11Compositing::changed);
+}
+
+} // namespace driftbox

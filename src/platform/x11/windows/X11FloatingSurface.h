@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/FloatingSurface.h"
+#include "platform/x11/windows/X11FloatingHints.h"
+#include "platform/x11/windows/X11WindowManager.h"
+
+#include <chrono>
+#include <cstdint>
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QTimer>
+
+#include <xcb/xcb.h>
+
+namespace driftbox {
+
+class X11Compositing;
+class X11Connection;
+
+/// Whether the window is a panel or a note.
+[[nodiscard]] bool isFloating(const QWindow& window);
+
+/// A window of the toolkit that the program draws all of, and that the window manager is told to
+/// let float unless it is an ordinary one. Main thread only.
+class X11FloatingSurface final : public FloatingSurface
+{
+    Q_OBJECT
+
+public:
+    /// Round trips. All must outlive the surface.
+    X11FloatingSurface(QWindow& window, Role role, X11Connection& connection,
+                       const X11Compositing& compositing);
+    ~X11FloatingSurface() override;
+
+    [[nodiscard]] QRectF frame() const override { return m_frame; }
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] bool isVisible() const override;
+    [[nodiscard]] bool isKey() const override { return m_isKey; }
+    void present(Keyboard keyboard) override;
+    void orderOut() override;
+    [[nodiscard]] bool isComposited() const override;
+    void setShape(const QRegion& shape) override;
+    void setClickThrough(bool clickThrough) override;
+    void startMove() override;
+    void startResize(Qt::Edges edges) override;
+
+    [[nodiscard]] xcb_window_t window() const { return m_id; }
+    /// A FocusIn or FocusOut of the window.
+    void handleFocusChange(const xcb_focus_in_event_t& event);
+    /// A ConfigureNotify of the window, of which the toolkit has not heard yet.
+    void handleConfigured();
+    void handleNewWindowManager();
+
+    [[nodiscard]] bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    void setKey(bool key);
+    void verifyKey();
+    void takeKeyboard(xcb_timestamp_t time);
+    void handleExposed();
+    [[nodiscard]] bool isButtonHeld() const;
+    void applyShape();
+    [[nodiscard]] QMargins extentsAround(const QRegion& shape) const;
+    [[nodiscard]] bool isInPlace() const;
+    void noticeGeometry();
+    void settleGeometry();
+    void insistOnPlaceFor(std::chrono::milliseconds time);
+
+    QWindow& m_window;
+    X11Connection& m_connection;
+    const X11Compositing& m_compositing;
+    const Role m_role;
+    const xcb_window_t m_id;
+    const X11FloatingHints m_hints;
+    const X11WindowManager m_windowManager;
+
+    QRectF m_frame; ///< as it was asked for, until the user changes it
+    QRegion m_shape;
+    bool m_isClickThrough = false;
+    QTimer m_settleTimer;
+    QDeadlineTimer m_placingDeadline;
+    int m_placingRequests = 0; ///< left until then
+    bool m_isKey = false;
+    std::uint64_t m_focusChanges = 0;
+    bool m_isFreshlyMapped = false;
+    bool m_takesKeyboardOnceViewable = false;
+};
+
+} // namespace driftbox

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/StatusArea.h"
+#include "platform/x11/connection/X11ScreenSelection.h"
+
+#include <memory>
+
+namespace driftbox {
+
+/// The tray into which programs put small windows of their own.
+class X11SystemTray final : public StatusArea
+{
+    Q_OBJECT
+
+public:
+    /// `connection` must outlive this.
+    explicit X11SystemTray(X11Connection& connection, QObject* parent = nullptr);
+
+    void watch() override;
+
+private:
+    X11Connection& m_connection;
+    std::unique_ptr<X11ScreenSelection> m_selection;
+};
+
+} // namespace driftbox

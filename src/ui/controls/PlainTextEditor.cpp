@@ -1,0 +1,93 @@
+#include "ui/controls/PlainTextEditor.h"
+
+#include "platform/Pasteboard.h"
+#include "platform/SelectedText.h"
+
+#include <utility>
+
+#include <QtCore/QMimeData>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace driftbox {
+
+PlainTextEditor::PlainTextEditor(Pasteboard& pasteboard, SelectedText& selectedText,
+                                 QWidget* parent)
+    : QPlainTextEdit(parent)
+    , m_pasteboard(pasteboard)
+    , m_selectedText(selectedText)
+{
+    setFrameShape(QFrame::NoFrame);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+QString PlainTextEditor::textOf(QString raw)
+{
+    return std::move(raw.replace(QChar::ParagraphSeparator, u'\n'));
+}
+
+// The document's own plain text would turn no-break spaces into ordinary ones.
+QString PlainTextEditor::text() const
+{
+    return textOf(document()->toRawText());
+}
+
+void PlainTextEditor::copySelection()
+{
+    const QTextCursor cursor = textCursor();
+    if (cursor.hasSelection())
+        m_pasteboard.write({.text = textOf(cursor.selectedText())});
+}
+
+void PlainTextEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+    } else if (event->matches(QKeySequence::Cut)) {
+        copySelection();
+        textCursor().removeSelectedText();
+    } else if (event->matches(QKeySequence::Paste)) {
+        insert(m_pasteboard.content().text.value_or(QString()), textCursor());
+    } else if (event->matches(QKeySequence::InsertLineSeparator)) {
+        insert(u"\n"_s, textCursor()); // one kind of line is enough
+    } else {
+        return QPlainTextEdit::keyPressEvent(event);
+    }
+    event->accept();
+}
+
+void PlainTextEditor::insert(const QString& text, QTextCursor place)
+{
+    if (text.isEmpty())
+        return;
+    place.insertText(text);
+    setTextCursor(place);
+    ensureCursorVisible();
+}
+
+void PlainTextEditor::insertFromMimeData(const QMimeData* source)
+{
+    // The toolkit's own would crash on data without formats.
+    if (source && source->hasText())
+        QPlainTextEdit::insertFromMimeData(source);
+}
+
+void PlainTextEditor::mousePressEvent(QMouseEvent* event)
+{
+    // The toolkit would wait for the program in which something is selected.
+    if (event->button() != Qt::MiddleButton)
+        return QPlainTextEdit::mousePressEvent(event);
+    m_selectedText.ask(this, [this, place = cursorForPosition(event->pos())](const QString& text) {
+        insert(text, place);
+    });
+}
+
+void PlainTextEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::MiddleButton)
+        QPlainTextEdit::mouseReleaseEvent(event);
+}
+
+} // namespace driftbox

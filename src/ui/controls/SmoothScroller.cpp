@@ -1,0 +1,53 @@
+#include "ui/controls/SmoothScroller.h"
+
+#include <algorithm>
+
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QScrollBar>
+
+namespace driftbox {
+
+namespace {
+
+constexpr int pointsPerNotch = 72;
+constexpr int glideDurationMs = 140;
+constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+
+} // namespace
+
+SmoothScroller::SmoothScroller(QScrollBar& scrollBar)
+    : QObject(&scrollBar)
+    , m_scrollBar(scrollBar)
+{
+    m_glide.setDuration(glideDurationMs);
+    m_glide.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_glide, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& value) { m_scrollBar.setValue(value.toInt()); });
+}
+
+void SmoothScroller::handle(QWheelEvent& event)
+{
+    const int pixels = event.pixelDelta().y();
+    const int angle = event.angleDelta().y();
+    if (pixels == 0 && angle != 0 && angle % notch == 0) {
+        glideBy(-angle / notch * pointsPerNotch);
+    } else {
+        stop();
+        const int distance = pixels != 0 ? pixels : angle * pointsPerNotch / notch;
+        m_scrollBar.setValue(m_scrollBar.value() - distance);
+    }
+    event.accept();
+}
+
+void SmoothScroller::glideBy(int distance)
+{
+    const bool isGliding = m_glide.state() == QAbstractAnimation::Running;
+    const int start = m_scrollBar.value();
+    const int from = isGliding ? m_glide.endValue().toInt() : start;
+    stop();
+    m_glide.setStartValue(start);
+    m_glide.setEndValue(std::clamp(from + distance, m_scrollBar.minimum(), m_scrollBar.maximum()));
+    m_glide.start();
+}
+
+} // namespace driftbox

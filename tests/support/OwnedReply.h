@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+
+namespace driftbox {
+
+/// Owns what XCB allocated.
+template <typename T>
+[[nodiscard]] std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
+{
+    return {reply, &std::free};
+}
+
+} // namespace driftbox

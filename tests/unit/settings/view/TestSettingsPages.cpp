@@ -1,0 +1,335 @@
+#include "support/main/TestMain.h"
+#include "unit/settings/SettingsDesk.h"
+
+#include "settings/view/AboutSettingsView.h"
+#include "settings/view/ActionButton.h"
+#include "settings/view/CapacityStepper.h"
+#include "settings/view/ClipboardSettingsView.h"
+#include "settings/view/FormLabel.h"
+#include "settings/view/GeneralSettingsView.h"
+#include "settings/view/NotesSettingsView.h"
+#include "settings/view/StatusLine.h"
+#include "settings/view/SwatchButton.h"
+#include "settings/view/SystemColors.h"
+#include "settings/view/TipPicture.h"
+#include "settings/view/ToggleRow.h"
+#include "ui/theme/Theme.h"
+#include "unit/ui/theme/ShownSymbols.h"
+
+#include <algorithm>
+
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QSlider>
+
+using namespace driftbox;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize pageSize(551, 420);
+
+template <typename Page>
+struct Shown
+{
+    Shown()
+    {
+        page.resize(pageSize);
+        page.show();
+        (void)QTest::qWaitForWindowExposed(&page);
+    }
+
+    template <typename Widget>
+    [[nodiscard]] Widget& at(int index) const
+    {
+        return *page.template findChildren<Widget*>().at(index);
+    }
+    [[nodiscard]] ActionButton& button(const QString& text) const
+    {
+        const auto buttons = page.template findChildren<ActionButton*>();
+        const auto found = std::ranges::find_if(
+            buttons, [&](const ActionButton* button) { return button->text() == text; });
+        if (found == buttons.end())
+            qFatal("There is no such button");
+        return **found;
+    }
+    [[nodiscard]] QStringList labels() const
+    {
+        QStringList texts;
+        for (const QLabel* label : page.template findChildren<QLabel*>())
+            texts << label->text();
+        return texts;
+    }
+
+    SettingsDesk desk;
+    Page page{desk.services, nullptr};
+};
+
+QAccessibleInterface& accessible(QWidget& widget)
+{
+    return *QAccessible::queryAccessibleInterface(&widget);
+}
+
+} // namespace
+
+class TestSettingsPages : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theHotkeyIsSwitchedByItsRow()
+    {
+        const Shown<GeneralSettingsView> shown;
+        auto& row = shown.at<ToggleRow>(0);
+        QCOMPARE(row.text(), u"Enable double-tap ⌃ Control to summon"_s);
+        QVERIFY(row.isChecked());
+        QTest::mouseClick(&row, Qt::LeftButton, {}, QPoint(20, row.height() / 2));
+        QVERIFY(!shown.desk.settings.hotkeyEnabled());
+        QCOMPARE(shown.desk.hotkeyRestarts, 1);
+        QVERIFY(!shown.at<QComboBox>(0).isEnabled());
+        QVERIFY(!shown.at<QSlider>(0).isEnabled());
+        QVERIFY(row.isEnabled());
+
+        QTest::keyClick(&row, Qt::Key_Space);
+        QVERIFY(shown.desk.settings.hotkeyEnabled());
+        QVERIFY(shown.at<QSlider>(0).isEnabled());
+        accessible(row).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(!shown.desk.settings.hotkeyEnabled());
+        QCOMPARE(shown.desk.hotkeyRestarts, 3);
+        row.setChecked(true);
+        QCOMPARE(accessible(row).role(), QAccessible::CheckBox);
+        QVERIFY(accessible(row).state().checked);
+    }
+
+    void theModifierIsChosenFromThree()
+    {
+        const Shown<GeneralSettingsView> shown;
+        auto& picker = shown.at<QComboBox>(0);
+        QCOMPARE(picker.count(), 3);
+        QCOMPARE(picker.currentText(), u"⌃ Control"_s);
+        QTest::keyClick(&picker, Qt::Key_Down);
+        QCOMPARE(shown.desk.settings.hotkeyModifier(), HotkeyModifier::option);
+        QCOMPARE(shown.desk.hotkeyRestarts, 1);
+        QCOMPARE(shown.at<ToggleRow>(0).text(), u"Enable double-tap ⌥ Option to summon"_s);
+        shown.desk.settings.setHotkeyModifier(HotkeyModifier::command);
+        QCOMPARE(picker.currentText(), u"⌘ Command"_s);
+        QCOMPARE(shown.desk.hotkeyRestarts, 1);
+    }
+
+    void theSliderGoesFromEndToEndInSteps()
+    {
+        const Shown<GeneralSettingsView> shown;
+        auto& slider = shown.at<QSlider>(0);
+        QCOMPARE(slider.value(), 300);
+        QTest::keyClick(&slider, Qt::Key_Home);
+        QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 150);
+        QVERIFY(shown.labels().contains(u"150 ms"_s));
+        QTest::keyClick(&slider, Qt::Key_Right);
+        QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 200);
+        QTest::keyClick(&slider, Qt::Key_End);
+        QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 600);
+        QVERIFY(shown.labels().contains(u"600 ms"_s));
+        QCOMPARE(shown.desk.hotkeyRestarts, 0);
+
+        accessible(slider).valueInterface()->setCurrentValue(333);
+        QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 350);
+        QCOMPARE(slider.value(), 350);
+    }
+
+    void draggingTheSliderSnaps()
+    {
+        const Shown<GeneralSettingsView> shown;
+        auto& slider = shown.at<QSlider>(0);
+        const int middle = slider.height() / 2;
+        QTest::mousePress(&slider, Qt::LeftButton, {}, {slider.width() / 3, middle});
+        for (int x = slider.width() / 3; x >= 0; x -= 7) {
+            QTest::mouseMove(&slider, {x, middle});
+            QCOMPARE(slider.value() % 50, 0);
+        }
+        QTest::mouseMove(&slider, {-20, middle});
+        QTest::mouseRelease(&slider, Qt::LeftButton, {}, {-20, middle});
+        QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 150);
+    }
+
+    void aThresholdOutsideTheRangeIsShownAndKept()
+    {
+        SettingsDesk desk;
+        desk.settings.setHotkeyThresholdMs(5000);
+        const GeneralSettingsView page(desk.services, nullptr);
+        QCOMPARE(page.findChild<QSlider*>()->value(), 600);
+        QCOMPARE(desk.settings.hotkeyThresholdMs(), 5000);
+        const auto labels = page.findChildren<QLabel*>();
+        QVERIFY(std::ranges::any_of(labels, [](auto* l) { return l->text() == u"5000 ms"_s; }));
+    }
+
+    void launchAtLoginIsAppliedAtOnce()
+    {
+        const Shown<GeneralSettingsView> shown;
+        auto& row = shown.at<ToggleRow>(1);
+        QCOMPARE(row.text(), u"Launch Drift Box at login"_s);
+        row.click();
+        QVERIFY(shown.desk.settings.launchAtLogin());
+        row.click();
+        QCOMPARE(shown.desk.launchesApplied, 2);
+    }
+
+    void thePermissionIsLookedUpWhenThePageIsShown()
+    {
+        Shown<GeneralSettingsView> shown;
+        QVERIFY(shown.labels().contains(u"Granted — the global hotkey is active."_s));
+        shown.desk.isTrusted = false;
+        shown.button(u"Show system prompt again"_s).click();
+        shown.button(u"Open System Settings…"_s).click();
+        QVERIFY(shown.labels().contains(u"Granted — the global hotkey is active."_s));
+        shown.button(u"Re-check"_s).click();
+        const auto required =
+            u"Required for the double-tap ⌃ Control hotkey to work across apps."_s;
+        QVERIFY(shown.labels().contains(required));
+        QCOMPARE(shown.desk.trustRequests, 1);
+        QCOMPARE(shown.desk.settingsOpened, 1);
+
+        shown.desk.isTrusted = true;
+        shown.page.hide();
+        QVERIFY(shown.labels().contains(required));
+        shown.page.show();
+        QVERIFY(!shown.labels().contains(required));
+    }
+
+    void thePermissionIsMarked()
+    {
+        Shown<GeneralSettingsView> shown;
+        auto& line = shown.at<StatusLine>(0);
+        const auto shows = [&line](const QString& symbol, SystemColor color) {
+            return ShownSymbols::isIn(line, symbol, {.size = 15, .color = systemColor(color)});
+        };
+        QVERIFY(shows(u"checkmark.seal.fill"_s, SystemColor::green));
+        shown.desk.isTrusted = false;
+        shown.button(u"Re-check"_s).click();
+        QVERIFY(shows(u"exclamationmark.triangle.fill"_s, SystemColor::orange));
+    }
+
+    void theButtonsHaveTheirSymbols()
+    {
+        const auto shows = [](ActionButton& button, const QString& symbol, const QColor& color) {
+            return ShownSymbols::isIn(button, symbol, {.size = 13, .color = color});
+        };
+        Shown<ClipboardSettingsView> clipboard;
+        clipboard.desk.history.copy(u"unpinned"_s);
+        QVERIFY(shows(clipboard.button(u"Clear all unpinned history now"_s), u"trash"_s,
+                      Theme::destructive()));
+        const Shown<NotesSettingsView> notes;
+        QVERIFY(shows(notes.button(u"Close all notes"_s), u"xmark.circle"_s, Theme::destructive()));
+        const Shown<AboutSettingsView> about;
+        QVERIFY(shows(about.button(u"Send Feedback · 反馈"_s), u"envelope"_s, Theme::primary()));
+    }
+
+    void theCapacityIsStepped()
+    {
+        const Shown<ClipboardSettingsView> shown;
+        auto& stepper = shown.at<CapacityStepper>(0);
+        QCOMPARE(stepper.text(), u"30"_s);
+        QCOMPARE(accessible(stepper).text(QAccessible::Name), u"Keep unpinned items"_s);
+        QTest::keyClick(&stepper, Qt::Key_Up);
+        QCOMPARE(shown.desk.settings.clipboardCapacity(), 35);
+        for (int i = 0; i < 30; ++i)
+            QTest::keyClick(&stepper, Qt::Key_Up);
+        QCOMPARE(shown.desk.settings.clipboardCapacity(), 100);
+        QCOMPARE(stepper.text(), u"100"_s);
+        for (int i = 0; i < 30; ++i)
+            QTest::keyClick(&stepper, Qt::Key_Down);
+        QCOMPARE(shown.desk.settings.clipboardCapacity(), 5);
+        QTest::keyClicks(&stepper, u"77"_s); // it is stepped, not typed
+        QCOMPARE(shown.desk.settings.clipboardCapacity(), 5);
+        accessible(stepper).valueInterface()->setCurrentValue(50);
+        QCOMPARE(shown.desk.settings.clipboardCapacity(), 50);
+        QCOMPARE(stepper.text(), u"50"_s);
+    }
+
+    void aCapacityOutsideTheRangeIsShownAndKept()
+    {
+        for (const qint64 capacity : {qint64(-3), qint64(5'000'000'000)}) {
+            SettingsDesk desk;
+            desk.settings.setClipboardCapacity(capacity);
+            const ClipboardSettingsView page(desk.services, nullptr);
+            QCOMPARE(page.findChild<CapacityStepper*>()->text(), QString::number(capacity));
+            QCOMPARE(desk.settings.clipboardCapacity(), capacity);
+        }
+    }
+
+    void clearingIsOfferedWhileThereIsSomethingUnpinned()
+    {
+        Shown<ClipboardSettingsView> shown;
+        auto& clear = shown.button(u"Clear all unpinned history now"_s);
+        QVERIFY(!clear.isEnabled());
+        shown.desk.history.viewModel.togglePin(shown.desk.history.copy(u"pinned"_s));
+        QVERIFY(!clear.isEnabled());
+        shown.desk.history.copy(u"unpinned"_s);
+        QVERIFY(clear.isEnabled());
+        clear.click();
+        QVERIFY(!clear.isEnabled());
+        QCOMPARE(shown.desk.history.texts(), QStringList{u"pinned"_s});
+    }
+
+    void theSwatchesChooseTheColor()
+    {
+        const Shown<NotesSettingsView> shown;
+        const QStringList names = {u"Yellow"_s, u"Blue"_s, u"Green"_s, u"Pink"_s};
+        for (int i = 0; i < 4; ++i) {
+            auto& swatch = shown.at<SwatchButton>(i);
+            QCOMPARE(swatch.toolTip(), names.at(i));
+            QCOMPARE(accessible(swatch).text(QAccessible::Name), names.at(i));
+            QCOMPARE(accessible(swatch).role(), QAccessible::RadioButton);
+            QCOMPARE(swatch.isChecked(), i == 0);
+        }
+        auto& pink = shown.at<SwatchButton>(3);
+        const QImage before = pink.grab().toImage();
+        QTest::mouseClick(&pink, Qt::LeftButton);
+        QCOMPARE(shown.desk.settings.noteDefaultColor(), NoteColor::pink);
+        QVERIFY(pink.isChecked());
+        QVERIFY(!shown.at<SwatchButton>(0).isChecked());
+        QVERIFY(pink.grab().toImage() != before);
+        QTest::mouseClick(&pink, Qt::LeftButton);
+        QVERIFY(pink.isChecked());
+        auto& blue = shown.at<SwatchButton>(1);
+        accessible(blue).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QCOMPARE(shown.desk.settings.noteDefaultColor(), NoteColor::blue);
+    }
+
+    void closingTheNotesAsksForNoConfirmation()
+    {
+        const Shown<NotesSettingsView> shown;
+        shown.button(u"Close all notes"_s).click();
+        QCOMPARE(shown.desk.notesClosed, 1);
+    }
+
+    void theAboutPageSaysItAll()
+    {
+        const Shown<AboutSettingsView> shown;
+        const QStringList labels = shown.labels();
+        for (const auto& text :
+             {u"Drift Box"_s, u"A minimal quick-panel for macOS."_s,
+              u"Buy me a coffee · 请作者喝咖啡"_s, u"WeChat · 微信"_s, u"Alipay · 支付宝"_s})
+            QVERIFY2(labels.contains(text), qUtf8Printable(text));
+        QVERIFY(std::ranges::any_of(
+            labels, [](const QString& text) { return text.startsWith(u"Version 0."_s); }));
+        shown.button(u"Send Feedback · 反馈"_s).click();
+        QCOMPARE(shown.desk.feedbacks, 1);
+        QVERIFY(bundledImage(u"nothing of this name"_s).isNull());
+    }
+
+    // A page that is too narrow for its rows would cut them off.
+    void nothingIsWiderThanThePage()
+    {
+        const Shown<GeneralSettingsView> general;
+        const Shown<ClipboardSettingsView> clipboard;
+        const Shown<NotesSettingsView> notes;
+        const Shown<AboutSettingsView> about;
+        for (const FormPage* page : std::initializer_list<const FormPage*>{
+                 &general.page, &clipboard.page, &notes.page, &about.page})
+            QVERIFY(page->widget()->minimumSizeHint().width() <= pageSize.width());
+    }
+};
+
+DRIFTBOX_TEST(TestSettingsPages, QApplication)
+#include "TestSettingsPages.moc"

@@ -61,7 +61,10 @@ X11Connection::X11Connection(Handle xcb, int screenNumber)
 X11Connection::~X11Connection()
 {
     m_notifier.setEnabled(false);
-    xcb_flush(xcb()); // disconnecting does not
+    // A socket that closes with unread events in it may take along what the server has yet to read,
+    // so the server answers first.
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(xcb(), xcb_get_input_focus(xcb()), nullptr));
 }
 
 xcb_window_t X11Connection::createHiddenWindow(std::uint32_t eventMask) const

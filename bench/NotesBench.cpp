@@ -32,7 +32,7 @@ constexpr int listedNotes = 1'000;
 constexpr int scrollStep = 487; // points; most rows are new
 constexpr int notesBenchKeystrokes = 40;
 constexpr int openings = 20;
-constexpr qint64 notesBenchPatience = 5'000; // ms
+constexpr qint64 notesBenchTimeoutMs = 5'000; // ms
 constexpr QSize notesBenchPageSize{451, 592};
 
 double notesBenchMilliseconds(const QElapsedTimer& timer)
@@ -81,7 +81,7 @@ NoteEditor& editorOf(Open open)
     timer.start();
     while (!activeEditor() || activeEditor() == before) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-        if (timer.elapsed() > notesBenchPatience)
+        if (timer.elapsed() > notesBenchTimeoutMs)
             qFatal("No note has opened");
     }
     return *activeEditor();

@@ -16,7 +16,7 @@ namespace driftbox::bench {
 
 namespace {
 
-constexpr int screenshotBenchPatience = 30'000; // ms
+constexpr int screenshotBenchTimeoutMs = 30'000; // ms
 
 /// The longest that the main thread did anything between two waits for events.
 class HoldWatch : public QObject
@@ -60,7 +60,7 @@ Figures screenshot()
     });
     QObject::connect(&history.viewModel, &ClipboardViewModel::imageChanged, &loop,
                      &QEventLoop::quit);
-    QTimer::singleShot(screenshotBenchPatience, &loop, [] { qFatal("No picture was captured"); });
+    QTimer::singleShot(screenshotBenchTimeoutMs, &loop, [] { qFatal("No picture was captured"); });
 
     // Only what comes after the start counts.
     std::optional<HoldWatch> watch;

@@ -19,7 +19,7 @@ struct Script
     std::array<QString, 2> typefaces;
 };
 
-struct Colours
+struct Colors
 {
     QColor ink;
     QColor ground;
@@ -38,7 +38,7 @@ const std::vector<Script>& scripts()
     return all;
 }
 
-Colours colours(Theme theme)
+Colors colors(Theme theme)
 {
     if (theme == Theme::dark)
         return {.ink = QColor(0xe0e0e0), .ground = QColor(0x1e1e1e)};
@@ -74,10 +74,10 @@ QImage TextPicture::rendered() const
 
     QImage image(widest + 2 * pixelSize, static_cast<int>(lines.size()) * lineHeight + pixelSize,
                  QImage::Format_RGB32);
-    image.fill(colours(theme).ground);
+    image.fill(colors(theme).ground);
     QPainter painter(&image);
     painter.setFont(font);
-    painter.setPen(colours(theme).ink);
+    painter.setPen(colors(theme).ink);
     QRect place(pixelSize, pixelSize / 2, image.width(), lineHeight);
     for (const QString& line : lines) {
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, line);

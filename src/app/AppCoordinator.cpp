@@ -8,7 +8,7 @@
 #include "clipboard/view/ClipboardSection.h"
 #include "core/AppConfig.h"
 #include "markdown/MarkdownReaderCoordinator.h"
-#include "markdown/view/MarkdownOpenDialog.h"
+#include "markdown/view/MarkdownFileChooser.h"
 #include "markdown/view/ReaderWindow.h"
 #include "markdown/view/WebEngineModule.h"
 #include "notes/FileNotesStore.h"
@@ -64,8 +64,8 @@ struct AppCoordinator::MarkdownWindows
     }
 
     WebEngineModule webEngine{AppConfig::modulesFolder() + u"/driftbox_webengine.so"_s};
-    ReaderWindows windows;
-    MarkdownOpenDialog openPanel;
+    ReaderWindowFactory windows;
+    MarkdownFileChooser openPanel;
 };
 
 AppCoordinator::AppCoordinator(const Desktop& desktop, QObject* parent)
@@ -229,7 +229,7 @@ NotesStore& AppCoordinator::notesStore()
 NoteManager& AppCoordinator::noteManager()
 {
     if (!m_noteManager) {
-        m_notePanels = std::make_unique<StickyNotePanels>(
+        m_notePanels = std::make_unique<StickyNotePanelFactory>(
             m_desktop.floatingSurfaces, m_desktop.pasteboard, m_desktop.selectedText);
         m_noteManager = std::make_unique<NoteManager>(NoteManager::Services{
             notesStore(), m_settings, m_desktop.fileSystem, m_desktop.tasks, m_pasteboardWriter,

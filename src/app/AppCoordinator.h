@@ -24,7 +24,7 @@ class HotkeyManager;
 class MagicPanelController;
 class NoteManager;
 class NotesStore;
-class StickyNotePanels;
+class StickyNotePanelFactory;
 class SettingsWindowController;
 class MarkdownReaderCoordinator;
 class ThemeFollower;
@@ -100,7 +100,7 @@ private:
     std::unique_ptr<ThumbnailCache> m_thumbnails;
     std::unique_ptr<ClipboardViewModel> m_clipboardVM;
     std::unique_ptr<NotesStore> m_notesStore;
-    std::unique_ptr<StickyNotePanels> m_notePanels;
+    std::unique_ptr<StickyNotePanelFactory> m_notePanels;
     std::unique_ptr<NoteManager> m_noteManager;
     std::unique_ptr<CursorLocator> m_cursorLocator;
     std::unique_ptr<FloatingPanel> m_panel;

@@ -7,7 +7,7 @@ class CaretLookup;
 class Clock;
 class DocumentOpener;
 class FileSystem;
-class FloatingSurfaces;
+class FloatingSurfaceFactory;
 class KeyEventMonitor;
 class LocalKeyMonitor;
 class LoginItem;
@@ -40,7 +40,7 @@ struct Desktop
     KeyEventMonitor& keyboard;
     Workspace& workspace;
     PasteKeystroke& pasteKeystroke;
-    FloatingSurfaces& floatingSurfaces;
+    FloatingSurfaceFactory& floatingSurfaces;
     TextRecognizer& textRecognizer;
     TaskRunner& recognitions; ///< apart from `tasks`: they may take many seconds
     PageOpener& pages;

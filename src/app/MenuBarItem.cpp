@@ -92,14 +92,14 @@ void MenuBarItem::show(StatusPlace place)
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
-                    m_menu->popup(placeOfMenu());
+                    m_menu->popup(menuPosition());
             });
     m_icon->show();
 }
 
 // Beside the icon, so that letting the button go chooses nothing. Where the desktop does not tell
 // where the icon is, the pointer is on it.
-QPoint MenuBarItem::placeOfMenu() const
+QPoint MenuBarItem::menuPosition() const
 {
     const QRect icon = m_icon->geometry();
     if (icon.isEmpty())

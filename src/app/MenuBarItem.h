@@ -37,7 +37,7 @@ private:
     [[nodiscard]] std::optional<StatusPlace> bestPlace() const;
     void show(StatusPlace place);
     void hide();
-    [[nodiscard]] QPoint placeOfMenu() const;
+    [[nodiscard]] QPoint menuPosition() const;
 
     Desktop m_desktop;
     const AppSettings& m_settings;

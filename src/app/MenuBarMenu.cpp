@@ -17,7 +17,7 @@ namespace driftbox {
 
 namespace {
 
-// The desktop draws the menu in colours of its own, which may be light or dark: these can be told
+// The desktop draws the menu in colors of its own, which may be light or dark: these can be told
 // from both.
 constexpr QColor plainColor(0x80, 0x80, 0x88);
 constexpr QColor destructiveColor(0xe0, 0x3e, 0x3e);

@@ -22,7 +22,7 @@
 #include "platform/x11/selection/X11PrimarySelection.h"
 #include "platform/x11/selection/X11SelectedText.h"
 #include "platform/x11/windows/X11ActiveWindow.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11Screens.h"
 #include "platform/x11/windows/X11StandardWindows.h"
 #include "platform/x11/windows/X11SystemTray.h"
@@ -69,7 +69,7 @@ struct X11Desktop::BackEnds
     X11KeyEventMonitor keyEvents{*connection, keyboard};
     X11Workspace workspace{*connection};
     X11PasteKeystroke pasteKeystroke{*connection, keyboard, primarySelection};
-    X11FloatingSurfaces floatingSurfaces{*connection};
+    X11FloatingSurfaceFactory floatingSurfaces{*connection};
     DesktopPageOpener pages;
     StatusNotifierHosts statusNotifiers{QDBusConnection::sessionBus()};
     X11SystemTray systemTray{*connection};

@@ -21,7 +21,7 @@ public:
         PinnedRole,              ///< bool
         HasRichTextRole,         ///< bool; whether there is more to paste than plain text
         PictureRole,             ///< QImage; null while there is none
-        RecognizingRole,         ///< bool; whether the text in the picture is being recognised
+        RecognizingRole,         ///< bool; whether the text in the picture is being recognized
     };
 
     /// `viewModel` and `clock` must outlive the model.

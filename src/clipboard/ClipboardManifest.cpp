@@ -1,8 +1,8 @@
 #include "clipboard/ClipboardManifest.h"
 
+#include "core/EnumNames.h"
 #include "core/Json.h"
 #include "core/JsonRecords.h"
-#include "core/RawValues.h"
 
 namespace driftbox::ClipboardManifest {
 
@@ -10,7 +10,7 @@ namespace {
 
 using Kind = ClipboardItem::Kind;
 
-constexpr RawValues<Kind, 2> kinds{{{{Kind::text, u"text"}, {Kind::image, u"image"}}}};
+constexpr EnumNames<Kind, 2> kinds{{{{Kind::text, u"text"}, {Kind::image, u"image"}}}};
 
 ClipboardItem decodeItem(JsonFields& fields)
 {

@@ -18,8 +18,8 @@ namespace {
 Q_LOGGING_CATEGORY(clipboardMonitorLog, "ClipboardMonitor")
 
 constexpr auto pollInterval = 500ms;
-constexpr qsizetype longestText = 4000;  // characters
-constexpr qsizetype largestRtf = 65'536; // bytes
+constexpr qsizetype maxTextLength = 4000; // characters
+constexpr qsizetype maxRtfSize = 65'536;  // bytes
 constexpr qsizetype signatureBytes = 16;
 
 } // namespace
@@ -53,8 +53,8 @@ std::optional<ClipboardMonitor::CapturedContent> ClipboardMonitor::read() const
     if (!content.text || content.text->isEmpty())
         return std::nullopt;
 
-    CapturedContent captured{.text = firstCharacters(*content.text, longestText)};
-    if (content.rtf && content.rtf->size() <= largestRtf)
+    CapturedContent captured{.text = firstCharacters(*content.text, maxTextLength)};
+    if (content.rtf && content.rtf->size() <= maxRtfSize)
         captured.rtfData = content.rtf;
     return captured;
 }

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] static QString systemImage(ClipboardRowAction action);
     [[nodiscard]] static QString help(ClipboardRowAction action, const ClipboardItem& item);
 
-    /// The text in the item's picture is being recognised: the action shows that it is busy.
+    /// The text in the item's picture is being recognized: the action shows that it is busy.
     [[nodiscard]] bool isBusy(ClipboardRowAction action, const ClipboardItem& item) const;
 
     /// A busy action does nothing.

@@ -12,7 +12,7 @@ namespace driftbox {
 namespace {
 
 // Enough to go back through a few words; each may be as long as the history.
-constexpr size_t mostRemembered = 32;
+constexpr size_t maxRemembered = 32;
 
 // So many texts are worth a second thread.
 constexpr std::ptrdiff_t worthSharing = 500;
@@ -64,7 +64,7 @@ const Places& ClipboardSearch::find(const std::vector<ClipboardItem>& items, con
 
     const Places candidates = m_found.empty() ? allPlaces(items.size()) : m_found.back().places;
     m_found.push_back({wanted, matching(items, candidates, wanted)});
-    if (m_found.size() > mostRemembered)
+    if (m_found.size() > maxRemembered)
         m_found.pop_front();
     return m_found.back().places;
 }

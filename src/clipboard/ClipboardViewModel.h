@@ -60,7 +60,7 @@ public:
     /// contain it in whatever case.
     [[nodiscard]] std::vector<ClipboardItem> visibleItems() const;
 
-    /// The item whose text is being recognised.
+    /// The item whose text is being recognized.
     [[nodiscard]] const std::optional<ClipboardItemId>& ocrProcessingId() const
     {
         return m_ocrProcessingId;
@@ -72,7 +72,7 @@ public:
     /// Puts the item's text alone on the pasteboard, moves it to the front and asks for it to be
     /// pasted.
     void copyBackAsPlain(const ClipboardItem& item);
-    /// Recognises the text in an image item in the background, then puts it on the pasteboard and
+    /// Recognizes the text in an image item in the background, then puts it on the pasteboard and
     /// asks for it to be pasted. An image without text pastes nothing.
     void pasteImageText(const ClipboardItem& item);
     /// `copyBack`, then asks for it to be pasted.

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr qsizetype mostLanguages = 8;
+constexpr qsizetype maxLanguages = 8;
 
 /// Orientation, mathematics, and vertical writing: no languages of their own.
 bool isLanguage(const QString& name)
@@ -44,7 +44,7 @@ QStringList preferredLanguages(const QStringList& installed, const QLocale& loca
         if (installed.contains(language) && isLanguage(language) && !preferred.contains(language))
             preferred.push_back(language);
     }
-    return preferred.first(std::min(preferred.size(), mostLanguages));
+    return preferred.first(std::min(preferred.size(), maxLanguages));
 }
 
 } // namespace driftbox

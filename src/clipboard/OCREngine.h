@@ -24,14 +24,14 @@ class ReadingLimit;
 class OCREngine final : public TextRecognizer
 {
 public:
-    /// Gives the recogniser, or null when it cannot be had. Called on any thread.
+    /// Gives the recognizer, or null when it cannot be had. Called on any thread.
     using ReaderSource = std::function<const PageTextReader*()>;
 
-    /// Loads the recogniser's module when the first picture is read. A picture that takes longer
+    /// Loads the recognizer's module when the first picture is read. A picture that takes longer
     /// than `limit` has no text.
     explicit OCREngine(std::chrono::milliseconds limit = std::chrono::seconds(15));
 
-    /// Takes the recogniser from `source` instead.
+    /// Takes the recognizer from `source` instead.
     OCREngine(ReaderSource source, std::chrono::milliseconds limit);
 
     [[nodiscard]] QString recognizeText(const QByteArray& image) const override;

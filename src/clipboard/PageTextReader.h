@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-/// Reads the text of a picture in the languages that are installed. The recogniser stays out of the
+/// Reads the text of a picture in the languages that are installed. The recognizer stays out of the
 /// program until it is needed: this is what its module has to offer. Thread-safe.
 class PageTextReader
 {

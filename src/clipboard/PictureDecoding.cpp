@@ -46,7 +46,7 @@ QImage decodedPicture(const QByteArray& bytes)
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPicturePixels)
+    if (size.isEmpty() || qint64{size.width()} * size.height() > maxPicturePixels)
         return {};
     const QImage image = reader.read();
     return image.isNull() ? image : opaque(image);

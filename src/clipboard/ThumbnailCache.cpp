@@ -57,7 +57,7 @@ void ThumbnailCache::load(const ClipboardItemId& id, const QString& path)
     const auto image = std::make_shared<QImage>();
     const auto work = [image, &files = m_fileSystem, path, ratio = m_pixelRatio] {
         if (const auto bytes = files.read(path))
-            *image = decoded(*bytes, largestSize, ratio);
+            *image = decoded(*bytes, maxSize, ratio);
     };
     const auto done = [this, image, id, generation] {
         if (m_loading.value(id) != generation)

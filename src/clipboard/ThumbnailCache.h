@@ -19,7 +19,7 @@ class ThumbnailCache : public QObject
 
 public:
     /// The largest size at which a picture is shown, in points.
-    static constexpr QSize largestSize{220, 60};
+    static constexpr QSize maxSize{220, 60};
 
     /// `fileSystem` and `tasks` must outlive the cache.
     ThumbnailCache(const FileSystem& fileSystem, TaskRunner& tasks, QObject* parent = nullptr);

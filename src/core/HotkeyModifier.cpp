@@ -1,11 +1,11 @@
 #include "core/HotkeyModifier.h"
 
-#include "core/RawValues.h"
+#include "core/EnumNames.h"
 
 namespace driftbox {
 
 namespace {
-constexpr RawValues<HotkeyModifier, 3> modifierNames{{{
+constexpr EnumNames<HotkeyModifier, 3> modifierNames{{{
     {HotkeyModifier::control, u"control"},
     {HotkeyModifier::option, u"option"},
     {HotkeyModifier::command, u"command"},

@@ -1,11 +1,11 @@
 #include "core/NoteColor.h"
 
-#include "core/RawValues.h"
+#include "core/EnumNames.h"
 
 namespace driftbox {
 
 namespace {
-constexpr RawValues<NoteColor, 4> colorNames{{{
+constexpr EnumNames<NoteColor, 4> colorNames{{{
     {NoteColor::yellow, u"yellow"},
     {NoteColor::blue, u"blue"},
     {NoteColor::green, u"green"},

@@ -10,7 +10,7 @@ namespace driftbox {
 namespace {
 
 // More characters than two lines of the panel have room for, however slim they are.
-constexpr qsizetype longestLine = 240;
+constexpr qsizetype maxLineLength = 240;
 // Where blank lines, white space or what is left out go on and on, the rest is not looked for.
 constexpr qsizetype farthest = 4000;
 
@@ -65,7 +65,7 @@ PreviewLines previewLines(const QString& text)
         if (line >= lines.size()) {
             if (!isBlank)
                 return {lines[0], lines[1], true};
-        } else if (lines[line].size() < longestLine) {
+        } else if (lines[line].size() < maxLineLength) {
             lines[line] += character;
         }
     }

@@ -60,7 +60,7 @@ protected:
         const QSet<Id> known = idsOf(m_records);
         const QSet<Id> wanted = idsOf(records);
         if (hasTwins(known, m_records) || hasTwins(wanted, records) ||
-            countNotIn(wanted, m_records) + countNotIn(known, records) > mostRowChanges) {
+            countNotIn(wanted, m_records) + countNotIn(known, records) > maxRowChanges) {
             resetRecords(records);
             return;
         }
@@ -71,7 +71,7 @@ protected:
 
 private:
     // With more rows than this to take out or put in, telling each costs more than starting over.
-    static constexpr auto mostRowChanges = 64;
+    static constexpr auto maxRowChanges = 64;
 
     static QSet<Id> idsOf(const Records& records)
     {

@@ -10,9 +10,9 @@
 namespace driftbox {
 
 class FileSystem;
-class MarkdownOpenPanel;
+class FileChooser;
 class MarkdownReaderWindowController;
-class MarkdownReaderWindows;
+class MarkdownReaderWindowFactory;
 
 /// The open reader windows, one a file. Main thread only; opening a file waits for it to be read.
 class MarkdownReaderCoordinator : public QObject
@@ -24,8 +24,8 @@ public:
     struct Services
     {
         FileSystem& fileSystem;
-        MarkdownReaderWindows& windows;
-        MarkdownOpenPanel& openPanel;
+        MarkdownReaderWindowFactory& windows;
+        FileChooser& openPanel;
     };
 
     explicit MarkdownReaderCoordinator(const Services& services, QObject* parent = nullptr);

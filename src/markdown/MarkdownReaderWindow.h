@@ -33,13 +33,13 @@ public:
 };
 
 /// Makes the windows of documents. Main thread only.
-class MarkdownReaderWindows
+class MarkdownReaderWindowFactory
 {
 public:
-    MarkdownReaderWindows() = default;
-    MarkdownReaderWindows(const MarkdownReaderWindows&) = delete;
-    MarkdownReaderWindows& operator=(const MarkdownReaderWindows&) = delete;
-    virtual ~MarkdownReaderWindows() = default;
+    MarkdownReaderWindowFactory() = default;
+    MarkdownReaderWindowFactory(const MarkdownReaderWindowFactory&) = delete;
+    MarkdownReaderWindowFactory& operator=(const MarkdownReaderWindowFactory&) = delete;
+    virtual ~MarkdownReaderWindowFactory() = default;
 
     /// A window that shows `viewModel`, which outlives it, in the middle of the screen. Not shown
     /// yet. `openDocument` is called for a Markdown file that the user follows a link to.
@@ -49,13 +49,13 @@ public:
 };
 
 /// Lets the user choose a Markdown file. Main thread only.
-class MarkdownOpenPanel
+class FileChooser
 {
 public:
-    MarkdownOpenPanel() = default;
-    MarkdownOpenPanel(const MarkdownOpenPanel&) = delete;
-    MarkdownOpenPanel& operator=(const MarkdownOpenPanel&) = delete;
-    virtual ~MarkdownOpenPanel() = default;
+    FileChooser() = default;
+    FileChooser(const FileChooser&) = delete;
+    FileChooser& operator=(const FileChooser&) = delete;
+    virtual ~FileChooser() = default;
 
     /// Returns at once; calls `chosen` later, unless the user cancels. While the panel is on the
     /// screen another call brings it to the front.

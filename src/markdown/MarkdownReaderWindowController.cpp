@@ -6,7 +6,7 @@
 namespace driftbox {
 
 MarkdownReaderWindowController::MarkdownReaderWindowController(
-    std::unique_ptr<MarkdownReaderViewModel> viewModel, MarkdownReaderWindows& windows,
+    std::unique_ptr<MarkdownReaderViewModel> viewModel, MarkdownReaderWindowFactory& windows,
     std::function<void(const QUrl&)> openDocument)
     : m_viewModel(std::move(viewModel))
     , m_window(windows.makeWindow(*m_viewModel, std::move(openDocument)))

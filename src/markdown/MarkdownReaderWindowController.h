@@ -9,16 +9,16 @@ namespace driftbox {
 
 class MarkdownReaderViewModel;
 class MarkdownReaderWindow;
-class MarkdownReaderWindows;
+class MarkdownReaderWindowFactory;
 
 /// Owns the document and the window of one open file, and saves the document as the window closes.
 /// Main thread only.
 class MarkdownReaderWindowController
 {
 public:
-    /// The window is made and not shown yet. `openDocument` as for MarkdownReaderWindows.
+    /// The window is made and not shown yet. `openDocument` as for MarkdownReaderWindowFactory.
     MarkdownReaderWindowController(std::unique_ptr<MarkdownReaderViewModel> viewModel,
-                                   MarkdownReaderWindows& windows,
+                                   MarkdownReaderWindowFactory& windows,
                                    std::function<void(const QUrl&)> openDocument);
     ~MarkdownReaderWindowController();
     MarkdownReaderWindowController(const MarkdownReaderWindowController&) = delete;

@@ -11,7 +11,7 @@ namespace driftbox {
 namespace {
 
 // The largest note at two device pixels a point.
-constexpr QSize largestImage{3200, 4000};
+constexpr QSize maxImageSize{3200, 4000};
 
 } // namespace
 
@@ -42,9 +42,9 @@ QImage decodedNoteImage(const QByteArray& bytes)
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (size.width() > largestImage.width() || size.height() > largestImage.height())
+    if (size.width() > maxImageSize.width() || size.height() > maxImageSize.height())
         reader.setScaledSize(
-            size.scaled(largestImage, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
+            size.scaled(maxImageSize, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     return reader.read();
 }
 

@@ -15,7 +15,7 @@ class AppSettings;
 class LocalKeyMonitor;
 class MonitorToken;
 class NotesStore;
-class NoteWindows;
+class NoteWindowFactory;
 class Screens;
 class StickyNoteWindowController;
 struct LocalKeyPress;
@@ -41,7 +41,7 @@ public:
         const Clock& clock;
         const Screens& screens;
         LocalKeyMonitor& localKeys;
-        NoteWindows& windows;
+        NoteWindowFactory& windows;
     };
 
     explicit NoteManager(const Services& services, QObject* parent = nullptr);
@@ -55,7 +55,7 @@ public:
     /// Called once at launch. Saved notes stay closed; from now on the keys of note windows work.
     void restore();
 
-    /// Each makes a draft of the default colour and opens it. `imageData` is stored as it is, even
+    /// Each makes a draft of the default color and opens it. `imageData` is stored as it is, even
     /// if it is no image.
     void newBlankNote();
     void createNote(const QString& text);

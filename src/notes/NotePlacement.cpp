@@ -9,7 +9,7 @@ namespace {
 
 constexpr QSizeF plainSize{240, 200};
 constexpr double narrowestImage = 300;
-constexpr double widestImage = 520;
+constexpr double maxImageWidth = 520;
 constexpr double roomForControls = 96; // above and below an image
 constexpr double margin = 40;
 constexpr double step = 26;
@@ -25,18 +25,18 @@ QSizeF sizeFor(const std::optional<QSizeF>& imageSize)
     if (!imageSize)
         return plainSize;
     const double aspect = imageSize->width() / std::max(imageSize->height(), 1.0);
-    const double width = std::clamp(imageSize->width(), narrowestImage, widestImage);
+    const double width = std::clamp(imageSize->width(), narrowestImage, maxImageWidth);
     return {width, width / aspect + roomForControls};
 }
 
 // The size of the largest window that makes sense: zooming stops at one limit, and dragging may
 // cover all screens.
-QSizeF largestWindow(const std::vector<Screen>& screens)
+QSizeF maxWindowSize(const std::vector<Screen>& screens)
 {
     QRectF desktop;
     for (const Screen& screen : screens)
         desktop |= screen.frame;
-    return desktop.size().expandedTo(largestZoomedWindow);
+    return desktop.size().expandedTo(maxZoomedWindow);
 }
 
 } // namespace
@@ -61,7 +61,7 @@ bool isVisible(const NoteFrame& frame, const std::vector<Screen>& screens)
 QRectF windowRect(const NoteFrame& frame, const std::vector<Screen>& screens)
 {
     const QRectF wanted = frame.toRect().normalized();
-    const QSizeF size = wanted.size().expandedTo(smallestWindow).boundedTo(largestWindow(screens));
+    const QSizeF size = wanted.size().expandedTo(minWindowSize).boundedTo(maxWindowSize(screens));
     if (size == wanted.size())
         return wanted;
 

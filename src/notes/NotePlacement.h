@@ -11,9 +11,9 @@
 /// Where notes stand, in screen space.
 namespace driftbox::NotePlacement {
 
-inline constexpr QSizeF smallestWindow{160, 120};
+inline constexpr QSizeF minWindowSize{160, 120};
 /// What zooming stops at.
-inline constexpr QSizeF largestZoomedWindow{1600, 2000};
+inline constexpr QSizeF maxZoomedWindow{1600, 2000};
 
 /// The frame of the note that is made after `count` others: each a step further left and down from
 /// the upper right corner of the primary screen, every ninth where the first one was. `imageSize`

@@ -1,8 +1,8 @@
 #include "notes/NotesManifest.h"
 
+#include "core/EnumNames.h"
 #include "core/Json.h"
 #include "core/JsonRecords.h"
-#include "core/RawValues.h"
 
 namespace driftbox::NotesManifest {
 
@@ -10,7 +10,7 @@ namespace {
 
 using Kind = StickyNote::Kind;
 
-constexpr RawValues<Kind, 2> kinds{{{{Kind::text, u"text"}, {Kind::image, u"image"}}}};
+constexpr EnumNames<Kind, 2> kinds{{{{Kind::text, u"text"}, {Kind::image, u"image"}}}};
 
 std::optional<Kind> toKind(const json_t* value)
 {

@@ -36,8 +36,8 @@ struct NoteFrame
 };
 
 /// What zooming stops at.
-inline constexpr double smallestNoteZoom = 0.6;
-inline constexpr double largestNoteZoom = 2.0;
+inline constexpr double minNoteZoom = 0.6;
+inline constexpr double maxNoteZoom = 2.0;
 
 /// One note: a piece of text, or an image, whose bytes lie in a file of their own. A plain value.
 struct StickyNote

@@ -56,7 +56,7 @@ double StickyNoteViewModel::textSize() const
     constexpr double smallest = 9;
     const double unzoomed = m_note.kind == StickyNote::Kind::image ? 12 : 14;
     // A foreign manifest may hold any zoom.
-    return std::max(unzoomed * std::clamp(zoom(), smallestNoteZoom, largestNoteZoom), smallest);
+    return std::max(unzoomed * std::clamp(zoom(), minNoteZoom, maxNoteZoom), smallest);
 }
 
 void StickyNoteViewModel::toggleSaved()

@@ -20,7 +20,7 @@ QMarginsF around(double margin)
 } // namespace
 
 StickyNoteWindowController::StickyNoteWindowController(
-    std::unique_ptr<StickyNoteViewModel> viewModel, NoteWindows& windows, const QRectF& frame,
+    std::unique_ptr<StickyNoteViewModel> viewModel, NoteWindowFactory& windows, const QRectF& frame,
     QObject* parent)
     : QObject(parent)
     , m_viewModel(std::move(viewModel))
@@ -56,8 +56,7 @@ bool StickyNoteWindowController::isKey() const
 void StickyNoteWindowController::zoom(double factor)
 {
     zoomWindow(factor);
-    m_viewModel->setZoom(
-        std::clamp(m_viewModel->zoom() * factor, smallestNoteZoom, largestNoteZoom));
+    m_viewModel->setZoom(std::clamp(m_viewModel->zoom() * factor, minNoteZoom, maxNoteZoom));
 }
 
 QRectF StickyNoteWindowController::frame() const
@@ -74,8 +73,8 @@ void StickyNoteWindowController::zoomWindow(double factor)
 {
     const QRectF before = frame();
     QRectF after(QPointF(), (before.size() * factor)
-                                .boundedTo(NotePlacement::largestZoomedWindow)
-                                .expandedTo(NotePlacement::smallestWindow));
+                                .boundedTo(NotePlacement::maxZoomedWindow)
+                                .expandedTo(NotePlacement::minWindowSize));
     after.moveCenter(before.center());
     if (after == before)
         return;

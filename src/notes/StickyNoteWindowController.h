@@ -28,13 +28,13 @@ public:
 };
 
 /// Makes the windows of notes. Main thread only.
-class NoteWindows
+class NoteWindowFactory
 {
 public:
-    NoteWindows() = default;
-    NoteWindows(const NoteWindows&) = delete;
-    NoteWindows& operator=(const NoteWindows&) = delete;
-    virtual ~NoteWindows() = default;
+    NoteWindowFactory() = default;
+    NoteWindowFactory(const NoteWindowFactory&) = delete;
+    NoteWindowFactory& operator=(const NoteWindowFactory&) = delete;
+    virtual ~NoteWindowFactory() = default;
 
     /// A window that shows `viewModel`, which outlives it. Not on the screen yet.
     [[nodiscard]] virtual std::unique_ptr<NoteWindow>
@@ -49,8 +49,9 @@ class StickyNoteWindowController : public QObject
 
 public:
     /// The window is made at `frame`, in screen space, and not shown yet.
-    StickyNoteWindowController(std::unique_ptr<StickyNoteViewModel> viewModel, NoteWindows& windows,
-                               const QRectF& frame, QObject* parent = nullptr);
+    StickyNoteWindowController(std::unique_ptr<StickyNoteViewModel> viewModel,
+                               NoteWindowFactory& windows, const QRectF& frame,
+                               QObject* parent = nullptr);
     ~StickyNoteWindowController() override;
 
     [[nodiscard]] const StickyNoteId& noteID() const;
@@ -62,7 +63,7 @@ public:
     void orderOut();
     [[nodiscard]] bool isKey() const;
 
-    /// Scales window and text together, each within its own limits; the window keeps its centre.
+    /// Scales window and text together, each within its own limits; the window keeps its center.
     void zoom(double factor);
 
 private:

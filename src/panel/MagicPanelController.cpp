@@ -93,8 +93,8 @@ void MagicPanelController::present(std::optional<QPointF> origin)
     m_isAwaitingCaret = false;
     const QSizeF size = m_panel.frame().size();
     if (!origin) {
-        origin = ScreenGeometry::centredOrigin(size, m_services.screens.mouseLocation(),
-                                               m_services.screens.screens());
+        origin = ScreenGeometry::centeredOrigin(size, m_services.screens.mouseLocation(),
+                                                m_services.screens.screens());
     }
     m_panel.setFrame(QRectF(*origin, size));
     m_panel.setClickThrough(false);

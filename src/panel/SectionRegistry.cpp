@@ -33,7 +33,7 @@ void SectionRegistry::select(const QString& id)
         setActiveID(id);
 }
 
-void SectionRegistry::selectNeighbour(int steps)
+void SectionRegistry::selectNeighbor(int steps)
 {
     const auto isActive = [this](const auto& candidate) { return candidate->id() == m_activeID; };
     const auto active = std::ranges::find_if(m_sections, isActive);

@@ -35,7 +35,7 @@ public:
     void select(const QString& id);
 
     /// Makes the section `steps` places after the active one active, counting around the ends.
-    void selectNeighbour(int steps);
+    void selectNeighbor(int steps);
 
 Q_SIGNALS:
     void sectionsChanged();

@@ -9,7 +9,7 @@ namespace driftbox {
 
 enum class ColorScheme { light, dark };
 
-/// Whether the desktop is light or dark and which colour it marks things with, while running too.
+/// Whether the desktop is light or dark and which color it marks things with, while running too.
 /// Main thread only.
 class Appearance : public QObject
 {
@@ -17,7 +17,7 @@ class Appearance : public QObject
 
 public:
     [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
-    /// The colour that the user has chosen for what is selected; none where the desktop has none.
+    /// The color that the user has chosen for what is selected; none where the desktop has none.
     [[nodiscard]] virtual std::optional<QColor> accentColor() const = 0;
 
 Q_SIGNALS:

@@ -72,13 +72,13 @@ protected:
 };
 
 /// Makes floating surfaces of toolkit windows. Main thread only.
-class FloatingSurfaces
+class FloatingSurfaceFactory
 {
 public:
-    FloatingSurfaces() = default;
-    FloatingSurfaces(const FloatingSurfaces&) = delete;
-    FloatingSurfaces& operator=(const FloatingSurfaces&) = delete;
-    virtual ~FloatingSurfaces() = default;
+    FloatingSurfaceFactory() = default;
+    FloatingSurfaceFactory(const FloatingSurfaceFactory&) = delete;
+    FloatingSurfaceFactory& operator=(const FloatingSurfaceFactory&) = delete;
+    virtual ~FloatingSurfaceFactory() = default;
 
     /// Turns `window`, created but never shown, into a floating surface of `role`. The window is
     /// not owned and must outlive the surface.

@@ -16,7 +16,7 @@ const Screen* screenContaining(QPointF point, const std::vector<Screen>& screens
     return found == screens.end() ? nullptr : &*found;
 }
 
-QPointF centredOrigin(QSizeF size, QPointF mouse, const std::vector<Screen>& screens)
+QPointF centeredOrigin(QSizeF size, QPointF mouse, const std::vector<Screen>& screens)
 {
     if (screens.empty())
         qFatal("There is no screen to show the panel on");

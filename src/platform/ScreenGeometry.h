@@ -14,6 +14,7 @@ namespace driftbox::ScreenGeometry {
 /// Where a panel of `size` has its lower left corner when it stands in the middle of the visible
 /// part of the screen that holds `mouse`, or of the primary screen when none does. Stops the
 /// program when there is no screen.
-[[nodiscard]] QPointF centredOrigin(QSizeF size, QPointF mouse, const std::vector<Screen>& screens);
+[[nodiscard]] QPointF centeredOrigin(QSizeF size, QPointF mouse,
+                                     const std::vector<Screen>& screens);
 
 } // namespace driftbox::ScreenGeometry

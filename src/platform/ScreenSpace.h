@@ -33,7 +33,7 @@ namespace driftbox::ScreenSpace {
 [[nodiscard]] QRectF toToolkit(const QRectF& rectangle, const QRectF& primary);
 
 /// A rectangle in device space as desktop space sees it, by the scale of the screen that holds its
-/// centre; none when no screen does.
+/// center; none when no screen does.
 [[nodiscard]] std::optional<QRectF> desktopFromDevice(const QRectF& pixels,
                                                       const std::vector<Screen>& screens);
 

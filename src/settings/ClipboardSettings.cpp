@@ -27,9 +27,9 @@ void ClipboardSettings::step(int steps)
     if (steps > 0 ? !canIncrement() : !canDecrement())
         return;
     const qint64 nearest =
-        std::clamp<qint64>(capacity(), leastCapacity - capacityStep, mostCapacity + capacityStep);
+        std::clamp<qint64>(capacity(), minCapacity - capacityStep, maxCapacity + capacityStep);
     m_services.settings.setClipboardCapacity(
-        std::clamp<qint64>(nearest + qint64(steps) * capacityStep, leastCapacity, mostCapacity));
+        std::clamp<qint64>(nearest + qint64(steps) * capacityStep, minCapacity, maxCapacity));
 }
 
 bool ClipboardSettings::canClear() const

@@ -12,8 +12,8 @@ class ClipboardSettings : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int leastCapacity = 5;
-    static constexpr int mostCapacity = 100;
+    static constexpr int minCapacity = 5;
+    static constexpr int maxCapacity = 100;
     static constexpr int capacityStep = 5;
 
     /// What `services` refers to must outlive this.
@@ -21,8 +21,8 @@ public:
 
     /// As it is stored, whatever the range that is offered.
     [[nodiscard]] qint64 capacity() const;
-    [[nodiscard]] bool canIncrement() const { return capacity() < mostCapacity; }
-    [[nodiscard]] bool canDecrement() const { return capacity() > leastCapacity; }
+    [[nodiscard]] bool canIncrement() const { return capacity() < maxCapacity; }
+    [[nodiscard]] bool canDecrement() const { return capacity() > minCapacity; }
     /// Goes that many steps, as far as the range allows; never against their direction.
     void step(int steps);
 

@@ -60,9 +60,9 @@ void GeneralSettings::setThreshold(double milliseconds)
 
 int GeneralSettings::nearestStep(double milliseconds)
 {
-    const double steps = std::round((milliseconds - slowestMs) / stepMs);
-    return static_cast<int>(
-        std::clamp(slowestMs + steps * stepMs, double(slowestMs), double(fastestMs)));
+    const double steps = std::round((milliseconds - minThresholdMs) / stepMs);
+    return static_cast<int>(std::clamp(minThresholdMs + steps * stepMs, double(minThresholdMs),
+                                       double(maxThresholdMs)));
 }
 
 bool GeneralSettings::launchesAtLogin() const

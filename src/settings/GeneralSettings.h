@@ -13,8 +13,8 @@ class GeneralSettings : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int slowestMs = 150; ///< at the end that is labelled so
-    static constexpr int fastestMs = 600;
+    static constexpr int minThresholdMs = 150; ///< at the end that is labeled so
+    static constexpr int maxThresholdMs = 600;
     static constexpr int stepMs = 50;
 
     /// What `services` refers to must outlive this.

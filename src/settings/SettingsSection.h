@@ -14,7 +14,7 @@ inline constexpr std::array allSettingsSections = {SettingsSection::general,
                                                    SettingsSection::clipboard,
                                                    SettingsSection::notes, SettingsSection::about};
 
-/// The colours of the desktop that mark things apart; each is a little different in the dark.
+/// The colors of the desktop that mark things apart; each is a little different in the dark.
 enum class SystemColor { gray, blue, yellow, purple, green, orange };
 
 /// What the user sees of a page before it is open.

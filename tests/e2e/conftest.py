@@ -98,7 +98,7 @@ def _keep_traces_of_failure(desktop, test):
 @pytest.fixture
 def picture():
     """The bytes of a PNG file."""
-    return pictures.encoded(pictures.colourful(), "PNG")
+    return pictures.encoded(pictures.colorful(), "PNG")
 
 
 @pytest.fixture

@@ -50,7 +50,7 @@ def test_text_under_its_other_names(desktop, program, target):
     ("image/png", "PNG", 0), ("image/bmp", "BMP", 0), ("image/tiff", "TIFF", 0),
     ("image/webp", "WEBP", 0), ("image/jpeg", "JPEG", 40)])
 def test_pictures_of_every_kind_are_kept_as_png(desktop, program, target, kind, tolerance):
-    picture = pictures.colourful()
+    picture = pictures.colorful()
     with ClipboardOwner(desktop, {target: pictures.encoded(picture, kind)}):
         (captured,) = program.wait_for_entries(1)
     assert set(captured) == {"id", "kind", "createdAt"} and captured["kind"] == "image"
@@ -60,7 +60,7 @@ def test_pictures_of_every_kind_are_kept_as_png(desktop, program, target, kind, 
 
 
 def test_a_picture_wins_over_text(desktop, program):
-    picture = pictures.encoded(pictures.colourful(), "PNG")
+    picture = pictures.encoded(pictures.colorful(), "PNG")
     with ClipboardOwner(desktop, {"UTF8_STRING": b"its address", "image/png": picture}):
         (captured,) = program.wait_for_entries(1)
     assert captured["kind"] == "image"
@@ -146,7 +146,7 @@ def test_the_files_are_the_users_alone(desktop, program):
 
 
 def test_a_manifest_by_another_hand_is_taken_over(desktop, stopped_program):
-    image = pictures.encoded(pictures.colourful(), "PNG")
+    image = pictures.encoded(pictures.colorful(), "PNG")
     stopped_program.write_manifest(
         '[{"createdAt": 700000000, "kind": "text", "pinnedAt": null, "later": {"a": [1]},'
         ' "textContent": "a/b", "id": "5a2b6c1e-0b5e-4c3e-9d7a-1f2e3d4c5b6a"},'
@@ -167,7 +167,7 @@ def test_a_manifest_by_another_hand_is_taken_over(desktop, stopped_program):
 def test_a_restart_finds_everything_again(desktop, program):
     with copy(desktop, "kept"):
         program.wait_for_texts(["kept"])
-    picture = pictures.encoded(pictures.colourful(), "PNG")
+    picture = pictures.encoded(pictures.colorful(), "PNG")
     with ClipboardOwner(desktop, {"image/png": picture}):
         before = program.wait_for_entries(2)
     program.restart()

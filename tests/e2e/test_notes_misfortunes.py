@@ -97,7 +97,7 @@ def test_a_picture_that_is_missing_shows_nothing_and_breaks_nothing(desktop, sto
 
 @pytest.mark.parametrize("kind", ["PNG", "JPEG", "WebP"])
 def test_pictures_of_every_kind_are_shown_and_kept_as_they_are(desktop, stopped, kind):
-    data = pictures.encoded(pictures.colourful(), kind)
+    data = pictures.encoded(pictures.colorful(), kind)
     stopped.write_manifest(json.dumps([saved_note(
         kind="image", textContent="", frame={"x": 300, "y": 300, "width": 400, "height": 360})]))
     stopped.images.mkdir()

@@ -113,7 +113,7 @@ def test_rich_text_is_offered_with_its_formatting(desktop, history):
 
 
 def test_a_picture_goes_back_to_the_clipboard_as_it_was(desktop, program):
-    picture = pictures.colourful()
+    picture = pictures.colorful()
     with ClipboardOwner(desktop, {"image/png": pictures.encoded(picture, "PNG")}):
         program.wait_for_entries(1)
     with ClipboardOwner(desktop, {"UTF8_STRING": b"later"}):

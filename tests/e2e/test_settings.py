@@ -145,7 +145,7 @@ def test_the_history_is_cleared_but_for_what_is_pinned(desktop, stopped_program)
 # Notes
 
 
-def test_new_notes_have_the_colour_of_the_swatch(settings):
+def test_new_notes_have_the_color_of_the_swatch(settings):
     settings.open_from_panel()
     settings.choose("Notes")
     assert settings.find("radio button", "Yellow").has_state("checked")

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A desktop that turns light or dark and changes its accent colour when a test says so.
+/// A desktop that turns light or dark and changes its accent color when a test says so.
 class FakeAppearance final : public Appearance
 {
 public:

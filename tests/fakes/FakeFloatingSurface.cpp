@@ -50,8 +50,8 @@ void FakeFloatingSurface::setComposited(bool composited)
         Q_EMIT compositedChanged(composited);
 }
 
-std::unique_ptr<FloatingSurface> FakeFloatingSurfaces::adopt(QWindow& window,
-                                                             FloatingSurface::Role role)
+std::unique_ptr<FloatingSurface> FakeFloatingSurfaceFactory::adopt(QWindow& window,
+                                                                   FloatingSurface::Role role)
 {
     auto surface = std::make_unique<FakeFloatingSurface>(window, role);
     surfaces.emplace_back(surface.get());

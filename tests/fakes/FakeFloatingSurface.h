@@ -50,7 +50,7 @@ private:
     bool m_composited = true;
 };
 
-class FakeFloatingSurfaces final : public FloatingSurfaces
+class FakeFloatingSurfaceFactory final : public FloatingSurfaceFactory
 {
 public:
     [[nodiscard]] std::unique_ptr<FloatingSurface> adopt(QWindow& window,

@@ -34,7 +34,7 @@ QByteArray chunk(const QByteArray& type, const QByteArray& data)
 
 } // namespace
 
-QImage colourfulImage(const QSize& size)
+QImage colorfulImage(const QSize& size)
 {
     QImage image(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {

@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// A picture in which no two neighbouring pixels are alike.
-[[nodiscard]] QImage colourfulImage(const QSize& size);
+/// A picture in which no two neighboring pixels are alike.
+[[nodiscard]] QImage colorfulImage(const QSize& size);
 
 /// The file of an image, of a kind as QImageWriter names it.
 [[nodiscard]] QByteArray imageFile(const QImage& image, const char* kind);

@@ -12,7 +12,7 @@ namespace driftbox {
 namespace {
 
 constexpr int programTimeoutMs = 20'000;
-constexpr int patienceMs = 2000; ///< with a program that shall end
+constexpr int timeoutMs = 2000; ///< with a program that shall end
 
 void xdotool(const QStringList& arguments)
 {
@@ -35,7 +35,7 @@ OtherProgram::~OtherProgram()
 {
     m_process.terminate();
     signal(SIGCONT); // a stopped one hears nothing else
-    if (!m_process.waitForFinished(patienceMs)) {
+    if (!m_process.waitForFinished(timeoutMs)) {
         m_process.kill();
         m_process.waitForFinished();
     }

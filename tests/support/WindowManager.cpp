@@ -21,7 +21,7 @@ namespace driftbox {
 namespace {
 
 constexpr int startTimeoutMs = 12'000;
-constexpr int mostStarts = 4;
+constexpr int maxStarts = 4;
 constexpr int firstProbeTimeoutMs = 400;
 
 struct Free
@@ -59,7 +59,7 @@ WindowManager::WindowManager(const QString& name)
     file.close();
 
     // Now and then one crashes as it starts, or never looks after windows.
-    for (int attempt = 0; attempt < mostStarts; ++attempt) {
+    for (int attempt = 0; attempt < maxStarts; ++attempt) {
         start(argumentsFor(name));
         if (becomesReady())
             return;

@@ -33,7 +33,7 @@ public:
     void releaseButton() { fake(XCB_BUTTON_RELEASE, 1); }
     void click(QPoint pixel);
 
-    /// The colour that is seen there.
+    /// The color that is seen there.
     [[nodiscard]] QColor colorAt(QPoint pixel) const;
     /// Where the server has the window, in pixels of the whole screen. The window must exist.
     [[nodiscard]] QRect frameOf(xcb_window_t window) const;

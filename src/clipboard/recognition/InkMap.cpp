@@ -11,9 +11,9 @@ namespace {
 
 using Component = ConnectedComponents::Component;
 
-// Differences are sums over the three colour channels.
+// Differences are sums over the three color channels.
 constexpr int channels = 3;
-constexpr int leastContrast = 20 * channels;
+constexpr int minContrast = 20 * channels;
 constexpr int contrastOverNoise = 6;
 
 // Of the map of edges: where there is none, where one belongs to what is no text, and where one may
@@ -23,7 +23,7 @@ constexpr uchar barredEdge = 1;
 constexpr uchar edge = 255;
 
 constexpr int tallestText = 200; // pixels
-constexpr int leastFrameHeight = 12;
+constexpr int minFrameHeight = 12;
 
 int difference(QRgb a, QRgb b)
 {
@@ -57,7 +57,7 @@ int edgeThreshold(const QImage& picture)
     size_t median = 0;
     for (qint64 seen = histogram[0]; seen * 2 < count; seen += histogram[median])
         ++median;
-    return std::max(leastContrast, static_cast<int>(median) * contrastOverNoise);
+    return std::max(minContrast, static_cast<int>(median) * contrastOverNoise);
 }
 
 QImage edgesOf(const QImage& picture)
@@ -108,7 +108,7 @@ struct Sides
     [[nodiscard]] bool areFrame(const QSize& size) const
     {
         const bool mayBeCharacter = size.height() < 64 && size.width() * 5 < size.height() * 8;
-        return !mayBeCharacter && size.height() >= leastFrameHeight && 2 * top >= size.width() &&
+        return !mayBeCharacter && size.height() >= minFrameHeight && 2 * top >= size.width() &&
                2 * bottom >= size.width() && 2 * left >= size.height() &&
                2 * right >= size.height();
     }
@@ -140,7 +140,7 @@ std::vector<bool> writtenOnes(const ConnectedComponents& shapes)
 /// What lies around a shape.
 struct Surroundings
 {
-    QRgb ground = 0;    ///< the median colour
+    QRgb ground = 0;    ///< the median color
     bool isInk = false; ///< the shape is the inside of a character, such as that of an o
 };
 

@@ -42,7 +42,7 @@ LanguageChoice languagesOf(std::vector<SampleReadings> readings)
     std::vector<bool> wins(readings.size());
     for (size_t sample = 0; sample < readings.front().confidences.size(); ++sample) {
         const int best = bestConfidence(readings, sample);
-        if (best < leastConfidence)
+        if (best < minConfidence)
             continue;
         const auto winner = std::ranges::find_if(readings, [&](const SampleReadings& of) {
             return of.confidences[sample] + likelinessMargin > best;

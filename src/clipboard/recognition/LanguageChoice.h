@@ -24,7 +24,7 @@ struct LanguageChoice
 inline constexpr int sureConfidence = 80;
 
 /// What is less is no text at all.
-inline constexpr int leastConfidence = 40;
+inline constexpr int minConfidence = 40;
 
 /// By how much the reading in a less likely language must be surer to be taken. Languages that
 /// share their characters, such as the two Chinese ones, differ by little in a single line.

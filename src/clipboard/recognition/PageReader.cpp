@@ -19,9 +19,9 @@ namespace {
 
 constexpr size_t sampleCount = 6;
 constexpr int sampleLength = 24; // heights
-constexpr int leastSampleLength = 3;
+constexpr int minSampleLength = 3;
 constexpr size_t manyPieces = 30;
-constexpr qsizetype leastWordLength = 3;
+constexpr qsizetype minWordLength = 3;
 
 /// Reads the pieces of one page.
 class Page
@@ -89,7 +89,7 @@ private:
     {
         std::vector<QRect> candidates;
         std::ranges::copy_if(m_pieces, std::back_inserter(candidates), [](const QRect& piece) {
-            return piece.width() >= leastSampleLength * piece.height();
+            return piece.width() >= minSampleLength * piece.height();
         });
         if (candidates.empty())
             candidates = m_pieces;
@@ -110,7 +110,7 @@ private:
         return readings.size() >= manyPieces &&
                std::ranges::none_of(readings, [](const PieceReading& reading) {
                    return reading.confidence >= sureConfidence &&
-                          reading.text.size() >= leastWordLength;
+                          reading.text.size() >= minWordLength;
                });
     }
 

@@ -24,7 +24,7 @@ bool isForeign(const Word& word)
     return isAlphabetic(word.text);
 }
 
-int leastConfidenceOf(Words words)
+int minConfidenceOf(Words words)
 {
     return std::ranges::min_element(words, {}, &Word::confidence)->confidence;
 }
@@ -51,7 +51,7 @@ public:
             else
                 rereadForeignWords(*alphabetic);
         }
-        const bool isText = m_best.confidence >= leastConfidence;
+        const bool isText = m_best.confidence >= minConfidence;
         return {isText ? tidied(m_best.text()) : QString(), m_best.confidence};
     }
 
@@ -130,7 +130,7 @@ private:
     void addBetter(Words words, const Reading& reading)
     {
         const bool isBetter = !reading.words.empty() &&
-                              reading.confidence + likelinessMargin >= leastConfidenceOf(words);
+                              reading.confidence + likelinessMargin >= minConfidenceOf(words);
         const Words better = isBetter ? Words(reading.words) : words;
         m_best.words.insert(m_best.words.end(), better.begin(), better.end());
         m_best.words[m_best.words.size() - better.size()].isAfterBlank = words[0].isAfterBlank;

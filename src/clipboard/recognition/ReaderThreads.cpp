@@ -10,12 +10,12 @@ namespace driftbox {
 
 namespace {
 
-constexpr unsigned mostThreads = 4;
+constexpr unsigned maxThreads = 4;
 
 } // namespace
 
 ReaderThreads::ReaderThreads()
-    : m_readers(std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads))
+    : m_readers(std::clamp(std::thread::hardware_concurrency(), 1U, maxThreads))
 {
 }
 

@@ -86,7 +86,7 @@ bool onOneRow(const QRect& a, const QRect& b)
     return overlap * 2 > std::min(a.height(), b.height());
 }
 
-/// Whether the two sides are read row by row: the pieces of one have their neighbours on the other,
+/// Whether the two sides are read row by row: the pieces of one have their neighbors on the other,
 /// and they are too short to be lines of running text.
 bool isTable(const Pieces& left, const Pieces& right)
 {

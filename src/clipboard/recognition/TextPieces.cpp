@@ -11,10 +11,10 @@ namespace driftbox {
 
 namespace {
 
-constexpr int leastHeight = 4;        // pixels, of a mark that can start a piece
-constexpr int bandHeight = 16;        // pixels
-constexpr size_t mostMarks = 300'000; // a large screen full of dense text has a third of it
-constexpr size_t mostPieces = 6'000;  // a large screen full of small cells has half of it
+constexpr int minHeight = 4;         // pixels, of a mark that can start a piece
+constexpr int bandHeight = 16;       // pixels
+constexpr size_t maxMarks = 300'000; // a large screen full of dense text has a third of it
+constexpr size_t maxPieces = 6'000;  // a large screen full of small cells has half of it
 
 int gapBetween(const QRect& left, const QRect& right)
 {
@@ -130,7 +130,7 @@ public:
     {
         std::vector<QRect> early; // small ones that stand left of their piece
         for (const QRect& mark : marks) {
-            if (mark.height() >= leastHeight)
+            if (mark.height() >= minHeight)
                 addToNearest(mark);
             else if (!addSmall(mark))
                 early.push_back(mark);
@@ -217,14 +217,14 @@ std::vector<QRect> joined(std::vector<QRect> boxes)
 std::vector<QRect> textPieces(const QImage& marks)
 {
     const ConnectedComponents components(marks);
-    if (components.components().size() > mostMarks)
+    if (components.components().size() > maxMarks)
         return {};
     std::vector<QRect> boxes;
     for (const ConnectedComponents::Component& component : components.components())
         boxes.push_back(component.box);
     std::ranges::sort(boxes, {}, [](const QRect& box) { return std::pair(box.left(), box.top()); });
     const std::vector<QRect> pieces = PieceFinder(marks.height()).find(boxes);
-    return pieces.size() > mostPieces ? std::vector<QRect>() : joined(pieces);
+    return pieces.size() > maxPieces ? std::vector<QRect>() : joined(pieces);
 }
 
 } // namespace driftbox

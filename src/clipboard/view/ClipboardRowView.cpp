@@ -147,7 +147,7 @@ void ClipboardRowView::paintPicture(QPainter& painter, const QModelIndex& index,
     const QSize size =
         picture.isNull()
             ? placeholderSize
-            : picture.deviceIndependentSize().toSize().boundedTo(ThumbnailCache::largestSize);
+            : picture.deviceIndependentSize().toSize().boundedTo(ThumbnailCache::maxSize);
     constexpr qreal radius = RowLayout::cornerRadius;
     const QRectF area({}, size);
     // The picture is a brush, not clipped: clips have no smooth edges.

@@ -37,13 +37,13 @@ public:
 };
 
 /// Where the engine comes from.
-class MarkdownWebEngines
+class MarkdownWebEngineFactory
 {
 public:
-    MarkdownWebEngines() = default;
-    MarkdownWebEngines(const MarkdownWebEngines&) = delete;
-    MarkdownWebEngines& operator=(const MarkdownWebEngines&) = delete;
-    virtual ~MarkdownWebEngines() = default;
+    MarkdownWebEngineFactory() = default;
+    MarkdownWebEngineFactory(const MarkdownWebEngineFactory&) = delete;
+    MarkdownWebEngineFactory& operator=(const MarkdownWebEngineFactory&) = delete;
+    virtual ~MarkdownWebEngineFactory() = default;
 
     /// The part of starting the engine that any thread can do, even after this object's end.
     [[nodiscard]] virtual std::function<void()> preloading() const = 0;

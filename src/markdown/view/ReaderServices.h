@@ -5,7 +5,7 @@
 namespace driftbox {
 
 class DocumentOpener;
-class MarkdownWebEngines;
+class MarkdownWebEngineFactory;
 class Pasteboard;
 class SelectedText;
 class StandardWindows;
@@ -19,7 +19,7 @@ struct ReaderServices
     Pasteboard& pasteboard;
     SelectedText& selectedText;
     TaskRunner& tasks;
-    MarkdownWebEngines& webEngines;
+    MarkdownWebEngineFactory& webEngines;
     MarkdownResource resources;
 };
 

@@ -53,14 +53,14 @@ void ReaderWindow::closeEvent(QCloseEvent* event)
     event->setAccepted(!m_shouldClose || m_shouldClose());
 }
 
-ReaderWindows::ReaderWindows(ReaderServices services)
+ReaderWindowFactory::ReaderWindowFactory(ReaderServices services)
     : m_services(std::move(services))
 {
 }
 
 std::unique_ptr<MarkdownReaderWindow>
-ReaderWindows::makeWindow(MarkdownReaderViewModel& viewModel,
-                          std::function<void(const QUrl&)> openDocument)
+ReaderWindowFactory::makeWindow(MarkdownReaderViewModel& viewModel,
+                                std::function<void(const QUrl&)> openDocument)
 {
     return std::make_unique<ReaderWindow>(viewModel, m_services, std::move(openDocument));
 }

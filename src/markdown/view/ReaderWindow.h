@@ -33,10 +33,10 @@ private:
 };
 
 /// Makes such windows.
-class ReaderWindows final : public MarkdownReaderWindows
+class ReaderWindowFactory final : public MarkdownReaderWindowFactory
 {
 public:
-    explicit ReaderWindows(ReaderServices services);
+    explicit ReaderWindowFactory(ReaderServices services);
 
     [[nodiscard]] std::unique_ptr<MarkdownReaderWindow>
     makeWindow(MarkdownReaderViewModel& viewModel,

@@ -10,7 +10,7 @@ namespace driftbox {
 
 /// The shared module with the web engine. The engine ends with this object; the module, once
 /// loaded, stays in memory. That it cannot be loaded is logged once.
-class WebEngineModule final : public MarkdownWebEngines
+class WebEngineModule final : public MarkdownWebEngineFactory
 {
 public:
     /// `path` is the module's file.

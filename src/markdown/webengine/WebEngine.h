@@ -2,7 +2,7 @@
 
 #include "markdown/view/MarkdownWebEngine.h"
 #include "markdown/webengine/DocumentSchemeHandler.h"
-#include "markdown/webengine/EngineChatter.h"
+#include "markdown/webengine/EngineLogFilter.h"
 #include "markdown/webengine/RequestGuard.h"
 
 #include <QtCore/QTimer>
@@ -24,7 +24,7 @@ public:
 private:
     void pageHasEnded();
 
-    EngineChatter m_chatter;
+    EngineLogFilter m_chatter;
     DocumentSchemeHandler m_documents;
     RequestGuard m_guard;
     QWebEngineProfile m_profile; ///< keeps nothing, since it has no name

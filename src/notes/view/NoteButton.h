@@ -46,7 +46,7 @@ private:
     Symbols::Weight m_weight;
 };
 
-/// One that stands for a colour of notes; it is checked when the note has that colour. A click does
+/// One that stands for a color of notes; it is checked when the note has that color. A click does
 /// not change that by itself.
 class NoteSwatchButton final : public NoteButton
 {

@@ -14,8 +14,8 @@ namespace driftbox {
 namespace {
 
 constexpr int fadingMs = 150;
-constexpr int largestSwatchWidth = 20;
-constexpr int largestButtonWidth = 26;
+constexpr int maxSwatchWidth = 20;
+constexpr int maxButtonWidth = 26;
 constexpr int plusSize = 12;
 constexpr int crossSize = 10;
 
@@ -110,8 +110,8 @@ void NoteControlRow::resizeEvent(QResizeEvent*)
 {
     const int count = static_cast<int>(m_swatches.size() + m_buttons.size());
     const int share = width() / count;
-    const int swatch = std::clamp(share, 1, largestSwatchWidth);
-    const int button = std::clamp(share, 1, largestButtonWidth);
+    const int swatch = std::clamp(share, 1, maxSwatchWidth);
+    const int button = std::clamp(share, 1, maxButtonWidth);
     int left = 0;
     for (NoteSwatchButton* control : m_swatches) {
         control->setGeometry(left, 0, swatch, height());

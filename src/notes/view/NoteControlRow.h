@@ -14,7 +14,7 @@ class NoteSwatchButton;
 class NoteSymbolButton;
 class StickyNoteViewModel;
 
-/// The controls of a note: its colours, saving, copying, a new note, closing. It fades in and out,
+/// The controls of a note: its colors, saving, copying, a new note, closing. It fades in and out,
 /// and while it is out it is not there for clicks either.
 class NoteControlRow final : public QWidget
 {

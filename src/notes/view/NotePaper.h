@@ -4,7 +4,7 @@
 
 #include <QtGui/QColor>
 
-/// The colours of what lies on a note. The paper is as bright on a dark desktop as on a light one,
+/// The colors of what lies on a note. The paper is as bright on a dark desktop as on a light one,
 /// so they are the same on both.
 namespace driftbox::NotePaper {
 
@@ -14,7 +14,7 @@ namespace driftbox::NotePaper {
 [[nodiscard]] QColor ink(qreal opacity);
 /// Symbols that the pointer is not over.
 [[nodiscard]] QColor symbol();
-/// Behind selected text on paper of this colour.
+/// Behind selected text on paper of this color.
 [[nodiscard]] QColor selection(NoteColor color);
 
 } // namespace driftbox::NotePaper

@@ -12,7 +12,7 @@ class NoteManager;
 class NotesListModel;
 class RowLayout;
 
-/// A row of the list of notes: the note's colour and kind, its text, when it was changed, whether
+/// A row of the list of notes: the note's color and kind, its text, when it was changed, whether
 /// it is saved, and the actions that show while the row has the pointer or is selected.
 class NoteRow final : public RowDelegate
 {

@@ -32,7 +32,7 @@ constexpr int cornerGrip = 12; // how far along an edge its corner reaches
 
 } // namespace
 
-StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaces& surfaces,
+StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaceFactory& surfaces,
                                  Pasteboard& pasteboard, SelectedText& selectedText)
     : m_viewModel(viewModel)
     , m_content(new NoteContentView(viewModel, pasteboard, selectedText, this))
@@ -80,7 +80,7 @@ void StickyNotePanel::setComposited(bool composited)
     m_composited = composited;
     const int margin = qRound(shadowMargin());
     setContentsMargins(margin, margin, margin, margin);
-    setMinimumSize(NotePlacement::smallestWindow.toSize() + 2 * QSize(margin, margin));
+    setMinimumSize(NotePlacement::minWindowSize.toSize() + 2 * QSize(margin, margin));
     arrange();
     update();
 }
@@ -165,15 +165,15 @@ void StickyNotePanel::closeEvent(QCloseEvent* event)
     m_viewModel.close();
 }
 
-StickyNotePanels::StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard,
-                                   SelectedText& selectedText)
+StickyNotePanelFactory::StickyNotePanelFactory(FloatingSurfaceFactory& surfaces,
+                                               Pasteboard& pasteboard, SelectedText& selectedText)
     : m_surfaces(surfaces)
     , m_pasteboard(pasteboard)
     , m_selectedText(selectedText)
 {
 }
 
-std::unique_ptr<NoteWindow> StickyNotePanels::makeWindow(StickyNoteViewModel& viewModel)
+std::unique_ptr<NoteWindow> StickyNotePanelFactory::makeWindow(StickyNoteViewModel& viewModel)
 {
     return std::make_unique<StickyNotePanel>(viewModel, m_surfaces, m_pasteboard, m_selectedText);
 }

@@ -15,7 +15,7 @@ class Pasteboard;
 class SelectedText;
 class StickyNoteViewModel;
 
-/// The window of a note: a sheet of paper in the note's colour, with a shadow around it where the
+/// The window of a note: a sheet of paper in the note's color, with a shadow around it where the
 /// desktop blends windows and a plain rectangle where it does not. It is resized at its edges and
 /// corners and moved by dragging anywhere that is not text. Placed, shown and hidden through its
 /// surface only.
@@ -25,7 +25,7 @@ class StickyNotePanel final : public QWidget, public NoteWindow
 
 public:
     /// All must outlive the panel.
-    StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaces& surfaces,
+    StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaceFactory& surfaces,
                     Pasteboard& pasteboard, SelectedText& selectedText);
     ~StickyNotePanel() override;
 
@@ -56,17 +56,17 @@ private:
 };
 
 /// Makes such windows.
-class StickyNotePanels final : public NoteWindows
+class StickyNotePanelFactory final : public NoteWindowFactory
 {
 public:
     /// All must outlive the panels.
-    StickyNotePanels(FloatingSurfaces& surfaces, Pasteboard& pasteboard,
-                     SelectedText& selectedText);
+    StickyNotePanelFactory(FloatingSurfaceFactory& surfaces, Pasteboard& pasteboard,
+                           SelectedText& selectedText);
 
     [[nodiscard]] std::unique_ptr<NoteWindow> makeWindow(StickyNoteViewModel& viewModel) override;
 
 private:
-    FloatingSurfaces& m_surfaces;
+    FloatingSurfaceFactory& m_surfaces;
     Pasteboard& m_pasteboard;
     SelectedText& m_selectedText;
 };

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr double smallestScale = 0.88;
+constexpr double minScale = 0.88;
 
 // The toolkit keeps the source's picture in its cache of pixmaps, unless it is too large for that.
 void makeRoomFor(QSizeF size, qreal devicePixelRatio)
@@ -39,14 +39,14 @@ void CardEffect::draw(QPainter* painter)
     QPoint corner;
     const QPixmap picture =
         m_frozen.isNull() ? sourcePixmap(Qt::LogicalCoordinates, &corner, NoPad) : m_frozen;
-    const QPointF centre = sourceBoundingRect().center();
-    const double scale = smallestScale + (1.0 - smallestScale) * m_presence;
+    const QPointF center = sourceBoundingRect().center();
+    const double scale = minScale + (1.0 - minScale) * m_presence;
 
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->setOpacity(std::min(m_presence, 1.0));
-    painter->translate(centre);
+    painter->translate(center);
     painter->scale(scale, scale);
-    painter->translate(-centre);
+    painter->translate(-center);
     painter->drawPixmap(corner, picture);
 }
 

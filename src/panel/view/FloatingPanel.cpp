@@ -13,7 +13,7 @@ namespace {
 constexpr QSize panelSize(552, 648);
 }
 
-FloatingPanel::FloatingPanel(FloatingSurfaces& surfaces, PanelAnimator& animator,
+FloatingPanel::FloatingPanel(FloatingSurfaceFactory& surfaces, PanelAnimator& animator,
                              SectionRegistry& registry)
     : m_rootView(new MagicPanelRootView(animator, registry, this))
 {

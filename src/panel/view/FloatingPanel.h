@@ -21,7 +21,8 @@ class FloatingPanel final : public QWidget
 public:
     /// All of it is built here, so that showing it has nothing left to do. The models must outlive
     /// the panel.
-    FloatingPanel(FloatingSurfaces& surfaces, PanelAnimator& animator, SectionRegistry& registry);
+    FloatingPanel(FloatingSurfaceFactory& surfaces, PanelAnimator& animator,
+                  SectionRegistry& registry);
     ~FloatingPanel() override;
 
     [[nodiscard]] FloatingSurface& surface() { return *m_surface; }

@@ -79,7 +79,7 @@ void MagicPanelRootView::addShortcut(const QKeySequence& keys, int steps)
 {
     auto* shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this,
-            [this, steps] { m_registry.selectNeighbour(steps); });
+            [this, steps] { m_registry.selectNeighbor(steps); });
 }
 
 void MagicPanelRootView::showActiveSection()

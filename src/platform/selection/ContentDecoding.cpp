@@ -51,7 +51,7 @@ std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
 
 } // namespace
 
-bool RawContent::isHeavy() const
+bool RawContent::isLarge() const
 {
     return image.has_value() || sizeOf(text) + sizeOf(rtf) > heavy;
 }

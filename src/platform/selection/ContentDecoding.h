@@ -16,7 +16,7 @@ struct RawContent
     std::optional<QByteArrayList> image;
 
     /// Whether decoding it takes so long that it is not to be done on the main thread.
-    [[nodiscard]] bool isHeavy() const;
+    [[nodiscard]] bool isLarge() const;
 };
 
 struct DecodedContent

@@ -88,7 +88,7 @@ ConvertedImage toPng(const QByteArray& image)
     const QSize size = reader.size();
     if (size.isEmpty())
         return refuse(u"the image does not decode"_s);
-    if (qint64(size.width()) * size.height() > mostPicturePixels)
+    if (qint64(size.width()) * size.height() > maxPicturePixels)
         return refuse(u"the image has too many pixels"_s);
     const QImage decoded = reader.read();
     if (decoded.isNull())

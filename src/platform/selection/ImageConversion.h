@@ -16,7 +16,7 @@ namespace ImageConversion {
 
 /// Decodes the whole image and gives a PNG file of it: the very same bytes when they are one. The
 /// kind is told from the content. Refused are what does not decode completely, any kind that is not
-/// a usual bitmap, and more pixels than `mostPicturePixels`, before memory is taken for them.
+/// a usual bitmap, and more pixels than `maxPicturePixels`, before memory is taken for them.
 [[nodiscard]] ConvertedImage toPng(const QByteArray& image);
 
 } // namespace ImageConversion

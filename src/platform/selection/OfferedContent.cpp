@@ -29,8 +29,8 @@ public:
     {
     }
 
-    [[nodiscard]] qsizetype leastRemaining() const override { return m_bytes.size() - m_position; }
-    [[nodiscard]] qsizetype mostRemaining() const override { return leastRemaining(); }
+    [[nodiscard]] qsizetype minRemaining() const override { return m_bytes.size() - m_position; }
+    [[nodiscard]] qsizetype maxRemaining() const override { return minRemaining(); }
     [[nodiscard]] QByteArray next(qsizetype size) override
     {
         QByteArray part = m_bytes.mid(m_position, size);
@@ -51,11 +51,8 @@ public:
     {
     }
 
-    [[nodiscard]] qsizetype leastRemaining() const override { return m_text.size() - m_position; }
-    [[nodiscard]] qsizetype mostRemaining() const override
-    {
-        return leastRemaining() * bytesPerUnit;
-    }
+    [[nodiscard]] qsizetype minRemaining() const override { return m_text.size() - m_position; }
+    [[nodiscard]] qsizetype maxRemaining() const override { return minRemaining() * bytesPerUnit; }
     [[nodiscard]] QByteArray next(qsizetype size) override
     {
         QStringView part = QStringView(m_text).mid(m_position, size / bytesPerUnit);

@@ -17,8 +17,8 @@ public:
     virtual ~ByteStream() = default;
 
     /// Bounds of the number of bytes that are still to come.
-    [[nodiscard]] virtual qsizetype leastRemaining() const = 0;
-    [[nodiscard]] virtual qsizetype mostRemaining() const = 0;
+    [[nodiscard]] virtual qsizetype minRemaining() const = 0;
+    [[nodiscard]] virtual qsizetype maxRemaining() const = 0;
     /// At most `size` bytes more; empty at the end.
     [[nodiscard]] virtual QByteArray next(qsizetype size) = 0;
 };

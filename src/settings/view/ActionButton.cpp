@@ -16,7 +16,7 @@ namespace {
 constexpr int actionButtonSymbolSize = 13;
 constexpr int actionButtonSymbolSpacing = 7;
 constexpr int actionButtonSidePadding = 14;
-constexpr int leastHeight = 30;
+constexpr int minHeight = 30;
 constexpr int actionButtonVerticalPadding = 6;
 
 } // namespace
@@ -42,7 +42,7 @@ int ActionButton::contentWidth() const
 QSize ActionButton::sizeHint() const
 {
     return {contentWidth() + 2 * actionButtonSidePadding,
-            std::max(leastHeight, fontMetrics().height() + 2 * actionButtonVerticalPadding)};
+            std::max(minHeight, fontMetrics().height() + 2 * actionButtonVerticalPadding)};
 }
 
 void ActionButton::paintEvent(QPaintEvent*)

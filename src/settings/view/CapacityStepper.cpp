@@ -13,7 +13,7 @@
 namespace driftbox {
 
 namespace {
-constexpr int leastWidth = 76;
+constexpr int minWidth = 76;
 }
 
 CapacityStepper::CapacityStepper(ClipboardSettings& model, QWidget* parent)
@@ -21,7 +21,7 @@ CapacityStepper::CapacityStepper(ClipboardSettings& model, QWidget* parent)
     , m_model(model)
 {
     setFont(Theme::systemFont(13));
-    setMinimumWidth(leastWidth);
+    setMinimumWidth(minWidth);
     setSingleStep(ClipboardSettings::capacityStep);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -57,8 +57,8 @@ void CapacityStepper::refresh()
     const QSignalBlocker unheard(this);
     const int value = static_cast<int>(std::clamp<qint64>(
         m_model.capacity(), std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-    setRange(std::min(value, ClipboardSettings::leastCapacity),
-             std::max(value, ClipboardSettings::mostCapacity));
+    setRange(std::min(value, ClipboardSettings::minCapacity),
+             std::max(value, ClipboardSettings::maxCapacity));
     setValue(value);
     lineEdit()->setText(textFromValue(value));
     update();

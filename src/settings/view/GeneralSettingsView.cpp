@@ -25,7 +25,7 @@ namespace {
 
 constexpr int pickerWidth = 124;
 constexpr int valueColumn = 56;
-constexpr int leastSliderWidth = 140;
+constexpr int minSliderWidth = 140;
 
 FormLabel* makeLabel(const QString& text, FormLabel::Tone tone, QWidget* parent)
 {
@@ -83,10 +83,10 @@ void GeneralSettingsView::addSpeedRow(FormSection& section)
     auto* label = makeLabel(u"Double-tap speed"_s, FormLabel::Tone::primary, &section);
     m_speed = new QSlider(Qt::Horizontal, &section);
     m_speed->setAccessibleName(label->text());
-    m_speed->setRange(GeneralSettings::slowestMs, GeneralSettings::fastestMs);
+    m_speed->setRange(GeneralSettings::minThresholdMs, GeneralSettings::maxThresholdMs);
     m_speed->setSingleStep(GeneralSettings::stepMs);
     m_speed->setPageStep(GeneralSettings::stepMs);
-    m_speed->setMinimumWidth(leastSliderWidth);
+    m_speed->setMinimumWidth(minSliderWidth);
     letWheelPass(*m_speed);
     label->setBuddy(m_speed);
     // The slider stands at whole steps, also while it is dragged.
@@ -146,8 +146,9 @@ void GeneralSettingsView::refresh()
     }
     {
         const QSignalBlocker unheard(m_speed);
-        m_speed->setValue(static_cast<int>(std::clamp<qint64>(
-            m_model.threshold(), GeneralSettings::slowestMs, GeneralSettings::fastestMs)));
+        m_speed->setValue(static_cast<int>(std::clamp<qint64>(m_model.threshold(),
+                                                              GeneralSettings::minThresholdMs,
+                                                              GeneralSettings::maxThresholdMs)));
         m_speed->update();
     }
     m_speedValue->setText(m_model.thresholdText());

@@ -5,7 +5,7 @@
 
 namespace driftbox {
 
-/// The page of the sticky notes: the colour of new ones, and closing all.
+/// The page of the sticky notes: the color of new ones, and closing all.
 class NotesSettingsView final : public FormPage
 {
     Q_OBJECT

@@ -64,7 +64,7 @@ public:
         paintSidebarIconTile(
             *painter, tile,
             index.data(SettingsSectionsModel::sectionRole).value<SettingsSection>());
-        if (isSelected && isFocused) // the fill may be of the tile's own colour
+        if (isSelected && isFocused) // the fill may be of the tile's own color
             outlineTile(*painter, tile);
         painter->setFont(option.font);
         painter->setPen(isSelected && isFocused ? option.palette.color(QPalette::HighlightedText)

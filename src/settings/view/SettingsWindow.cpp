@@ -16,7 +16,7 @@ namespace driftbox {
 namespace {
 
 constexpr QSize contentSize(760, 520);
-constexpr QSize leastContentSize(700, 400);
+constexpr QSize minContentSize(700, 400);
 constexpr int shadowMargin = 28;
 constexpr qreal windowCornerRadius = 12.0;
 constexpr qreal shadowRadius = 14.0;
@@ -30,7 +30,7 @@ constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shado
 
 } // namespace
 
-SettingsWindow::SettingsWindow(FloatingSurfaces& surfaces, const SettingsServices& services,
+SettingsWindow::SettingsWindow(FloatingSurfaceFactory& surfaces, const SettingsServices& services,
                                const TextExchange& exchange)
     : m_rootView(new SettingsRootView(services, exchange, this))
     , m_shadow(windowCornerRadius, shadowRadius, Theme::withOpacity(Qt::black, shadowOpacity))
@@ -40,7 +40,7 @@ SettingsWindow::SettingsWindow(FloatingSurfaces& surfaces, const SettingsService
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_Hover);
-    setMinimumSize(leastContentSize.grownBy(shadowMargins));
+    setMinimumSize(minContentSize.grownBy(shadowMargins));
     resize(initialSize().toSize());
     connect(m_rootView, &SettingsRootView::closeRequested, this, &QWidget::close);
     connect(m_rootView, &SettingsRootView::minimizeRequested, this, &QWidget::showMinimized);

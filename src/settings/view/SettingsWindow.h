@@ -19,7 +19,7 @@ class SettingsWindow final : public QWidget
 
 public:
     /// The surfaces and what `services` refers to must outlive the window. It is not shown yet.
-    SettingsWindow(FloatingSurfaces& surfaces, const SettingsServices& services,
+    SettingsWindow(FloatingSurfaceFactory& surfaces, const SettingsServices& services,
                    const TextExchange& exchange);
     ~SettingsWindow() override;
 

@@ -32,18 +32,19 @@ void SettingsWindowController::place()
         return;
     const bool isFirst = std::exchange(m_rooms, std::move(rooms)).empty();
     if (isFirst)
-        centre(screens);
+        center(screens);
     else
         fit(screens);
 }
 
-void SettingsWindowController::centre(const std::vector<Screen>& screens)
+void SettingsWindowController::center(const std::vector<Screen>& screens)
 {
     const QPointF mouse = m_screens.mouseLocation();
     const Screen* screen = ScreenGeometry::screenContaining(mouse, screens);
     const QRectF room = (screen ? *screen : screens.front()).visibleFrame;
     const QSizeF size = SettingsWindow::initialSize().boundedTo(room.size());
-    m_window->surface().setFrame(QRectF(ScreenGeometry::centredOrigin(size, mouse, screens), size));
+    m_window->surface().setFrame(
+        QRectF(ScreenGeometry::centeredOrigin(size, mouse, screens), size));
 }
 
 void SettingsWindowController::fit(const std::vector<Screen>& screens)

@@ -25,7 +25,7 @@ public:
 
 private:
     void place();
-    void centre(const std::vector<Screen>& screens);
+    void center(const std::vector<Screen>& screens);
     void fit(const std::vector<Screen>& screens);
 
     std::unique_ptr<SettingsWindow> m_window;

@@ -12,7 +12,7 @@ namespace driftbox {
 /// The side of the tile before a page's title in the sidebar, in points.
 inline constexpr int sidebarIconTileSide = 22;
 
-/// Draws that tile: the page's symbol, white on a rounded square of the page's colour.
+/// Draws that tile: the page's symbol, white on a rounded square of the page's color.
 void paintSidebarIconTile(QPainter& painter, const QRectF& tile, SettingsSection section);
 
 /// The same at any size.

@@ -39,18 +39,18 @@ void SwatchButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QPointF centre = QRectF(rect()).center();
+    const QPointF center = QRectF(rect()).center();
     constexpr qreal radius = diameter / 2.0;
     if (isChecked())
         painter.setPen(QPen(Theme::accent(), chosenWidth));
     else
         painter.setPen(QPen(Theme::withOpacity(Qt::black, otherOpacity), otherWidth));
     painter.setBrush(Theme::noteSwatch(m_color));
-    painter.drawEllipse(centre, radius, radius);
+    painter.drawEllipse(center, radius, radius);
     if (hasFocus()) {
         painter.setPen(QPen(Theme::withOpacity(Theme::accent(), 0.5), 1.5));
         painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(centre, radius + outlineRoom - 1.0, radius + outlineRoom - 1.0);
+        painter.drawEllipse(center, radius + outlineRoom - 1.0, radius + outlineRoom - 1.0);
     }
 }
 

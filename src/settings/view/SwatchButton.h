@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// A note colour to choose: a round swatch, outlined boldly while it is the chosen one. For
-/// assistive technology it is a radio button of the colour's name.
+/// A note color to choose: a round swatch, outlined boldly while it is the chosen one. For
+/// assistive technology it is a radio button of the color's name.
 class SwatchButton final : public QRadioButton
 {
     Q_OBJECT

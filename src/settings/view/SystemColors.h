@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// The colour as it is in the current appearance, light or dark; ask while painting.
+/// The color as it is in the current appearance, light or dark; ask while painting.
 [[nodiscard]] QColor systemColor(SystemColor color);
 
 } // namespace driftbox

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A count at the bottom of a page, in the colour that the theme has at the moment.
+/// A count at the bottom of a page, in the color that the theme has at the moment.
 class CountLabel final : public QLabel
 {
     Q_OBJECT

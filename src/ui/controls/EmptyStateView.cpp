@@ -19,7 +19,7 @@ constexpr qreal lineSpacing = 4.0;
 constexpr qreal emptyStateViewSidePadding = 24.0;
 constexpr int emptyStateViewTextFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 // The middle of what is seen is felt to be a little above the middle.
-constexpr qreal opticalCentre = 0.46;
+constexpr qreal opticalCenter = 0.46;
 
 // Screen readers read it as a text, not as an area that might hold something.
 QAccessibleInterface* makeEmptyStateInterface(const QString&, QObject* object)
@@ -65,7 +65,7 @@ void EmptyStateView::paintEvent(QPaintEvent*)
                          heightOf(descriptionFont, m_description);
 
     QRectF line = column;
-    line.moveTop((column.height() - height) * opticalCentre);
+    line.moveTop((column.height() - height) * opticalCenter);
     Symbols::paint(painter, QRectF(line.topLeft(), QSizeF(line.width(), symbolHeight)),
                    m_systemImage, {.size = emptyStateViewSymbolSize, .color = Theme::tertiary()});
     line.translate(0, symbolHeight + emptyStateViewSymbolSpacing);

@@ -15,7 +15,7 @@ namespace {
 constexpr qreal margin = 2.0; // at the ends and the right edge
 constexpr qreal slimWidth = 4.0;
 constexpr qreal wideWidth = 6.0;
-constexpr qreal overlayScrollBarShortestThumb = 28.0;
+constexpr qreal overlayScrollBarMinThumb = 28.0;
 constexpr qreal restingOpacity = 0.22;
 constexpr qreal activeOpacity = 0.45;
 
@@ -50,8 +50,8 @@ QRectF OverlayScrollBar::thumb() const
     const int range = m_scrollBar.maximum();
     const qreal all = range + m_scrollBar.pageStep();
     const qreal length =
-        std::min(trackLength(), std::max(overlayScrollBarShortestThumb,
-                                         trackLength() * m_scrollBar.pageStep() / all));
+        std::min(trackLength(),
+                 std::max(overlayScrollBarMinThumb, trackLength() * m_scrollBar.pageStep() / all));
     const qreal top =
         range > 0 ? (trackLength() - length) * m_scrollBar.value() / qreal(range) : 0.0;
     const qreal thumbWidth = underMouse() || m_grip ? wideWidth : slimWidth;

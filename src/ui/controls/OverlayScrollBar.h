@@ -10,7 +10,7 @@ namespace driftbox {
 
 /// A slim scroll bar that lies over the right edge of what it scrolls and takes no room. It shows
 /// only when there is something to scroll, and follows the scroll bar that it stands for. Its
-/// colour is that of text in its palette.
+/// color is that of text in its palette.
 class OverlayScrollBar final : public QWidget
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr size_t mostLines = 2;
+constexpr size_t maxLines = 2;
 constexpr int tabWidth = 4; // in spaces
 constexpr QChar ellipsis(0x2026);
 // More characters than nearly every line has room for: what follows need not be looked at.
@@ -50,7 +50,7 @@ PreviewText::PreviewText(const PreviewLines& lines, const QFont& font, qreal wid
     , m_width(width)
 {
     addParagraph(lines.first, !lines.second.isEmpty());
-    if (m_lines.size() < mostLines && !lines.second.isEmpty())
+    if (m_lines.size() < maxLines && !lines.second.isEmpty())
         addLine(cut(lines.second, lines.hasMore), directionOf(lines.second));
 }
 

@@ -27,7 +27,7 @@ public:
     /// What is drawn, line by line.
     [[nodiscard]] QStringList texts() const;
 
-    /// In the pen's colour, from the left edge of `area` on and in the middle of its height.
+    /// In the pen's color, from the left edge of `area` on and in the middle of its height.
     void paint(QPainter& painter, const QRect& area) const;
 
 private:

@@ -12,7 +12,7 @@ constexpr int columnSpacing = 12;
 constexpr int buttonSide = 22;
 constexpr int buttonSpacing = 4;
 constexpr int timeSpacing = 4; // to the mark
-constexpr int mostActions = 3;
+constexpr int maxActions = 3;
 constexpr int highlightInset = 7;
 
 } // namespace
@@ -54,7 +54,7 @@ std::vector<QRect> RowLayout::actions(size_t count) const
 
 QRect RowLayout::content() const
 {
-    constexpr int actionsWidth = mostActions * buttonSide + (mostActions - 1) * buttonSpacing;
+    constexpr int actionsWidth = maxActions * buttonSide + (maxActions - 1) * buttonSpacing;
     const int actionsLeft = m_size.width() - trailingPadding - actionsWidth;
     const int right = std::min(time().left(), actionsLeft) - columnSpacing;
     return {leadingPadding, 0, right - leadingPadding, m_size.height()};

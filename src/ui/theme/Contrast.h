@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// How well one opaque colour can be told from another, as the accessibility guidelines of the web
+/// How well one opaque color can be told from another, as the accessibility guidelines of the web
 /// measure it: from 1, not at all, to 21.
 [[nodiscard]] double contrast(const QColor& one, const QColor& other);
 

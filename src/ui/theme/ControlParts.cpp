@@ -127,13 +127,13 @@ void drawGroove(QPainter& painter, const QRectF& groove, const QRectF& filled,
     painter.drawRoundedRect(filled, radius, radius);
 }
 
-void drawKnob(QPainter& painter, QPointF centre, const QPalette& palette, QStyle::State state)
+void drawKnob(QPainter& painter, QPointF center, const QPalette& palette, QStyle::State state)
 {
     painter.setPen(state & QStyle::State_HasFocus ? outlinePen(palette, state)
                                                   : QPen(QColor(0, 0, 0, 60), 1.0));
     painter.setBrush(
         QColor(0xfd, 0xfd, 0xfe)); // in the dark, too, a knob is what catches the light
-    painter.drawEllipse(centre, knobRadius, knobRadius);
+    painter.drawEllipse(center, knobRadius, knobRadius);
 }
 
 void drawThumb(QPainter& painter, const QRectF& thumb, const QPalette& palette, QStyle::State state)
@@ -150,12 +150,12 @@ void drawChevron(QPainter& painter, const QRectF& area, Qt::ArrowType direction,
 {
     constexpr qreal halfWidth = 3.5;
     const qreal rise = direction == Qt::UpArrow ? -1.75 : 1.75;
-    const QPointF centre = area.center();
+    const QPointF center = area.center();
     painter.setPen(QPen(Theme::withOpacity(textColor(palette, state), 0.7), 1.5, Qt::SolidLine,
                         Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(std::array{centre + QPointF(-halfWidth, -rise), centre + QPointF(0, rise),
-                                    centre + QPointF(halfWidth, -rise)}
+    painter.drawPolyline(std::array{center + QPointF(-halfWidth, -rise), center + QPointF(0, rise),
+                                    center + QPointF(halfWidth, -rise)}
                              .data(),
                          3);
 }

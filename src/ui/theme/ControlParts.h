@@ -23,7 +23,7 @@ void drawRadioButton(QPainter& painter, const QRectF& frame, const QPalette& pal
 /// The bar along which a slider's knob runs, filled as far as `filled`.
 void drawGroove(QPainter& painter, const QRectF& groove, const QRectF& filled,
                 const QPalette& palette, QStyle::State state);
-void drawKnob(QPainter& painter, QPointF centre, const QPalette& palette, QStyle::State state);
+void drawKnob(QPainter& painter, QPointF center, const QPalette& palette, QStyle::State state);
 void drawThumb(QPainter& painter, const QRectF& thumb, const QPalette& palette,
                QStyle::State state);
 /// A small arrow head in the middle of `area`.

@@ -70,7 +70,7 @@ void drawSeparator(QPainter& painter, const QRect& frame)
                      Theme::divider());
 }
 
-// The icon, in the colour of the text on a chosen entry.
+// The icon, in the color of the text on a chosen entry.
 QPixmap pictureOf(const QIcon& icon, qreal ratio, const QColor* tint)
 {
     QPixmap picture = icon.pixmap(QSize(iconSide, iconSide), ratio);

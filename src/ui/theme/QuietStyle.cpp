@@ -19,7 +19,7 @@ namespace {
 
 constexpr int scrollBarExtent = 12;
 constexpr int thumbInset = 3;
-constexpr int quietStyleShortestThumb = 28;
+constexpr int quietStyleMinThumb = 28;
 constexpr int indicatorSize = 16;
 constexpr qreal grooveThickness = 4.0;
 constexpr int buttonMargin = 10;
@@ -94,7 +94,7 @@ int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarExtent:
         return scrollBarExtent;
     case PM_ScrollBarSliderMin:
-        return quietStyleShortestThumb;
+        return quietStyleMinThumb;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
@@ -161,7 +161,7 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     const qint64 wholeLength = qint64(bar->maximum) - bar->minimum + bar->pageStep;
     const qint64 thumbLength = length * qint64(bar->pageStep) / std::max<qint64>(wholeLength, 1);
     const int thumb = static_cast<int>(
-        std::clamp<qint64>(thumbLength, std::min(quietStyleShortestThumb, length), length));
+        std::clamp<qint64>(thumbLength, std::min(quietStyleMinThumb, length), length));
     const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
                                               length - thumb, bar->upsideDown);
     const auto stretch = [&](int from, int to) {

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// How the toolkit's own controls look in this program: flat, with round corners, in the colours of
+/// How the toolkit's own controls look in this program: flat, with round corners, in the colors of
 /// the palette; scroll bars are a thin thumb without buttons. What it does not draw itself it
 /// leaves to the Fusion style.
 class QuietStyle final : public QProxyStyle

@@ -18,7 +18,7 @@ Q_LOGGING_CATEGORY(symbolsLog, "Symbols")
 
 // The drawings are 16 units wide and meant to go with text of 15 points.
 constexpr qreal extentOfText = 16.0 / 15.0;
-// Far more than the program shows at once; reached only when colours or scales keep changing.
+// Far more than the program shows at once; reached only when colors or scales keep changing.
 constexpr qsizetype cacheLimit = 256;
 
 struct Key

@@ -8,7 +8,7 @@
 
 class QPainter;
 
-/// The program's symbols, drawn in any colour at any scale. A symbol is as large as text of the
+/// The program's symbols, drawn in any color at any scale. A symbol is as large as text of the
 /// same size. Main thread only.
 namespace driftbox::Symbols {
 
@@ -31,7 +31,7 @@ struct Style
 /// Draws the symbol in the middle of `area`, on whole pixels of the device.
 void paint(QPainter& painter, const QRectF& area, const QString& name, const Style& style);
 
-/// For menus and buttons of the toolkit. It keeps its colour.
+/// For menus and buttons of the toolkit. It keeps its color.
 [[nodiscard]] QIcon icon(const QString& name, const Style& style);
 
 } // namespace driftbox::Symbols

@@ -5,7 +5,7 @@
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 
-/// The program's colours and fonts. Colours are those of the application's palette at the moment of
+/// The program's colors and fonts. Colors are those of the application's palette at the moment of
 /// asking, so ask while painting and never keep one: every widget is repainted when the desktop
 /// turns light or dark. Sizes of fonts are in points of this program, of which one is one pixel on
 /// a screen of scale 1.
@@ -14,7 +14,7 @@ namespace driftbox::Theme {
 /// Whether text is light and lies on something dark.
 [[nodiscard]] bool isDark();
 
-/// The desktop's accent colour, or the program's own where the desktop has none.
+/// The desktop's accent color, or the program's own where the desktop has none.
 [[nodiscard]] QColor accent();
 /// What is pinned.
 [[nodiscard]] QColor pinOn();
@@ -37,7 +37,7 @@ namespace driftbox::Theme {
 /// `from` at a `share` of 0, `to` at 1, opacity included.
 [[nodiscard]] QColor mixed(const QColor& from, const QColor& to, qreal share);
 
-/// The background of a note of that colour, the same in light and dark.
+/// The background of a note of that color, the same in light and dark.
 [[nodiscard]] QColor noteSwatch(NoteColor color);
 
 /// The system font at a size in points.

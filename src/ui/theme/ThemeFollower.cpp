@@ -73,7 +73,7 @@ QPalette paletteOf(const Colors& colors)
     return palette;
 }
 
-// A desktop's theme replaces the highlight of the toolkit's own palette by its accent colour.
+// A desktop's theme replaces the highlight of the toolkit's own palette by its accent color.
 std::optional<QColor> accentOfTheToolkitsTheme()
 {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);

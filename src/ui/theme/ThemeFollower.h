@@ -10,7 +10,7 @@
 namespace driftbox {
 
 /// Gives the application its widget style, its font and, whenever the desktop turns light or dark
-/// or changes its accent colour, its palette. Needs a QApplication.
+/// or changes its accent color, its palette. Needs a QApplication.
 class ThemeFollower : public QObject
 {
     Q_OBJECT

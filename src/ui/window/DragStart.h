@@ -22,8 +22,8 @@ public:
     /// a press, because whoever takes a window over takes the release, too.
     [[nodiscard]] std::optional<QPoint> move(QPoint place)
     {
-        constexpr int leastDistance = 4;
-        if (!m_press || (place - *m_press).manhattanLength() < leastDistance)
+        constexpr int minDistance = 4;
+        if (!m_press || (place - *m_press).manhattanLength() < minDistance)
             return std::nullopt;
         return std::exchange(m_press, std::nullopt);
     }

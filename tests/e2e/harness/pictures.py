@@ -7,8 +7,8 @@ import zlib
 from PIL import Image, ImageDraw
 
 
-def colourful(width=320, height=200):
-    """A picture in which no two quarters look alike, so that flips and mixed-up colours show."""
+def colorful(width=320, height=200):
+    """A picture in which no two quarters look alike, so that flips and mixed-up colors show."""
     picture = Image.new("RGB", (width, height), (30, 90, 160))
     draw = ImageDraw.Draw(picture)
     draw.rectangle((width // 2, 0, width, height // 2), fill=(230, 120, 40))

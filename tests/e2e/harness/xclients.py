@@ -188,7 +188,7 @@ class Drips(ClipboardOwner):
         self.send_in_increments(request, iter(_chunks(self.offers[target], 1)), 1_000_000)
 
     def before_increment(self):
-        time.sleep(0.2)  # this slowness is its bad behaviour
+        time.sleep(0.2)  # this slowness is its bad behavior
 
 
 class NeverEnds(ClipboardOwner):

@@ -10,14 +10,14 @@ namespace driftbox::Xclip {
 
 QByteArray pasted(const QString& target, const QString& selection)
 {
-    constexpr int patienceMs = 20'000;
+    constexpr int timeoutMs = 20'000;
     QTemporaryFile file;
     if (!file.open())
         return "there is no place for what is pasted";
     QProcess xclip;
     xclip.setStandardOutputFile(file.fileName());
     xclip.start(u"xclip"_s, {u"-o"_s, u"-selection"_s, selection, u"-t"_s, target});
-    if (!QTest::qWaitFor([&] { return xclip.state() == QProcess::NotRunning; }, patienceMs))
+    if (!QTest::qWaitFor([&] { return xclip.state() == QProcess::NotRunning; }, timeoutMs))
         return "xclip does not end";
     return file.readAll();
 }

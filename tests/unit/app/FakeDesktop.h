@@ -68,7 +68,7 @@ struct FakeDesktop
     FakeKeyEventMonitor keyboard;
     FakeWorkspace workspace;
     FakePasteKeystroke pasteKeystroke;
-    FakeFloatingSurfaces floatingSurfaces;
+    FakeFloatingSurfaceFactory floatingSurfaces;
     BlindRecognizer textRecognizer;
     FakeTaskRunner recognitions;
     FakePageOpener pages;

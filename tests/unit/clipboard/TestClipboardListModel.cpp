@@ -191,7 +191,7 @@ private Q_SLOTS:
         QVERIFY(rows.changed.isEmpty());
     }
 
-    void theRowWhoseTextIsBeingRecognisedSaysSo()
+    void theRowWhoseTextIsBeingRecognizedSaysSo()
     {
         const auto first = m_history->copy({.png = QByteArray("1")});
         m_history->copy({.png = QByteArray("22")});

@@ -15,7 +15,7 @@ const QStringList fiveLanguages = {u"chi_sim"_s, u"chi_tra"_s, u"eng"_s, u"jpn"_
 
 QByteArray somePicture()
 {
-    return imageFile(colourfulImage({8, 8}), "png");
+    return imageFile(colorfulImage({8, 8}), "png");
 }
 
 /// Remembers what it was asked to read.
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QTest::newRow("text") << QByteArray("no picture at all");
         QTest::newRow("zeros") << QByteArray(1000, '\0');
         QTest::newRow("only a signature") << QByteArray("\x89PNG\r\n\x1a\n");
-        const QByteArray whole = imageFile(colourfulImage({200, 200}), "png");
+        const QByteArray whole = imageFile(colorfulImage({200, 200}), "png");
         QTest::newRow("a truncated picture") << whole.first(whole.size() / 2);
         QTest::newRow("larger than any screen") << pngThatClaims({20'000, 20'000});
         QTest::newRow("an absurd size") << pngThatClaims({2'000'000'000, 2'000'000'000});
@@ -111,13 +111,13 @@ private Q_SLOTS:
         QVERIFY(m_reader->asked.isEmpty());
     }
 
-    void withoutARecogniserThereIsNoText()
+    void withoutARecognizerThereIsNoText()
     {
         const OCREngine without([] { return nullptr; }, 15s);
         QCOMPARE(without.recognizeText(somePicture()), QString());
     }
 
-    void theRecogniserIsWantedOnlyForPictures()
+    void theRecognizerIsWantedOnlyForPictures()
     {
         bool wanted = false;
         const OCREngine careful(

@@ -46,7 +46,7 @@ class TestPictureDecoding : public QObject
 private Q_SLOTS:
     void aPictureIsOpaqueAndWhole()
     {
-        const QImage image = colourfulImage({37, 21});
+        const QImage image = colorfulImage({37, 21});
         const QImage decoded = decodedPicture(imageFile(image, "png"));
         QCOMPARE(decoded.format(), QImage::Format_RGB32);
         QCOMPARE(decoded, image);
@@ -100,7 +100,7 @@ private Q_SLOTS:
 
     void ofATruncatedPictureNothingIsTaken()
     {
-        const QByteArray whole = imageFile(colourfulImage({200, 200}), "png");
+        const QByteArray whole = imageFile(colorfulImage({200, 200}), "png");
         QVERIFY(decodedPicture(whole.first(whole.size() / 2)).isNull());
     }
 };

@@ -13,7 +13,7 @@
 namespace driftbox {
 
 /// Has no engine, and counts how often one is wanted.
-class NoWebEngines final : public MarkdownWebEngines
+class NoWebEngines final : public MarkdownWebEngineFactory
 {
 public:
     [[nodiscard]] std::function<void()> preloading() const override

@@ -1,7 +1,7 @@
 #include "markdown/MarkdownReaderCoordinator.h"
 
 #include "fakes/FakeFileSystem.h"
-#include "fakes/FakeMarkdownReaderWindows.h"
+#include "fakes/FakeMarkdownReaderWindowFactory.h"
 #include "markdown/MarkdownFiles.h"
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/MarkdownReaderWindowController.h"
@@ -23,7 +23,7 @@ private Q_SLOTS:
         m_coordinator.reset();
         m_files = std::make_unique<FakeFileSystem>();
         m_files->setFile(u"/a/doc.md"_s, "text");
-        m_windows = std::make_unique<FakeMarkdownReaderWindows>();
+        m_windows = std::make_unique<FakeMarkdownReaderWindowFactory>();
         m_panel = std::make_unique<FakeMarkdownOpenPanel>();
         m_coordinator = std::make_unique<MarkdownReaderCoordinator>(
             MarkdownReaderCoordinator::Services{*m_files, *m_windows, *m_panel});
@@ -130,7 +130,7 @@ private Q_SLOTS:
     {
         m_coordinator->openViaPanel();
         QCOMPARE(m_panel->runs, 1);
-        QVERIFY(m_windows->windows.empty()); // cancelled so far
+        QVERIFY(m_windows->windows.empty()); // canceled so far
         QTest::ignoreMessage(QtInfoMsg, "Opened doc.md");
         m_panel->chosen(QUrl::fromLocalFile(u"/a/doc.md"_s));
         QCOMPARE(m_windows->windows.size(), size_t(1));
@@ -202,7 +202,7 @@ private:
     }
 
     std::unique_ptr<FakeFileSystem> m_files;
-    std::unique_ptr<FakeMarkdownReaderWindows> m_windows;
+    std::unique_ptr<FakeMarkdownReaderWindowFactory> m_windows;
     std::unique_ptr<FakeMarkdownOpenPanel> m_panel;
     std::unique_ptr<MarkdownReaderCoordinator> m_coordinator;
 };

@@ -50,7 +50,7 @@ private:
     int& m_windowCount;
 };
 
-class FakeNoteWindows final : public NoteWindows
+class FakeNoteWindows final : public NoteWindowFactory
 {
 public:
     [[nodiscard]] std::unique_ptr<NoteWindow> makeWindow(StickyNoteViewModel& viewModel) override

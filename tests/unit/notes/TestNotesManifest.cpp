@@ -145,7 +145,7 @@ private Q_SLOTS:
         QTest::newRow("file name is an array") << with("'imageFileName':[]");
         QTest::newRow("unknown color") << broken("blue", "purple");
         QTest::newRow("color in capitals") << broken("blue", "Blue");
-        QTest::newRow("no color") << broken("'color'", "'colour'");
+        QTest::newRow("no color") << broken("'color'", "'tint'");
         QTest::newRow("color is null") << broken("'blue'", "null");
         QTest::newRow("no frame") << broken("'frame'", "'rect'");
         QTest::newRow("frame is an array") << broken("{'x':1,'y':2,'width':3,'height':4}", "[1]");

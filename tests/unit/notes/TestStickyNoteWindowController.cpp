@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(m_reports, 0);
     }
 
-    void zoomingKeepsTheCentreAndReportsFrameAndZoom()
+    void zoomingKeepsTheCenterAndReportsFrameAndZoom()
     {
         StickyNoteWindowController controller = make({600, 400, 300, 200});
         controller.zoom(2);

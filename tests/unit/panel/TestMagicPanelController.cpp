@@ -55,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.frame(), QRectF(100, 28, 552, 648));
     }
 
-    void withoutACaretThePanelIsCentredUnderTheMouse()
+    void withoutACaretThePanelIsCenterdUnderTheMouse()
     {
         desk().screens.list.push_back(
             {QRectF(-1280, 100, 1280, 800), QRectF(-1280, 140, 1280, 760), QRect(), 1.0});

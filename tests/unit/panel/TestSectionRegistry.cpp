@@ -118,20 +118,20 @@ private Q_SLOTS:
     void neighboursAreCountedAroundTheEnds()
     {
         SectionRegistry registry;
-        registry.selectNeighbour(1);
+        registry.selectNeighbor(1);
         QVERIFY(!registry.activeID());
 
         add(registry, u"clipboard"_s);
-        registry.selectNeighbour(1);
+        registry.selectNeighbor(1);
         QCOMPARE(registry.activeID(), u"clipboard"_s);
 
         add(registry, u"notes"_s);
         add(registry, u"more"_s);
-        registry.selectNeighbour(-1);
+        registry.selectNeighbor(-1);
         QCOMPARE(registry.activeID(), u"more"_s);
-        registry.selectNeighbour(1);
+        registry.selectNeighbor(1);
         QCOMPARE(registry.activeID(), u"clipboard"_s);
-        registry.selectNeighbour(-7);
+        registry.selectNeighbor(-7);
         QCOMPARE(registry.activeID(), u"more"_s);
     }
 };

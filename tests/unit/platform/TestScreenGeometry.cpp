@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString withoutScreens = u"--centre-without-screens"_s;
+const QString withoutScreens = u"--center-without-screens"_s;
 
 const std::vector<Screen> sideBySide{
     {QRectF(0, 0, 1440, 900), QRectF(0, 0, 1440, 875), QRect(), 1.0},
@@ -38,18 +38,18 @@ private Q_SLOTS:
         QCOMPARE(screenContaining({0, 0}, {}), nullptr);
     }
 
-    void aPanelIsCentredInTheVisibleFrameUnderTheMouse()
+    void aPanelIsCenterdInTheVisibleFrameUnderTheMouse()
     {
         const QSizeF size(552, 648);
-        QCOMPARE(ScreenGeometry::centredOrigin(size, {10, 10}, sideBySide),
+        QCOMPARE(ScreenGeometry::centeredOrigin(size, {10, 10}, sideBySide),
                  QPointF(720 - 276, 437.5 - 324));
-        QCOMPARE(ScreenGeometry::centredOrigin(size, {-10, 110}, sideBySide),
+        QCOMPARE(ScreenGeometry::centeredOrigin(size, {-10, 110}, sideBySide),
                  QPointF(-640 - 276, 520 - 324));
     }
 
     void aMouseOnNoScreenMeansThePrimaryOne()
     {
-        QCOMPARE(ScreenGeometry::centredOrigin({552, 648}, {9000, 9000}, sideBySide),
+        QCOMPARE(ScreenGeometry::centeredOrigin({552, 648}, {9000, 9000}, sideBySide),
                  QPointF(720 - 276, 437.5 - 324));
     }
 
@@ -68,7 +68,7 @@ static int runTestScreenGeometry(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     if (QCoreApplication::arguments().contains(withoutScreens)) {
-        (void)ScreenGeometry::centredOrigin({552, 648}, {0, 0}, {});
+        (void)ScreenGeometry::centeredOrigin({552, 648}, {0, 0}, {});
         return 0;
     }
     TestScreenGeometry test;

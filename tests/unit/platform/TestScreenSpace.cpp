@@ -61,7 +61,7 @@ private Q_SLOTS:
                  QRectF(-1180, 200, 1, 18));
     }
 
-    void theCentreDecidesOnTheScreen()
+    void theCenterDecidesOnTheScreen()
     {
         // Both lie across the border; the first belongs to the left screen, the second to the
         // right.

@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds deadline{140};
 // A browser has to ask its page for the caret and the places of characters. It does so when it is
 // asked for them, and meanwhile answers that they are nowhere.
 constexpr std::chrono::milliseconds patience{15};
-constexpr int mostQueries = 5;
+constexpr int maxQueries = 5;
 } // namespace
 
 CaretRequest::CaretRequest(const QDBusConnection& bus,
@@ -43,7 +43,7 @@ void CaretRequest::query(const AccessibleReference& element)
                     m_focused = element;
                 if (result.rectangle)
                     finish(result);
-                else if (result.hasCaret && ++m_queries < mostQueries)
+                else if (result.hasCaret && ++m_queries < maxQueries)
                     QTimer::singleShot(patience, this, [this, element] { query(element); });
                 else if (result.focused || m_searched)
                     finish(std::nullopt);

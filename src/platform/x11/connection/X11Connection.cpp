@@ -23,7 +23,7 @@ Q_LOGGING_CATEGORY(x11ConnectionLog, "X11Connection")
 constexpr qint64 sliceMs = 6;
 
 // More than two shortcuts take, the release of all modifiers included.
-constexpr std::size_t mostFakedKeys = 64;
+constexpr std::size_t maxFakedKeys = 64;
 
 constexpr auto timeProperty = "_DRIFTBOX_SERVER_TIME";
 
@@ -168,7 +168,7 @@ void X11Connection::fakeKey(std::uint8_t type, xcb_keycode_t code)
     const auto request =
         xcb_test_fake_input(xcb(), type, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     m_fakedKeys.push_back(request.sequence);
-    if (m_fakedKeys.size() > mostFakedKeys)
+    if (m_fakedKeys.size() > maxFakedKeys)
         m_fakedKeys.pop_front();
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/PasteKeystroke.h"
 #include "platform/selection/PasteShortcuts.h"
-#include "platform/x11/keys/X11Typist.h"
+#include "platform/x11/keys/X11KeySynthesizer.h"
 
 #include <cstdint>
 
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] bool hasKeyboard(const X11RunningApplication& target) const;
 
     X11Connection& m_connection;
-    X11Typist m_typist;
+    X11KeySynthesizer m_typist;
     PrimarySelection& m_primarySelection;
 
     std::shared_ptr<X11RunningApplication> m_target; ///< null when nothing waits to be sent

@@ -15,7 +15,7 @@ constexpr qsizetype requestOverhead = 64;
 
 } // namespace
 
-qsizetype IncrementalAnswer::largestIncrement(const X11Connection& connection)
+qsizetype IncrementalAnswer::maxIncrement(const X11Connection& connection)
 {
     const qsizetype request =
         4 * qsizetype(xcb_get_setup(connection.xcb())->maximum_request_length);
@@ -35,9 +35,9 @@ IncrementalAnswer::IncrementalAnswer(X11Connection& connection, Clock& clock,
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(connection.xcb(), destination.requestor, XCB_CW_EVENT_MASK,
                                  &events);
-    const auto leastBytes = static_cast<std::uint32_t>(m_bytes->leastRemaining());
+    const auto minBytes = static_cast<std::uint32_t>(m_bytes->minRemaining());
     xcb_change_property(connection.xcb(), XCB_PROP_MODE_REPLACE, destination.requestor,
-                        destination.property, connection.atom("INCR"), 32, 1, &leastBytes);
+                        destination.property, connection.atom("INCR"), 32, 1, &minBytes);
     watchProgress();
 }
 
@@ -60,7 +60,7 @@ void IncrementalAnswer::sendNext()
     m_hasProgressed = true;
     if (m_hasSentEnd)
         return end();
-    const QByteArray part = m_bytes->next(largestIncrement(m_connection));
+    const QByteArray part = m_bytes->next(maxIncrement(m_connection));
     m_hasSentEnd = part.isEmpty();
     xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, m_destination.requestor,
                         m_destination.property, m_destination.type, 8,

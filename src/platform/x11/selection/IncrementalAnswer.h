@@ -39,7 +39,7 @@ public:
     [[nodiscard]] xcb_window_t requestor() const { return m_destination.requestor; }
 
     /// The most bytes that go into one property.
-    [[nodiscard]] static qsizetype largestIncrement(const X11Connection& connection);
+    [[nodiscard]] static qsizetype maxIncrement(const X11Connection& connection);
 
 private:
     void handleEvent(const xcb_generic_event_t& event);

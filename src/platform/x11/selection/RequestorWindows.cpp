@@ -10,7 +10,7 @@ namespace driftbox {
 namespace {
 
 constexpr std::chrono::seconds retirement{10};
-constexpr std::size_t mostRetired = 32;
+constexpr std::size_t maxRetired = 32;
 
 } // namespace
 
@@ -41,7 +41,7 @@ void RequestorWindows::retireCurrent()
     const std::uint32_t nothing = XCB_EVENT_MASK_NO_EVENT;
     xcb_change_window_attributes(m_connection.xcb(), m_current, XCB_CW_EVENT_MASK, &nothing);
     m_retired.push_back(m_current);
-    if (m_retired.size() > mostRetired)
+    if (m_retired.size() > maxRetired)
         destroyOldest();
     m_clock.after(retirement, this, [this, window = m_current] {
         if (std::ranges::find(m_retired, window) != m_retired.end())

@@ -11,7 +11,7 @@ namespace driftbox {
 namespace {
 
 // Each pair of a MULTIPLE request costs an answer; no honest program asks for more of them.
-constexpr std::uint32_t mostPairs = 64;
+constexpr std::uint32_t maxPairs = 64;
 
 } // namespace
 
@@ -77,7 +77,7 @@ void SelectionOwner::handleMultiple(const xcb_selection_request_event_t& request
         return notify(request, false);
     const auto cookie =
         xcb_get_property(m_connection.xcb(), false, request.requestor, request.property,
-                         XCB_GET_PROPERTY_TYPE_ANY, 0, 2 * mostPairs);
+                         XCB_GET_PROPERTY_TYPE_ANY, 0, 2 * maxPairs);
     m_connection.whenReplied<xcb_get_property_reply_t>(
         cookie.sequence, this,
         [this, request](const xcb_get_property_reply_t* pairs) { answerPairs(request, pairs); });
@@ -119,9 +119,9 @@ bool SelectionOwner::answer(xcb_window_t requestor, xcb_atom_t target, xcb_atom_
     const IncrementalAnswer::Destination destination{
         requestor, property, m_connection.atom(OfferedContent::typeOf(*name))};
     auto bytes = m_content.open(*name);
-    const qsizetype mostInOnePiece = IncrementalAnswer::largestIncrement(m_connection);
-    if (bytes->mostRemaining() <= mostInOnePiece)
-        answerInOnePiece(destination, bytes->next(mostInOnePiece));
+    const qsizetype maxInOnePiece = IncrementalAnswer::maxIncrement(m_connection);
+    if (bytes->maxRemaining() <= maxInOnePiece)
+        answerInOnePiece(destination, bytes->next(maxInOnePiece));
     else
         answerIncrementally(destination, std::move(bytes));
     return true;

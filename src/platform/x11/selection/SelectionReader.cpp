@@ -27,7 +27,7 @@ constexpr qsizetype opaqueLimit = mebibyte;
 constexpr qsizetype targetsLimit = 64 * kibibyte;
 
 // An owner that has let two questions pass is not asked any more.
-constexpr int mostSilences = 2;
+constexpr int maxSilences = 2;
 
 QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connection)
 {
@@ -123,7 +123,7 @@ void SelectionReader::nextStep()
 {
     while (!m_steps.empty() && m_steps.front().candidates.isEmpty())
         m_steps.pop_front();
-    if (m_steps.empty() || m_silences >= mostSilences) {
+    if (m_steps.empty() || m_silences >= maxSilences) {
         m_steps.clear();
         return m_hasReadContent ? finish() : decodeContent();
     }
@@ -202,7 +202,7 @@ void SelectionReader::ownerHasVanished()
 
 void SelectionReader::decodeContent()
 {
-    if (!m_raw.isHeavy())
+    if (!m_raw.isLarge())
         return publish(decode(std::move(m_raw)));
     const auto raw = std::make_shared<RawContent>(std::move(m_raw));
     const auto decoded = std::make_shared<DecodedContent>();

@@ -23,9 +23,9 @@ Q_LOGGING_CATEGORY(x11PasteboardLog, "X11Pasteboard")
 constexpr qsizetype heavy = 4 * mebibyte;
 
 // A manager that takes longer may be frozen, and whoever quits does not want to wait for it.
-constexpr std::chrono::milliseconds handoverPatience{300};
+constexpr std::chrono::milliseconds handoverTimeout{300};
 
-bool isHeavy(const PasteboardContent& content)
+bool isLarge(const PasteboardContent& content)
 {
     const qsizetype textSize = content.text ? content.text->size() * qsizetype(sizeof(QChar)) : 0;
     const qsizetype rtfSize = content.rtf ? content.rtf->size() : 0;
@@ -156,7 +156,7 @@ void X11Pasteboard::readingFinished()
 
 void X11Pasteboard::setContent(const PasteboardContent& content)
 {
-    if (isHeavy(m_content)) {
+    if (isLarge(m_content)) {
         const auto old = std::make_shared<PasteboardContent>(std::move(m_content));
         m_taskRunner.run(
             this, [old] { *old = {}; }, [] {});
@@ -202,7 +202,7 @@ void X11Pasteboard::handOver()
     QEventLoop waiting;
     const ClipboardHandover handover(m_connection, m_owner.window());
     connect(&handover, &ClipboardHandover::finished, &waiting, &QEventLoop::quit);
-    m_clock.after(handoverPatience, &waiting, [&waiting] {
+    m_clock.after(handoverTimeout, &waiting, [&waiting] {
         qCWarning(x11PasteboardLog).noquote() << "The clipboard manager does not answer";
         waiting.quit();
     });

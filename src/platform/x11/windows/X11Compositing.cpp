@@ -5,7 +5,7 @@ namespace driftbox {
 X11Compositing::X11Compositing(X11Connection& connection)
     : m_selection(connection, "_NET_WM_CM_S")
 {
-    connect(&m_selection, &X11ScreenSelection::ownedChanged, this, &X11Compositing::changed);
+    connect(&m_selection, &X11ManagerSelection::ownedChanged, this, &X11Compositing::changed);
 }
 
 } // namespace driftbox

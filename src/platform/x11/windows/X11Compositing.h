@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/connection/X11ScreenSelection.h"
+#include "platform/x11/connection/X11ManagerSelection.h"
 
 namespace driftbox {
 
@@ -20,7 +20,7 @@ Q_SIGNALS:
     void changed(bool active);
 
 private:
-    X11ScreenSelection m_selection; ///< compositing managers own that of the screen they blend
+    X11ManagerSelection m_selection; ///< compositing managers own that of the screen they blend
 };
 
 } // namespace driftbox

@@ -12,8 +12,8 @@ void X11SystemTray::watch()
 {
     if (m_selection)
         return;
-    m_selection = std::make_unique<X11ScreenSelection>(m_connection, "_NET_SYSTEM_TRAY_S");
-    connect(m_selection.get(), &X11ScreenSelection::ownedChanged, this,
+    m_selection = std::make_unique<X11ManagerSelection>(m_connection, "_NET_SYSTEM_TRAY_S");
+    connect(m_selection.get(), &X11ManagerSelection::ownedChanged, this,
             &X11SystemTray::setAvailable);
     setAvailable(m_selection->isOwned());
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/StatusArea.h"
-#include "platform/x11/connection/X11ScreenSelection.h"
+#include "platform/x11/connection/X11ManagerSelection.h"
 
 #include <memory>
 
@@ -20,7 +20,7 @@ public:
 
 private:
     X11Connection& m_connection;
-    std::unique_ptr<X11ScreenSelection> m_selection;
+    std::unique_ptr<X11ManagerSelection> m_selection;
 };
 
 } // namespace driftbox

@@ -13,7 +13,7 @@ namespace driftbox::X11WindowGeometry {
 /// The same in screen space.
 [[nodiscard]] QRectF frame(const QWindow& window);
 
-/// The pixels for a frame in screen space, by the scale of the screen that holds its centre.
+/// The pixels for a frame in screen space, by the scale of the screen that holds its center.
 [[nodiscard]] QRect pixelsFor(const QWindow& window, const QRectF& frame);
 
 void setFrame(QWindow& window, const QRectF& frame);

@@ -16,8 +16,8 @@ QImage plainImage(const QSize& size, const QColor& ground = Qt::white)
     return image;
 }
 
-/// `picture`, black on white, in other colours. Text painted in them would be bolder or finer.
-QImage recoloured(QImage picture, const QColor& ink, const QColor& ground)
+/// `picture`, black on white, in other colors. Text painted in them would be bolder or finer.
+QImage recolored(QImage picture, const QColor& ink, const QColor& ground)
 {
     const auto mixed = [](int inkPart, int groundPart, int lightness) {
         return (inkPart * (255 - lightness) + groundPart * lightness) / 255;
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QTest::addColumn<QColor>("ink");
         QTest::addColumn<QColor>("ground");
         QTest::newRow("white on black") << QColor(Qt::white) << QColor(Qt::black);
-        QTest::newRow("grey on grey") << QColor(0x808080) << QColor(0xe0e0e0);
+        QTest::newRow("gray on gray") << QColor(0x808080) << QColor(0xe0e0e0);
         QTest::newRow("red on a green as bright") << QColor(0xc00000) << QColor(0x006200);
         QTest::newRow("white on blue") << QColor(Qt::white) << QColor(0x2f6fed);
     }
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QFETCH(const QColor, ground);
         const QImage picture = renderedText(u"Settings"_s);
         const InkMap reference = inkOf(picture);
-        const InkMap map = inkOf(recoloured(picture, ink, ground));
+        const InkMap map = inkOf(recolored(picture, ink, ground));
         const int marks = marksIn(reference, reference.marks.rect());
         int different = 0;
         for (int y = 0; y < map.marks.height(); ++y) {
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QPainter painter(&image);
         painter.fillRect(0, 0, 150, 100, QColor(0x202530));
         const QImage text = renderedText(u"General"_s);
-        painter.drawImage(20, 30, recoloured(text, Qt::white, QColor(0x202530)));
+        painter.drawImage(20, 30, recolored(text, Qt::white, QColor(0x202530)));
         painter.drawImage(180, 30, text);
         const InkMap map = inkOf(image);
         const int left = marksIn(map, QRect(10, 30, 120, 40));

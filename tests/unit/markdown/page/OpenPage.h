@@ -25,10 +25,10 @@ namespace driftbox {
 
 /// Waits in the event loop until `condition` holds. The engine's threads and this one have much to
 /// tell each other, which the waiting of the test library would slow down by its pauses.
-[[nodiscard]] inline bool waitFor(const std::function<bool()>& condition, int patienceMs = 30'000)
+[[nodiscard]] inline bool waitFor(const std::function<bool()>& condition, int timeoutMs = 30'000)
 {
     constexpr int intervalMs = 2;
-    const QDeadlineTimer deadline(patienceMs);
+    const QDeadlineTimer deadline(timeoutMs);
     QEventLoop loop;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
@@ -71,10 +71,10 @@ public:
     /// The value of an expression in the page; none when the page goes away over it.
     [[nodiscard]] QVariant value(const QString& expression)
     {
-        constexpr int patienceMs = 5'000;
+        constexpr int timeoutMs = 5'000;
         const auto result = std::make_shared<std::optional<QVariant>>();
         engine().runJavaScript(expression, [result](const QVariant& value) { *result = value; });
-        return waitFor([&] { return result->has_value(); }, patienceMs) ? **result : QVariant();
+        return waitFor([&] { return result->has_value(); }, timeoutMs) ? **result : QVariant();
     }
 
     /// Waits for an expression to become true.

@@ -57,7 +57,7 @@ private:
     std::unique_ptr<QWidget> m_widget;
 };
 
-class RecordingEngine final : public MarkdownWebEngine, public MarkdownWebEngines
+class RecordingEngine final : public MarkdownWebEngine, public MarkdownWebEngineFactory
 {
 public:
     [[nodiscard]] std::function<void()> preloading() const override

@@ -210,7 +210,7 @@ private Q_SLOTS:
         QVERIFY(!module.engine());
     }
 
-    void theWindowIsCentredNamedAndAsksBeforeItCloses()
+    void theWindowIsCenterdNamedAndAsksBeforeItCloses()
     {
         bool mayClose = false;
         QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");

@@ -259,7 +259,7 @@ private Q_SLOTS:
         open({.textContent = QString(u"MMMMMMMM\n"_s).repeated(30), .color = NoteColor::pink});
         const QColor paper = Theme::noteSwatch(NoteColor::pink);
         const int line = m_editor->cursorRect(QTextCursor(m_editor->document())).height();
-        // Whether the lowest pixels of the text are paper; the window beneath has another colour.
+        // Whether the lowest pixels of the text are paper; the window beneath has another color.
         const auto endsInPaper = [this, paper] {
             const QImage picture = m_editor->grab().toImage();
             for (int x = 0; x < m_editor->viewport()->width(); ++x) {

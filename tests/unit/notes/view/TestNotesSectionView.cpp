@@ -59,7 +59,7 @@ struct Page
         ShownRows::click(list(), action(row, name));
     }
 
-    /// Whether a row shows this symbol in the colour of symbols.
+    /// Whether a row shows this symbol in the color of symbols.
     [[nodiscard]] bool showsSymbol(const QString& name, int size, int row = 0) const
     {
         constexpr int rowHeight = 53;

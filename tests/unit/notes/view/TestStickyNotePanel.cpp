@@ -240,7 +240,7 @@ private:
     }
 
     std::optional<OpenNote> m_note;
-    FakeFloatingSurfaces m_surfaces;
+    FakeFloatingSurfaceFactory m_surfaces;
     std::unique_ptr<StickyNotePanel> m_panel;
 };
 

@@ -23,7 +23,7 @@ struct Desktop
 
     PanelAnimator animator;
     SectionRegistry registry;
-    FakeFloatingSurfaces surfaces;
+    FakeFloatingSurfaceFactory surfaces;
     FloatingPanel panel{surfaces, animator, registry};
 };
 

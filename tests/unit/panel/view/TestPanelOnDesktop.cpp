@@ -11,7 +11,7 @@
 #include "platform/desktop/QtLocalKeyMonitor.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11Workspace.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11Client.h"
@@ -92,7 +92,7 @@ struct OnDesktopPanel
     [[nodiscard]] QString typed() { return window.findChild<QLineEdit*>()->text(); }
 
     std::unique_ptr<X11Connection> connection = X11Connection::open();
-    X11FloatingSurfaces surfaces{*connection};
+    X11FloatingSurfaceFactory surfaces{*connection};
     X11Workspace workspace{*connection};
     FakePasteKeystroke keystroke;
     FakeCaretLookup caretLookup;

@@ -16,7 +16,7 @@ namespace {
 constexpr SpringCurve transitionSpring{.response = 0.34, .dampingFraction = 0.7};
 constexpr EaseInCurve easeIn{.duration = 0.16};
 
-/// A square of one colour.
+/// A square of one color.
 class Square final : public QWidget
 {
 public:
@@ -84,7 +84,7 @@ class TestPanelTransition : public QObject
 private Q_SLOTS:
     // The effect
 
-    void theEffectScalesAboutTheCentreAndFades_data()
+    void theEffectScalesAboutTheCenterAndFades_data()
     {
         QTest::addColumn<double>("presence");
         QTest::addColumn<int>("firstPixel");
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QTest::newRow("in") << 1.0 << 50 << 255;
         QTest::newRow("over, where there is no room") << 1.5 << 50 << 255;
     }
-    void theEffectScalesAboutTheCentreAndFades()
+    void theEffectScalesAboutTheCenterAndFades()
     {
         QFETCH(double, presence);
         QFETCH(int, firstPixel);

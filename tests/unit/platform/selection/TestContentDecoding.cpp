@@ -104,9 +104,9 @@ private Q_SLOTS:
     {
         RawContent image;
         image.image = QByteArrayList{"x"};
-        QVERIFY(image.isHeavy());
-        QVERIFY(textUnder("UTF8_STRING", QByteArray(1'000'000, 'x')).isHeavy());
-        QVERIFY(!textUnder("UTF8_STRING", "short").isHeavy());
+        QVERIFY(image.isLarge());
+        QVERIFY(textUnder("UTF8_STRING", QByteArray(1'000'000, 'x')).isLarge());
+        QVERIFY(!textUnder("UTF8_STRING", "short").isLarge());
     }
 };
 

@@ -14,7 +14,7 @@ class TestImageConversion : public QObject
 private Q_SLOTS:
     void aPngFileStaysAsItIs()
     {
-        const QByteArray file = imageFile(colourfulImage({40, 30}), "png");
+        const QByteArray file = imageFile(colorfulImage({40, 30}), "png");
         const ConvertedImage converted = ImageConversion::toPng(file);
 
         QVERIFY2(converted.refusal.isEmpty(), qUtf8Printable(converted.refusal));
@@ -35,7 +35,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, kind);
         QFETCH(bool, isLossless);
-        const QImage image = colourfulImage({40, 30});
+        const QImage image = colorfulImage({40, 30});
         const ConvertedImage converted = ImageConversion::toPng(imageFile(image, kind.constData()));
 
         QVERIFY2(converted.refusal.isEmpty(), qUtf8Printable(converted.refusal));
@@ -59,9 +59,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QStringList>("warnings"); // of the decoders
-        const QByteArray png = imageFile(colourfulImage({200, 200}), "png");
-        const QByteArray jpeg = imageFile(colourfulImage({200, 200}), "jpeg");
-        const QByteArray bmp = imageFile(colourfulImage({200, 200}), "bmp");
+        const QByteArray png = imageFile(colorfulImage({200, 200}), "png");
+        const QByteArray jpeg = imageFile(colorfulImage({200, 200}), "jpeg");
+        const QByteArray bmp = imageFile(colorfulImage({200, 200}), "bmp");
         QByteArray damaged = png;
         damaged[damaged.size() / 2] = static_cast<char>(~damaged.at(damaged.size() / 2));
 

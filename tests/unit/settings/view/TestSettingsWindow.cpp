@@ -52,7 +52,7 @@ struct Fixture
     }
 
     SettingsDesk desk;
-    FakeFloatingSurfaces surfaces;
+    FakeFloatingSurfaceFactory surfaces;
     FakeScreens screens;
     SettingsWindowController controller{
         std::make_unique<SettingsWindow>(

@@ -219,7 +219,7 @@ private Q_SLOTS:
         const QImage chosen = menu.grab().toImage();
         QVERIFY(resting.pixel(inEntry) != chosen.pixel(inEntry));
         QVERIFY(shows(resting, Qt::red));
-        QVERIFY(!shows(chosen, Qt::red)); // it has the colour of the text
+        QVERIFY(!shows(chosen, Qt::red)); // it has the color of the text
     }
 
 private:

@@ -44,7 +44,7 @@ private Q_SLOTS:
         }
     }
 
-    void aSymbolHasTheColourAskedFor()
+    void aSymbolHasTheColorAskedFor()
     {
         const QColor orange(0xf0, 0x86, 0x00);
         const QImage image =
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QVERIFY(opaque > 50);
     }
 
-    void translucentColoursStayTranslucent()
+    void translucentColorsStayTranslucent()
     {
         const QColor faint(0, 0, 0, 51);
         const QImage image =
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(Symbols::pixmap(name, {.size = 15, .color = Qt::black}, 1.0).isNull());
     }
 
-    void paintingCentresOnWholePixels()
+    void paintingCentersOnWholePixels()
     {
         QImage canvas(41, 41, QImage::Format_ARGB32_Premultiplied);
         canvas.fill(Qt::transparent);

@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(Theme::withOpacity(half, 0.5).alphaF() - 0.25F) < 0.01F);
     }
 
-    void mixingGoesFromOneColourToTheOther()
+    void mixingGoesFromOneColorToTheOther()
     {
         QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 0.0), QColor(Qt::red));
         QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 1.0), QColor(Qt::blue));

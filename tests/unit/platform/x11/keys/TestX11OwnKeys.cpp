@@ -1,7 +1,7 @@
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/keys/X11KeyEventMonitor.h"
+#include "platform/x11/keys/X11KeySynthesizer.h"
 #include "platform/x11/keys/X11Keyboard.h"
-#include "platform/x11/keys/X11Typist.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11User.h"
 
@@ -40,7 +40,7 @@ private Q_SLOTS:
 
     void aTypedShortcutIsNotTold()
     {
-        QVERIFY(X11Typist(*connection, *keyboard).type(PasteShortcut::controlShiftV));
+        QVERIFY(X11KeySynthesizer(*connection, *keyboard).type(PasteShortcut::controlShiftV));
         user.tap(XK_a);
         QTRY_COMPARE(events.size(), 1);
         QCOMPARE(events.first().kind, KeyEventKind::keyDown);
@@ -50,7 +50,7 @@ private Q_SLOTS:
     void whatTheUserPressesBeforeAndAfterIsTold()
     {
         user.tap(XK_Control_L);
-        QVERIFY(X11Typist(*connection, *keyboard).type(PasteShortcut::controlV));
+        QVERIFY(X11KeySynthesizer(*connection, *keyboard).type(PasteShortcut::controlV));
         user.tap(XK_Control_L);
         QTRY_COMPARE(events.size(), 4);
         QCOMPARE(events.at(0).flags, ModifierFlag::control);
@@ -63,7 +63,7 @@ private Q_SLOTS:
     {
         user.press(XK_Shift_L);
         QTRY_COMPARE(events.size(), 1);
-        QVERIFY(X11Typist(*connection, *keyboard).type(PasteShortcut::controlV));
+        QVERIFY(X11KeySynthesizer(*connection, *keyboard).type(PasteShortcut::controlV));
         user.tap(XK_a);
         QTRY_COMPARE(events.size(), 2);
         QCOMPARE(events.at(1).kind, KeyEventKind::keyDown);

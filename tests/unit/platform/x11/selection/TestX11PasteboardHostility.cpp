@@ -305,7 +305,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("image");
         QTest::addColumn<QByteArray>("line");
-        const QByteArray png = imageFile(colourfulImage({50, 50}), "png");
+        const QByteArray png = imageFile(colorfulImage({50, 50}), "png");
         QTest::newRow("garbage") << QByteArray("garbage")
                                  << QByteArray("not an image of a known kind");
         QTest::newRow("empty") << QByteArray() << QByteArray("not an image of a known kind");

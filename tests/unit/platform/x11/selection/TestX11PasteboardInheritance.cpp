@@ -20,7 +20,7 @@ class TestX11PasteboardInheritance : public PasteboardTest
 private Q_SLOTS:
     void whatAProgramOfferedOutlivesIt()
     {
-        const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
+        const QByteArray png = imageFile(colorfulImage({30, 20}), "png");
         auto owner = std::make_unique<ScriptedOwner>();
         owner->formats = {{"UTF8_STRING", "text"},
                           {"text/rtf", "{\\rtf1}"},
@@ -113,7 +113,7 @@ private Q_SLOTS:
 
     void anImageThatIsBeingDecodedOutlivesItsProgram()
     {
-        const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
+        const QByteArray png = imageFile(colorfulImage({30, 20}), "png");
         auto owner = std::make_unique<ScriptedOwner>();
         owner->formats = {{"image/png", png}};
         owner->take();

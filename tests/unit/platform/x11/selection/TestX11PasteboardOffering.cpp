@@ -57,7 +57,7 @@ private Q_SLOTS:
 
     void everyFormatIsPasted()
     {
-        const QByteArray png = imageFile(colourfulImage({30, 20}), "png");
+        const QByteArray png = imageFile(colorfulImage({30, 20}), "png");
         pasteboard().write({.text = u"x"_s, .rtf = "{\\rtf1 x}", .png = png});
 
         QTRY_COMPARE(Xclip::pasted(u"image/png"_s), png);

@@ -44,7 +44,7 @@ private Q_SLOTS:
     void everyFormatIsThereWhenTheCountMoves()
     {
         PasteboardProgram program(m_runner);
-        const QByteArray png = imageFile(colourfulImage({20, 10}), "png");
+        const QByteArray png = imageFile(colorfulImage({20, 10}), "png");
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "caf\xc3\xa9"},
                          {"STRING", "caf\xe9"},
@@ -65,7 +65,7 @@ private Q_SLOTS:
         PasteboardProgram program(runner);
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "text"},
-                         {"image/bmp", imageFile(colourfulImage({20, 10}), "bmp")}};
+                         {"image/bmp", imageFile(colorfulImage({20, 10}), "bmp")}};
         owner.take();
 
         QTRY_COMPARE(runner.pending(), std::size_t(1));
@@ -75,7 +75,7 @@ private Q_SLOTS:
         runner.runNext();
         QCOMPARE(program.pasteboard.changeCount(), 1);
         const QImage image = QImage::fromData(*program.pasteboard.content().png, "PNG");
-        QCOMPARE(image.convertToFormat(QImage::Format_RGB32), colourfulImage({20, 10}));
+        QCOMPARE(image.convertToFormat(QImage::Format_RGB32), colorfulImage({20, 10}));
         QCOMPARE(program.pasteboard.content().text, std::optional(u"text"_s));
     }
 
@@ -150,7 +150,7 @@ private Q_SLOTS:
     void incrementsAreJoined()
     {
         PasteboardProgram program(m_runner);
-        const QByteArray png = imageFile(colourfulImage({90, 70}), "png");
+        const QByteArray png = imageFile(colorfulImage({90, 70}), "png");
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", QByteArray(10'000, 'x') + "end"}, {"image/png", png}};
         owner.incrementSize = 1'000;
@@ -272,7 +272,7 @@ private Q_SLOTS:
         FakeTaskRunner runner;
         PasteboardProgram program(runner);
         ScriptedOwner first;
-        first.formats = {{"image/png", imageFile(colourfulImage({5, 5}), "png")}};
+        first.formats = {{"image/png", imageFile(colorfulImage({5, 5}), "png")}};
         first.take();
         QTRY_COMPARE(runner.pending(), std::size_t(1));
 

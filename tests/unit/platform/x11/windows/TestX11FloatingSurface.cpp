@@ -1,5 +1,5 @@
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11Client.h"
 #include "support/X11User.h"
@@ -23,7 +23,7 @@ namespace {
 constexpr QRect screenFrame(0, 0, 1440, 900);
 const QColor paper(30, 120, 200);
 
-/// A window of one colour that remembers the keys that reach it.
+/// A window of one color that remembers the keys that reach it.
 class Card final : public QRasterWindow
 {
 public:
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         connection = X11Connection::open();
         QVERIFY(connection);
-        surfaces = std::make_unique<X11FloatingSurfaces>(*connection);
+        surfaces = std::make_unique<X11FloatingSurfaceFactory>(*connection);
         card = std::make_unique<Card>();
         surface = surfaces->adopt(*card, FloatingSurface::Role::panel);
         user.movePointer({1430, 890});
@@ -574,7 +574,7 @@ private:
         qEnvironmentVariable("DRIFTBOX_TEST_WINDOW_MANAGER", u"openbox"_s);
     X11User user;
     std::unique_ptr<X11Connection> connection;
-    std::unique_ptr<X11FloatingSurfaces> surfaces;
+    std::unique_ptr<X11FloatingSurfaceFactory> surfaces;
     std::unique_ptr<Card> card;
     std::unique_ptr<FloatingSurface> surface;
 };

@@ -1,5 +1,5 @@
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11Screens.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11Client.h"
@@ -105,7 +105,7 @@ private Q_SLOTS:
     {
         QFETCH(QRectF, frame);
         QFETCH(QRect, pixels);
-        X11FloatingSurfaces surfaces(*connection);
+        X11FloatingSurfaceFactory surfaces(*connection);
         QRasterWindow window;
         window.create();
         const auto surface = surfaces.adopt(window, FloatingSurface::Role::note);

@@ -22,7 +22,7 @@ private Q_SLOTS:
         m_windows = std::make_unique<X11StandardWindows>(*m_connection);
     }
 
-    void aWindowIsCentredOnItsScreen()
+    void aWindowIsCenterdOnItsScreen()
     {
         QRasterWindow window;
         window.resize(780, 640);

@@ -1,5 +1,5 @@
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11WindowManager.h"
 #include "platform/x11/windows/X11Workspace.h"
 #include "support/VirtualDesktop.h"
@@ -90,7 +90,7 @@ private Q_SLOTS:
         client.takeFocus();
         QTRY_VERIFY(client.hasFocus());
 
-        X11FloatingSurfaces surfaces(*connection);
+        X11FloatingSurfaceFactory surfaces(*connection);
         QWindow window;
         window.resize(200, 100);
         window.create();

@@ -1,5 +1,5 @@
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11Workspace.h"
 #include "support/VirtualDesktop.h"
 #include "support/X11Client.h"
@@ -115,7 +115,7 @@ private Q_SLOTS:
 
         QWindow window;
         window.create();
-        X11FloatingSurfaces surfaces(*connection);
+        X11FloatingSurfaceFactory surfaces(*connection);
         const auto panel = surfaces.adopt(window, FloatingSurface::Role::panel);
         panel->present(FloatingSurface::Keyboard::take);
         QTRY_VERIFY(panel->isKey());
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QTRY_VERIFY(client.hasFocus());
         QWindow window;
         window.create();
-        X11FloatingSurfaces surfaces(*connection);
+        X11FloatingSurfaceFactory surfaces(*connection);
         const auto panel = surfaces.adopt(window, FloatingSurface::Role::panel);
         panel->present(FloatingSurface::Keyboard::take);
         QTRY_VERIFY(panel->isKey());

@@ -15,13 +15,14 @@ class X11Connection;
 class X11FloatingSurface;
 
 /// The floating windows of this program on X11. Main thread only.
-class X11FloatingSurfaces final : public FloatingSurfaces, public QAbstractNativeEventFilter
+class X11FloatingSurfaceFactory final : public FloatingSurfaceFactory,
+                                        public QAbstractNativeEventFilter
 {
 public:
     /// Round trips. The application object must run on X11. `connection` must outlive this, and
     /// this every surface made here.
-    explicit X11FloatingSurfaces(X11Connection& connection);
-    ~X11FloatingSurfaces() override;
+    explicit X11FloatingSurfaceFactory(X11Connection& connection);
+    ~X11FloatingSurfaceFactory() override;
 
     [[nodiscard]] std::unique_ptr<FloatingSurface> adopt(QWindow& window,
                                                          FloatingSurface::Role role) override;

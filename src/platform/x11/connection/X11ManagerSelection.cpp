@@ -1,4 +1,4 @@
-#include "platform/x11/connection/X11ScreenSelection.h"
+#include "platform/x11/connection/X11ManagerSelection.h"
 
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/connection/X11Reply.h"
@@ -24,12 +24,12 @@ QByteArray screenNumber(const X11Connection& connection)
 
 } // namespace
 
-X11ScreenSelection::X11ScreenSelection(X11Connection& connection, const QByteArray& prefix)
+X11ManagerSelection::X11ManagerSelection(X11Connection& connection, const QByteArray& prefix)
     : m_selection(connection.atom(prefix + screenNumber(connection)))
     , m_firstEvent(connection.firstEventOf(xcb_xfixes_id))
 {
     xcb_connection_t* xcb = connection.xcb();
-    connect(&connection, &X11Connection::eventReceived, this, &X11ScreenSelection::handleEvent);
+    connect(&connection, &X11Connection::eventReceived, this, &X11ManagerSelection::handleEvent);
     const X11Reply<xcb_xfixes_query_version_reply_t> version(xcb_xfixes_query_version_reply(
         xcb, xcb_xfixes_query_version(xcb, XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION),
         nullptr));
@@ -42,7 +42,7 @@ X11ScreenSelection::X11ScreenSelection(X11Connection& connection, const QByteArr
     m_isOwned = owner && owner->owner != XCB_NONE;
 }
 
-void X11ScreenSelection::handleEvent(const xcb_generic_event_t& event)
+void X11ManagerSelection::handleEvent(const xcb_generic_event_t& event)
 {
     if (!m_firstEvent ||
         (event.response_type & 0x7f) != *m_firstEvent + XCB_XFIXES_SELECTION_NOTIFY)

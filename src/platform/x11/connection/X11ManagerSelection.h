@@ -14,13 +14,13 @@ class X11Connection;
 
 /// One of the selections by which a program says that it does a job for the whole screen. Such
 /// programs come and go. Main thread only.
-class X11ScreenSelection final : public QObject
+class X11ManagerSelection final : public QObject
 {
     Q_OBJECT
 
 public:
     /// The screen's number is appended to `prefix`. Round trips. `connection` must outlive this.
-    X11ScreenSelection(X11Connection& connection, const QByteArray& prefix);
+    X11ManagerSelection(X11Connection& connection, const QByteArray& prefix);
 
     [[nodiscard]] bool isOwned() const { return m_isOwned; }
 

@@ -15,11 +15,11 @@ class X11Keyboard;
 /// Types a shortcut, alone, into the window that has the keyboard. Modifiers that are held are let
 /// go first and stay so until the user presses them again; locked ones and the layout are as before
 /// afterwards.
-class X11Typist
+class X11KeySynthesizer
 {
 public:
     /// Both must outlive the typist.
-    X11Typist(X11Connection& connection, const X11Keyboard& keyboard);
+    X11KeySynthesizer(X11Connection& connection, const X11Keyboard& keyboard);
 
     /// Round trip. Returns whether the keyboard has the keys that it takes.
     [[nodiscard]] bool type(PasteShortcut shortcut) const;

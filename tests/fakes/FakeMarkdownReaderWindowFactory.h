@@ -6,13 +6,13 @@
 
 namespace driftbox {
 
-class FakeMarkdownReaderWindows;
+class FakeMarkdownReaderWindowFactory;
 
 /// A window that counts how often it is presented and closes when a test says so.
 class FakeMarkdownReaderWindow final : public MarkdownReaderWindow
 {
 public:
-    explicit FakeMarkdownReaderWindow(FakeMarkdownReaderWindows& all);
+    explicit FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& all);
     ~FakeMarkdownReaderWindow() override;
 
     void present() override { ++presented; }
@@ -25,11 +25,11 @@ public:
     std::function<void(const QUrl&)> openDocument;
 
 private:
-    FakeMarkdownReaderWindows& m_all;
+    FakeMarkdownReaderWindowFactory& m_all;
 };
 
 /// Makes such windows and knows the living ones, in the order in which they were made.
-class FakeMarkdownReaderWindows final : public MarkdownReaderWindows
+class FakeMarkdownReaderWindowFactory final : public MarkdownReaderWindowFactory
 {
 public:
     [[nodiscard]] std::unique_ptr<MarkdownReaderWindow>
@@ -43,7 +43,7 @@ public:
     std::vector<FakeMarkdownReaderWindow*> windows;
 };
 
-inline FakeMarkdownReaderWindow::FakeMarkdownReaderWindow(FakeMarkdownReaderWindows& all)
+inline FakeMarkdownReaderWindow::FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& all)
     : m_all(all)
 {
     all.windows.push_back(this);
@@ -55,7 +55,7 @@ inline FakeMarkdownReaderWindow::~FakeMarkdownReaderWindow()
 }
 
 /// A panel in which a test chooses.
-class FakeMarkdownOpenPanel final : public MarkdownOpenPanel
+class FakeMarkdownOpenPanel final : public FileChooser
 {
 public:
     void run(std::function<void(const QUrl&)> callback) override

@@ -8,13 +8,13 @@ namespace driftbox {
 /// which graphics it would have liked, and which sandbox it was told not to use. Failures are
 /// logged all the same. Made and destroyed on the main thread, one at a time; the engine talks on
 /// threads of its own, too.
-class EngineChatter
+class EngineLogFilter
 {
 public:
-    EngineChatter();
-    ~EngineChatter();
-    EngineChatter(const EngineChatter&) = delete;
-    EngineChatter& operator=(const EngineChatter&) = delete;
+    EngineLogFilter();
+    ~EngineLogFilter();
+    EngineLogFilter(const EngineLogFilter&) = delete;
+    EngineLogFilter& operator=(const EngineLogFilter&) = delete;
 
     /// The engine is there. One thing it says later, as it sets up its drawing.
     void startIsOver();

@@ -11,7 +11,7 @@ namespace driftbox {
 
 /// The names under which the cases of an enumeration are stored.
 template <typename Enum, std::size_t count>
-struct RawValues
+struct EnumNames
 {
     std::array<std::pair<Enum, QStringView>, count> pairs;
 

@@ -1,4 +1,4 @@
-#include "markdown/view/MarkdownOpenDialog.h"
+#include "markdown/view/MarkdownFileChooser.h"
 
 #include "fakes/FakeStandardWindows.h"
 #include "support/main/TestMain.h"
@@ -10,7 +10,7 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-class TestMarkdownOpenDialog : public QObject
+class TestMarkdownFileChooser : public QObject
 {
     Q_OBJECT
 
@@ -31,13 +31,13 @@ private Q_SLOTS:
         QCOMPARE(dialog.nameFilters(), QStringList{u"Markdown (*.md)"_s});
     }
 
-    void aChosenFileIsHandedOverAndACancelledPanelDoesNothing()
+    void aChosenFileIsHandedOverAndACanceledPanelDoesNothing()
     {
         const QTemporaryDir folder;
         QFile file(folder.filePath(u"a.md"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         FakeStandardWindows windows;
-        MarkdownOpenDialog panel(windows);
+        MarkdownFileChooser panel(windows);
         QList<QUrl> chosen;
         const auto choose = [&chosen](const QUrl& url) { chosen << url; };
 
@@ -65,7 +65,7 @@ private Q_SLOTS:
     }
 
 private:
-    static void run(MarkdownOpenDialog& panel, const std::function<void(const QUrl&)>& choose)
+    static void run(MarkdownFileChooser& panel, const std::function<void(const QUrl&)>& choose)
     {
         panel.run(choose);
         QVERIFY(dialog());
@@ -81,5 +81,5 @@ private:
     }
 };
 
-DRIFTBOX_TEST(TestMarkdownOpenDialog, QApplication)
-#include "TestMarkdownOpenDialog.moc"
+DRIFTBOX_TEST(TestMarkdownFileChooser, QApplication)
+#include "TestMarkdownFileChooser.moc"

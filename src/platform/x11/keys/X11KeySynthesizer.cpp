@@ -1,4 +1,4 @@
-#include "platform/x11/keys/X11Typist.h"
+#include "platform/x11/keys/X11KeySynthesizer.h"
 
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/connection/X11Reply.h"
@@ -55,13 +55,13 @@ std::optional<Chord> chordOf(PasteShortcut shortcut, const X11Keyboard& keyboard
 
 } // namespace
 
-X11Typist::X11Typist(X11Connection& connection, const X11Keyboard& keyboard)
+X11KeySynthesizer::X11KeySynthesizer(X11Connection& connection, const X11Keyboard& keyboard)
     : m_connection(connection)
     , m_keyboard(keyboard)
 {
 }
 
-bool X11Typist::type(PasteShortcut shortcut) const
+bool X11KeySynthesizer::type(PasteShortcut shortcut) const
 {
     xcb_connection_t* xcb = m_connection.xcb();
     const auto keymapAsked = xcb_query_keymap(xcb);
@@ -88,8 +88,8 @@ bool X11Typist::type(PasteShortcut shortcut) const
     return true;
 }
 
-void X11Typist::releaseHeld(const xcb_query_keymap_reply_t& keymap,
-                            const std::vector<xcb_keycode_t>& chord) const
+void X11KeySynthesizer::releaseHeld(const xcb_query_keymap_reply_t& keymap,
+                                    const std::vector<xcb_keycode_t>& chord) const
 {
     // A key of the shortcut that is down already would not go down once more.
     for (int code = 0; code < 256; ++code) {
@@ -101,19 +101,20 @@ void X11Typist::releaseHeld(const xcb_query_keymap_reply_t& keymap,
     }
 }
 
-void X11Typist::lock(std::uint8_t affected, std::uint8_t modifiers, std::uint8_t group) const
+void X11KeySynthesizer::lock(std::uint8_t affected, std::uint8_t modifiers,
+                             std::uint8_t group) const
 {
     // Modifiers and layouts that are latched for one key are unlatched.
     xcb_xkb_latch_lock_state(m_connection.xcb(), keyboardDevice, affected, modifiers & affected,
                              true, group, allModifiers, true, 0);
 }
 
-void X11Typist::press(xcb_keycode_t code) const
+void X11KeySynthesizer::press(xcb_keycode_t code) const
 {
     m_connection.fakeKey(XCB_KEY_PRESS, code);
 }
 
-void X11Typist::release(xcb_keycode_t code) const
+void X11KeySynthesizer::release(xcb_keycode_t code) const
 {
     m_connection.fakeKey(XCB_KEY_RELEASE, code);
 }

@@ -1,4 +1,4 @@
-#include "markdown/webengine/EngineChatter.h"
+#include "markdown/webengine/EngineLogFilter.h"
 
 #include <atomic>
 #include <cstring>
@@ -14,36 +14,35 @@ std::atomic<bool> isStarting = false;
 
 } // namespace
 
-EngineChatter::EngineChatter()
+EngineLogFilter::EngineLogFilter()
 {
     isStarting = true;
     programsLog = qInstallMessageHandler(nullptr);
-    qInstallMessageHandler(&EngineChatter::handle);
+    qInstallMessageHandler(&EngineLogFilter::handle);
 }
 
-EngineChatter::~EngineChatter()
+EngineLogFilter::~EngineLogFilter()
 {
     qInstallMessageHandler(programsLog);
 }
 
-void EngineChatter::startIsOver()
+void EngineLogFilter::startIsOver()
 {
     isStarting = false;
 }
 
-void EngineChatter::handle(QtMsgType type, const QMessageLogContext& context,
-                           const QString& message)
+void EngineLogFilter::handle(QtMsgType type, const QMessageLogContext& context,
+                             const QString& message)
 {
     // The program's own lines have categories of their own.
     const char* category = context.category != nullptr ? context.category : "default";
     const bool isTheEngines =
         std::strcmp(category, "default") == 0 || std::strncmp(category, "qt.webengine", 12) == 0;
     const bool isFailure = type == QtCriticalMsg || type == QtFatalMsg;
-    const bool isChatter =
-        isTheEngines && !isFailure &&
-        (isStarting || message.startsWith(u"No suitable graphics backend found"));
+    const bool isNoise = isTheEngines && !isFailure &&
+                         (isStarting || message.startsWith(u"No suitable graphics backend found"));
     const QtMessageHandler log = programsLog;
-    if (log != nullptr && !isChatter)
+    if (log != nullptr && !isNoise)
         log(type, context, message);
 }
 

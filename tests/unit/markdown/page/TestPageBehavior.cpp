@@ -9,7 +9,7 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-class TestPageBehaviour : public PageTest
+class TestPageBehavior : public PageTest
 {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(background() != dark);
     }
 
-    void everyColourOfTheDarkScreenHasOneForPaper()
+    void everyColorOfTheDarkScreenHasOneForPaper()
     {
         (void)m_open->value(
             u"window.rules = [...document.styleSheets[0].cssRules]; window.names = (rules) => "
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.scrollY"_s).toInt(), 1000);
     }
 
-    void diagramsAreDrawnInTheColoursOfTheTheme()
+    void diagramsAreDrawnInTheColorsOfTheTheme()
     {
         const QString text = u"```mermaid\nflowchart LR\nA[one] --> B[two]\n```"_s;
         QVERIFY(m_open->render(text, u"light"_s));
@@ -253,5 +253,5 @@ private:
     }
 };
 
-DRIFTBOX_PAGE_TEST(TestPageBehaviour)
-#include "TestPageBehaviour.moc"
+DRIFTBOX_PAGE_TEST(TestPageBehavior)
+#include "TestPageBehavior.moc"

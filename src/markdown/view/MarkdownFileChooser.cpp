@@ -1,4 +1,4 @@
-#include "markdown/view/MarkdownOpenDialog.h"
+#include "markdown/view/MarkdownFileChooser.h"
 
 #include "platform/StandardWindows.h"
 
@@ -23,17 +23,17 @@ void offerMarkdownFiles(QFileDialog& dialog, bool systemKnowsMarkdown)
         dialog.setNameFilter(u"Markdown (*.md)"_s);
 }
 
-MarkdownOpenDialog::MarkdownOpenDialog(StandardWindows& windows)
+MarkdownFileChooser::MarkdownFileChooser(StandardWindows& windows)
     : m_windows(windows)
 {
 }
 
-MarkdownOpenDialog::~MarkdownOpenDialog()
+MarkdownFileChooser::~MarkdownFileChooser()
 {
     delete m_dialog;
 }
 
-void MarkdownOpenDialog::run(std::function<void(const QUrl&)> chosen)
+void MarkdownFileChooser::run(std::function<void(const QUrl&)> chosen)
 {
     if (!m_dialog) {
         m_dialog = new QFileDialog;

@@ -1,4 +1,4 @@
-#include "platform/x11/windows/X11FloatingSurfaces.h"
+#include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/windows/X11FloatingSurface.h"
@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-X11FloatingSurfaces::X11FloatingSurfaces(X11Connection& connection)
+X11FloatingSurfaceFactory::X11FloatingSurfaceFactory(X11Connection& connection)
     : m_connection(connection)
     , m_compositing(connection)
     , m_windowManagerProperty(connection.atom("_NET_SUPPORTING_WM_CHECK"))
@@ -17,14 +17,14 @@ X11FloatingSurfaces::X11FloatingSurfaces(X11Connection& connection)
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
-X11FloatingSurfaces::~X11FloatingSurfaces()
+X11FloatingSurfaceFactory::~X11FloatingSurfaceFactory()
 {
     if (auto* application = QCoreApplication::instance())
         application->removeNativeEventFilter(this);
 }
 
-std::unique_ptr<FloatingSurface> X11FloatingSurfaces::adopt(QWindow& window,
-                                                            FloatingSurface::Role role)
+std::unique_ptr<FloatingSurface> X11FloatingSurfaceFactory::adopt(QWindow& window,
+                                                                  FloatingSurface::Role role)
 {
     auto surface = std::make_unique<X11FloatingSurface>(window, role, m_connection, m_compositing);
     m_surfaces.push_back(surface.get());
@@ -33,7 +33,8 @@ std::unique_ptr<FloatingSurface> X11FloatingSurfaces::adopt(QWindow& window,
     return surface;
 }
 
-bool X11FloatingSurfaces::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
+bool X11FloatingSurfaceFactory::nativeEventFilter(const QByteArray& eventType, void* message,
+                                                  qintptr*)
 {
     if (eventType != "xcb_generic_event_t")
         return false;
@@ -64,7 +65,7 @@ bool X11FloatingSurfaces::nativeEventFilter(const QByteArray& eventType, void* m
     return false;
 }
 
-X11FloatingSurface* X11FloatingSurfaces::surfaceOf(xcb_window_t window) const
+X11FloatingSurface* X11FloatingSurfaceFactory::surfaceOf(xcb_window_t window) const
 {
     const auto found = std::ranges::find(m_surfaces, window, &X11FloatingSurface::window);
     return found != m_surfaces.end() ? *found : nullptr;

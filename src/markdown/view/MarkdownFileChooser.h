@@ -11,12 +11,12 @@ namespace driftbox {
 class StandardWindows;
 
 /// The desktop's file dialog.
-class MarkdownOpenDialog final : public MarkdownOpenPanel
+class MarkdownFileChooser final : public FileChooser
 {
 public:
     /// `windows` must outlive this.
-    explicit MarkdownOpenDialog(StandardWindows& windows);
-    ~MarkdownOpenDialog() override;
+    explicit MarkdownFileChooser(StandardWindows& windows);
+    ~MarkdownFileChooser() override;
 
     void run(std::function<void(const QUrl&)> chosen) override;
 

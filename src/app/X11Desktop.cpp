@@ -1,19 +1,7 @@
 #include "app/X11Desktop.h"
 
-#include "clipboard/OCREngine.h"
-#include "core/AppConfig.h"
-#include "core/JsonUserDefaults.h"
-#include "platform/desktop/DesktopDocumentOpener.h"
-#include "platform/desktop/DesktopPageOpener.h"
-#include "platform/desktop/PortalAppearance.h"
-#include "platform/desktop/PosixFileSystem.h"
-#include "platform/desktop/QtLocalKeyMonitor.h"
-#include "platform/desktop/StatusNotifierHosts.h"
-#include "platform/desktop/SystemClock.h"
-#include "platform/desktop/ThreadPoolTaskRunner.h"
-#include "platform/desktop/XdgAutostart.h"
+#include "app/FreedesktopServices.h"
 #include "platform/desktop/caret/AtSpiCaretLookup.h"
-#include "platform/desktop/caret/ToolkitAccessibility.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/keys/X11KeyEventMonitor.h"
 #include "platform/x11/keys/X11Keyboard.h"
@@ -29,7 +17,6 @@
 #include "platform/x11/windows/X11Workspace.h"
 
 #include <QtCore/QLoggingCategory>
-#include <QtDBus/QDBusConnection>
 
 using namespace Qt::StringLiterals;
 
@@ -49,32 +36,20 @@ struct X11Desktop::BackEnds
     }
 
     std::unique_ptr<X11Connection> connection;
-    PosixFileSystem fileSystem;
-    SystemClock clock;
-    JsonUserDefaults userDefaults{fileSystem, AppConfig::settingsFolder()};
-    ThreadPoolTaskRunner tasks;
-    OCREngine textRecognizer;
-    ThreadPoolTaskRunner recognitions;
-    PortalAppearance appearance{QDBusConnection::sessionBus()};
-    XdgAutostart loginItem{fileSystem, AppConfig::autostartFolder()};
-    QtLocalKeyMonitor localKeys;
+    FreedesktopServices session;
     X11Screens screens{*connection};
-    ToolkitAccessibility toolkitAccessibility{QDBusConnection::sessionBus()};
     X11ActiveWindow activeWindow{*connection};
-    AtSpiCaretLookup caretLookup{QDBusConnection::sessionBus(), tasks, activeWindow, screens};
-    X11Pasteboard pasteboard{*connection, clock, tasks};
-    X11SelectedText selectedText{*connection, clock, tasks};
-    X11PrimarySelection primarySelection{*connection, clock, pasteboard};
+    AtSpiCaretLookup caretLookup{session.sessionBus, session.tasks, activeWindow, screens};
+    X11Pasteboard pasteboard{*connection, session.clock, session.tasks};
+    X11SelectedText selectedText{*connection, session.clock, session.tasks};
+    X11PrimarySelection primarySelection{*connection, session.clock, pasteboard};
     X11Keyboard keyboard{*connection};
     X11KeyEventMonitor keyEvents{*connection, keyboard};
     X11Workspace workspace{*connection};
     X11PasteKeystroke pasteKeystroke{*connection, keyboard, primarySelection};
     X11FloatingSurfaceFactory floatingSurfaces{*connection};
-    DesktopPageOpener pages;
-    StatusNotifierHosts statusNotifiers{QDBusConnection::sessionBus()};
     X11SystemTray systemTray{*connection};
     X11StandardWindows standardWindows{*connection};
-    DesktopDocumentOpener documentOpener{QDBusConnection::sessionBus()};
 };
 
 std::unique_ptr<X11Desktop> X11Desktop::open()
@@ -95,21 +70,19 @@ X11Desktop::X11Desktop(std::unique_ptr<BackEnds> backEnds)
 
 X11Desktop::~X11Desktop()
 {
-    // Reading a picture may take long, and the tasks are waited for.
-    m_backEnds->textRecognizer.stop();
     m_backEnds->pasteboard.handOver();
 }
 
 Desktop X11Desktop::services()
 {
     BackEnds& own = *m_backEnds;
-    return {.fileSystem = own.fileSystem,
-            .clock = own.clock,
-            .userDefaults = own.userDefaults,
-            .tasks = own.tasks,
-            .appearance = own.appearance,
-            .loginItem = own.loginItem,
-            .localKeys = own.localKeys,
+    return {.fileSystem = own.session.fileSystem,
+            .clock = own.session.clock,
+            .userDefaults = own.session.userDefaults,
+            .tasks = own.session.tasks,
+            .appearance = own.session.appearance,
+            .loginItem = own.session.loginItem,
+            .localKeys = own.session.localKeys,
             .screens = own.screens,
             .caretLookup = own.caretLookup,
             .pasteboard = own.pasteboard,
@@ -118,13 +91,13 @@ Desktop X11Desktop::services()
             .workspace = own.workspace,
             .pasteKeystroke = own.pasteKeystroke,
             .floatingSurfaces = own.floatingSurfaces,
-            .textRecognizer = own.textRecognizer,
-            .recognitions = own.recognitions,
-            .pages = own.pages,
-            .statusNotifiers = own.statusNotifiers,
+            .textRecognizer = own.session.textRecognizer,
+            .recognitions = own.session.recognitions,
+            .pages = own.session.pages,
+            .statusNotifiers = own.session.statusNotifiers,
             .systemTray = own.systemTray,
             .standardWindows = own.standardWindows,
-            .documentOpener = own.documentOpener};
+            .documentOpener = own.session.documentOpener};
 }
 
 } // namespace driftbox

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "clipboard/OCREngine.h"
+#include "core/JsonUserDefaults.h"
+#include "platform/desktop/DesktopDocumentOpener.h"
+#include "platform/desktop/DesktopPageOpener.h"
+#include "platform/desktop/PortalAppearance.h"
+#include "platform/desktop/PosixFileSystem.h"
+#include "platform/desktop/QtLocalKeyMonitor.h"
+#include "platform/desktop/StatusNotifierHosts.h"
+#include "platform/desktop/SystemClock.h"
+#include "platform/desktop/ThreadPoolTaskRunner.h"
+#include "platform/desktop/XdgAutostart.h"
+#include "platform/desktop/caret/ToolkitAccessibility.h"
+
+#include <QtDBus/QDBusConnection>
+
+namespace driftbox {
+
+/// What every freedesktop.org session gives the program, whatever its window system. A desktop owns
+/// one of these beside the back-ends of its window system, which may borrow from it.
+struct FreedesktopServices
+{
+    FreedesktopServices();
+    /// Ends the recognition of text that is under way: it may take long, and tasks are waited for.
+    ~FreedesktopServices();
+    FreedesktopServices(const FreedesktopServices&) = delete;
+    FreedesktopServices& operator=(const FreedesktopServices&) = delete;
+
+    QDBusConnection sessionBus;
+    PosixFileSystem fileSystem;
+    SystemClock clock;
+    JsonUserDefaults userDefaults;
+    ThreadPoolTaskRunner tasks;
+    OCREngine textRecognizer;
+    ThreadPoolTaskRunner recognitions;
+    PortalAppearance appearance;
+    XdgAutostart loginItem;
+    QtLocalKeyMonitor localKeys;
+    ToolkitAccessibility toolkitAccessibility;
+    DesktopPageOpener pages;
+    StatusNotifierHosts statusNotifiers;
+    DesktopDocumentOpener documentOpener;
+};
+
+} // namespace driftbox

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 #include <sys/types.h>
 
 #include <QtCore/QString>
+
+class QObject;
 
 namespace driftbox {
 
@@ -14,6 +17,14 @@ namespace driftbox {
 class RunningApplication
 {
 public:
+    /// Where the keyboard is.
+    enum class Focus {
+        inside, ///< in that window
+        outside,
+        gone, ///< the process or the window has
+    };
+    using FocusAnswer = std::function<void(Focus)>;
+
     RunningApplication() = default;
     RunningApplication(const RunningApplication&) = delete;
     RunningApplication& operator=(const RunningApplication&) = delete;
@@ -33,6 +44,10 @@ public:
     /// Asks the desktop to bring that window to the front and give it the keyboard. Returns at
     /// once.
     virtual void activate() = 0;
+
+    /// Asks where the keyboard is. Waits for nobody: `answer` is called once, perhaps before this
+    /// returns, and not at all once this or `owner` has been destroyed.
+    virtual void whenFocusKnown(QObject* owner, FocusAnswer answer) = 0;
 };
 
 /// Which application the user works in. Main thread only.

@@ -20,11 +20,16 @@ public:
     [[nodiscard]] bool isFinishedLaunching() const override { return finishedLaunching; }
     [[nodiscard]] bool isTerminated() const override { return terminated; }
     void activate() override { ++activations; }
+    void whenFocusKnown(QObject*, FocusAnswer answer) override
+    {
+        answer(terminated ? Focus::gone : focus);
+    }
 
     pid_t processId = 4711;
     std::optional<QString> bundleId;
     bool finishedLaunching = true;
     bool terminated = false;
+    Focus focus = Focus::inside;
     int activations = 0;
 };
 

@@ -1,11 +1,11 @@
 #include "platform/x11/keys/X11KeySynthesizer.h"
 
 #include "platform/x11/connection/X11Connection.h"
-#include "platform/x11/connection/X11Reply.h"
 #include "platform/x11/keys/X11Keyboard.h"
 #include "platform/x11/keys/Xkb.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 #include <X11/keysym.h>
@@ -61,29 +61,38 @@ X11KeySynthesizer::X11KeySynthesizer(X11Connection& connection, const X11Keyboar
 {
 }
 
-bool X11KeySynthesizer::type(PasteShortcut shortcut) const
+void X11KeySynthesizer::type(PasteShortcut shortcut, Typed typed)
 {
-    xcb_connection_t* xcb = m_connection.xcb();
-    const auto keymapAsked = xcb_query_keymap(xcb);
-    const auto stateAsked = xcb_xkb_get_state(xcb, keyboardDevice);
-    const X11Reply<xcb_query_keymap_reply_t> keymap(
-        xcb_query_keymap_reply(xcb, keymapAsked, nullptr));
-    const X11Reply<xcb_xkb_get_state_reply_t> state(
-        xcb_xkb_get_state_reply(xcb, stateAsked, nullptr));
-    if (!keymap || !state)
-        return false;
-    const auto chord = chordOf(shortcut, m_keyboard, state->lockedGroup);
+    // Replies come in the order of the requests.
+    const auto keymap = std::make_shared<std::optional<xcb_query_keymap_reply_t>>();
+    m_connection.whenReplied<xcb_query_keymap_reply_t>(
+        xcb_query_keymap(m_connection.xcb()).sequence, this,
+        [keymap](const xcb_query_keymap_reply_t* reply) {
+            if (reply)
+                *keymap = *reply;
+        });
+    m_connection.whenReplied<xcb_xkb_get_state_reply_t>(
+        xcb_xkb_get_state(m_connection.xcb(), keyboardDevice).sequence, this,
+        [this, shortcut, keymap, typed = std::move(typed)](const xcb_xkb_get_state_reply_t* state) {
+            typed(*keymap && state && type(shortcut, **keymap, *state));
+        });
+}
+
+bool X11KeySynthesizer::type(PasteShortcut shortcut, const xcb_query_keymap_reply_t& keymap,
+                             const xcb_xkb_get_state_reply_t& state) const
+{
+    const auto chord = chordOf(shortcut, m_keyboard, state.lockedGroup);
     if (!chord)
         return false;
 
-    releaseHeld(*keymap, chord->keys);
+    releaseHeld(keymap, chord->keys);
     const std::uint8_t numLock = m_keyboard.numLockMask();
     const auto switched = static_cast<std::uint8_t>(allModifiers & ~numLock);
-    lock(switched, 0, chord->group.value_or(state->lockedGroup));
+    lock(switched, 0, chord->group.value_or(state.lockedGroup));
     std::ranges::for_each(chord->keys, [this](xcb_keycode_t code) { press(code); });
     std::for_each(chord->keys.rbegin(), chord->keys.rend(),
                   [this](xcb_keycode_t code) { release(code); });
-    lock(switched, state->lockedMods, state->lockedGroup);
+    lock(switched, state.lockedMods, state.lockedGroup);
     m_connection.flush();
     return true;
 }

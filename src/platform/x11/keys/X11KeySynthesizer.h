@@ -3,9 +3,14 @@
 #include "platform/selection/PasteShortcuts.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
+#include <QtCore/QObject>
+
 #include <xcb/xcb.h>
+
+struct xcb_xkb_get_state_reply_t;
 
 namespace driftbox {
 
@@ -14,17 +19,23 @@ class X11Keyboard;
 
 /// Types a shortcut, alone, into the window that has the keyboard. Modifiers that are held are let
 /// go first and stay so until the user presses them again; locked ones and the layout are as before
-/// afterwards.
-class X11KeySynthesizer
+/// afterwards. Main thread only; waits for nobody.
+class X11KeySynthesizer final : public QObject
 {
 public:
     /// Both must outlive the typist.
     X11KeySynthesizer(X11Connection& connection, const X11Keyboard& keyboard);
 
-    /// Round trip. Returns whether the keyboard has the keys that it takes.
-    [[nodiscard]] bool type(PasteShortcut shortcut) const;
+    /// Tells whether the keys were typed: the keyboard may lack one of them. Nothing is called once
+    /// this has been destroyed.
+    using Typed = std::function<void(bool isTyped)>;
+
+    /// Types as soon as the server has said which keys are down.
+    void type(PasteShortcut shortcut, Typed typed);
 
 private:
+    [[nodiscard]] bool type(PasteShortcut shortcut, const xcb_query_keymap_reply_t& keymap,
+                            const xcb_xkb_get_state_reply_t& state) const;
     void press(xcb_keycode_t code) const;
     void release(xcb_keycode_t code) const;
     void releaseHeld(const xcb_query_keymap_reply_t& keymap,

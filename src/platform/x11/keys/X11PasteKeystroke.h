@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PasteKeystroke.h"
+#include "platform/Workspace.h"
 #include "platform/selection/PasteShortcuts.h"
 #include "platform/x11/keys/X11KeySynthesizer.h"
 
@@ -9,17 +10,15 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 
-#include <xcb/xcb.h>
-
 namespace driftbox {
 
 class PrimarySelection;
 class X11Connection;
 class X11Keyboard;
-class X11RunningApplication;
 
 /// The paste shortcut as the server's test extension types it: real keys for whatever window has
-/// the focus, so it waits until that is the target's. Main thread only.
+/// the focus, so it waits until that is the target's. Nothing waits for the server meanwhile. Main
+/// thread only.
 class X11PasteKeystroke final : public QObject, public PasteKeystroke
 {
 public:
@@ -31,14 +30,14 @@ public:
 
 private:
     void typeOnceFocused(std::uint64_t generation);
+    void proceed(RunningApplication::Focus focus);
+    void type();
     void giveUp(const char* reason);
-    [[nodiscard]] bool hasKeyboard(const X11RunningApplication& target) const;
 
-    X11Connection& m_connection;
     X11KeySynthesizer m_typist;
     PrimarySelection& m_primarySelection;
 
-    std::shared_ptr<X11RunningApplication> m_target; ///< null when nothing waits to be sent
+    std::shared_ptr<RunningApplication> m_target; ///< null when nothing waits to be sent
     PasteShortcut m_shortcut = PasteShortcut::controlV;
     QDeadlineTimer m_deadline;
     std::uint64_t m_generation = 0;

@@ -80,9 +80,14 @@ X11RunningApplication::X11RunningApplication(X11Connection& connection, xcb_wind
 {
 }
 
+bool X11RunningApplication::hasProcessEnded() const
+{
+    return m_processIdentifier > 0 && kill(m_processIdentifier, 0) != 0 && errno == ESRCH;
+}
+
 bool X11RunningApplication::isTerminated() const
 {
-    if (m_processIdentifier > 0 && kill(m_processIdentifier, 0) != 0 && errno == ESRCH)
+    if (hasProcessEnded())
         return true;
     const auto cookie = xcb_get_window_attributes(m_connection.xcb(), m_window);
     const X11Reply<xcb_get_window_attributes_reply_t> attributes(
@@ -101,6 +106,49 @@ void X11RunningApplication::activate()
         windowManager.activate(m_window, now);
     });
     m_connection.flush();
+}
+
+void X11RunningApplication::Asker::tell(Focus focus) const
+{
+    if (owner)
+        answer(focus);
+}
+
+void X11RunningApplication::whenFocusKnown(QObject* owner, FocusAnswer answer)
+{
+    const auto cookie = xcb_get_window_attributes(m_connection.xcb(), m_window);
+    m_connection.whenReplied<xcb_get_window_attributes_reply_t>(
+        cookie.sequence, this,
+        [this, asker = Asker{owner, std::move(answer)}](
+            const xcb_get_window_attributes_reply_t* attributes) {
+            if (attributes == nullptr || hasProcessEnded())
+                asker.tell(Focus::gone);
+            else
+                askForFocus(asker);
+        });
+}
+
+void X11RunningApplication::askForFocus(const Asker& asker)
+{
+    const auto cookie = xcb_get_input_focus(m_connection.xcb());
+    m_connection.whenReplied<xcb_get_input_focus_reply_t>(
+        cookie.sequence, this, [this, asker](const xcb_get_input_focus_reply_t* focus) {
+            lookForOurWindow(focus ? focus->focus : XCB_NONE, asker);
+        });
+}
+
+// Toolkits may keep the focus in a child of their window.
+void X11RunningApplication::lookForOurWindow(xcb_window_t from, const Asker& asker)
+{
+    if (from == m_window)
+        return asker.tell(Focus::inside);
+    if (from <= XCB_INPUT_FOCUS_POINTER_ROOT || from == m_connection.root())
+        return asker.tell(Focus::outside);
+    const auto cookie = xcb_query_tree(m_connection.xcb(), from);
+    m_connection.whenReplied<xcb_query_tree_reply_t>(
+        cookie.sequence, this, [this, asker](const xcb_query_tree_reply_t* tree) {
+            lookForOurWindow(tree ? tree->parent : XCB_NONE, asker);
+        });
 }
 
 } // namespace driftbox

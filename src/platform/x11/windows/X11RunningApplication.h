@@ -3,6 +3,7 @@
 #include "platform/Workspace.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 
 #include <xcb/xcb.h>
 
@@ -29,8 +30,20 @@ public:
     /// Round trip.
     [[nodiscard]] bool isTerminated() const override;
     void activate() override;
+    void whenFocusKnown(QObject* owner, FocusAnswer answer) override;
 
 private:
+    struct Asker
+    {
+        QPointer<QObject> owner;
+        FocusAnswer answer;
+        void tell(Focus focus) const;
+    };
+
+    [[nodiscard]] bool hasProcessEnded() const;
+    void askForFocus(const Asker& asker);
+    void lookForOurWindow(xcb_window_t from, const Asker& asker);
+
     X11Connection& m_connection;
     const xcb_window_t m_window;
     const pid_t m_processIdentifier;

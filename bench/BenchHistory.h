@@ -40,10 +40,10 @@ struct BenchMachine
     {
         files.createFolder(root());
         ClipboardManifest::Writer writer;
-        const auto error =
+        const auto written =
             files.writeAtomically(root() + QStringLiteral("/manifest.json"), writer.encode(items));
-        if (error)
-            qFatal("%s", qUtf8Printable(*error));
+        if (!written)
+            qFatal("%s", qUtf8Printable(written.error().message));
     }
 };
 

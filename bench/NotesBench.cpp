@@ -61,9 +61,10 @@ void writeManifest(FileSystem& files, int count)
         notes.push_back(NotesManifest::encode(savedNote(words(number, savedLength), number)));
     const QString folder = AppConfig::storage::defaultRootURL() + u"/notes"_s;
     files.createFolder(folder);
-    if (const auto error =
-            files.writeAtomically(folder + u"/manifest.json"_s, JsonRecords::join(notes)))
-        qFatal("%s", qUtf8Printable(*error));
+    const auto written =
+        files.writeAtomically(folder + u"/manifest.json"_s, JsonRecords::join(notes));
+    if (!written)
+        qFatal("%s", qUtf8Printable(written.error().message));
 }
 
 NoteEditor* activeEditor()

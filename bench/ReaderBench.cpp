@@ -57,8 +57,8 @@ Figures reader()
     Desktop services = desktop->services();
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"doc.md"_s);
-    if (const auto error = services.fileSystem.writeAtomically(path, document()))
-        qFatal("%s", qUtf8Printable(*error));
+    if (const auto written = services.fileSystem.writeAtomically(path, document()); !written)
+        qFatal("%s", qUtf8Printable(written.error().message));
 
     MarkdownReaderViewModel viewModel(QUrl::fromLocalFile(path), services.fileSystem);
     viewModel.load();

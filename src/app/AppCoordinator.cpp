@@ -141,10 +141,10 @@ void AppCoordinator::buildPanelWhenIdle()
 void AppCoordinator::applyLaunchAtLogin()
 {
     LoginItem& item = m_desktop.loginItem;
-    const auto error = m_settings.launchAtLogin() ? item.registerItem() : item.unregisterItem();
-    if (error)
+    const auto done = m_settings.launchAtLogin() ? item.registerItem() : item.unregisterItem();
+    if (!done)
         qCCritical(appCoordinatorLog).noquote()
-            << u"Launch-at-login toggle failed: %1"_s.arg(*error);
+            << u"Launch-at-login toggle failed: %1"_s.arg(done.error().message);
 }
 
 void AppCoordinator::togglePanel()

@@ -87,14 +87,14 @@ QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
     return JsonRecords::join(objects);
 }
 
-Decoded decode(const QByteArray& text)
+Expected<std::vector<ClipboardItem>> decode(const QByteArray& text)
 {
-    Decoded decoded;
-    decoded.error = JsonRecords::read(
-        text, [&decoded](JsonFields& fields) { decoded.items.push_back(decodeItem(fields)); });
-    if (!decoded.error.isEmpty())
-        decoded.items.clear();
-    return decoded;
+    std::vector<ClipboardItem> items;
+    const auto read = JsonRecords::read(
+        text, [&items](JsonFields& fields) { items.push_back(decodeItem(fields)); });
+    if (!read)
+        return read.error();
+    return items;
 }
 
 } // namespace driftbox::ClipboardManifest

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
+#include "platform/Expected.h"
 
 #include <optional>
 #include <vector>
@@ -32,11 +33,6 @@ private:
     QHash<ClipboardItemId, Element> m_elements;
 };
 
-struct Decoded
-{
-    std::vector<ClipboardItem> items;
-    QString error; ///< empty when the manifest is good
-};
-[[nodiscard]] Decoded decode(const QByteArray& text);
+Expected<std::vector<ClipboardItem>> decode(const QByteArray& text);
 
 } // namespace driftbox::ClipboardManifest

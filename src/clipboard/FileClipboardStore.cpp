@@ -36,28 +36,28 @@ void FileClipboardStore::bootstrap()
     const auto text = m_manifest.read();
     if (!text)
         return;
-    ClipboardManifest::Decoded decoded = ClipboardManifest::decode(*text);
-    if (!decoded.error.isEmpty()) {
+    auto items = ClipboardManifest::decode(*text);
+    if (!items) {
         qCCritical(fileClipboardStoreLog).noquote()
-            << u"Manifest corrupt, starting empty: %1"_s.arg(decoded.error);
+            << u"Manifest corrupt, starting empty: %1"_s.arg(items.error().message);
         m_manifest.markCorrupt(*text);
         return;
     }
-    m_items = std::move(decoded.items);
+    m_items = std::move(*items);
 }
 
 void FileClipboardStore::persist()
 {
-    if (const auto error = m_manifest.write(m_writer.encode(m_items)))
+    if (const auto written = m_manifest.write(m_writer.encode(m_items)); !written)
         qCCritical(fileClipboardStoreLog).noquote()
-            << u"Failed to persist manifest: %1"_s.arg(*error);
+            << u"Failed to persist manifest: %1"_s.arg(written.error().message);
 }
 
 void FileClipboardStore::writeFile(const QByteArray& bytes, const QString& path)
 {
-    if (const auto error = m_fileSystem.writeAtomically(path, bytes)) {
-        qCCritical(fileClipboardStoreLog).noquote()
-            << u"Failed to write image %1: %2"_s.arg(path.section(u'/', -1), *error);
+    if (const auto written = m_fileSystem.writeAtomically(path, bytes); !written) {
+        qCCritical(fileClipboardStoreLog).noquote() << u"Failed to write image %1: %2"_s.arg(
+            path.section(u'/', -1), written.error().message);
     }
 }
 

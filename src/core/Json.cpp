@@ -17,13 +17,15 @@ QString complaint(const json_error_t& error)
 
 } // namespace
 
-Parsed parse(const QByteArray& text, Numbers numbers)
+Expected<Value> parse(const QByteArray& text, Numbers numbers)
 {
     json_error_t error{};
     const size_t reals = numbers == Numbers::asReals ? JSON_DECODE_INT_AS_REAL : 0;
     Value value(json_loadb(text.constData(), static_cast<size_t>(text.size()),
                            JSON_ALLOW_NUL | reals, &error));
-    return {std::move(value), complaint(error)};
+    if (!value)
+        return Error{complaint(error)};
+    return value;
 }
 
 QByteArray compactText(const json_t& value)

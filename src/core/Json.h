@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Expected.h"
 #include "platform/Instant.h"
 
 #include <memory>
@@ -20,19 +21,13 @@ struct Release
 /// An owned reference to a JSON value.
 using Value = std::unique_ptr<json_t, Release>;
 
-struct Parsed
-{
-    Value value;   ///< null when the text is no JSON
-    QString error; ///< why, then, and where; nothing of the text itself
-};
-
 enum class Numbers {
     asReals,   ///< every number becomes a real, whatever its notation
     asWritten, ///< numbers without fraction and exponent become integers
 };
 
-/// Reads one array or object.
-[[nodiscard]] Parsed parse(const QByteArray& text, Numbers numbers);
+/// Reads one array or object. An error names the place, but nothing of the text itself.
+Expected<Value> parse(const QByteArray& text, Numbers numbers);
 
 /// Compact text of an array or object.
 [[nodiscard]] QByteArray compactText(const json_t& value);

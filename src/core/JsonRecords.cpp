@@ -8,20 +8,20 @@ using namespace Qt::StringLiterals;
 
 namespace driftbox::JsonRecords {
 
-QString read(const QByteArray& text, const std::function<void(JsonFields&)>& read)
+Expected<void> read(const QByteArray& text, const std::function<void(JsonFields&)>& read)
 {
-    const Json::Parsed parsed = Json::parse(text, Json::Numbers::asReals);
-    if (!parsed.value)
-        return parsed.error;
-    if (!json_is_array(parsed.value.get()))
-        return u"not an array"_s;
+    const auto array = Json::parse(text, Json::Numbers::asReals);
+    if (!array)
+        return array.error();
+    if (!json_is_array(array->get()))
+        return Error{u"not an array"_s};
 
-    const size_t count = json_array_size(parsed.value.get());
+    const size_t count = json_array_size(array->get());
     for (size_t index = 0; index < count; ++index) {
-        JsonFields fields(json_array_get(parsed.value.get(), index));
+        JsonFields fields(json_array_get(array->get(), index));
         read(fields);
         if (!fields.error().isEmpty())
-            return u"item %1: %2"_s.arg(index).arg(fields.error());
+            return Error{u"item %1: %2"_s.arg(index).arg(fields.error())};
     }
     return {};
 }

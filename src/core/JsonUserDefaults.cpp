@@ -37,13 +37,13 @@ void JsonUserDefaults::load()
     if (!text)
         return;
 
-    Json::Parsed parsed = Json::parse(*text, Json::Numbers::asWritten);
-    if (json_is_object(parsed.value.get())) {
-        m_object = std::move(parsed.value);
+    auto parsed = Json::parse(*text, Json::Numbers::asWritten);
+    if (parsed && json_is_object(parsed->get())) {
+        m_object = std::move(*parsed);
         return;
     }
     qCCritical(jsonUserDefaultsLog).noquote() << u"Settings unreadable, using defaults: %1"_s.arg(
-        parsed.value ? u"not an object"_s : parsed.error);
+        parsed ? u"not an object"_s : parsed.error().message);
     m_file.markCorrupt(*text);
 }
 
@@ -65,8 +65,9 @@ void JsonUserDefaults::setValue(const QString& key, const DefaultsValue& value)
                         std::visit(ToJson(), value).release());
 
     m_fileSystem.createFolder(m_folder);
-    if (const auto error = m_file.write(Json::compactText(*m_object)))
-        qCCritical(jsonUserDefaultsLog).noquote() << u"Failed to store settings: %1"_s.arg(*error);
+    if (const auto written = m_file.write(Json::compactText(*m_object)); !written)
+        qCCritical(jsonUserDefaultsLog).noquote()
+            << u"Failed to store settings: %1"_s.arg(written.error().message);
 }
 
 } // namespace driftbox

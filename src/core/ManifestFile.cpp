@@ -22,12 +22,12 @@ std::optional<QByteArray> ManifestFile::read() const
     return m_fileSystem.read(m_path);
 }
 
-std::optional<QString> ManifestFile::write(const QByteArray& contents)
+Expected<void> ManifestFile::write(const QByteArray& contents)
 {
     if (m_corrupt) {
         const QString aside = m_path.chopped(ending.size()) + u".corrupt.json"_s;
-        if (auto error = m_fileSystem.writeAtomically(aside, *m_corrupt))
-            return error;
+        if (auto written = m_fileSystem.writeAtomically(aside, *m_corrupt); !written)
+            return written;
         m_corrupt.reset();
     }
     return m_fileSystem.writeAtomically(m_path, contents);

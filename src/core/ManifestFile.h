@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Expected.h"
+
 #include <optional>
 
 #include <QtCore/QByteArray>
@@ -23,8 +25,8 @@ public:
     /// `contents`, which `read` gave, could not be understood.
     void markCorrupt(const QByteArray& contents) { m_corrupt = contents; }
 
-    /// Returns what went wrong, or none. The file is then as it was.
-    [[nodiscard]] std::optional<QString> write(const QByteArray& contents);
+    /// When it fails, the file is as it was.
+    Expected<void> write(const QByteArray& contents);
 
 private:
     FileSystem& m_fileSystem;

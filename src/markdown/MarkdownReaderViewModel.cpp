@@ -94,9 +94,10 @@ bool MarkdownReaderViewModel::save()
 {
     if (!m_hasUnsavedChanges)
         return true;
-    if (const auto error =
-            m_fileSystem.replaceDocument(m_fileURL.toLocalFile(), m_markdown.toUtf8())) {
-        qCCritical(readerLog).noquote() << u"Save failed for %1: %2"_s.arg(m_displayName, *error);
+    const auto saved = m_fileSystem.replaceDocument(m_fileURL.toLocalFile(), m_markdown.toUtf8());
+    if (!saved) {
+        qCCritical(readerLog).noquote()
+            << u"Save failed for %1: %2"_s.arg(m_displayName, saved.error().message);
         return false;
     }
     setHasUnsavedChanges(false);

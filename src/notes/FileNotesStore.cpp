@@ -35,14 +35,14 @@ void FileNotesStore::bootstrap()
     const auto text = m_manifest.read();
     if (!text)
         return;
-    NotesManifest::Decoded decoded = NotesManifest::decode(*text);
-    if (!decoded.error.isEmpty()) {
+    auto notes = NotesManifest::decode(*text);
+    if (!notes) {
         qCCritical(fileNotesStoreLog).noquote()
-            << u"Notes manifest corrupt, starting empty: %1"_s.arg(decoded.error);
+            << u"Notes manifest corrupt, starting empty: %1"_s.arg(notes.error().message);
         m_manifest.markCorrupt(*text);
         return;
     }
-    m_notes = std::move(decoded.notes);
+    m_notes = std::move(*notes);
     m_encoded.resize(m_notes.size());
 }
 
@@ -63,8 +63,9 @@ void FileNotesStore::saveImage(const QByteArray& data, const StickyNote& note)
 {
     if (note.kind != StickyNote::Kind::image)
         return;
-    if (const auto error = m_fileSystem.writeAtomically(imageURL(note), data))
-        qCCritical(fileNotesStoreLog).noquote() << u"Failed to write note image: %1"_s.arg(*error);
+    if (const auto written = m_fileSystem.writeAtomically(imageURL(note), data); !written)
+        qCCritical(fileNotesStoreLog).noquote()
+            << u"Failed to write note image: %1"_s.arg(written.error().message);
 }
 
 void FileNotesStore::unsave(const StickyNoteId& id)
@@ -93,9 +94,9 @@ bool FileNotesStore::forget(const StickyNoteId& id)
 void FileNotesStore::persist()
 {
     encodeMissing();
-    if (const auto error = m_manifest.write(JsonRecords::join(m_encoded)))
+    if (const auto written = m_manifest.write(JsonRecords::join(m_encoded)); !written)
         qCCritical(fileNotesStoreLog).noquote()
-            << u"Failed to persist notes manifest: %1"_s.arg(*error);
+            << u"Failed to persist notes manifest: %1"_s.arg(written.error().message);
 }
 
 void FileNotesStore::encodeMissing()

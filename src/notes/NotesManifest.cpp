@@ -88,14 +88,14 @@ QByteArray encode(const StickyNote& note)
     return Json::compactText(*element);
 }
 
-Decoded decode(const QByteArray& text)
+Expected<std::vector<StickyNote>> decode(const QByteArray& text)
 {
-    Decoded decoded;
-    decoded.error = JsonRecords::read(
-        text, [&decoded](JsonFields& fields) { decoded.notes.push_back(decodeNote(fields)); });
-    if (!decoded.error.isEmpty())
-        decoded.notes.clear();
-    return decoded;
+    std::vector<StickyNote> notes;
+    const auto read = JsonRecords::read(
+        text, [&notes](JsonFields& fields) { notes.push_back(decodeNote(fields)); });
+    if (!read)
+        return read.error();
+    return notes;
 }
 
 } // namespace driftbox::NotesManifest

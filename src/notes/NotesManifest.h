@@ -1,6 +1,7 @@
 #pragma once
 
 #include "notes/StickyNote.h"
+#include "platform/Expected.h"
 
 #include <vector>
 
@@ -14,11 +15,6 @@ namespace driftbox::NotesManifest {
 /// One element of the array.
 [[nodiscard]] QByteArray encode(const StickyNote& note);
 
-struct Decoded
-{
-    std::vector<StickyNote> notes;
-    QString error; ///< empty when the manifest is good
-};
-[[nodiscard]] Decoded decode(const QByteArray& text);
+Expected<std::vector<StickyNote>> decode(const QByteArray& text);
 
 } // namespace driftbox::NotesManifest

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Expected.h"
+
 #include <optional>
 
 #include <QtCore/QByteArray>
@@ -20,16 +22,14 @@ public:
     [[nodiscard]] virtual std::optional<QByteArray> read(const QString& path) const = 0;
 
     /// Replaces the file as a whole, readable by the user alone: at any instant, a crash included,
-    /// the path holds either the old bytes or the new. Returns what went wrong, or none.
-    [[nodiscard]] virtual std::optional<QString> writeAtomically(const QString& path,
-                                                                 const QByteArray& bytes) = 0;
+    /// the path holds either the old bytes or the new.
+    virtual Expected<void> writeAtomically(const QString& path, const QByteArray& bytes) = 0;
 
     /// Replaces a document of the user as a whole, and the disk has it on return: a write that
     /// fails leaves the old file. Permissions and a symbolic link on the way stay as they are; a
     /// new file gets the user's usual permissions; a file that is protected from writing is not
-    /// replaced. Returns what went wrong, or none.
-    [[nodiscard]] virtual std::optional<QString> replaceDocument(const QString& path,
-                                                                 const QByteArray& bytes) = 0;
+    /// replaced.
+    virtual Expected<void> replaceDocument(const QString& path, const QByteArray& bytes) = 0;
 
     /// Creates the folder and those above it, for the user alone. False when it is not there after.
     virtual bool createFolder(const QString& path) = 0;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <optional>
-
-#include <QtCore/QString>
+#include "platform/Expected.h"
 
 namespace driftbox {
 
@@ -15,9 +13,9 @@ public:
     LoginItem& operator=(const LoginItem&) = delete;
     virtual ~LoginItem() = default;
 
-    /// Both return a description of what went wrong, or none when it worked.
-    [[nodiscard]] virtual std::optional<QString> registerItem() = 0;
-    [[nodiscard]] virtual std::optional<QString> unregisterItem() = 0;
+    virtual Expected<void> registerItem() = 0;
+    /// That there was no item is fine.
+    virtual Expected<void> unregisterItem() = 0;
 };
 
 } // namespace driftbox

@@ -27,24 +27,24 @@ std::optional<QByteArray> FakeFileSystem::read(const QString& path) const
     return *file;
 }
 
-std::optional<QString> FakeFileSystem::writeAtomically(const QString& path, const QByteArray& bytes)
+Expected<void> FakeFileSystem::writeAtomically(const QString& path, const QByteArray& bytes)
 {
     const QMutexLocker lock(&m_mutex);
     ++m_writes[path];
     if (const auto error = writeError(path))
-        return error;
+        return *error;
     m_files.insert(path, bytes);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<QString> FakeFileSystem::writeError(const QString& path) const
+std::optional<Error> FakeFileSystem::writeError(const QString& path) const
 {
     for (const QString& key : {path, QString()}) {
         if (const auto error = m_writeErrors.constFind(key); error != m_writeErrors.cend())
-            return *error;
+            return Error{*error};
     }
     if (!m_folders.contains(folderOf(path)))
-        return u"%1: No such file or directory"_s.arg(path);
+        return Error{u"%1: No such file or directory"_s.arg(path)};
     return std::nullopt;
 }
 

@@ -16,11 +16,9 @@ class FakeFileSystem final : public FileSystem
 {
 public:
     [[nodiscard]] std::optional<QByteArray> read(const QString& path) const override;
-    [[nodiscard]] std::optional<QString> writeAtomically(const QString& path,
-                                                         const QByteArray& bytes) override;
+    Expected<void> writeAtomically(const QString& path, const QByteArray& bytes) override;
     /// Counts and fails as any write.
-    [[nodiscard]] std::optional<QString> replaceDocument(const QString& path,
-                                                         const QByteArray& bytes) override
+    Expected<void> replaceDocument(const QString& path, const QByteArray& bytes) override
     {
         return writeAtomically(path, bytes);
     }
@@ -51,7 +49,7 @@ public:
 
 private:
     void addFolder(const QString& path);
-    [[nodiscard]] std::optional<QString> writeError(const QString& path) const;
+    [[nodiscard]] std::optional<Error> writeError(const QString& path) const;
 
     mutable QMutex m_mutex;
     QMap<QString, QByteArray> m_files;

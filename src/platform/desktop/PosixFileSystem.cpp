@@ -23,6 +23,11 @@ constexpr mode_t fileMode = 0600;
 constexpr mode_t folderMode = 0700;
 constexpr int linkLimit = 40;
 
+Error failure(const QString& path, int error)
+{
+    return {u"%1: %2"_s.arg(path, qt_error_string(error))};
+}
+
 QByteArray folderOf(const QByteArray& path)
 {
     return path.left(path.lastIndexOf('/') + 1);
@@ -181,16 +186,11 @@ std::optional<QByteArray> PosixFileSystem::read(const QString& path) const
     }
 }
 
-std::optional<QString> PosixFileSystem::writeAtomically(const QString& path,
-                                                        const QByteArray& bytes)
+Expected<void> PosixFileSystem::writeAtomically(const QString& path, const QByteArray& bytes)
 {
-    const auto failure = [&path](int error) {
-        return u"%1: %2"_s.arg(path, qt_error_string(error));
-    };
-
     const auto target = followLinks(QFile::encodeName(path));
     if (!target)
-        return failure(errno);
+        return failure(path, errno);
     const QByteArray folder = folderOf(*target);
     const QByteArray temporary = folder + '.' + target->mid(folder.size()) + ".new";
 
@@ -199,27 +199,26 @@ std::optional<QString> PosixFileSystem::writeAtomically(const QString& path,
         rename(temporary.constData(), target->constData()) != 0) {
         const int error = errno;
         unlink(temporary.constData());
-        return failure(error);
+        return failure(path, error);
     }
     m_sync.schedule(*target);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<QString> PosixFileSystem::replaceDocument(const QString& path,
-                                                        const QByteArray& bytes)
+Expected<void> PosixFileSystem::replaceDocument(const QString& path, const QByteArray& bytes)
 {
     const auto target = followLinks(QFile::encodeName(path));
     if (!target || !mayReplace(*target))
-        return qt_error_string(errno);
+        return failure(path, errno);
     // A name that nothing of the user's has.
     const QByteArray temporary =
         *target + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16) + ".new";
     if (writeDocument(temporary, bytes, *target) &&
         rename(temporary.constData(), target->constData()) == 0)
-        return std::nullopt;
+        return {};
     const int error = errno;
     unlink(temporary.constData());
-    return qt_error_string(error);
+    return failure(path, error);
 }
 
 bool PosixFileSystem::createFolder(const QString& path)

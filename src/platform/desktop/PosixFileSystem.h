@@ -20,10 +20,8 @@ class PosixFileSystem final : public FileSystem
 {
 public:
     [[nodiscard]] std::optional<QByteArray> read(const QString& path) const override;
-    [[nodiscard]] std::optional<QString> writeAtomically(const QString& path,
-                                                         const QByteArray& bytes) override;
-    [[nodiscard]] std::optional<QString> replaceDocument(const QString& path,
-                                                         const QByteArray& bytes) override;
+    Expected<void> writeAtomically(const QString& path, const QByteArray& bytes) override;
+    Expected<void> replaceDocument(const QString& path, const QByteArray& bytes) override;
     bool createFolder(const QString& path) override;
     bool remove(const QString& path) override;
 

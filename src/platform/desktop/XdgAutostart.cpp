@@ -70,17 +70,17 @@ XdgAutostart::XdgAutostart(FileSystem& fileSystem, const QString& autostartFolde
 {
 }
 
-std::optional<QString> XdgAutostart::registerItem()
+Expected<void> XdgAutostart::registerItem()
 {
     m_fileSystem.createFolder(m_folder);
     return m_fileSystem.writeAtomically(m_path, desktopEntry(program()));
 }
 
-std::optional<QString> XdgAutostart::unregisterItem()
+Expected<void> XdgAutostart::unregisterItem()
 {
     if (m_fileSystem.remove(m_path) || !m_fileSystem.read(m_path))
-        return std::nullopt;
-    return u"%1 cannot be removed"_s.arg(m_path);
+        return {};
+    return Error{u"%1: cannot be removed"_s.arg(m_path)};
 }
 
 } // namespace driftbox

@@ -14,9 +14,9 @@ public:
     /// `autostartFolder` need not exist. `fileSystem` must outlive this.
     XdgAutostart(FileSystem& fileSystem, const QString& autostartFolder);
 
-    [[nodiscard]] std::optional<QString> registerItem() override;
+    Expected<void> registerItem() override;
     /// Works also when there is nothing to remove.
-    [[nodiscard]] std::optional<QString> unregisterItem() override;
+    Expected<void> unregisterItem() override;
 
 private:
     FileSystem& m_fileSystem;

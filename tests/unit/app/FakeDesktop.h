@@ -28,18 +28,18 @@ namespace driftbox {
 class FakeLoginItem final : public LoginItem
 {
 public:
-    [[nodiscard]] std::optional<QString> registerItem() override
+    Expected<void> registerItem() override
     {
         ++registrations;
-        return error;
+        return outcome;
     }
-    [[nodiscard]] std::optional<QString> unregisterItem() override
+    Expected<void> unregisterItem() override
     {
         ++unregistrations;
-        return error;
+        return outcome;
     }
 
-    std::optional<QString> error;
+    Expected<void> outcome;
     int registrations = 0;
     int unregistrations = 0;
 };

@@ -63,7 +63,7 @@ private Q_SLOTS:
         static QStringList log;
         log.clear();
         m_desktop->keyboard.trusted = false;
-        m_desktop->loginItem.error = u"no such item"_s;
+        m_desktop->loginItem.outcome = Error{u"no such item"_s};
         const auto before = qInstallMessageHandler(
             [](QtMsgType, const QMessageLogContext&, const QString& message) { log << message; });
         m_coordinator->start();
@@ -102,7 +102,7 @@ private Q_SLOTS:
     void aLoginItemThatFailsIsLoggedAndTheSettingStays()
     {
         m_coordinator->settings().setLaunchAtLogin(true);
-        m_desktop->loginItem.error = u"Permission denied"_s;
+        m_desktop->loginItem.outcome = Error{u"Permission denied"_s};
         QTest::ignoreMessage(QtCriticalMsg, "Launch-at-login toggle failed: Permission denied");
         m_coordinator->applyLaunchAtLogin();
         QVERIFY(m_coordinator->settings().launchAtLogin());

@@ -250,7 +250,7 @@ private:
 
     [[nodiscard]] std::vector<ClipboardItem> manifest() const
     {
-        return ClipboardManifest::decode(m_files->read(manifestPath).value_or("[]")).items;
+        return *ClipboardManifest::decode(m_files->read(manifestPath).value_or("[]"));
     }
 
     FakeClock m_clock;

@@ -98,7 +98,7 @@ struct NotesDesk
 
     [[nodiscard]] std::vector<StickyNote> manifest() const
     {
-        return NotesManifest::decode(files.read(manifestPath).value_or("[]")).notes;
+        return *NotesManifest::decode(files.read(manifestPath).value_or("[]"));
     }
     [[nodiscard]] int manifestWrites() const { return files.writeCount(manifestPath); }
     [[nodiscard]] QString imagePath(StickyNoteId id) const

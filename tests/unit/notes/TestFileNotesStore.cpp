@@ -211,7 +211,7 @@ private:
 
     [[nodiscard]] std::vector<StickyNote> manifest() const
     {
-        return NotesManifest::decode(m_files->read(manifestPath).value_or("[]")).notes;
+        return *NotesManifest::decode(m_files->read(manifestPath).value_or("[]"));
     }
 
     std::unique_ptr<FakeFileSystem> m_files;

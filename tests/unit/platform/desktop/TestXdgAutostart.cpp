@@ -46,7 +46,7 @@ private Q_SLOTS:
     {
         FakeFileSystem files;
         XdgAutostart item(files, folder);
-        QCOMPARE(item.registerItem(), std::nullopt);
+        QVERIFY(item.registerItem());
 
         const QByteArray entry = files.read(entryPath).value_or(QByteArray());
         const QString running = QCoreApplication::applicationFilePath();
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(u"/bin/true"_s, installed));
         FakeFileSystem files;
         XdgAutostart item(files, folder);
-        QCOMPARE(item.registerItem(), std::nullopt);
+        QVERIFY(item.registerItem());
         QCOMPARE(valueOf(*files.read(entryPath), u"Exec"_s), u'"' + installed + u'"');
     }
 
@@ -71,10 +71,10 @@ private Q_SLOTS:
     {
         FakeFileSystem files;
         XdgAutostart item(files, folder);
-        QCOMPARE(item.registerItem(), std::nullopt);
-        QCOMPARE(item.registerItem(), std::nullopt);
+        QVERIFY(item.registerItem());
+        QVERIFY(item.registerItem());
         files.setFile(entryPath, "[Desktop Entry]\nExec=/old/driftbox\n");
-        QCOMPARE(item.registerItem(), std::nullopt);
+        QVERIFY(item.registerItem());
         QVERIFY(!files.read(entryPath)->contains("/old"));
     }
 
@@ -82,15 +82,15 @@ private Q_SLOTS:
     {
         FakeFileSystem files;
         XdgAutostart item(files, folder);
-        QCOMPARE(item.registerItem(), std::nullopt);
-        QCOMPARE(item.unregisterItem(), std::nullopt);
+        QVERIFY(item.registerItem());
+        QVERIFY(item.unregisterItem());
         QVERIFY(!files.exists(entryPath));
     }
 
     void unregisteringWhatWasNeverRegisteredWorks()
     {
         FakeFileSystem files;
-        QCOMPARE(XdgAutostart(files, folder).unregisterItem(), std::nullopt);
+        QVERIFY(XdgAutostart(files, folder).unregisterItem());
         QCOMPARE(files.writeCount(), 0);
         QVERIFY(!files.folderExists(folder));
     }
@@ -100,12 +100,12 @@ private Q_SLOTS:
         FakeFileSystem files;
         XdgAutostart item(files, folder);
         files.failWrites(entryPath + u": Read-only file system"_s);
-        QCOMPARE(item.registerItem(), entryPath + u": Read-only file system"_s);
+        QCOMPARE(item.registerItem().error().message, entryPath + u": Read-only file system"_s);
 
         files.succeed();
-        QCOMPARE(item.registerItem(), std::nullopt);
+        QVERIFY(item.registerItem());
         files.failRemovals();
-        QCOMPARE(item.unregisterItem(), entryPath + u" cannot be removed"_s);
+        QCOMPARE(item.unregisterItem().error().message, entryPath + u": cannot be removed"_s);
         QVERIFY(files.exists(entryPath));
     }
 
@@ -118,8 +118,9 @@ private Q_SLOTS:
         PosixFileSystem files;
         const QString blocked = home.filePath(u"config/autostart"_s);
         XdgAutostart item(files, blocked);
-        QCOMPARE(item.registerItem(), blocked + u"/app.driftbox.desktop: Not a directory"_s);
-        QCOMPARE(item.unregisterItem(), std::nullopt);
+        QCOMPARE(item.registerItem().error().message,
+                 blocked + u"/app.driftbox.desktop: Not a directory"_s);
+        QVERIFY(item.unregisterItem());
     }
 
     void argumentsAreQuotedByTheRules_data()

@@ -4,6 +4,7 @@
 #include "clipboard/ClipboardRowActions.h"
 #include "clipboard/ClipboardViewModel.h"
 #include "core/RowSelection.h"
+#include "core/RowShortcut.h"
 
 namespace driftbox {
 
@@ -17,7 +18,7 @@ ClipboardKeyboard::ClipboardKeyboard(const ClipboardViewModel& viewModel,
 {
 }
 
-bool ClipboardKeyboard::handle(const ListKeyPress& press, int rowsPerPage)
+bool ClipboardKeyboard::handle(const KeyPress& press, int rowsPerPage)
 {
     return m_selection.moveByKey(press, rowsPerPage, m_viewModel.query().isEmpty()) ||
            act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
@@ -25,14 +26,14 @@ bool ClipboardKeyboard::handle(const ListKeyPress& press, int rowsPerPage)
 
 // Whatever the key is held down for, it acts once; and where there is no item it does nothing.
 template <typename Act>
-bool ClipboardKeyboard::withItem(const ListKeyPress& press, int row, Act act) const
+bool ClipboardKeyboard::withItem(const KeyPress& press, int row, Act act) const
 {
     if (!press.isRepeated && row >= 0 && row < m_rows.rowCount())
         act(m_rows.item(row));
     return true;
 }
 
-bool ClipboardKeyboard::act(const ListKeyPress& press)
+bool ClipboardKeyboard::act(const KeyPress& press)
 {
     const int selected = m_selection.row();
     const auto perform = [this](ClipboardRowAction action) {
@@ -56,7 +57,7 @@ bool ClipboardKeyboard::act(const ListKeyPress& press)
     default:
         break;
     }
-    const auto place = press.place();
+    const auto place = rowShortcutOf(press);
     return place && withItem(press, *place, pick);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ListKeyPress.h"
+#include "platform/KeyPress.h"
 
 namespace driftbox {
 
@@ -21,12 +21,12 @@ public:
 
     /// Whether the key press is the list's, and done; all others are the search field's. A page has
     /// `rowsPerPage` rows.
-    bool handle(const ListKeyPress& press, int rowsPerPage);
+    bool handle(const KeyPress& press, int rowsPerPage);
 
 private:
-    [[nodiscard]] bool act(const ListKeyPress& press);
+    [[nodiscard]] bool act(const KeyPress& press);
     template <typename Act>
-    bool withItem(const ListKeyPress& press, int row, Act act) const;
+    bool withItem(const KeyPress& press, int row, Act act) const;
 
     const ClipboardViewModel& m_viewModel;
     const ClipboardListModel& m_rows;

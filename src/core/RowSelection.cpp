@@ -26,7 +26,7 @@ void RowSelection::moveBy(int steps)
     select(row() + steps);
 }
 
-bool RowSelection::moveByKey(const ListKeyPress& press, int rowsPerPage, bool fieldIsEmpty)
+bool RowSelection::moveByKey(const KeyPress& press, int rowsPerPage, bool fieldIsEmpty)
 {
     if ((press.modifiers & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;

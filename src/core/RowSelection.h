@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ListKeyPress.h"
+#include "platform/KeyPress.h"
 
 #include <QtCore/QAbstractItemModel>
 
@@ -28,7 +28,7 @@ public:
     /// Moves as far as the arrows, the page keys, Home or End go; those last two are the list's
     /// only while the search field is empty. Returns whether the key press was one of these. A page
     /// has `rowsPerPage` rows.
-    bool moveByKey(const ListKeyPress& press, int rowsPerPage, bool fieldIsEmpty);
+    bool moveByKey(const KeyPress& press, int rowsPerPage, bool fieldIsEmpty);
 
 Q_SIGNALS:
     /// Another row is selected, or the selected row is in another place.

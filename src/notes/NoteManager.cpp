@@ -213,10 +213,10 @@ void NoteManager::installZoomMonitor()
     if (m_zoomMonitor)
         return;
     m_zoomMonitor = m_services.localKeys.addMonitor(
-        [this](const LocalKeyPress& press) { return handleKeyPress(press); });
+        [this](const KeyPress& press) { return handleKeyPress(press); });
 }
 
-bool NoteManager::handleKeyPress(const LocalKeyPress& press)
+bool NoteManager::handleKeyPress(const KeyPress& press)
 {
     if (!(press.modifiers & (Qt::ControlModifier | Qt::MetaModifier)))
         return false;

@@ -18,7 +18,7 @@ class NotesStore;
 class NoteWindowFactory;
 class Screens;
 class StickyNoteWindowController;
-struct LocalKeyPress;
+struct KeyPress;
 
 /// The life of every sticky note: the saved ones, open or closed, and the open drafts; what of them
 /// reaches the store; their windows and the keys that act on the one that has the keyboard.
@@ -88,7 +88,7 @@ private:
     void forget(StickyNoteId id);
 
     void installZoomMonitor();
-    [[nodiscard]] bool handleKeyPress(const LocalKeyPress& press);
+    [[nodiscard]] bool handleKeyPress(const KeyPress& press);
     [[nodiscard]] StickyNoteWindowController* keyWindow() const;
     [[nodiscard]] bool zoomActive(double factor);
     [[nodiscard]] bool closeActive();

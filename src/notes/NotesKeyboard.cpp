@@ -1,6 +1,7 @@
 #include "notes/NotesKeyboard.h"
 
 #include "core/RowSelection.h"
+#include "core/RowShortcut.h"
 #include "notes/NoteManager.h"
 #include "notes/NotesListModel.h"
 
@@ -14,13 +15,13 @@ NotesKeyboard::NotesKeyboard(NoteManager& manager, const NotesListModel& rows,
 {
 }
 
-bool NotesKeyboard::handle(const ListKeyPress& press, int rowsPerPage)
+bool NotesKeyboard::handle(const KeyPress& press, int rowsPerPage)
 {
     return m_selection.moveByKey(press, rowsPerPage, m_rows.query().isEmpty()) ||
            act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
 }
 
-bool NotesKeyboard::act(const ListKeyPress& press)
+bool NotesKeyboard::act(const KeyPress& press)
 {
     if (press.modifiers == Qt::NoModifier) {
         if (press.key == Qt::Key_Return || press.key == Qt::Key_Enter)
@@ -28,12 +29,12 @@ bool NotesKeyboard::act(const ListKeyPress& press)
         if (press.key == Qt::Key_Delete && m_rows.query().isEmpty())
             return withNote(press, m_selection.row(), &NoteManager::remove);
     }
-    const auto place = press.place();
+    const auto place = rowShortcutOf(press);
     return place && withNote(press, *place, &NoteManager::focus);
 }
 
 // Whatever the key is held down for, it acts once; and where there is no note it does nothing.
-bool NotesKeyboard::withNote(const ListKeyPress& press, int row, Action action)
+bool NotesKeyboard::withNote(const KeyPress& press, int row, Action action)
 {
     if (!press.isRepeated && row >= 0 && row < m_rows.rowCount())
         (m_manager.*action)(m_rows.record(row).id);

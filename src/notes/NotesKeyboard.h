@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/ListKeyPress.h"
 #include "notes/StickyNote.h"
+#include "platform/KeyPress.h"
 
 namespace driftbox {
 
@@ -20,13 +20,13 @@ public:
 
     /// Whether the key press is the list's, and done; all others are the search field's. A page has
     /// `rowsPerPage` rows.
-    bool handle(const ListKeyPress& press, int rowsPerPage);
+    bool handle(const KeyPress& press, int rowsPerPage);
 
 private:
     using Action = void (NoteManager::*)(StickyNoteId);
 
-    [[nodiscard]] bool act(const ListKeyPress& press);
-    bool withNote(const ListKeyPress& press, int row, Action action);
+    [[nodiscard]] bool act(const KeyPress& press);
+    bool withNote(const KeyPress& press, int row, Action action);
 
     NoteManager& m_manager;
     const NotesListModel& m_rows;

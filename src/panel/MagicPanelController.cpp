@@ -109,10 +109,10 @@ void MagicPanelController::installEscapeMonitor()
     if (m_escapeMonitor)
         return;
     m_escapeMonitor = m_services.localKeys.addMonitor(
-        [this](const LocalKeyPress& press) { return handleKeyPress(press); });
+        [this](const KeyPress& press) { return handleKeyPress(press); });
 }
 
-bool MagicPanelController::handleKeyPress(const LocalKeyPress& press)
+bool MagicPanelController::handleKeyPress(const KeyPress& press)
 {
     if (press.key != Qt::Key_Escape)
         return false;

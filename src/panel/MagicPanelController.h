@@ -19,7 +19,7 @@ class PasteKeystroke;
 class RunningApplication;
 class Screens;
 class Workspace;
-struct LocalKeyPress;
+struct KeyPress;
 
 /// Brings the panel up by the text caret, takes it away again, and pastes what was picked in it
 /// into the application that the user was in. Main thread only.
@@ -68,7 +68,7 @@ private:
     void takeAway();
     void orderOut();
     void installEscapeMonitor();
-    [[nodiscard]] bool handleKeyPress(const LocalKeyPress& press);
+    [[nodiscard]] bool handleKeyPress(const KeyPress& press);
     void handlePaste();
     void pasteBack(const std::shared_ptr<RunningApplication>& target);
 

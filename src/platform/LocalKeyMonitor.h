@@ -1,21 +1,12 @@
 #pragma once
 
 #include "platform/KeyEventMonitor.h"
+#include "platform/KeyPress.h"
 
 #include <functional>
 #include <memory>
 
-#include <QtCore/Qt>
-
 namespace driftbox {
-
-/// A key press that is about to reach a window of this program.
-struct LocalKeyPress
-{
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    bool isRepeated = false; ///< the key has been held down since an earlier press
-};
 
 /// Sees the key presses of this program's own windows before their widgets do, and can take them.
 /// Main thread only. Tokens must not outlive the monitor.
@@ -23,7 +14,7 @@ class LocalKeyMonitor
 {
 public:
     /// Returns true to take the key press: it goes no further.
-    using Handler = std::function<bool(const LocalKeyPress&)>;
+    using Handler = std::function<bool(const KeyPress&)>;
 
     LocalKeyMonitor() = default;
     LocalKeyMonitor(const LocalKeyMonitor&) = delete;

@@ -18,7 +18,7 @@ public:
     bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                bool isRepeated = false)
     {
-        return m_registry.notify(LocalKeyPress{key, modifiers, isRepeated});
+        return m_registry.notify(KeyPress{key, modifiers, isRepeated});
     }
 
     [[nodiscard]] std::size_t monitorCount() const { return m_registry.count(); }

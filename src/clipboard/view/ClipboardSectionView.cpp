@@ -56,7 +56,7 @@ ListPage* ClipboardSectionView::makePage(const TextExchange& exchange)
                       .rows = m_rows,
                       .delegate = m_rowView,
                       .handleKeyPress =
-                          [this](const ListKeyPress& press) {
+                          [this](const KeyPress& press) {
                               return m_keyboard.handle(press, m_page->list().rowsPerPage());
                           }},
                      this);

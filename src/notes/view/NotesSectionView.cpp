@@ -50,7 +50,7 @@ ListPage* NotesSectionView::makePage(const TextExchange& exchange)
                          .rows = m_rows,
                          .delegate = m_row,
                          .handleKeyPress =
-                             [this](const ListKeyPress& press) {
+                             [this](const KeyPress& press) {
                                  return m_keyboard.handle(press, m_page->list().rowsPerPage());
                              }},
                         this);

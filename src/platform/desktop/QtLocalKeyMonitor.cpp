@@ -85,7 +85,7 @@ bool QtLocalKeyMonitor::isTaken(const QObject& receiver, const QKeyEvent& event)
         m_verdict = Verdict{event.timestamp(), event.key()};
         // A handler may run an event loop in which other keys are pressed.
         const bool taken = m_registry.notify(
-            LocalKeyPress{static_cast<Qt::Key>(event.key()), event.modifiers(), isRepeated(event)});
+            KeyPress{static_cast<Qt::Key>(event.key()), event.modifiers(), isRepeated(event)});
         m_verdict = Verdict{event.timestamp(), event.key(), false, taken};
     }
     if (event.type() == QEvent::KeyPress)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/ListKeyPress.h"
 #include "core/RowSelection.h"
+#include "platform/KeyPress.h"
 #include "ui/controls/SearchField.h"
 
 #include <functional>
@@ -31,7 +31,7 @@ public:
         QAbstractItemModel& rows; ///< must outlive the page, as must the delegate
         RowDelegate& delegate;
         /// Whether the key press is the list's, and done; all others are the search field's.
-        std::function<bool(const ListKeyPress&)> handleKeyPress;
+        std::function<bool(const KeyPress&)> handleKeyPress;
     };
 
     ListPage(const Content& content, QWidget* parent);
@@ -61,7 +61,7 @@ private:
     [[nodiscard]] bool filterKeyPress(const QKeyEvent& event);
 
     QAbstractItemModel& m_rows;
-    std::function<bool(const ListKeyPress&)> m_handleKeyPress;
+    std::function<bool(const KeyPress&)> m_handleKeyPress;
     SearchBar* m_searchBar;
     RowListView* m_list;
     EmptyStateView* m_emptyState;

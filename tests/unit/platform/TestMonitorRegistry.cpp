@@ -16,9 +16,9 @@ private Q_SLOTS:
     {
         FakeLocalKeyMonitor monitor;
         QByteArray calls;
-        auto first = monitor.addMonitor([&](const LocalKeyPress&) { return calls += 'a', false; });
+        auto first = monitor.addMonitor([&](const KeyPress&) { return calls += 'a', false; });
         const auto second =
-            monitor.addMonitor([&](const LocalKeyPress&) { return calls += 'b', false; });
+            monitor.addMonitor([&](const KeyPress&) { return calls += 'b', false; });
 
         QVERIFY(!monitor.press(Qt::Key_A));
         first.reset();
@@ -31,10 +31,9 @@ private Q_SLOTS:
     {
         FakeLocalKeyMonitor monitor;
         int reached = 0;
-        const auto taker = monitor.addMonitor(
-            [](const LocalKeyPress& press) { return press.key == Qt::Key_Escape; });
-        const auto next =
-            monitor.addMonitor([&](const LocalKeyPress&) { return ++reached, false; });
+        const auto taker =
+            monitor.addMonitor([](const KeyPress& press) { return press.key == Qt::Key_Escape; });
+        const auto next = monitor.addMonitor([&](const KeyPress&) { return ++reached, false; });
 
         QVERIFY(monitor.press(Qt::Key_Escape));
         QCOMPARE(reached, 0);

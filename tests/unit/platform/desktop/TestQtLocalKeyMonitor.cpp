@@ -63,7 +63,7 @@ private Q_SLOTS:
         QtLocalKeyMonitor monitor;
         std::vector<Qt::Key> seen;
         const auto token = monitor.addMonitor(
-            [&](const LocalKeyPress& press) { return seen.push_back(press.key), false; });
+            [&](const KeyPress& press) { return seen.push_back(press.key), false; });
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
 
@@ -77,7 +77,7 @@ private Q_SLOTS:
     {
         QtLocalKeyMonitor monitor;
         const auto token =
-            monitor.addMonitor([](const LocalKeyPress& press) { return press.key == Qt::Key_A; });
+            monitor.addMonitor([](const KeyPress& press) { return press.key == Qt::Key_A; });
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
 
@@ -89,7 +89,7 @@ private Q_SLOTS:
     {
         QtLocalKeyMonitor monitor;
         int presses = 0;
-        auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+        auto token = monitor.addMonitor([&](const KeyPress& press) {
             presses += press.key == Qt::Key_W;
             return press.key == Qt::Key_W && press.modifiers == Qt::ControlModifier;
         });
@@ -111,8 +111,7 @@ private Q_SLOTS:
     {
         QtLocalKeyMonitor monitor;
         int presses = 0;
-        const auto token =
-            monitor.addMonitor([&](const LocalKeyPress&) { return ++presses, false; });
+        const auto token = monitor.addMonitor([&](const KeyPress&) { return ++presses, false; });
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
 
@@ -127,9 +126,8 @@ private Q_SLOTS:
     {
         QtLocalKeyMonitor monitor;
         std::vector<bool> repeated;
-        const auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
-            return repeated.push_back(press.isRepeated), false;
-        });
+        const auto token = monitor.addMonitor(
+            [&](const KeyPress& press) { return repeated.push_back(press.isRepeated), false; });
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
 
@@ -157,7 +155,7 @@ private Q_SLOTS:
     {
         QtLocalKeyMonitor monitor;
         std::vector<Qt::Key> seen;
-        const auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+        const auto token = monitor.addMonitor([&](const KeyPress& press) {
             seen.push_back(press.key);
             return press.key == Qt::Key_A;
         });
@@ -176,7 +174,7 @@ private Q_SLOTS:
         FieldWindow fixture;
         QVERIFY(fixture.isReady());
         int presses = 0;
-        const auto token = monitor.addMonitor([&](const LocalKeyPress& press) {
+        const auto token = monitor.addMonitor([&](const KeyPress& press) {
             ++presses;
             if (press.key == Qt::Key_A)
                 QTest::keyClick(fixture.window.windowHandle(), Qt::Key_B);

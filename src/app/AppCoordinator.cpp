@@ -20,10 +20,10 @@
 #include "panel/MagicPanelController.h"
 #include "panel/view/FloatingPanel.h"
 #include "platform/Clock.h"
+#include "platform/DocumentOpener.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyEventMonitor.h"
 #include "platform/LoginItem.h"
-#include "platform/PageOpener.h"
 #include "settings/view/SettingsWindowController.h"
 #include "ui/theme/ThemeFollower.h"
 
@@ -174,16 +174,16 @@ void AppCoordinator::showSettings()
 
 void AppCoordinator::sendFeedback()
 {
-    if (const auto error = m_desktop.pages.openWebPage(AppConfig::feedbackURL()))
+    if (const auto opened = m_desktop.documentOpener.open(AppConfig::feedbackURL()); !opened)
         qCCritical(appCoordinatorLog).noquote()
-            << u"The feedback page cannot be opened: %1"_s.arg(*error);
+            << u"The feedback page cannot be opened: %1"_s.arg(opened.error().message);
 }
 
 void AppCoordinator::openAccessibilitySettings()
 {
-    if (const auto error = m_desktop.pages.openAccessibilitySettings())
+    if (const auto opened = m_desktop.documentOpener.openAccessibilitySettings(); !opened)
         qCCritical(appCoordinatorLog).noquote()
-            << u"System settings cannot be opened: %1"_s.arg(*error);
+            << u"System settings cannot be opened: %1"_s.arg(opened.error().message);
 }
 
 ClipboardStore& AppCoordinator::store()

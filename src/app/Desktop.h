@@ -11,7 +11,6 @@ class FloatingSurfaceFactory;
 class KeyEventMonitor;
 class LocalKeyMonitor;
 class LoginItem;
-class PageOpener;
 class PasteKeystroke;
 class Pasteboard;
 class Screens;
@@ -42,8 +41,7 @@ struct Desktop
     PasteKeystroke& pasteKeystroke;
     FloatingSurfaceFactory& floatingSurfaces;
     TextRecognizer& textRecognizer;
-    TaskRunner& recognitions; ///< apart from `tasks`: they may take many seconds
-    PageOpener& pages;
+    TaskRunner& recognitions;    ///< apart from `tasks`: they may take many seconds
     StatusArea& statusNotifiers; ///< shows the item and draws its menu
     StatusArea& systemTray;      ///< holds a window of the program
     StandardWindows& standardWindows;

@@ -3,7 +3,6 @@
 #include "clipboard/OCREngine.h"
 #include "core/JsonUserDefaults.h"
 #include "platform/desktop/DesktopDocumentOpener.h"
-#include "platform/desktop/DesktopPageOpener.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/PosixFileSystem.h"
 #include "platform/desktop/QtLocalKeyMonitor.h"
@@ -38,7 +37,6 @@ struct FreedesktopServices
     XdgAutostart loginItem;
     QtLocalKeyMonitor localKeys;
     ToolkitAccessibility toolkitAccessibility;
-    DesktopPageOpener pages;
     StatusNotifierHosts statusNotifiers;
     DesktopDocumentOpener documentOpener;
 };

@@ -93,7 +93,6 @@ Desktop X11Desktop::services()
             .floatingSurfaces = own.floatingSurfaces,
             .textRecognizer = own.session.textRecognizer,
             .recognitions = own.session.recognitions,
-            .pages = own.session.pages,
             .statusNotifiers = own.session.statusNotifiers,
             .systemTray = own.systemTray,
             .standardWindows = own.standardWindows,

@@ -98,7 +98,7 @@ void MarkdownWebViewCoordinator::didReceiveMessage(const QString& name, const QV
     if (!url.isValid())
         return;
     if (handedOver.contains(url.scheme()))
-        m_opener.open(url);
+        (void)m_opener.open(url);
     else if (url.isLocalFile() && url.host().isEmpty())
         openFile(url.adjusted(QUrl::RemoveQuery));
 }
@@ -111,7 +111,7 @@ void MarkdownWebViewCoordinator::openFile(const QUrl& address)
     else if (couldStartSomething(QFileInfo(url.toLocalFile())))
         m_opener.reveal(url);
     else
-        m_opener.open(url);
+        (void)m_opener.open(url);
 }
 
 } // namespace driftbox

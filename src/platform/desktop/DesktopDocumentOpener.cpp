@@ -1,5 +1,7 @@
 #include "platform/desktop/DesktopDocumentOpener.h"
 
+#include "platform/desktop/AccessibilitySettings.h"
+
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtGui/QDesktopServices>
@@ -25,9 +27,11 @@ DesktopDocumentOpener::DesktopDocumentOpener(const QDBusConnection& sessionBus)
 {
 }
 
-void DesktopDocumentOpener::open(const QUrl& url)
+Expected<void> DesktopDocumentOpener::open(const QUrl& url)
 {
-    QDesktopServices::openUrl(url);
+    if (QDesktopServices::openUrl(url))
+        return {};
+    return Error{u"No program opens %1"_s.arg(url.toDisplayString())};
 }
 
 void DesktopDocumentOpener::reveal(const QUrl& file)
@@ -44,6 +48,11 @@ void DesktopDocumentOpener::reveal(const QUrl& file)
                          if (finished->isError())
                              openFolderOf(file);
                      });
+}
+
+Expected<void> DesktopDocumentOpener::openAccessibilitySettings()
+{
+    return startAccessibilitySettings();
 }
 
 } // namespace driftbox

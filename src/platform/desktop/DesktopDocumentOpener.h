@@ -13,8 +13,9 @@ class DesktopDocumentOpener final : public DocumentOpener
 public:
     explicit DesktopDocumentOpener(const QDBusConnection& sessionBus);
 
-    void open(const QUrl& url) override;
+    Expected<void> open(const QUrl& url) override;
     void reveal(const QUrl& file) override;
+    Expected<void> openAccessibilitySettings() override;
 
 private:
     QDBusConnection m_bus;

@@ -10,7 +10,6 @@
 #include "fakes/FakeFloatingSurface.h"
 #include "fakes/FakeKeyEventMonitor.h"
 #include "fakes/FakeLocalKeyMonitor.h"
-#include "fakes/FakePageOpener.h"
 #include "fakes/FakePasteKeystroke.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeScreens.h"
@@ -71,7 +70,6 @@ struct FakeDesktop
     FakeFloatingSurfaceFactory floatingSurfaces;
     BlindRecognizer textRecognizer;
     FakeTaskRunner recognitions;
-    FakePageOpener pages;
     FakeStatusArea statusNotifiers;
     FakeStatusArea systemTray;
     FakeStandardWindows standardWindows;
@@ -96,7 +94,6 @@ struct FakeDesktop
                 .floatingSurfaces = floatingSurfaces,
                 .textRecognizer = textRecognizer,
                 .recognitions = recognitions,
-                .pages = pages,
                 .statusNotifiers = statusNotifiers,
                 .systemTray = systemTray,
                 .standardWindows = standardWindows,

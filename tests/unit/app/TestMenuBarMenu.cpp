@@ -103,7 +103,7 @@ private Q_SLOTS:
         for (QAction* entry : m_menu->actions().mid(0, 7))
             entry->trigger();
         QVERIFY(m_desktop->floatingSurfaces.surfaces.empty());
-        QVERIFY(m_desktop->pages.webPages.isEmpty());
+        QVERIFY(m_desktop->documentOpener.opened.isEmpty());
     }
 
     void openingTogglesThePanel()
@@ -121,9 +121,9 @@ private Q_SLOTS:
     {
         start();
         choose(u"Send Feedback…"_s);
-        QCOMPARE(m_desktop->pages.webPages, QList{AppConfig::feedbackURL()});
+        QCOMPARE(m_desktop->documentOpener.opened, QList{AppConfig::feedbackURL()});
 
-        m_desktop->pages.error = u"No program opens it"_s;
+        m_desktop->documentOpener.outcome = Error{u"No program opens it"_s};
         QTest::ignoreMessage(QtCriticalMsg,
                              "The feedback page cannot be opened: No program opens it");
         choose(u"Send Feedback…"_s);

@@ -52,7 +52,7 @@ private Q_SLOTS:
         DesktopDocumentOpener opener(QDBusConnection::sessionBus());
         for (const auto& url : {QUrl(u"https://example.org/a?b#c"_s), QUrl(u"mailto:a@b.org"_s),
                                 QUrl::fromLocalFile(u"/a b.pdf"_s)})
-            opener.open(url);
+            QVERIFY(opener.open(url));
         QCOMPARE(m_opened.size(), 3);
     }
 

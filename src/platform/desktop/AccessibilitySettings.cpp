@@ -1,4 +1,4 @@
-#include "platform/desktop/DesktopPageOpener.h"
+#include "platform/desktop/AccessibilitySettings.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,6 @@
 
 #include <QtCore/QProcess>
 #include <QtCore/QStandardPaths>
-#include <QtGui/QDesktopServices>
 
 using namespace Qt::StringLiterals;
 
@@ -47,14 +46,7 @@ std::vector<SettingsProgram> inOrderOfPreference()
 
 } // namespace
 
-std::optional<QString> DesktopPageOpener::openWebPage(const QUrl& address)
-{
-    if (QDesktopServices::openUrl(address))
-        return std::nullopt;
-    return u"No program opens %1"_s.arg(address.toDisplayString());
-}
-
-std::optional<QString> DesktopPageOpener::openAccessibilitySettings()
+Expected<void> startAccessibilitySettings()
 {
     for (const SettingsProgram& candidate : inOrderOfPreference()) {
         const QString program =
@@ -62,9 +54,9 @@ std::optional<QString> DesktopPageOpener::openAccessibilitySettings()
         const QStringList arguments =
             candidate.page ? QStringList{QString::fromUtf16(candidate.page)} : QStringList();
         if (!program.isEmpty() && QProcess::startDetached(program, arguments))
-            return std::nullopt;
+            return {};
     }
-    return u"No settings program of a desktop is installed"_s;
+    return Error{u"No settings program of a desktop is installed"_s};
 }
 
 } // namespace driftbox

@@ -8,12 +8,12 @@
 
 namespace driftbox {
 
-/// Where the window is that has the keyboard. Main thread only.
+/// Locates the window that has the keyboard focus. Main thread only.
 class ActiveWindow
 {
 public:
-    /// In device pixels of the whole desktop, y growing downwards, without what the window manager
-    /// adds around the window; none when it cannot be had.
+    /// The window's frame in device pixels of the whole desktop, y pointing down, without the
+    /// decorations that the window manager adds; none when it cannot be determined.
     using Answer = std::function<void(std::optional<QRect>)>;
 
     ActiveWindow() = default;
@@ -21,8 +21,8 @@ public:
     ActiveWindow& operator=(const ActiveWindow&) = delete;
     virtual ~ActiveWindow() = default;
 
-    /// Calls `answer` once, perhaps before this returns; never waits for another application.
-    /// Nothing is called once `owner` has been destroyed.
+    /// Calls `answer` once, possibly before this function returns; never blocks on another
+    /// application. `answer` is not called once `owner` has been destroyed.
     virtual void deviceFrame(QObject* owner, Answer answer) = 0;
 };
 

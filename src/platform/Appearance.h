@@ -9,15 +9,16 @@ namespace driftbox {
 
 enum class ColorScheme { light, dark };
 
-/// Whether the desktop is light or dark and which color it marks things with, while running too.
-/// Main thread only.
+/// The desktop's color scheme and accent color, kept up to date while the program runs. Main thread
+/// only.
 class Appearance : public QObject
 {
     Q_OBJECT
 
 public:
     [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
-    /// The color that the user has chosen for what is selected; none where the desktop has none.
+    /// The color that the user has chosen for selections; none where the desktop does not define
+    /// one.
     [[nodiscard]] virtual std::optional<QColor> accentColor() const = 0;
 
 Q_SIGNALS:

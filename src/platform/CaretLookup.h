@@ -8,21 +8,21 @@
 
 namespace driftbox {
 
-/// Where the text caret (or the selection) of the focused element of the focused application is.
+/// Locates the text caret (or the selection) of the focused element in the focused application.
 ///
-/// Main thread only, and never blocks it: the application is asked elsewhere.
+/// Main thread only. Never blocks: the application is queried asynchronously.
 class CaretLookup : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The rectangle in points, origin at the top left corner of the primary screen, y growing
-    /// downwards; none when it cannot be had.
+    /// The rectangle in points, origin at the top left corner of the primary screen, y pointing
+    /// down; none when it cannot be determined.
     using Answer = std::function<void(std::optional<QRectF>)>;
 
-    /// Calls `answer` exactly once, on the main thread, within 150 ms whatever the other
-    /// application does, perhaps before this returns. Nothing is called once `owner` has been
-    /// destroyed.
+    /// Calls `answer` exactly once, on the main thread, within 150 ms regardless of what the other
+    /// application does, possibly before this function returns. `answer` is not called once `owner`
+    /// has been destroyed.
     virtual void caretRectangle(QObject* owner, Answer answer) = 0;
 
 protected:

@@ -10,7 +10,7 @@
 
 namespace driftbox {
 
-/// A running repetition; it ends when the handle is destroyed.
+/// Handle of a repeating timer; destroying it stops the timer.
 class Repetition
 {
 public:
@@ -20,10 +20,10 @@ public:
     virtual ~Repetition() = default;
 };
 
-/// Time as the program sees it: the wall clock and delayed steps.
+/// The wall clock and the program's timers.
 ///
 /// Main thread only. Steps run on the main thread, from the event loop, never from within the call
-/// that asked for them.
+/// that scheduled them.
 class Clock
 {
 public:
@@ -34,12 +34,12 @@ public:
 
     [[nodiscard]] virtual Instant now() const = 0;
 
-    /// Runs `step` once, `delay` from now. Nothing runs when `owner` has been destroyed by then.
+    /// Runs `step` once, `delay` from now, unless `owner` has been destroyed by then.
     virtual void after(std::chrono::milliseconds delay, QObject* owner,
                        std::function<void()> step) = 0;
 
-    /// Runs `step` every `interval` until the returned handle is destroyed. Short lateness is
-    /// accepted so that the system can wake up for several timers at once.
+    /// Runs `step` every `interval` until the returned handle is destroyed. Steps may run slightly
+    /// late so that the system can coalesce wake-ups.
     [[nodiscard]] virtual std::unique_ptr<Repetition> every(std::chrono::milliseconds interval,
                                                             std::function<void()> step) = 0;
 };

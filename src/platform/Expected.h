@@ -8,13 +8,14 @@
 
 namespace driftbox {
 
-/// Why a call could not do what it was asked for.
+/// Why an operation failed.
 struct Error
 {
-    QString message; ///< for the log; where a file is the matter, its path comes first
+    QString message; ///< for the log; begins with the path where a file is concerned
 };
 
-/// What a call gives, or why it gives nothing; made from either. Ask which before taking one.
+/// The result of an operation or the reason why there is none. Implicitly made of either; test it
+/// before dereferencing it or asking for the error.
 template <typename T>
 class [[nodiscard]] Expected
 {
@@ -28,7 +29,7 @@ public:
     {
     }
 
-    /// True when there is a value.
+    /// True on success.
     explicit operator bool() const { return std::holds_alternative<T>(m_outcome); }
 
     [[nodiscard]] T& operator*() { return *std::get_if<T>(&m_outcome); }
@@ -40,7 +41,7 @@ private:
     std::variant<T, Error> m_outcome;
 };
 
-/// That a call did what it was asked for, or why it did not.
+/// The outcome of an operation without a result: success, or the reason for the failure.
 template <>
 class [[nodiscard]] Expected<void>
 {
@@ -51,7 +52,7 @@ public:
     {
     }
 
-    /// True when it worked.
+    /// True on success.
     explicit operator bool() const { return !m_error; }
 
     [[nodiscard]] const Error& error() const { return *m_error; }

@@ -21,20 +21,20 @@ public:
     /// The whole file; none when it cannot be read.
     [[nodiscard]] virtual std::optional<QByteArray> read(const QString& path) const = 0;
 
-    /// Replaces the file as a whole, readable by the user alone: at any instant, a crash included,
-    /// the path holds either the old bytes or the new.
+    /// Replaces the whole file, readable by the user alone: at any time, even after a crash, the
+    /// path holds either the old or the new bytes.
     virtual Expected<void> writeAtomically(const QString& path, const QByteArray& bytes) = 0;
 
-    /// Replaces a document of the user as a whole, and the disk has it on return: a write that
-    /// fails leaves the old file. Permissions and a symbolic link on the way stay as they are; a
-    /// new file gets the user's usual permissions; a file that is protected from writing is not
-    /// replaced.
+    /// Replaces one of the user's documents; the data is on disk on return. A write that fails
+    /// leaves the old file. Permissions and symbolic links are preserved; a new file gets the
+    /// user's default permissions; a write-protected file is not replaced.
     virtual Expected<void> replaceDocument(const QString& path, const QByteArray& bytes) = 0;
 
-    /// Creates the folder and those above it, for the user alone. False when it is not there after.
+    /// Creates the folder and its missing parents, accessible to the user alone. False when the
+    /// folder does not exist afterwards.
     virtual bool createFolder(const QString& path) = 0;
 
-    /// False when there was nothing to remove or it could not be.
+    /// False when the file does not exist or cannot be removed.
     virtual bool remove(const QString& path) = 0;
 };
 

@@ -10,60 +10,60 @@ class QWindow;
 
 namespace driftbox {
 
-/// A window that the program draws all of, its frame included. Panels and notes float above the
-/// others on every desktop, outside the task bar and the pager.
+/// A window that the program draws entirely, including its frame. Panels and notes stay above other
+/// windows, on every desktop, and are left out of the task bar and the pager.
 ///
-/// Main thread only. The view makes the window's content; place, stacking, visibility and keyboard
-/// are asked for here and nowhere else.
+/// Main thread only. The view creates the window's content; its geometry, stacking, visibility and
+/// keyboard focus are controlled through this interface only.
 class FloatingSurface : public QObject
 {
     Q_OBJECT
 
 public:
     enum class Role {
-        panel,    ///< one at a time, comes and goes, takes the keyboard when it is presented
-        note,     ///< stays, moved and resized by the user
-        ordinary, ///< a window among the others, moved and resized by the user
+        panel,    ///< shown one at a time and temporarily, takes the keyboard when presented
+        note,     ///< stays on screen, moved and resized by the user
+        ordinary, ///< stacked like any other window, moved and resized by the user
     };
     enum class Keyboard {
-        take,  ///< the user asked for this window: typing goes to it
-        leave, ///< typing stays where it is
+        take,  ///< give this window the keyboard focus
+        leave, ///< leave the keyboard focus where it is
     };
 
-    /// The window's frame in screen space (points, y growing upwards from the bottom of the primary
+    /// The window's frame in screen space (points, y pointing up from the bottom of the primary
     /// screen).
     [[nodiscard]] virtual QRectF frame() const = 0;
     virtual void setFrame(const QRectF& frame) = 0;
 
     [[nodiscard]] virtual bool isVisible() const = 0;
-    /// Whether typing goes to this window.
+    /// Whether this window has the keyboard focus.
     [[nodiscard]] virtual bool isKey() const = 0;
 
-    /// Shows the window in front of all others; brings it to the front when it is shown already.
+    /// Shows the window in front of all others, or raises it when it is already visible.
     virtual void present(Keyboard keyboard) = 0;
-    /// Takes the window off the screen; it resigns the keyboard if it had it.
+    /// Hides the window, which gives up the keyboard focus if it has it.
     virtual void orderOut() = 0;
 
-    /// Whether the desktop blends windows, so that transparent pixels show what is beneath.
+    /// Whether the desktop composites windows, so that transparent pixels show what is beneath.
     [[nodiscard]] virtual bool isComposited() const = 0;
 
-    /// The part of the window, in its own points, that exists for the user: clicks elsewhere go to
-    /// what is beneath, and without compositing nothing elsewhere is drawn. Empty means all of it.
+    /// The visible and clickable part of the window, in its own points: clicks elsewhere go to the
+    /// window beneath, and without compositing nothing is drawn there either. An empty region
+    /// stands for the whole window.
     virtual void setShape(const QRegion& shape) = 0;
 
-    /// Whether the mouse reaches what is beneath the window everywhere, as if nothing were there.
-    /// False until it is asked for.
+    /// Makes all mouse events pass through to what is beneath the window. Off by default.
     virtual void setClickThrough(bool clickThrough) = 0;
 
-    /// Hands the window to the user, who is holding a mouse button down on it, to be dragged until
-    /// the button is let go. Nothing happens when it has been let go meanwhile.
+    /// Starts moving or resizing the window interactively while the user holds a mouse button down
+    /// on it. Has no effect when the button has already been released.
     virtual void startMove() = 0;
     virtual void startResize(Qt::Edges edges) = 0;
 
 Q_SIGNALS:
     void becameKey();
     void resignedKey();
-    /// The user moved or resized the window.
+    /// The user has moved or resized the window.
     void frameChangedByUser(const QRectF& frame);
     void compositedChanged(bool composited);
 
@@ -71,7 +71,7 @@ protected:
     using QObject::QObject;
 };
 
-/// Makes floating surfaces of toolkit windows. Main thread only.
+/// Creates floating surfaces from toolkit windows. Main thread only.
 class FloatingSurfaceFactory
 {
 public:
@@ -80,8 +80,8 @@ public:
     FloatingSurfaceFactory& operator=(const FloatingSurfaceFactory&) = delete;
     virtual ~FloatingSurfaceFactory() = default;
 
-    /// Turns `window`, created but never shown, into a floating surface of `role`. The window is
-    /// not owned and must outlive the surface.
+    /// Turns `window`, which must be created but never shown, into a floating surface of `role`.
+    /// The window is not owned and must outlive the surface.
     [[nodiscard]] virtual std::unique_ptr<FloatingSurface> adopt(QWindow& window,
                                                                  FloatingSurface::Role role) = 0;
 };

@@ -6,7 +6,7 @@ namespace driftbox {
 
 namespace {
 constexpr qint64 referenceEpochMs = 978'307'200'000; // 2001-01-01T00:00:00Z in Unix time
-constexpr double farthestMs = 8.64e15;               // as far as calendars go, either way
+constexpr double maxMs = 8.64e15;                    // the range of calendars, in both directions
 } // namespace
 
 Instant Instant::fromDateTime(const QDateTime& dateTime)
@@ -17,7 +17,7 @@ Instant Instant::fromDateTime(const QDateTime& dateTime)
 
 QDateTime Instant::toLocalTime() const
 {
-    const double milliseconds = std::clamp(m_referenceSeconds * 1000.0, -farthestMs, farthestMs);
+    const double milliseconds = std::clamp(m_referenceSeconds * 1000.0, -maxMs, maxMs);
     return QDateTime::fromMSecsSinceEpoch(referenceEpochMs + static_cast<qint64>(milliseconds));
 }
 

@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// A point in time, kept as the manifests write it: seconds since 2001-01-01T00:00:00Z, with
+/// A point in time, represented as in the manifests: seconds since 2001-01-01T00:00:00Z, with
 /// fractions.
 class Instant
 {
@@ -22,8 +22,8 @@ public:
     [[nodiscard]] static Instant fromDateTime(const QDateTime& dateTime);
 
     [[nodiscard]] constexpr double referenceSeconds() const { return m_referenceSeconds; }
-    /// The same instant in the user's time zone, to the millisecond; the last one that calendars
-    /// know for any that is farther away.
+    /// The same instant in the user's time zone, to the millisecond; clamped to the range that
+    /// calendars support.
     [[nodiscard]] QDateTime toLocalTime() const;
 
     constexpr auto operator<=>(const Instant&) const = default;

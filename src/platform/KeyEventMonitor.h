@@ -12,7 +12,7 @@ enum class KeyEventKind : std::uint8_t {
     flagsChanged = 12,
 };
 
-/// Device-independent modifier flags, a set of bits; left and right keys are not told apart.
+/// Device-independent modifier flags, a bit set; left and right keys are not distinguished.
 using ModifierFlags = std::uint64_t;
 namespace ModifierFlag {
 inline constexpr ModifierFlags shift = 0x20000;
@@ -21,22 +21,22 @@ inline constexpr ModifierFlags option = 0x80000;   ///< Alt
 inline constexpr ModifierFlags command = 0x100000; ///< Super
 } // namespace ModifierFlag
 
-/// When an event happened, by the display server's clock, from an arbitrary origin; never wraps.
+/// Time of an event by the display server's clock, with an arbitrary origin; does not wrap around.
 using EventTime = std::chrono::milliseconds;
 
 struct KeyEvent
 {
     KeyEventKind kind;
-    ModifierFlags flags; ///< the modifiers that are down after the event
+    ModifierFlags flags; ///< the modifiers held after the event
     EventTime time;
 };
 
 enum class KeyEventScope : std::uint8_t {
-    global, ///< events that go to other applications
-    local,  ///< events that go to this one
+    global, ///< events delivered to other applications
+    local,  ///< events delivered to this application
 };
 
-/// An installed monitor; it is removed when the token is destroyed.
+/// Handle of an installed monitor; destroying it removes the monitor.
 class MonitorToken
 {
 public:
@@ -46,10 +46,10 @@ public:
     virtual ~MonitorToken() = default;
 };
 
-/// Sees the key presses and modifier changes of the whole session without taking any of them.
+/// Observes the key presses and modifier changes of the whole session without consuming them.
 ///
 /// Main thread only. Each event reaches the monitors of exactly one scope. Tokens must not outlive
-/// the monitor that handed them out.
+/// the monitor that returned them.
 class KeyEventMonitor
 {
 public:
@@ -63,12 +63,12 @@ public:
     [[nodiscard]] virtual std::unique_ptr<MonitorToken> addMonitor(KeyEventScope scope,
                                                                    Handler handler) = 0;
 
-    /// Whether events of other applications can be had at all. Without it global monitors may be
-    /// installed but receive nothing.
+    /// Whether events of other applications can be received at all. Otherwise global monitors may
+    /// be installed but receive nothing.
     [[nodiscard]] virtual bool isTrusted() const = 0;
 
-    /// Asks the desktop to let this program see other applications' events, where there is such a
-    /// question to ask. The answer shows in `isTrusted` later.
+    /// Asks the desktop for permission to receive other applications' events, where permission is
+    /// needed. `isTrusted` reflects the answer later.
     virtual void requestTrust() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// The program's place among what the session starts when the user logs in. Main thread only.
+/// The program's entry among those that the session starts at login. Main thread only.
 class LoginItem
 {
 public:

@@ -10,10 +10,10 @@
 
 namespace driftbox {
 
-/// The handlers that a monitor has handed tokens out for, in the order of their installation. A
-/// handler may install and remove monitors, its own included, while it runs: one removed meanwhile
-/// is not called any more, one installed meanwhile is called from the next time on. Main thread
-/// only.
+/// The installed handlers of a monitor, in the order of installation, each represented by a token.
+/// A handler may install and remove monitors, including its own, while it runs: one removed
+/// meanwhile is not called any more, one installed meanwhile is called from the next notification
+/// on. Main thread only.
 template <typename Handler>
 class MonitorRegistry
 {
@@ -25,8 +25,8 @@ public:
         return std::make_unique<Token>(m_entries, entry);
     }
 
-    /// Calls every handler with `arguments` until one returns true, where handlers return anything.
-    /// Returns whether one did.
+    /// Calls the handlers with `arguments` until one returns true, if they return bool, or else all
+    /// of them. Returns whether one returned true.
     template <typename... Arguments>
     bool notify(const Arguments&... arguments) const
     {

@@ -6,13 +6,13 @@ namespace driftbox::ScreenGeometry {
 
 const Screen* screenContaining(QPointF point, const std::vector<Screen>& screens)
 {
-    // y grows upwards: the topmost row of a screen lies at bottom(), the largest y of its frame.
-    const auto holdsPoint = [point](const Screen& screen) {
+    // y points up: the topmost row of a screen lies at bottom(), the maximum y of its frame.
+    const auto containsPoint = [point](const Screen& screen) {
         const QRectF& frame = screen.frame;
         return point.x() >= frame.left() && point.x() < frame.right() && point.y() > frame.top() &&
                point.y() <= frame.bottom();
     };
-    const auto found = std::ranges::find_if(screens, holdsPoint);
+    const auto found = std::ranges::find_if(screens, containsPoint);
     return found == screens.end() ? nullptr : &*found;
 }
 

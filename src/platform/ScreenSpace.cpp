@@ -32,10 +32,10 @@ QRectF toToolkit(const QRectF& rectangle, const QRectF& primary)
 
 std::optional<QRectF> desktopFromDevice(const QRectF& pixels, const std::vector<Screen>& screens)
 {
-    const auto holdsCenter = [center = pixels.center()](const Screen& screen) {
+    const auto containsCenter = [center = pixels.center()](const Screen& screen) {
         return QRectF(screen.deviceFrame).contains(center);
     };
-    const auto screen = std::ranges::find_if(screens, holdsCenter);
+    const auto screen = std::ranges::find_if(screens, containsCenter);
     if (screen == screens.end())
         return std::nullopt;
 

@@ -7,33 +7,33 @@
 
 #include <QtCore/QRectF>
 
-/// The one place where coordinates are converted. Four spaces meet here, all but the last in
-/// points.
+/// All coordinate conversions. There are four coordinate systems, all but the last in points.
 ///
 /// Screen space, which all models and manifests use: origin at the bottom left corner of the
-/// primary screen, y growing upwards.
+/// primary screen, y pointing up.
 ///
-/// Desktop space, which accessibility speaks: origin at the top left corner of the primary screen,
-/// y growing downwards.
+/// Desktop space, which accessibility interfaces use: origin at the top left corner of the primary
+/// screen, y pointing down.
 ///
-/// Toolkit space: origin at the top left corner of the whole desktop, which another screen may
-/// hold, y growing downwards.
+/// Toolkit space: origin at the top left corner of the whole desktop, which may be on another
+/// screen, y pointing down.
 ///
-/// Device space: pixels of the whole desktop, y growing downwards.
+/// Device space: pixels of the whole desktop, y pointing down.
 namespace driftbox::ScreenSpace {
 
-/// `primaryHeight` is the height of the primary screen in points. The same formula serves both
-/// ways.
+/// Flips the y axis. `primaryHeight` is the height of the primary screen in points. The same
+/// formula applies in both directions.
 [[nodiscard]] QRectF flipped(const QRectF& rectangle, qreal primaryHeight);
 [[nodiscard]] QPointF flipped(QPointF point, qreal primaryHeight);
 
-/// Between toolkit space and screen space; `primary` is the primary screen in toolkit space.
+/// Conversions between toolkit space and screen space; `primary` is the primary screen in toolkit
+/// space.
 [[nodiscard]] QRectF fromToolkit(const QRectF& rectangle, const QRectF& primary);
 [[nodiscard]] QPointF fromToolkit(QPointF point, const QRectF& primary);
 [[nodiscard]] QRectF toToolkit(const QRectF& rectangle, const QRectF& primary);
 
-/// A rectangle in device space as desktop space sees it, by the scale of the screen that holds its
-/// center; none when no screen does.
+/// Converts a rectangle from device space to desktop space, using the scale of the screen that
+/// contains its center; none when no screen does.
 [[nodiscard]] std::optional<QRectF> desktopFromDevice(const QRectF& pixels,
                                                       const std::vector<Screen>& screens);
 

@@ -7,8 +7,7 @@
 
 namespace driftbox {
 
-/// The text that is selected in whatever program the user has selected some in last: what a click
-/// with the middle button pastes. Main thread only.
+/// The most recently selected text of any program: what a middle click pastes. Main thread only.
 class SelectedText
 {
 public:
@@ -19,9 +18,10 @@ public:
     SelectedText& operator=(const SelectedText&) = delete;
     virtual ~SelectedText() = default;
 
-    /// Asks that program and returns at once. `answer` is called from the event loop, within a few
-    /// seconds, unless `owner` has been destroyed or something else been asked by then. The text is
-    /// empty when nothing is selected, and when that program does not tell or keeps it secret.
+    /// Requests the text asynchronously. `answer` is called from the event loop, within a few
+    /// seconds, unless `owner` has been destroyed or another request has been made by then. The
+    /// text is empty when nothing is selected, when the program does not respond, and when the text
+    /// is marked as secret.
     virtual void ask(QObject* owner, Answer answer) = 0;
 };
 

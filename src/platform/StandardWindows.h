@@ -4,8 +4,8 @@ class QWindow;
 
 namespace driftbox {
 
-/// The program's ordinary windows: those with a title bar, that the user finds in the task bar.
-/// Main thread only.
+/// The program's ordinary windows: those with a title bar that are listed in the task bar. Main
+/// thread only.
 class StandardWindows
 {
 public:
@@ -14,12 +14,12 @@ public:
     StandardWindows& operator=(const StandardWindows&) = delete;
     virtual ~StandardWindows() = default;
 
-    /// Puts the window, created but never shown, into the middle of the screen that the user is at;
-    /// makes it smaller where it does not fit.
+    /// Centers the window, which must be created but never shown, on the user's current screen;
+    /// shrinks it if it does not fit.
     virtual void center(QWindow& window) = 0;
 
-    /// Shows the window, minimized or not, in front of all others and directs the typing to it,
-    /// whatever program the user is in.
+    /// Shows and raises the window, minimized or not, and gives it the keyboard focus, whichever
+    /// program is active.
     virtual void present(QWindow& window) = 0;
 };
 

@@ -4,18 +4,18 @@
 
 namespace driftbox {
 
-/// A place of the desktop that shows symbols of resident programs. It may appear late, go away and
-/// come back. Main thread only.
+/// The area of the desktop that shows the icons of resident programs. It may appear late, disappear
+/// and come back. Main thread only.
 class StatusArea : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Begins to look; until then nothing is known, and looking costs nothing. Calling it again
-    /// does nothing.
+    /// Starts watching for the area; before this call the availability is unknown. Calling it again
+    /// has no effect.
     virtual void watch() = 0;
 
-    /// Whether a symbol put there now is shown. False until it is known.
+    /// Whether an icon added now would be shown. False until it is known.
     [[nodiscard]] bool isAvailable() const { return m_isAvailable; }
 
 Q_SIGNALS:

@@ -16,7 +16,7 @@ public:
     virtual ~TaskRunner() = default;
 
     /// Runs `work` on a background thread, then `done` on the main thread unless `owner` has been
-    /// destroyed by then. `work` must not touch anything that the main thread uses. Called from the
+    /// destroyed by then. `work` must not touch anything that the main thread uses. Call from the
     /// main thread; returns at once.
     virtual void run(QObject* owner, std::function<void()> work, std::function<void()> done) = 0;
 };

@@ -7,10 +7,10 @@
 
 namespace driftbox {
 
-/// A stored setting in the type it was stored as.
+/// A setting in the type in which it was stored.
 using DefaultsValue = std::variant<bool, qint64, double, QString>;
 
-/// The user's settings as a typed store of keys and values. Main thread only.
+/// The user's settings as a typed key-value store. Main thread only.
 class UserDefaults
 {
 public:
@@ -19,10 +19,10 @@ public:
     UserDefaults& operator=(const UserDefaults&) = delete;
     virtual ~UserDefaults() = default;
 
-    /// None when the key is absent or holds something that is not one of the types.
+    /// None when the key is absent or its value has an unsupported type.
     [[nodiscard]] virtual std::optional<DefaultsValue> value(const QString& key) const = 0;
 
-    /// Stores at once. When that fails a log line says so and memory keeps the value.
+    /// Stores the value at once. A failure is logged, and the value is kept in memory.
     virtual void setValue(const QString& key, const DefaultsValue& value) = 0;
 };
 

@@ -12,8 +12,8 @@ class QObject;
 
 namespace driftbox {
 
-/// One application as it was when it was looked up: a process and the window of it that was active.
-/// Main thread only.
+/// A snapshot of an application: its process and its window that was active at the time. Main
+/// thread only.
 class RunningApplication
 {
 public:
@@ -30,19 +30,18 @@ public:
     RunningApplication& operator=(const RunningApplication&) = delete;
     virtual ~RunningApplication() = default;
 
-    /// Zero or less when it is not known.
+    /// Zero or less when it is unknown.
     [[nodiscard]] virtual pid_t processIdentifier() const = 0;
 
-    /// What tells this kind of application from others (the window class); none when it has none.
+    /// Identifies the application (its window class); none when it has none.
     [[nodiscard]] virtual std::optional<QString> bundleIdentifier() const = 0;
 
     [[nodiscard]] virtual bool isFinishedLaunching() const = 0;
 
-    /// True once the process or the window has gone.
+    /// Whether the process or the window no longer exists.
     [[nodiscard]] virtual bool isTerminated() const = 0;
 
-    /// Asks the desktop to bring that window to the front and give it the keyboard. Returns at
-    /// once.
+    /// Asks the desktop to raise that window and give it the keyboard focus. Returns at once.
     virtual void activate() = 0;
 
     /// Asks where the keyboard is. Waits for nobody: `answer` is called once, perhaps before this
@@ -50,7 +49,7 @@ public:
     virtual void whenFocusKnown(QObject* owner, FocusAnswer answer) = 0;
 };
 
-/// Which application the user works in. Main thread only.
+/// Tells which application is active. Main thread only.
 class Workspace
 {
 public:
@@ -59,7 +58,7 @@ public:
     Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
-    /// The application that has the keyboard; null when there is none.
+    /// The application that has the keyboard focus; null when there is none.
     [[nodiscard]] virtual std::shared_ptr<RunningApplication> frontmostApplication() const = 0;
 };
 

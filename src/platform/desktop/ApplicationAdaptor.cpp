@@ -10,22 +10,22 @@ ApplicationAdaptor::ApplicationAdaptor(InstanceLink& link)
 
 void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
 {
-    later([&link = m_link] { Q_EMIT link.activated(); });
+    enqueue([&link = m_link] { Q_EMIT link.activated(); });
 }
 
 void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/)
 {
-    later([&link = m_link, uris] { Q_EMIT link.documentsOpened(QUrl::fromStringList(uris)); });
+    enqueue([&link = m_link, uris] { Q_EMIT link.documentsOpened(QUrl::fromStringList(uris)); });
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& /*name*/, const QVariantList& /*parameters*/,
                                         const QVariantMap& /*platformData*/)
 {
-    later([&link = m_link] { Q_EMIT link.activated(); });
+    enqueue([&link = m_link] { Q_EMIT link.activated(); });
 }
 
-// Whoever calls is answered first: a second start waits for that.
-void ApplicationAdaptor::later(const std::function<void()>& step)
+// The reply must not wait for the step: the second instance blocks on it.
+void ApplicationAdaptor::enqueue(const std::function<void()>& step)
 {
     QMetaObject::invokeMethod(&m_link, step, Qt::QueuedConnection);
 }

@@ -9,8 +9,8 @@
 
 namespace driftbox {
 
-/// The program as the desktop's launchers and file managers speak to it. Owned by the link, whose
-/// signals it emits.
+/// The D-Bus interface through which launchers and file managers activate the program. Owned by the
+/// link, whose signals it emits.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
@@ -22,12 +22,12 @@ public:
 public Q_SLOTS:
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
-    /// The program has no actions besides being activated.
+    /// The program has no actions: every action activates it.
     void ActivateAction(const QString& name, const QVariantList& parameters,
                         const QVariantMap& platformData);
 
 private:
-    void later(const std::function<void()>& step);
+    void enqueue(const std::function<void()>& step);
 
     InstanceLink& m_link;
 };

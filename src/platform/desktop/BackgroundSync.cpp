@@ -18,7 +18,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(backgroundSyncLog, "BackgroundSync")
 
-constexpr std::chrono::milliseconds threadLinger{2'000};
+constexpr std::chrono::milliseconds idleThreadTimeout{2'000};
 
 void sync(const QByteArray& path)
 {
@@ -36,14 +36,14 @@ void sync(const QByteArray& path)
 BackgroundSync::BackgroundSync()
 {
     m_thread.setMaxThreadCount(1);
-    m_thread.setExpiryTimeout(static_cast<int>(threadLinger.count()));
+    m_thread.setExpiryTimeout(static_cast<int>(idleThreadTimeout.count()));
 }
 
 void BackgroundSync::schedule(const QByteArray& path)
 {
     const QMutexLocker lock(&m_mutex);
     m_pending.insert(path);
-    if (!std::exchange(m_running, true))
+    if (!std::exchange(m_isRunning, true))
         m_thread.start([this] { syncPending(); });
 }
 
@@ -53,13 +53,13 @@ void BackgroundSync::syncPending()
         QSet<QByteArray> paths;
         {
             const QMutexLocker lock(&m_mutex);
-            m_running = !m_pending.isEmpty();
-            if (!m_running)
+            m_isRunning = !m_pending.isEmpty();
+            if (!m_isRunning)
                 return;
             paths.swap(m_pending);
         }
 
-        // The folders come last: their entries are worth something once the files are there.
+        // Folders are synced last, so that their entries never refer to missing data.
         QSet<QByteArray> folders;
         for (const QByteArray& path : std::as_const(paths)) {
             sync(path);

@@ -7,14 +7,14 @@
 
 namespace driftbox {
 
-/// Pushes written files from the kernel's memory to the disk, on a thread that lives only while
-/// there is something to push. Thread-safe. The destructor waits for what was asked for.
+/// Flushes written files to disk on a background thread that exists only while there is work.
+/// Thread-safe. The destructor waits for all scheduled files.
 class BackgroundSync
 {
 public:
     BackgroundSync();
 
-    /// Returns at once. Asking again for a path that still waits for its turn costs nothing.
+    /// Returns at once. A path that is already pending is flushed only once.
     void schedule(const QByteArray& path);
 
 private:
@@ -22,8 +22,8 @@ private:
 
     QMutex m_mutex;
     QSet<QByteArray> m_pending;
-    bool m_running = false;
-    QThreadPool m_thread; ///< the last member: its destructor waits while the others still live
+    bool m_isRunning = false;
+    QThreadPool m_thread; ///< last, so that its destructor waits while the others still exist
 };
 
 } // namespace driftbox

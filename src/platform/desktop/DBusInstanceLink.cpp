@@ -16,7 +16,7 @@ Q_LOGGING_CATEGORY(dbusInstanceLinkLog, "DBusInstanceLink")
 
 const QString busName = u"app.driftbox"_s;
 const QString objectPath = u"/app/driftbox"_s;
-constexpr int firstInstanceTimeoutMs = 500; // a first process that hangs must not hang the second
+constexpr int firstInstanceTimeoutMs = 500; // a first instance that hangs must not block the second
 
 QDBusMessage applicationCall(const QString& method)
 {
@@ -32,7 +32,7 @@ DBusInstanceLink::DBusInstanceLink(const QDBusConnection& sessionBus, const QStr
     , m_bus(sessionBus)
     , m_lock(runtimeFolder + u"/driftbox.lock"_s)
 {
-    m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
+    m_lock.setStaleLockTime(0); // a lock is stale only when its process has ended
     new ApplicationAdaptor(*this);
 }
 
@@ -43,7 +43,7 @@ InstanceLink::Claim DBusInstanceLink::claim(const QList<QUrl>& documents)
     if (!m_bus.isConnected())
         return claimByLockFile();
 
-    // Whoever sees the name can call at once, so the object comes first.
+    // Calls can arrive as soon as the name is registered, so the object must exist first.
     m_bus.registerObject(objectPath, this);
     const auto reply = m_bus.interface()->registerService(busName);
     if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered)

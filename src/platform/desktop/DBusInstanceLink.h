@@ -7,15 +7,15 @@
 
 namespace driftbox {
 
-/// One process a session by a well-known name on the session bus, on which it answers
-/// org.freedesktop.Application. Without a session bus a lock file in the runtime folder keeps a
-/// second process from running; documents cannot be handed over then.
+/// Ensures one instance per session with a well-known name on the session bus, under which it
+/// serves org.freedesktop.Application. Without a session bus a lock file in the runtime folder
+/// prevents a second instance; documents cannot be handed over in that case.
 class DBusInstanceLink final : public InstanceLink
 {
     Q_OBJECT
 
 public:
-    /// `runtimeFolder` is where the lock file goes.
+    /// `runtimeFolder` contains the lock file.
     DBusInstanceLink(const QDBusConnection& sessionBus, const QString& runtimeFolder,
                      QObject* parent = nullptr);
     ~DBusInstanceLink() override;

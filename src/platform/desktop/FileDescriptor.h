@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// An open file descriptor, closed at the latest with this object.
+/// Owns an open file descriptor and closes it on destruction.
 class FileDescriptor
 {
 public:
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int get() const { return m_descriptor; }
 
-    /// False, with errno set, when the system had an error to report.
+    /// False, with errno set, when the system reports an error.
     bool close() { return m_descriptor < 0 || ::close(std::exchange(m_descriptor, -1)) == 0; }
 
 private:

@@ -29,7 +29,7 @@ ColorScheme schemeOfPalette()
                : ColorScheme::light;
 }
 
-// Older portals wrap the value once more.
+// Older portals wrap the value in another variant.
 QVariant unwrapped(QVariant value)
 {
     while (value.canConvert<QDBusVariant>())
@@ -42,26 +42,27 @@ QVariant unwrapped(QVariant value)
 PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus, QObject* parent)
     : Appearance(parent)
     , m_bus(sessionBus)
-    , m_portal(portalService, sessionBus, QDBusServiceWatcher::WatchForRegistration)
+    , m_portalWatcher(portalService, sessionBus, QDBusServiceWatcher::WatchForRegistration)
     , m_paletteScheme(schemeOfPalette())
     , m_scheme(m_paletteScheme)
 {
     if (!m_bus.isConnected())
         return;
-    qRegisterMetaType<QDBusVariant>(); // or no slot that takes one is found
+    qRegisterMetaType<QDBusVariant>(); // needed to find slots that take one
     m_bus.connect(portalService, portalPath, settings, u"SettingChanged"_s, this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
-    connect(&m_portal, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::askAll);
-    askAll();
+    connect(&m_portalWatcher, &QDBusServiceWatcher::serviceRegistered, this,
+            &PortalAppearance::requestAll);
+    requestAll();
 }
 
-void PortalAppearance::askAll()
+void PortalAppearance::requestAll()
 {
-    ask(schemeKey);
-    ask(accentKey);
+    request(schemeKey);
+    request(accentKey);
 }
 
-void PortalAppearance::ask(const QString& key)
+void PortalAppearance::request(const QString& key)
 {
     QDBusMessage call =
         QDBusMessage::createMethodCall(portalService, portalPath, settings, u"Read"_s);
@@ -105,7 +106,7 @@ void PortalAppearance::applyScheme(uint preference)
         Q_EMIT colorSchemeChanged(scheme);
 }
 
-// Red, green and blue from 0 to 1; anything else means that the user has chosen none.
+// Red, green and blue from 0 to 1; any other value means that the user has not chosen a color.
 void PortalAppearance::applyAccent(const QDBusArgument& channels)
 {
     if (channels.currentSignature() != u"(ddd)")

@@ -9,9 +9,9 @@
 
 namespace driftbox {
 
-/// What the desktop's settings portal says; where there is no portal, or it has no preference,
-/// light or dark as the toolkit's palette is at the start. Nothing waits for the portal: the
-/// palette stands in until it answers.
+/// The appearance reported by the desktop's settings portal. Without a portal, or when it reports
+/// no preference, the color scheme is that of the toolkit's palette at startup. The portal is
+/// queried asynchronously; the palette is used until it answers.
 class PortalAppearance final : public Appearance
 {
     Q_OBJECT
@@ -26,14 +26,14 @@ private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void askAll();
-    void ask(const QString& key);
+    void requestAll();
+    void request(const QString& key);
     void apply(const QString& key, const QVariant& value);
     void applyScheme(uint preference);
     void applyAccent(const QDBusArgument& channels);
 
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_portal; ///< it may start late, or anew
+    QDBusServiceWatcher m_portalWatcher; ///< it may start late, or restart
     ColorScheme m_paletteScheme;
     ColorScheme m_scheme;
     std::optional<QColor> m_accent;

@@ -39,7 +39,7 @@ bool isFolder(const QByteArray& path)
     return stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// Runs a system call again for as long as signals interrupt it.
+// Repeats a system call until it is not interrupted by a signal.
 template <typename Call>
 auto uninterrupted(Call call)
 {
@@ -49,8 +49,8 @@ auto uninterrupted(Call call)
     return result;
 }
 
-// The path that `path` leads to through symbolic links, which need not exist; none, with errno set,
-// when they go round in circles.
+// Resolves symbolic links. The resulting path need not exist. None, with errno set, when the links
+// form a cycle.
 std::optional<QByteArray> followLinks(QByteArray path)
 {
     for (int i = 0; i < linkLimit; ++i) {
@@ -79,7 +79,7 @@ bool writeFully(int descriptor, const QByteArray& bytes)
     return true;
 }
 
-// A new file at `path`, whatever was there before. False with errno set.
+// Creates a new file at `path`, replacing any existing one. False with errno set.
 bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
 {
     unlink(path.constData());
@@ -87,13 +87,13 @@ bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
         return open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                     fileMode);
     }));
-    // The mode given to open() has lost what the process's mask forbids.
+    // The mode passed to open() has been reduced by the umask.
     return file.isOpen() && fchmod(file.get(), fileMode) == 0 && writeFully(file.get(), bytes) &&
            file.close();
 }
 
-// Whether the file, if it exists, is open to writing. False with errno set. The superuser may write
-// everything, but a file that nobody may write is meant to stay.
+// Whether the file, if it exists, is writable. False with errno set. The superuser may write any
+// file, but one without any write permission is meant to be kept.
 bool mayReplace(const QByteArray& path)
 {
     struct stat status = {};
@@ -106,20 +106,20 @@ bool mayReplace(const QByteArray& path)
     return faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0;
 }
 
-// A new file at `path` with the owner and the permissions of the one at `model`, if there is one,
-// that has reached the disk. False with errno set.
+// Creates a new file at `path` with the owner and permissions of the one at `model`, if that
+// exists, and syncs it to disk. False with errno set.
 bool writeDocument(const QByteArray& path, const QByteArray& bytes, const QByteArray& model)
 {
-    constexpr mode_t usualMode = 0666; // without what the process's mask forbids
+    constexpr mode_t defaultMode = 0666; // reduced by the umask
     FileDescriptor file(uninterrupted([&] {
         return open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                    usualMode);
+                    defaultMode);
     }));
     if (!file.isOpen())
         return false;
     struct stat status = {};
     if (stat(model.constData(), &status) == 0) {
-        // Only the superuser can give a file to somebody else; it stays with this user then.
+        // Only the superuser can change the owner; otherwise the file stays with this user.
         if (fchown(file.get(), status.st_uid, status.st_gid) != 0)
             status.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
         if (fchmod(file.get(), status.st_mode & 07777U) != 0)
@@ -130,7 +130,7 @@ bool writeDocument(const QByteArray& path, const QByteArray& bytes, const QByteA
 
 } // namespace
 
-// Two threads that write the same file do it one after the other.
+// Serializes threads that write the same file.
 class PosixFileSystem::PathLock
 {
 public:
@@ -159,7 +159,7 @@ private:
 
 std::optional<QByteArray> PosixFileSystem::read(const QString& path) const
 {
-    // Without O_NONBLOCK the opening of a pipe would wait for a writer.
+    // Without O_NONBLOCK opening a pipe would wait for a writer.
     const FileDescriptor file(uninterrupted([name = QFile::encodeName(path)] {
         return open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     }));
@@ -167,7 +167,7 @@ std::optional<QByteArray> PosixFileSystem::read(const QString& path) const
     if (!file.isOpen() || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
 
-    // One byte more than the file has shows the end without a second buffer.
+    // One extra byte detects the end of the file without growing the buffer.
     QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);
     for (qsizetype done = 0;;) {
         if (done == bytes.size())
@@ -210,7 +210,7 @@ Expected<void> PosixFileSystem::replaceDocument(const QString& path, const QByte
     const auto target = followLinks(QFile::encodeName(path));
     if (!target || !mayReplace(*target))
         return failure(path, errno);
-    // A name that nothing of the user's has.
+    // A random name, so that no file of the user is overwritten.
     const QByteArray temporary =
         *target + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16) + ".new";
     if (writeDocument(temporary, bytes, *target) &&

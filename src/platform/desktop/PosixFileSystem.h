@@ -9,13 +9,13 @@
 
 namespace driftbox {
 
-/// The files of the machine. Calls return when the kernel has the bytes; a background thread then
-/// sees to it that the disk has them too, and the destructor waits for it.
+/// The local file system. Calls return when the kernel has the data; a background thread then syncs
+/// it to disk, and the destructor waits for that thread.
 ///
-/// A write goes to the hidden file ".NAME.new" beside its target, which takes the target's place
-/// when it is complete. What a killed program left under that name is overwritten by its next
-/// write. When the target is a symbolic link, the file it leads to is replaced and the link stays.
-/// Only regular files are read.
+/// A write goes to the hidden file ".NAME.new" next to its target and replaces the target when it
+/// is complete. A leftover of an interrupted write is overwritten by the next one. When the target
+/// is a symbolic link, the file it points to is replaced and the link is preserved. Only regular
+/// files are read.
 class PosixFileSystem final : public FileSystem
 {
 public:

@@ -28,36 +28,36 @@ void StatusNotifierHosts::watch()
         return;
     m_watcher = std::make_unique<QDBusServiceWatcher>(watcherService, m_bus);
     connect(m_watcher.get(), &QDBusServiceWatcher::serviceRegistered, this,
-            &StatusNotifierHosts::ask);
+            &StatusNotifierHosts::query);
     connect(m_watcher.get(), &QDBusServiceWatcher::serviceUnregistered, this,
-            &StatusNotifierHosts::forget);
+            &StatusNotifierHosts::reset);
     for (const auto& change :
          {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
-        m_bus.connect(watcherService, watcherPath, watcherService, change, this, SLOT(ask()));
+        m_bus.connect(watcherService, watcherPath, watcherService, change, this, SLOT(query()));
     m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
-                  u"Disconnected"_s, this, SLOT(forget()));
-    ask();
+                  u"Disconnected"_s, this, SLOT(reset()));
+    query();
 }
 
-void StatusNotifierHosts::ask()
+void StatusNotifierHosts::query()
 {
     auto call = QDBusMessage::createMethodCall(watcherService, watcherPath,
                                                u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     call << watcherService << u"IsStatusNotifierHostRegistered"_s;
     call.setAutoStartService(false);
-    const int question = ++m_question;
+    const int generation = ++m_generation;
     auto* answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, question, answer] {
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, generation, answer] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *answer;
-        if (question == m_question)
+        if (generation == m_generation)
             setAvailable(reply.isValid() && reply.value().variant().toBool());
     });
 }
 
-void StatusNotifierHosts::forget()
+void StatusNotifierHosts::reset()
 {
-    ++m_question;
+    ++m_generation;
     setAvailable(false);
 }
 

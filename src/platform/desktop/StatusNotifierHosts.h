@@ -9,8 +9,8 @@
 
 namespace driftbox {
 
-/// The hosts of status notifier items, as the session's watcher of them tells. Nothing waits for
-/// the watcher: while it does not answer there is no host.
+/// Availability of status notifier hosts, as reported by the session's watcher. The watcher is
+/// queried asynchronously; until it answers, no host is available.
 class StatusNotifierHosts final : public StatusArea
 {
     Q_OBJECT
@@ -21,14 +21,14 @@ public:
     void watch() override;
 
 private Q_SLOTS:
-    // By name: what the bus library calls.
-    void ask();    ///< a host has come or gone
-    void forget(); ///< the bus has gone
+    // Connected by name on the bus.
+    void query(); ///< a host has been registered or unregistered
+    void reset(); ///< the bus or the watcher has disappeared
 
 private:
     QDBusConnection m_bus;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;
-    int m_question = 0; ///< the current one; answers to earlier ones are dropped
+    int m_generation = 0; ///< of the latest query; replies to earlier ones are dropped
 };
 
 } // namespace driftbox

@@ -13,11 +13,11 @@ namespace {
 
 std::atomic<int> writeEnd{-1};
 
-// Little is allowed in a handler of signals; a pipe wakes the event loop up.
-void passOn(int /*signal*/)
+// Only async-signal-safe calls are allowed here; the pipe wakes the event loop.
+void notifyEventLoop(int /*signal*/)
 {
     constexpr char anything = 0;
-    const int error = errno; // of whatever was interrupted
+    const int error = errno; // belongs to the interrupted code
     static_cast<void>(!write(writeEnd, &anything, sizeof anything));
     errno = error;
 }
@@ -31,7 +31,7 @@ void setHandler(int signal, void (*handler)(int), int flags)
     sigaction(signal, &action, nullptr);
 }
 
-// A program that is to outlive its terminal is started with such signals ignored.
+// Programs meant to outlive their terminal are started with these signals ignored.
 bool isIgnored(int signal)
 {
     struct sigaction action = {};
@@ -65,14 +65,14 @@ TerminationSignals::TerminationSignals(QObject* parent)
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         if (isIgnored(signal))
             continue;
-        m_heard.push_back(signal);
-        setHandler(signal, &passOn, SA_RESTART | static_cast<int>(SA_RESETHAND));
+        m_handledSignals.push_back(signal);
+        setHandler(signal, &notifyEventLoop, SA_RESTART | static_cast<int>(SA_RESETHAND));
     }
 }
 
 TerminationSignals::~TerminationSignals()
 {
-    for (const int signal : m_heard)
+    for (const int signal : m_handledSignals)
         setHandler(signal, SIG_DFL, 0);
     writeEnd = -1;
 }

@@ -8,20 +8,21 @@
 
 namespace driftbox {
 
-/// Hears the signals by which a session or a terminal asks the program to end, so that it can end
-/// in order. Only the first counts: after it they end the process at once, as they do without this.
-/// Those that the program was started to ignore stay ignored. One at a time; main thread only.
+/// Catches the signals with which a session or a terminal asks the program to terminate, so that it
+/// can shut down cleanly. Only the first signal is caught: a second one terminates the process at
+/// once, as by default. Signals that were ignored when the program was started stay ignored. Only
+/// one instance may exist at a time; main thread only.
 class TerminationSignals final : public QObject
 {
     Q_OBJECT
 
 public:
     explicit TerminationSignals(QObject* parent = nullptr);
-    /// Gives the signals their usual effect back.
+    /// Restores the signals' default actions.
     ~TerminationSignals() override;
 
 Q_SIGNALS:
-    /// From the event loop.
+    /// Emitted from the event loop.
     void received();
 
 private:
@@ -32,12 +33,12 @@ private:
         Pipe(const Pipe&) = delete;
         Pipe& operator=(const Pipe&) = delete;
 
-        std::array<int, 2> ends{-1, -1}; ///< read from, written to
+        std::array<int, 2> ends{-1, -1}; ///< the read end and the write end
     };
 
     Pipe m_pipe;
     QSocketNotifier m_notifier;
-    std::vector<int> m_heard;
+    std::vector<int> m_handledSignals;
 };
 
 } // namespace driftbox

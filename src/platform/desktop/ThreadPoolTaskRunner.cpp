@@ -4,14 +4,14 @@ namespace driftbox {
 
 namespace {
 
-constexpr int idleThreadLifeMs = 5'000;
+constexpr int idleThreadTimeoutMs = 5'000;
 
 } // namespace
 
 ThreadPoolTaskRunner::ThreadPoolTaskRunner(int threads)
 {
     m_pool.setMaxThreadCount(threads);
-    m_pool.setExpiryTimeout(idleThreadLifeMs);
+    m_pool.setExpiryTimeout(idleThreadTimeoutMs);
 }
 
 ThreadPoolTaskRunner::~ThreadPoolTaskRunner()

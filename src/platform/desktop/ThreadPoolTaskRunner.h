@@ -9,11 +9,11 @@
 
 namespace driftbox {
 
-/// Runs work on a few threads of its own, which end when they have been idle for a while.
+/// Runs work on a few threads of its own, which end after being idle for a while.
 ///
-/// Work starts in the order of the calls, and what `work` and `done` hold is let go of on the main
-/// thread. Destroying the runner drops work that has not started, waits for what is running, and
-/// calls no `done` any more.
+/// Work starts in the order of the calls; whatever `work` and `done` capture is released on the
+/// main thread. Destroying the runner drops work that has not started, waits for running work, and
+/// calls no further `done`.
 class ThreadPoolTaskRunner final : public QObject, public TaskRunner
 {
 public:
@@ -33,7 +33,7 @@ private:
 
     void finish(Tasks::iterator task);
 
-    Tasks m_tasks; ///< main thread; the threads only call the `work` of the one they run
+    Tasks m_tasks; ///< main thread only; the threads just call their own task's `work`
     QThreadPool m_pool;
 };
 

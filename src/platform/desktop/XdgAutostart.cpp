@@ -17,7 +17,7 @@ QString program()
     return installed.isEmpty() ? QCoreApplication::applicationFilePath() : installed;
 }
 
-// As every string in a desktop entry.
+// Escapes a string value of a desktop entry.
 QString escaped(const QString& text)
 {
     QString escaped;

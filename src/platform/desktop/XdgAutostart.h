@@ -6,8 +6,9 @@ namespace driftbox {
 
 class FileSystem;
 
-/// The desktop entry in the user's autostart folder. It starts the installed program, or the one
-/// that runs when none is installed; sessions skip it once that is gone.
+/// A desktop entry in the user's autostart folder. It starts the installed program, or the running
+/// executable when none is installed; sessions skip the entry once that executable no longer
+/// exists.
 class XdgAutostart final : public LoginItem
 {
 public:
@@ -15,7 +16,7 @@ public:
     XdgAutostart(FileSystem& fileSystem, const QString& autostartFolder);
 
     Expected<void> registerItem() override;
-    /// Works also when there is nothing to remove.
+    /// Succeeds also when there is no entry.
     Expected<void> unregisterItem() override;
 
 private:
@@ -24,7 +25,7 @@ private:
     QString m_path;
 };
 
-/// `argument` as a part of the value of an Exec key in a desktop entry.
+/// Quotes `argument` for the Exec key of a desktop entry.
 [[nodiscard]] QString quotedForExec(const QString& argument);
 
 } // namespace driftbox

@@ -17,7 +17,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(accessibilityBusLog, "AccessibilityBus")
 
-// The library knows connections by name; a name is never used twice.
+// Connection names must never be reused.
 QString nextConnectionName()
 {
     static int number = 0;
@@ -46,7 +46,7 @@ AccessibilityBus::~AccessibilityBus()
 
 void AccessibilityBus::retry()
 {
-    if (!m_attempting && !m_connection.isConnected())
+    if (!m_isAttempting && !m_connection.isConnected())
         requestAddress();
 }
 
@@ -55,7 +55,7 @@ void AccessibilityBus::requestAddress()
     if (!m_session.isConnected()) // a call would never be answered
         return fail(u"there is no session bus"_s);
     const int attempt = ++m_attempt;
-    m_attempting = true;
+    m_isAttempting = true;
     const auto request =
         QDBusMessage::createMethodCall(accessibility::launcherService, accessibility::launcherPath,
                                        accessibility::launcherService, u"GetAddress"_s);
@@ -68,13 +68,13 @@ void AccessibilityBus::requestAddress()
         if (reply.isError())
             fail(reply.error().message());
         else if (reply.value() == m_address && m_connection.isConnected())
-            m_attempting = false;
+            m_isAttempting = false;
         else
             open(reply.value());
     });
 }
 
-// The library waits for the bus to greet it, so this happens elsewhere.
+// Connecting blocks until the bus replies, so it happens on another thread.
 void AccessibilityBus::open(const QString& address)
 {
     const int attempt = m_attempt;
@@ -95,7 +95,7 @@ void AccessibilityBus::open(const QString& address)
 void AccessibilityBus::adopt(const QDBusConnection& connection, const QString& address)
 {
     dropConnection();
-    m_attempting = false;
+    m_isAttempting = false;
     m_address = address;
     m_connection = connection;
     m_connection.connect(QString(), u"/org/freedesktop/DBus/Local"_s,
@@ -114,8 +114,8 @@ void AccessibilityBus::dropConnection()
 
 void AccessibilityBus::fail(const QString& reason)
 {
-    m_attempting = false;
-    if (!std::exchange(m_absenceReported, true))
+    m_isAttempting = false;
+    if (!std::exchange(m_hasReportedAbsence, true))
         qCInfo(accessibilityBusLog).noquote()
             << u"No accessibility bus; the caret cannot be found: %1"_s.arg(reason);
 }

@@ -8,9 +8,8 @@ namespace driftbox {
 
 class TaskRunner;
 
-/// The connection to the bus that assistive technology and applications share. It is looked for at
-/// construction and whenever the session starts a new one; that there is none is logged once. Main
-/// thread only, and never makes it wait.
+/// The connection to the accessibility bus. It is opened at construction and whenever the session
+/// starts a new bus; a missing bus is logged once. Main thread only; never blocks.
 class AccessibilityBus final : public QObject
 {
     Q_OBJECT
@@ -23,11 +22,11 @@ public:
     /// Not connected while there is no bus.
     [[nodiscard]] const QDBusConnection& connection() const { return m_connection; }
 
-    /// Looks for the bus again where there is no connection, and has the session start it.
+    /// If not connected, looks for the bus again and asks the session to start it.
     void retry();
 
 private Q_SLOTS:
-    void dropConnection(); ///< by name: what the bus library calls when the connection is lost
+    void dropConnection(); ///< connected by name on the bus: the connection has been lost
 
 private:
     void requestAddress();
@@ -40,9 +39,9 @@ private:
     QDBusServiceWatcher m_launcher;
     QDBusConnection m_connection;
     QString m_address; ///< of the connection; empty while there is none
-    int m_attempt = 0; ///< the current one; replies to earlier ones are dropped
-    bool m_attempting = false;
-    bool m_absenceReported = false;
+    int m_attempt = 0; ///< the current attempt; replies to earlier ones are dropped
+    bool m_isAttempting = false;
+    bool m_hasReportedAbsence = false;
 };
 
 } // namespace driftbox

@@ -16,7 +16,7 @@ namespace driftbox {
 
 namespace {
 
-// Longer than anybody waits for the caret.
+// Longer than any caret request runs.
 constexpr std::chrono::milliseconds timeout{150};
 
 const QString accessibleInterface = u"org.a11y.atspi.Accessible"_s;
@@ -25,7 +25,7 @@ const QString textInterface = u"org.a11y.atspi.Text"_s;
 
 constexpr uint screenCoordinates = 0;
 
-/// By its number, as the bus has it.
+/// Bit numbers as defined by AT-SPI.
 enum class State : std::uint8_t {
     active = 1,
     editable = 7,
@@ -121,14 +121,14 @@ TextRange toRange(const QVariantList& arguments)
 
 } // namespace
 
-struct AccessibleObject::Question
+struct AccessibleObject::Query
 {
     QString interface;
     QString method;
     QVariantList arguments;
     QString replySignature;
 
-    static Question property(const QString& interface, const QString& name)
+    static Query property(const QString& interface, const QString& name)
     {
         return {u"org.freedesktop.DBus.Properties"_s, u"Get"_s, {interface, name}, u"v"_s};
     }
@@ -141,13 +141,12 @@ void AccessibleObject::askStates(QObject* context, const Answer<AccessibleStates
 
 void AccessibleObject::askParent(QObject* context, const Answer<AccessibleReference>& answer) const
 {
-    ask(Question::property(accessibleInterface, u"Parent"_s), context, propertyToReference, answer);
+    ask(Query::property(accessibleInterface, u"Parent"_s), context, propertyToReference, answer);
 }
 
 void AccessibleObject::askChildCount(QObject* context, const Answer<int>& answer) const
 {
-    ask(Question::property(accessibleInterface, u"ChildCount"_s), context, propertyToInteger,
-        answer);
+    ask(Query::property(accessibleInterface, u"ChildCount"_s), context, propertyToInteger, answer);
 }
 
 void AccessibleObject::askChildren(QObject* context,
@@ -164,18 +163,18 @@ void AccessibleObject::askExtents(QObject* context, const Answer<QRect>& answer)
 
 void AccessibleObject::askToolkitName(QObject* context, const Answer<QString>& answer) const
 {
-    ask(Question::property(u"org.a11y.atspi.Application"_s, u"ToolkitName"_s), context,
-        propertyToText, answer);
+    ask(Query::property(u"org.a11y.atspi.Application"_s, u"ToolkitName"_s), context, propertyToText,
+        answer);
 }
 
 void AccessibleObject::askCaretOffset(QObject* context, const Answer<int>& answer) const
 {
-    ask(Question::property(textInterface, u"CaretOffset"_s), context, propertyToInteger, answer);
+    ask(Query::property(textInterface, u"CaretOffset"_s), context, propertyToInteger, answer);
 }
 
 void AccessibleObject::askCharacterCount(QObject* context, const Answer<int>& answer) const
 {
-    ask(Question::property(textInterface, u"CharacterCount"_s), context, propertyToInteger, answer);
+    ask(Query::property(textInterface, u"CharacterCount"_s), context, propertyToInteger, answer);
 }
 
 void AccessibleObject::askSelection(QObject* context, const Answer<TextRange>& answer) const
@@ -197,29 +196,28 @@ void AccessibleObject::askCharacterExtents(int offset, QObject* context,
 }
 
 template <typename T, typename Convert>
-void AccessibleObject::ask(const Question& question, QObject* context, Convert convert,
+void AccessibleObject::ask(const Query& query, QObject* context, Convert convert,
                            const Answer<T>& answer) const
 {
-    send(question, context, [convert, answer](const std::optional<QVariantList>& reply) {
+    send(query, context, [convert, answer](const std::optional<QVariantList>& reply) {
         answer(reply ? std::optional<T>(convert(*reply)) : std::nullopt);
     });
 }
 
-void AccessibleObject::send(const Question& question, QObject* context,
-                            Answer<QVariantList> answer) const
+void AccessibleObject::send(const Query& query, QObject* context, Answer<QVariantList> answer) const
 {
     auto request = QDBusMessage::createMethodCall(m_reference.service, m_reference.path,
-                                                  question.interface, question.method);
-    request.setArguments(question.arguments);
+                                                  query.interface, query.method);
+    request.setArguments(query.arguments);
     const auto call = m_bus.asyncCall(request, static_cast<int>(timeout.count()));
     auto* watcher = new QDBusPendingCallWatcher(call, context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
-                     [watcher, wanted = question.replySignature, answer = std::move(answer)] {
+                     [watcher, expected = query.replySignature, answer = std::move(answer)] {
                          watcher->deleteLater();
                          const QDBusMessage reply = watcher->reply();
-                         const bool fits = reply.type() == QDBusMessage::ReplyMessage &&
-                                           reply.signature() == wanted;
-                         answer(fits ? std::optional(reply.arguments()) : std::nullopt);
+                         const bool isExpected = reply.type() == QDBusMessage::ReplyMessage &&
+                                                 reply.signature() == expected;
+                         answer(isExpected ? std::optional(reply.arguments()) : std::nullopt);
                      });
 }
 

@@ -14,7 +14,7 @@ class QObject;
 
 namespace driftbox {
 
-/// An element of some application's user interface, by the names that the accessibility bus gives.
+/// Identifies an element of an application's user interface on the accessibility bus.
 struct AccessibleReference
 {
     QString service;
@@ -23,17 +23,17 @@ struct AccessibleReference
     bool operator==(const AccessibleReference&) const = default;
 };
 
-/// Some of the states an element can be in.
+/// The relevant states of an element.
 struct AccessibleStates
 {
-    bool active = false; ///< a window that has the keyboard
+    bool active = false; ///< a window that has the keyboard focus
     bool editable = false;
     bool focused = false;
     bool showing = false;
-    bool managesDescendants = false; ///< its children come and go, and may be very many
+    bool managesDescendants = false; ///< its children are transient and possibly very many
 };
 
-/// Characters `start` up to, but without, `end`.
+/// The characters from `start` up to, but not including, `end`.
 struct TextRange
 {
     int start = 0;
@@ -42,9 +42,9 @@ struct TextRange
     [[nodiscard]] bool isEmpty() const { return end <= start; }
 };
 
-/// Asks one element, asynchronously. Every question is answered once, later, with none when the
-/// element does not answer in time or not in the expected form; not at all once `context` has been
-/// destroyed. All rectangles are on the screen in the application's own coordinates. Main thread
+/// Queries one element asynchronously. Every query is answered once, later, with none when the
+/// element does not respond in time or not in the expected form; never once `context` has been
+/// destroyed. All rectangles are screen positions in the application's own coordinates. Main thread
 /// only.
 class AccessibleObject
 {
@@ -64,10 +64,10 @@ public:
     void askChildren(QObject* context, const Answer<QList<AccessibleReference>>& answer) const;
     void askExtents(QObject* context, const Answer<QRect>& answer) const;
 
-    /// Of the element that stands for the whole application.
+    /// For the root object of an application.
     void askToolkitName(QObject* context, const Answer<QString>& answer) const;
 
-    /// Of an element with text. The unit of offsets is the application's own.
+    /// For an element with text. The unit of offsets is defined by the application.
     void askCaretOffset(QObject* context, const Answer<int>& answer) const;
     void askCharacterCount(QObject* context, const Answer<int>& answer) const;
     void askSelection(QObject* context, const Answer<TextRange>& answer) const;
@@ -75,12 +75,11 @@ public:
     void askCharacterExtents(int offset, QObject* context, const Answer<QRect>& answer) const;
 
 private:
-    struct Question;
+    struct Query;
 
     template <typename T, typename Convert>
-    void ask(const Question& question, QObject* context, Convert convert,
-             const Answer<T>& answer) const;
-    void send(const Question& question, QObject* context, Answer<QVariantList> answer) const;
+    void ask(const Query& query, QObject* context, Convert convert, const Answer<T>& answer) const;
+    void send(const Query& query, QObject* context, Answer<QVariantList> answer) const;
 
     QDBusConnection m_bus;
     AccessibleReference m_reference;

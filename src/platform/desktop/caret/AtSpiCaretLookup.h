@@ -9,11 +9,11 @@ namespace driftbox {
 class ActiveWindow;
 class Screens;
 
-/// Finds the caret over AT-SPI. Speaks to the accessibility bus directly and asynchronously: an
-/// application that hangs is given up after the deadline, and meanwhile the event loop runs on.
+/// Locates the caret through AT-SPI, with direct, asynchronous calls on the accessibility bus. An
+/// application that hangs is given up at the deadline; the event loop is never blocked.
 ///
-/// Nothing is asked for beforehand: as soon as anybody listens to events, Qt applications send
-/// every key over the bus, and lose or repeat some of their shortcuts on the way.
+/// Nothing is queried in advance and no events are registered for: with any event listener present,
+/// Qt applications send every key over the bus, and lose or repeat some of their shortcuts.
 class AtSpiCaretLookup final : public CaretLookup
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private:
     ActiveWindow& m_activeWindow;
     const Screens& m_screens;
     AccessibilityBus m_bus;
-    std::optional<AccessibleReference> m_lastFocused; ///< most often it still is
+    std::optional<AccessibleReference> m_lastFocused; ///< usually still focused
 };
 
 } // namespace driftbox

@@ -12,7 +12,7 @@ namespace driftbox::CaretGeometry {
 namespace {
 
 constexpr qreal caretWidth = 1;
-// Where an element says nothing about its text: one no higher than this holds a single line.
+// For elements without information about their text: those up to this height hold a single line.
 constexpr int singleLineHeight = 48;
 constexpr int assumedLineHeight = 20;
 
@@ -26,8 +26,8 @@ int paragraphStart(const Text& text, int offset)
     return offset > 0 ? int(text.leading.lastIndexOf(u'\n', offset - 1)) + 1 : 0;
 }
 
-// How much lower a character is than it claims, where every paragraph claims the place of the
-// first.
+// How far below its reported position a character is, where every paragraph reports the position of
+// the first.
 int missingHeight(const Text& text, int offset)
 {
     const QRect first = text.characters.value(0);
@@ -39,7 +39,7 @@ int missingHeight(const Text& text, int offset)
     return int(paragraphs - scrolledLines) * first.height() + scrolledLines;
 }
 
-// Empty when they are not known.
+// Empty when unknown.
 QRect charactersExtents(const Text& text, int offset)
 {
     QRect extents = text.characters.value(offset);
@@ -47,10 +47,10 @@ QRect charactersExtents(const Text& text, int offset)
     if (missing == 0)
         return extents;
     extents.translate(0, missing);
-    // Paragraphs of several lines make this inexact.
-    const int lowest = text.viewport.y() + text.viewport.height() - extents.height();
-    if (!text.viewport.isEmpty() && lowest > text.viewport.y())
-        extents.moveTop(std::clamp(extents.y(), text.viewport.y(), lowest));
+    // Paragraphs of several lines make this inexact, so it is clamped to the viewport.
+    const int maxTop = text.viewport.y() + text.viewport.height() - extents.height();
+    if (!text.viewport.isEmpty() && maxTop > text.viewport.y())
+        extents.moveTop(std::clamp(extents.y(), text.viewport.y(), maxTop));
     return extents;
 }
 
@@ -59,13 +59,13 @@ QRectF caretAt(qreal x, qreal y, qreal height)
     return {x, y, caretWidth, height};
 }
 
-// Line breaks have no width, and a rectangle without width has no place.
+// Line breaks have no width, and QRect::united() ignores rectangles without width.
 QRect atLeastCaretWide(const QRect& extents)
 {
     return {extents.topLeft(), extents.size().expandedTo(QSize(int(caretWidth), 0))};
 }
 
-// Lines of one paragraph differ, so this is the box of both ends, as far as the element shows it.
+// The bounding box of both ends of the selection, clipped to the element: lines differ in width.
 std::optional<QRectF> selectionRectangle(const Text& text)
 {
     const QRect first = charactersExtents(text, text.selection.start);
@@ -98,13 +98,13 @@ std::optional<QRectF> rectangleOfCharacters(const Text& text)
 std::optional<QRectF> rectangleOfElement(const Text& text)
 {
     const QRect& element = text.element;
-    const bool singleLine = element.height() <= singleLineHeight;
-    if (element.isEmpty() || (text.characterCount > 0 && !singleLine))
+    const bool isSingleLine = element.height() <= singleLineHeight;
+    if (element.isEmpty() || (text.characterCount > 0 && !isSingleLine))
         return std::nullopt;
-    return caretAt(element.x(), element.y(), singleLine ? element.height() : assumedLineHeight);
+    return caretAt(element.x(), element.y(), isSingleLine ? element.height() : assumedLineHeight);
 }
 
-// Decorations that only one of the two counts make the quotient of the widths inexact.
+// The quotient of the widths is inexact when only one of the two includes decorations.
 qreal scaleOf(const Window& window)
 {
     constexpr qreal step = 0.25;
@@ -119,7 +119,7 @@ QRectF desktopFrame(const Screen& screen, const std::vector<Screen>& screens)
     return ScreenSpace::flipped(screen.frame, screens.front().frame.height());
 }
 
-// Where `point` of the desktop is in device space; none off the screens.
+// Converts a point from desktop space to device space; none outside all screens.
 std::optional<QPointF> deviceFromDesktop(QPointF point, const std::vector<Screen>& screens)
 {
     for (const Screen& screen : screens) {
@@ -130,8 +130,8 @@ std::optional<QPointF> deviceFromDesktop(QPointF point, const std::vector<Screen
     return std::nullopt;
 }
 
-// Toolkits that scale like this program keep the screens' origins in pixels, others scale those
-// too. The window, whose true place is known, tells which of them this is.
+// Some toolkits, like this program's, do not scale the screens' origins, others do. The window,
+// whose real position is known, tells them apart.
 bool usesDesktopPoints(const Window& window, qreal scale, const std::vector<Screen>& screens)
 {
     const auto asDesktop = deviceFromDesktop(window.reported.center(), screens);

@@ -11,48 +11,49 @@
 #include <QtCore/QRectF>
 #include <QtCore/QString>
 
-/// Works out where the caret is from what an application tells about its text. Pure functions.
+/// Computes the caret rectangle from what an application reports about its text. Pure functions.
 ///
-/// What real applications answer:
-/// - Qt 5 and 6 have no extents for the place behind the last character, GTK 3 has;
-/// - an empty element has none anywhere under Qt;
-/// - in Qt's plain text editor every paragraph claims the place of the first one, less one pixel
-///   for each line that is scrolled out of sight;
-/// - every one of them speaks of its own points: GTK 3 divides pixels by GDK_SCALE, Qt 6 by the
-///   scale it takes from the screen's resolution, Qt 5 only by QT_SCALE_FACTOR and the like.
+/// Behavior of real applications:
+/// - Qt 5 and 6 report no extents for the position after the last character; GTK 3 does.
+/// - Qt reports no extents for any position in an empty element.
+/// - In Qt's plain text editor every paragraph reports the position of the first one, less one
+///   pixel for each line that is scrolled out of view.
+/// - Each uses its own points: GTK 3 divides pixels by GDK_SCALE, Qt 6 by the scale derived from
+///   the screen's resolution, Qt 5 only by QT_SCALE_FACTOR and the like.
 namespace driftbox::CaretGeometry {
 
-/// A text as its application describes it. Rectangles are in the application's own coordinates.
+/// A text as reported by its application. Rectangles are in the application's own coordinates.
 struct Text
 {
     int caret = 0;
     int characterCount = 0;
     TextRange selection;
     QRect element;                ///< the whole element
-    QRect viewport;               ///< where it shows its text; empty when that is not known
+    QRect viewport;               ///< the part that shows the text; empty when unknown
     bool afterLineBreak = false;  ///< the character before the caret ends a line
-    QString leading;              ///< from the start to `leadingEnd`; empty when it is not known
-    QHash<int, QRect> characters; ///< the extents of some characters; empty ones are not known
+    QString leading;              ///< from the start to `leadingEnd`; empty when unknown
+    QHash<int, QRect> characters; ///< the extents of some characters; empty when unknown
 };
 
-/// The end of the part of the text that can decide.
+/// The end of the leading part of the text that affects the result.
 [[nodiscard]] int leadingEnd(const Text& text);
 
-/// The characters whose extents decide, going by everything but `characters`.
+/// The offsets of the characters whose extents affect the result, based on everything but
+/// `characters`.
 [[nodiscard]] std::vector<int> decisiveCharacters(const Text& text);
 
-/// The selection, or the caret as a rectangle one unit wide; none when the application cannot tell.
+/// The selection, or the caret as a rectangle one unit wide; none when it cannot be determined.
 [[nodiscard]] std::optional<QRectF> caretRectangle(const Text& text);
 
-/// The same window as its application and as the display server see it.
+/// The frame of one window as reported by its application and by the display server.
 struct Window
 {
     QRect reported;
     QRect device;
 };
 
-/// A rectangle in the coordinates of an application, as desktop space sees it; none when it is on
-/// no screen. Without a window the application is taken to use the points of the desktop.
+/// Converts a rectangle from an application's coordinates to desktop space; none when it is on no
+/// screen. Without a window the application is assumed to use desktop points.
 [[nodiscard]] std::optional<QRectF> toDesktop(const QRectF& reported,
                                               const std::optional<Window>& window,
                                               const std::vector<Screen>& screens);

@@ -12,9 +12,9 @@ namespace driftbox {
 
 namespace {
 
-// An application with more windows is not searched for the active one.
+// The active window is searched among at most this many windows.
 constexpr qsizetype windowLimit = 32;
-// Longer texts are not worth the copying.
+// Longer texts take too long to transfer.
 constexpr int leadingTextLimit = 200'000;
 
 } // namespace
@@ -37,7 +37,7 @@ CaretQuery::CaretQuery(const QDBusConnection& bus, const AccessibleReference& el
     activeWindow.deviceFrame(this, into(m_deviceFrame));
 }
 
-void CaretQuery::askForContext()
+void CaretQuery::requestContext()
 {
     if (!m_states.focused || !m_caretOffset || *m_caretOffset < 0) {
         Q_EMIT finished({.focused = m_states.focused,
@@ -46,7 +46,7 @@ void CaretQuery::askForContext()
                          .window = {}});
         return;
     }
-    m_next = &CaretQuery::askAboutCharacters;
+    m_next = &CaretQuery::requestCharacters;
     m_text.caret = *m_caretOffset;
     if (m_text.caret > 0)
         m_element.askText({m_text.caret - 1, m_text.caret}, this, into(m_characterBefore));
@@ -57,10 +57,10 @@ void CaretQuery::askForContext()
     }
     m_topLevels.resize(std::min(m_topLevels.size(), windowLimit));
     for (const AccessibleReference& topLevel : m_topLevels)
-        askAboutTopLevel(AccessibleObject(m_bus, topLevel));
+        requestTopLevel(AccessibleObject(m_bus, topLevel));
 }
 
-void CaretQuery::askAboutTopLevel(const AccessibleObject& topLevel)
+void CaretQuery::requestTopLevel(const AccessibleObject& topLevel)
 {
     const auto handle = [this, topLevel](const AccessibleStates& states) {
         if (states.active)
@@ -69,12 +69,12 @@ void CaretQuery::askAboutTopLevel(const AccessibleObject& topLevel)
     topLevel.askStates(this, awaited<AccessibleStates>(handle));
 }
 
-void CaretQuery::askAboutCharacters()
+void CaretQuery::requestCharacters()
 {
     m_next = &CaretQuery::conclude;
     m_text.afterLineBreak = m_characterBefore == u'\n';
     if (m_text.leading.size() != CaretGeometry::leadingEnd(m_text))
-        m_text.leading.clear(); // the application counts characters in another way
+        m_text.leading.clear(); // the application counts characters differently
     if (!m_children.isEmpty())
         AccessibleObject(m_bus, m_children.first()).askExtents(this, into(m_text.viewport));
 
@@ -101,11 +101,11 @@ template <typename T>
 std::function<void(const std::optional<T>&)>
 CaretQuery::awaited(std::function<void(const T&)> handle)
 {
-    ++m_awaited;
+    ++m_pendingReplies;
     return [this, handle = std::move(handle)](const std::optional<T>& answer) {
         if (answer)
             handle(*answer);
-        if (--m_awaited == 0)
+        if (--m_pendingReplies == 0)
             (this->*m_next)();
     };
 }

@@ -12,9 +12,9 @@ namespace driftbox {
 
 class ActiveWindow;
 
-/// One question for the caret of one element, asked in rounds without ever waiting: about the
-/// text and its window, for the text before the caret, about the characters that decide. Destroying
-/// it ends it. Main thread only.
+/// Queries the caret of one element in asynchronous rounds: the text and its window, the text
+/// before the caret, the extents of the relevant characters. Destroying the query cancels it. Main
+/// thread only.
 class CaretQuery final : public QObject
 {
     Q_OBJECT
@@ -22,28 +22,29 @@ class CaretQuery final : public QObject
 public:
     struct Result
     {
-        bool focused = false;  ///< whether the element still has the keyboard focus
-        bool hasCaret = false; ///< whether there is one, wherever, or is to be one
-        /// In the application's own coordinates; none when it has no text or cannot tell.
+        bool focused = false;  ///< the element still has the keyboard focus
+        bool hasCaret = false; ///< it has a caret, or may get one
+        /// In the application's own coordinates; none when the element has no text or its position
+        /// is unknown.
         std::optional<QRectF> rectangle;
         std::optional<CaretGeometry::Window> window;
     };
 
-    /// Starts to ask. `activeWindow` must outlive the query.
+    /// Starts the query. `activeWindow` must outlive it.
     CaretQuery(const QDBusConnection& bus, const AccessibleReference& element,
                ActiveWindow& activeWindow, QObject* parent);
 
 Q_SIGNALS:
-    /// Once, later.
+    /// Emitted once, from the event loop.
     void finished(const driftbox::CaretQuery::Result& result);
 
 private:
-    void askForContext();
-    void askAboutTopLevel(const AccessibleObject& topLevel);
-    void askAboutCharacters();
+    void requestContext();
+    void requestTopLevel(const AccessibleObject& topLevel);
+    void requestCharacters();
     void conclude();
 
-    /// Each counts an answer to come before the next round, and uses it when it is one.
+    /// Each registers a reply that the next round waits for, and handles its value if there is one.
     template <typename T>
     std::function<void(const std::optional<T>&)> awaited(std::function<void(const T&)> handle);
     template <typename T>
@@ -55,8 +56,8 @@ private:
     AccessibleObject m_element;
     AccessibleObject m_application;
 
-    int m_awaited = 0;
-    void (CaretQuery::*m_next)() = &CaretQuery::askForContext;
+    int m_pendingReplies = 0;
+    void (CaretQuery::*m_next)() = &CaretQuery::requestContext;
 
     AccessibleStates m_states;
     std::optional<int> m_caretOffset;

@@ -10,42 +10,42 @@
 namespace driftbox {
 
 namespace {
-// Somewhat less than what is promised, since a timer is never early.
+// A little less than the promised 150 ms, since timers may be late.
 constexpr std::chrono::milliseconds deadline{140};
 
-// A browser has to ask its page for the caret and the places of characters. It does so when it is
-// asked for them, and meanwhile answers that they are nowhere.
-constexpr std::chrono::milliseconds patience{15};
+// A browser must query its page for the positions of the caret and of characters. It does so on the
+// first request, and reports no position until then.
+constexpr std::chrono::milliseconds retryDelay{15};
 constexpr int maxQueries = 5;
 } // namespace
 
 CaretRequest::CaretRequest(const QDBusConnection& bus,
-                           const std::optional<AccessibleReference>& before,
+                           const std::optional<AccessibleReference>& lastFocused,
                            ActiveWindow& activeWindow, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
-    , m_before(before)
+    , m_lastFocused(lastFocused)
     , m_activeWindow(activeWindow)
 {
     QTimer::singleShot(deadline, Qt::PreciseTimer, this, [this] { finish(std::nullopt); });
-    if (before)
-        query(*before);
+    if (lastFocused)
+        query(*lastFocused);
     else
         search();
 }
 
 void CaretRequest::query(const AccessibleReference& element)
 {
-    auto* question = new CaretQuery(m_bus, element, m_activeWindow, this);
-    connect(question, &CaretQuery::finished, this,
+    auto* caretQuery = new CaretQuery(m_bus, element, m_activeWindow, this);
+    connect(caretQuery, &CaretQuery::finished, this,
             [this, element](const CaretQuery::Result& result) {
                 if (result.focused)
                     m_focused = element;
                 if (result.rectangle)
                     finish(result);
                 else if (result.hasCaret && ++m_queries < maxQueries)
-                    QTimer::singleShot(patience, this, [this, element] { query(element); });
-                else if (result.focused || m_searched)
+                    QTimer::singleShot(retryDelay, this, [this, element] { query(element); });
+                else if (result.focused || m_hasSearched)
                     finish(std::nullopt);
                 else
                     search();
@@ -54,8 +54,8 @@ void CaretRequest::query(const AccessibleReference& element)
 
 void CaretRequest::search()
 {
-    m_searched = true;
-    auto* search = new FocusSearch(m_bus, m_before, this);
+    m_hasSearched = true;
+    auto* search = new FocusSearch(m_bus, m_lastFocused, this);
     connect(search, &FocusSearch::finished, this,
             [this](const std::optional<AccessibleReference>& focused) {
                 if (focused)
@@ -67,7 +67,7 @@ void CaretRequest::search()
 
 void CaretRequest::finish(const std::optional<CaretQuery::Result>& result)
 {
-    if (!std::exchange(m_finished, true))
+    if (!std::exchange(m_isFinished, true))
         Q_EMIT finished(result);
 }
 

@@ -8,24 +8,24 @@
 
 namespace driftbox {
 
-/// One caller's question for the caret: asks the element that probably has the focus, and looks for
-/// another when that turns out to be wrong. Gives up at its deadline. Destroying it ends it.
-/// Main thread only.
+/// One caller's request for the caret: queries the element that probably has the focus, and
+/// searches for another when that element has lost it. Fails at its deadline. Destroying the
+/// request cancels it. Main thread only.
 class CaretRequest final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts to ask, first of all the element that had the focus before. `activeWindow` must
-    /// outlive the request.
-    CaretRequest(const QDBusConnection& bus, const std::optional<AccessibleReference>& before,
+    /// Starts the request with the element that last had the focus. `activeWindow` must outlive the
+    /// request.
+    CaretRequest(const QDBusConnection& bus, const std::optional<AccessibleReference>& lastFocused,
                  ActiveWindow& activeWindow, QObject* parent);
 
-    /// The element that has the focus, once it has answered.
+    /// The element that has the focus, once it has replied.
     [[nodiscard]] const std::optional<AccessibleReference>& focused() const { return m_focused; }
 
 Q_SIGNALS:
-    /// Once, later; the result has a rectangle, unless it is none.
+    /// Emitted once, from the event loop; the result has a rectangle, unless it is none.
     void finished(const std::optional<driftbox::CaretQuery::Result>& result);
 
 private:
@@ -34,12 +34,12 @@ private:
     void finish(const std::optional<CaretQuery::Result>& result);
 
     QDBusConnection m_bus;
-    std::optional<AccessibleReference> m_before;
+    std::optional<AccessibleReference> m_lastFocused;
     ActiveWindow& m_activeWindow;
     std::optional<AccessibleReference> m_focused;
-    bool m_searched = false;
-    int m_queries = 0; ///< without an answer that helps
-    bool m_finished = false;
+    bool m_hasSearched = false;
+    int m_queries = 0; ///< without a usable reply
+    bool m_isFinished = false;
 };
 
 } // namespace driftbox

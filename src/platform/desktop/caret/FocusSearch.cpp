@@ -9,37 +9,37 @@ namespace driftbox {
 
 namespace {
 
-// Beyond these the search costs the other application more than the answer is worth.
+// Beyond these limits the search would put too much load on the other application.
 constexpr qsizetype childLimit = 100;
 constexpr int elementLimit = 1500;
 
 } // namespace
 
 FocusSearch::FocusSearch(const QDBusConnection& bus,
-                         const std::optional<AccessibleReference>& before, QObject* parent)
+                         const std::optional<AccessibleReference>& lastFocused, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
 {
-    if (before)
-        searchAround(*before);
+    if (lastFocused)
+        searchAround(*lastFocused);
     else
         searchEverywhere();
 }
 
 void FocusSearch::searchAround(const AccessibleReference& element)
 {
-    ++m_awaited;
+    ++m_pendingReplies;
     AccessibleObject(m_bus, element)
         .askParent(this, [this](const std::optional<AccessibleReference>& parent) {
             if (parent && !parent->service.isEmpty())
                 searchManaged(*parent);
-            answerArrived();
+            replyArrived();
         });
 }
 
 void FocusSearch::searchEverywhere()
 {
-    m_searchedEverywhere = true;
+    m_hasSearchedEverywhere = true;
     askChildren({accessibility::registryService, accessibility::applicationPath},
                 &FocusSearch::searchApplication);
 }
@@ -62,20 +62,20 @@ void FocusSearch::searchBelow(const AccessibleReference& element)
     askChildren(element, &FocusSearch::checkElement);
 }
 
-// A sheet may have more cells than anybody could ask for, while the children of a text are the
-// paragraphs that are seen.
+// A spreadsheet may have too many cells to query, while the children of a text document are just
+// its visible paragraphs.
 void FocusSearch::searchManaged(const AccessibleReference& element)
 {
-    ++m_awaited;
+    ++m_pendingReplies;
     AccessibleObject(m_bus, element)
         .askChildCount(this, [this, element](const std::optional<int>& count) {
             if (count && *count <= childLimit)
                 searchBelow(element);
-            answerArrived();
+            replyArrived();
         });
 }
 
-// The active tab of a tab bar, say, may claim the focus too, but it has no caret.
+// Elements without a caret, such as the active tab of a tab bar, may also report the focus.
 void FocusSearch::checkElement(const AccessibleReference& element)
 {
     askStates(element, [this, element](const AccessibleStates& states) {
@@ -90,48 +90,48 @@ void FocusSearch::checkElement(const AccessibleReference& element)
 
 void FocusSearch::checkText(const AccessibleReference& element, bool isEditable)
 {
-    ++m_awaited;
+    ++m_pendingReplies;
     AccessibleObject(m_bus, element)
         .askCaretOffset(this, [this, element, isEditable](const std::optional<int>& offset) {
             if (offset && (*offset >= 0 || isEditable))
                 finish(element);
-            answerArrived();
+            replyArrived();
         });
 }
 
 void FocusSearch::askChildren(const AccessibleReference& element,
                               void (FocusSearch::*forEach)(const AccessibleReference&))
 {
-    if (m_finished)
+    if (m_isFinished)
         return;
-    ++m_awaited;
+    ++m_pendingReplies;
     AccessibleObject(m_bus, element).askChildren(this, [this, forEach](const auto& children) {
         const auto found = children.value_or(QList<AccessibleReference>());
         for (const auto& child : found.first(std::min(found.size(), childLimit)))
             (this->*forEach)(child);
-        answerArrived();
+        replyArrived();
     });
 }
 
 void FocusSearch::askStates(const AccessibleReference& element,
                             std::function<void(const AccessibleStates&)> handle)
 {
-    if (m_finished || ++m_asked > elementLimit)
+    if (m_isFinished || ++m_elementCount > elementLimit)
         return;
-    ++m_awaited;
+    ++m_pendingReplies;
     AccessibleObject(m_bus, element)
         .askStates(this, [this, handle = std::move(handle)](const auto& states) {
             if (states)
                 handle(*states);
-            answerArrived();
+            replyArrived();
         });
 }
 
-void FocusSearch::answerArrived()
+void FocusSearch::replyArrived()
 {
-    if (--m_awaited > 0 || m_finished)
+    if (--m_pendingReplies > 0 || m_isFinished)
         return;
-    if (m_searchedEverywhere)
+    if (m_hasSearchedEverywhere)
         finish(std::nullopt);
     else
         searchEverywhere();
@@ -139,7 +139,7 @@ void FocusSearch::answerArrived()
 
 void FocusSearch::finish(const std::optional<AccessibleReference>& focused)
 {
-    if (!std::exchange(m_finished, true))
+    if (!std::exchange(m_isFinished, true))
         Q_EMIT finished(focused);
 }
 

@@ -9,21 +9,21 @@
 
 namespace driftbox {
 
-/// One search for the text that has the focus: from the window that says it is active down to an
-/// element with a caret, or an editable one, that says it is focused. An application that hangs
-/// holds up nothing but itself. Destroying the search ends it. Main thread only.
+/// Searches for the text that has the focus: from the active window down to a focused element that
+/// has a caret or is editable. An application that hangs does not delay the others. Destroying the
+/// search cancels it. Main thread only.
 class FocusSearch final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts to search. In the surroundings of the element that had the focus before, if any, it
-    /// is looked for first: who writes goes on to the next paragraph.
-    FocusSearch(const QDBusConnection& bus, const std::optional<AccessibleReference>& before,
+    /// Starts the search. The siblings of the element that last had the focus, if any, are searched
+    /// first: in a text document the focus usually moves to the next paragraph.
+    FocusSearch(const QDBusConnection& bus, const std::optional<AccessibleReference>& lastFocused,
                 QObject* parent);
 
 Q_SIGNALS:
-    /// Once, later; none when there is no such text.
+    /// Emitted once, from the event loop; none when there is no such text.
     void finished(const std::optional<driftbox::AccessibleReference>& focused);
 
 private:
@@ -40,14 +40,14 @@ private:
                      void (FocusSearch::*forEach)(const AccessibleReference&));
     void askStates(const AccessibleReference& element,
                    std::function<void(const AccessibleStates&)> handle);
-    void answerArrived();
+    void replyArrived();
     void finish(const std::optional<AccessibleReference>& focused);
 
     QDBusConnection m_bus;
-    int m_awaited = 0; ///< answers
-    int m_asked = 0;   ///< elements so far
-    bool m_searchedEverywhere = false;
-    bool m_finished = false;
+    int m_pendingReplies = 0;
+    int m_elementCount = 0; ///< queried so far
+    bool m_hasSearchedEverywhere = false;
+    bool m_isFinished = false;
 };
 
 } // namespace driftbox

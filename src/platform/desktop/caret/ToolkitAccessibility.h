@@ -6,9 +6,9 @@
 
 namespace driftbox {
 
-/// Asks the session's toolkits to describe their windows to assistive technology, as long as this
-/// exists and whenever the accessibility service starts anew. Some applications notice only when
-/// they start. Asking costs nothing where there is nobody to ask.
+/// Turns accessibility on for the session's toolkits while this object exists, and again whenever
+/// the accessibility service restarts. Some applications notice only when they start. Without an
+/// accessibility service this has no effect.
 class ToolkitAccessibility final : public QObject
 {
     Q_OBJECT

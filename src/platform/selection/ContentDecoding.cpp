@@ -14,7 +14,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr qsizetype heavy = 64 * kibibyte;
+constexpr qsizetype maxMainThreadSize = 64 * kibibyte;
 
 qsizetype sizeOf(const std::optional<QByteArrayList>& pieces)
 {
@@ -30,7 +30,7 @@ QByteArray joined(std::optional<QByteArrayList>& pieces)
     return taken.size() == 1 ? taken.front() : taken.join();
 }
 
-// Some programs send the terminating zeros of their strings along.
+// Some programs include the terminating zeros of their strings.
 QByteArrayView withoutTerminator(QByteArrayView text)
 {
     while (text.endsWith('\0'))
@@ -53,7 +53,7 @@ std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
 
 bool RawContent::isLarge() const
 {
-    return image.has_value() || sizeOf(text) + sizeOf(rtf) > heavy;
+    return image.has_value() || sizeOf(text) + sizeOf(rtf) > maxMainThreadSize;
 }
 
 DecodedContent decode(RawContent raw)

@@ -7,25 +7,25 @@
 
 namespace driftbox {
 
-/// The formats of one copy as their owner sent them, in pieces; empty where there is none.
+/// The formats of one copy as the owner sent them, in pieces; none for missing formats.
 struct RawContent
 {
-    QByteArray textTarget; ///< the name of the target that the text came under
+    QByteArray textTarget; ///< the name of the target that provided the text
     std::optional<QByteArrayList> text;
     std::optional<QByteArrayList> rtf;
     std::optional<QByteArrayList> image;
 
-    /// Whether decoding it takes so long that it is not to be done on the main thread.
+    /// Whether decoding takes too long for the main thread.
     [[nodiscard]] bool isLarge() const;
 };
 
 struct DecodedContent
 {
     PasteboardContent content;
-    QStringList refusals; ///< a log line for each format that was refused
+    QStringList refusals; ///< a log line for each refused format
 };
 
-/// Makes sense of what an owner sent. Any thread. The raw bytes are freed on the way.
+/// Decodes what an owner sent. Thread-safe. The raw bytes are freed along the way.
 [[nodiscard]] DecodedContent decode(RawContent raw);
 
 } // namespace driftbox

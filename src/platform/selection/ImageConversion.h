@@ -8,15 +8,16 @@ namespace driftbox {
 struct ConvertedImage
 {
     QByteArray png;  ///< empty when the image was refused
-    QString refusal; ///< why it was refused, as the end of a log line; empty when it was not
+    QString refusal; ///< the reason, as the end of a log line; empty when not refused
 };
 
-/// Images as other programs hand them over, made into PNG files. Any thread; takes its time.
+/// Converts images of other programs to PNG. Thread-safe; may take long.
 namespace ImageConversion {
 
-/// Decodes the whole image and gives a PNG file of it: the very same bytes when they are one. The
-/// kind is told from the content. Refused are what does not decode completely, any kind that is not
-/// a usual bitmap, and more pixels than `maxPicturePixels`, before memory is taken for them.
+/// Decodes the whole image and returns it as a PNG file; PNG input is returned unchanged. The
+/// format is detected from the content. Refuses images that do not decode completely, formats other
+/// than the common bitmap formats and, before allocating memory for them, images of more than
+/// `maxPicturePixels` pixels.
 [[nodiscard]] ConvertedImage toPng(const QByteArray& image);
 
 } // namespace ImageConversion

@@ -8,16 +8,15 @@ namespace driftbox {
 
 namespace {
 
-// Looking through a longer text takes too long, and nobody pastes one into a program that knows
-// Latin-1 only.
-constexpr qsizetype longestLatin1 = mebibyte;
+// Checking a longer text takes too long, and programs limited to Latin-1 hardly ever paste one.
+constexpr qsizetype maxLatin1Size = mebibyte;
 
-// A shorter text is encoded at once, which tells its size.
-constexpr qsizetype longText = mebibyte;
+// Shorter texts are encoded at once, so that their size is known.
+constexpr qsizetype maxEagerlyEncodedSize = mebibyte;
 
 bool isLatin1(const QString& text)
 {
-    return text.size() <= longestLatin1 &&
+    return text.size() <= maxLatin1Size &&
            std::ranges::all_of(text, [](QChar character) { return character.unicode() < 256; });
 }
 
@@ -57,13 +56,13 @@ public:
     {
         QStringView part = QStringView(m_text).mid(m_position, size / bytesPerUnit);
         if (!part.isEmpty() && part.back().isHighSurrogate() && part.size() > 1)
-            part.chop(1); // the pair stays together
+            part.chop(1); // keep the surrogate pair together
         m_position += part.size();
         return part.toUtf8();
     }
 
 private:
-    static constexpr qsizetype bytesPerUnit = 3; ///< at the most, and one at the least
+    static constexpr qsizetype bytesPerUnit = 3; ///< at most; at least one
 
     QString m_text;
     qsizetype m_position = 0;
@@ -105,7 +104,7 @@ std::unique_ptr<ByteStream> OfferedContent::open(const QByteArray& target) const
         return std::make_unique<BytesInMemory>(*m_content.rtf);
     if (target == latin1String)
         return std::make_unique<BytesInMemory>(m_content.text->toLatin1());
-    if (m_content.text->size() > longText)
+    if (m_content.text->size() > maxEagerlyEncodedSize)
         return std::make_unique<Utf8OfText>(*m_content.text);
     return std::make_unique<BytesInMemory>(m_content.text->toUtf8());
 }

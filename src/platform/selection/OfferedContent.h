@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// The bytes of one format, handed out part by part. Main thread only.
+/// The bytes of one format, read sequentially. Main thread only.
 class ByteStream
 {
 public:
@@ -16,14 +16,14 @@ public:
     ByteStream& operator=(const ByteStream&) = delete;
     virtual ~ByteStream() = default;
 
-    /// Bounds of the number of bytes that are still to come.
+    /// Bounds on the number of remaining bytes.
     [[nodiscard]] virtual qsizetype minRemaining() const = 0;
     [[nodiscard]] virtual qsizetype maxRemaining() const = 0;
-    /// At most `size` bytes more; empty at the end.
+    /// Up to `size` more bytes; empty at the end.
     [[nodiscard]] virtual QByteArray next(qsizetype size) = 0;
 };
 
-/// What a selection offers to other programs: some content under all the names that they know its
+/// The content that a selection offers to other programs, under all names that they may know its
 /// formats by.
 class OfferedContent
 {
@@ -32,13 +32,13 @@ public:
     OfferedContent() = default;
     explicit OfferedContent(const PasteboardContent& content, const OpaqueFormats& opaque = {});
 
-    /// The names, without those that every selection has.
+    /// The target names, without those that every selection supports.
     [[nodiscard]] const QByteArrayList& targets() const { return m_targets; }
 
-    /// The name of the type that `target` is answered with.
+    /// The name of the type with which `target` is answered.
     [[nodiscard]] static QByteArray typeOf(const QByteArray& target);
 
-    /// The bytes for one of the targets. A long text is encoded while it is being read.
+    /// The data of one of the targets. A long text is encoded while it is being read.
     [[nodiscard]] std::unique_ptr<ByteStream> open(const QByteArray& target) const;
 
 private:

@@ -15,7 +15,7 @@ struct Entry
 
 using enum PasteShortcut;
 
-// Applications in which Control+V means something else. The rest paste with it.
+// Applications in which Control+V does not paste; all others paste with it.
 constexpr std::array exceptions = {
     Entry{u"alacritty", controlShiftV},
     Entry{u"blackbox", controlShiftV},
@@ -65,7 +65,7 @@ constexpr std::array exceptions = {
     Entry{u"xfce4-terminal", controlShiftV},
     Entry{u"xterm", shiftInsert},
     Entry{u"yakuake", controlShiftV},
-    // Not a terminal, but Control+V scrolls there.
+    // Not a terminal, but Control+V scrolls in it.
     Entry{u"emacs", shiftInsert},
 };
 

@@ -4,15 +4,14 @@
 
 namespace driftbox {
 
-/// The keys that paste in an application.
+/// The keyboard shortcut that pastes in an application.
 enum class PasteShortcut {
     controlV,
     controlShiftV,
     shiftInsert, ///< pastes PRIMARY
 };
 
-/// The shortcut of the application whose windows have that class; upper and lower case are the
-/// same.
+/// The shortcut of the application whose windows have the given class (case-insensitive).
 [[nodiscard]] PasteShortcut pasteShortcutOf(QStringView windowClass);
 
 } // namespace driftbox

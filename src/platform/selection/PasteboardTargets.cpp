@@ -4,7 +4,7 @@ namespace driftbox::PasteboardTargets {
 
 namespace {
 
-// PNG needs no conversion; of the others the ones that lose nothing come first.
+// PNG needs no conversion; then lossless formats come before lossy ones.
 const QByteArrayList& imageNames()
 {
     static const QByteArrayList names{png,          "image/bmp",  "image/x-bmp", "image/x-ms-bmp",
@@ -62,7 +62,7 @@ TargetChoice choose(const QSet<QByteArray>& offered)
             .opaque = offeredOf(opaqueNames(), offered)};
 }
 
-TargetChoice chooseBlindly()
+TargetChoice chooseDefault()
 {
     return {.isSecret = false,
             .image = {},

@@ -6,23 +6,23 @@
 
 namespace driftbox {
 
-/// Formats that the program does not understand but hands on as they came, by target name.
+/// Formats, by target name, that the program passes on without interpreting them.
 using OpaqueFormats = QHash<QByteArray, QByteArray>;
 
-/// What to ask the owner of a selection for. Each list is in order of preference: the next name is
-/// tried when the owner refuses the one before.
+/// The targets to request from a selection's owner. Each list is in order of preference: the next
+/// name is tried when the owner refuses the previous one.
 struct TargetChoice
 {
-    bool isSecret = false; ///< nothing is to be asked for
+    bool isSecret = false; ///< nothing must be requested
     QByteArrayList image;
     QByteArrayList text;
     QByteArrayList rtf;
-    QByteArrayList opaque; ///< all of them are wanted
+    QByteArrayList opaque; ///< all of them are requested
 
     bool operator==(const TargetChoice&) const = default;
 };
 
-/// The names of selection targets, and which of them matter.
+/// Names of selection targets, and their selection by preference.
 namespace PasteboardTargets {
 
 inline constexpr auto utf8String = "UTF8_STRING";
@@ -33,17 +33,17 @@ inline constexpr auto anyText = "TEXT";
 inline constexpr auto png = "image/png";
 inline constexpr auto secretHint = "x-kde-passwordManagerHint";
 
-/// The names under which RTF goes.
+/// The names by which RTF is offered.
 [[nodiscard]] const QByteArrayList& rtfNames();
 
-/// Every name that `choose` looks for.
+/// All names that `choose` considers.
 [[nodiscard]] const QByteArrayList& knownNames();
 
-/// What to ask an owner for that offers these of the known names.
+/// The targets to request from an owner that offers the given known names.
 [[nodiscard]] TargetChoice choose(const QSet<QByteArray>& offered);
 
-/// What to ask an owner for that does not tell what it offers.
-[[nodiscard]] TargetChoice chooseBlindly();
+/// The targets to request from an owner that does not report its targets.
+[[nodiscard]] TargetChoice chooseDefault();
 
 } // namespace PasteboardTargets
 

@@ -13,7 +13,7 @@ namespace {
 /// Round trip.
 xcb_timestamp_t serverTime()
 {
-    // The time itself is handed out as if it were an address.
+    // The time stamp itself is returned in the pointer.
     void* time = QGuiApplication::platformNativeInterface()->nativeResourceForScreen(
         "gettimestamp", QGuiApplication::primaryScreen());
     return static_cast<xcb_timestamp_t>(reinterpret_cast<std::uintptr_t>(time));

@@ -6,9 +6,9 @@ EventTime ServerClock::extended(std::uint32_t timestamp, std::chrono::steady_clo
 {
     std::int64_t time = timestamp;
     if (m_last) {
-        const auto passed = std::chrono::duration_cast<EventTime>(now - m_last->arrival);
-        const std::int64_t expected = (m_last->time + passed).count();
-        // The signed difference of the low halves leads to the nearest time with this stamp.
+        const auto elapsed = std::chrono::duration_cast<EventTime>(now - m_last->arrival);
+        const std::int64_t expected = (m_last->time + elapsed).count();
+        // The signed difference of the low halves yields the nearest time with this stamp.
         const auto off =
             static_cast<std::int32_t>(timestamp - static_cast<std::uint32_t>(expected));
         time = expected + off;

@@ -8,12 +8,12 @@
 
 namespace driftbox {
 
-/// Makes the X server's 32-bit time stamps, which start over after 49.7 days, into ever growing
-/// ones. However long no time stamp comes, the steady clock tells how often they started over.
+/// Extends the X server's 32-bit time stamps, which wrap around after 49.7 days, to monotonic ones.
+/// The steady clock determines the number of wraparounds, however long no time stamp arrives.
 class ServerClock
 {
 public:
-    /// `now` is the time at which the stamp arrived.
+    /// `now` is the arrival time of the time stamp.
     [[nodiscard]] EventTime extended(std::uint32_t timestamp,
                                      std::chrono::steady_clock::time_point now);
 

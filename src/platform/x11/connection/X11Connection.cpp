@@ -19,10 +19,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(x11ConnectionLog, "X11Connection")
 
-// Other work of the event loop gets its turn after this long.
+// Delivery yields to other work of the event loop after this time.
 constexpr qint64 sliceMs = 6;
 
-// More than two shortcuts take, the release of all modifiers included.
+// More than two shortcuts need, including the release of all modifiers.
 constexpr std::size_t maxFakedKeys = 64;
 
 constexpr auto timeProperty = "_DRIFTBOX_SERVER_TIME";
@@ -51,8 +51,8 @@ X11Connection::X11Connection(Handle xcb, int screenNumber)
 
     m_helperWindow = createHiddenWindow(XCB_EVENT_MASK_PROPERTY_CHANGE);
     connect(&m_notifier, &QSocketNotifier::activated, this, &X11Connection::deliver);
-    // A call that waited for a reply has read events too, of which the socket tells nothing; and
-    // requests have to leave. The second signal serves loops that poll instead of going to sleep.
+    // Blocking calls also read events, which the socket notifier does not report, and pending
+    // requests must be sent. The second signal covers event loops that poll instead of blocking.
     const auto* dispatcher = QAbstractEventDispatcher::instance();
     connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &X11Connection::deliver);
     connect(dispatcher, &QAbstractEventDispatcher::awake, this, &X11Connection::deliver);
@@ -61,8 +61,8 @@ X11Connection::X11Connection(Handle xcb, int screenNumber)
 X11Connection::~X11Connection()
 {
     m_notifier.setEnabled(false);
-    // A socket that closes with unread events in it may take along what the server has yet to read,
-    // so the server answers first.
+    // Closing a socket with unread events may discard requests that the server has not read yet, so
+    // wait for its reply first.
     const X11Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(xcb(), xcb_get_input_focus(xcb()), nullptr));
 }
@@ -93,16 +93,16 @@ xcb_atom_t X11Connection::atom(const QByteArray& name)
 
 void X11Connection::intern(std::span<const char* const> names)
 {
-    std::vector<std::pair<QByteArray, xcb_intern_atom_cookie_t>> asked;
+    std::vector<std::pair<QByteArray, xcb_intern_atom_cookie_t>> cookies;
     for (const char* name : names) {
         if (m_atoms.contains(name))
             continue;
         QByteArray key(name);
         const auto cookie =
             xcb_intern_atom(xcb(), false, static_cast<std::uint16_t>(key.size()), name);
-        asked.emplace_back(std::move(key), cookie);
+        cookies.emplace_back(std::move(key), cookie);
     }
-    for (const auto& [name, cookie] : asked) {
+    for (const auto& [name, cookie] : cookies) {
         const X11Reply<xcb_intern_atom_reply_t> reply(
             xcb_intern_atom_reply(xcb(), cookie, nullptr));
         if (reply)
@@ -129,7 +129,7 @@ void X11Connection::whenServerTimeKnown(QObject* owner, std::function<void(xcb_t
 {
     if (!m_isOpen)
         return;
-    // Even an append of nothing is announced, with the server's time.
+    // Even appending nothing causes an event with the server's time.
     m_times.push_back({owner, std::move(handle)});
     xcb_change_property(xcb(), XCB_PROP_MODE_APPEND, m_helperWindow, atom(timeProperty),
                         XCB_ATOM_INTEGER, 32, 0, nullptr);
@@ -199,7 +199,7 @@ bool X11Connection::deliverNextEvent()
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb()));
     if (!event)
         return false;
-    // Errors are those of requests to windows of other programs, which may vanish at any time.
+    // Errors result from requests about other programs' windows, which may disappear at any time.
     if (event->response_type == 0)
         return true;
     if (event->response_type == XCB_PROPERTY_NOTIFY) {

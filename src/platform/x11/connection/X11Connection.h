@@ -17,19 +17,19 @@
 
 namespace driftbox {
 
-/// The program's own connection to the X server, on the main event loop.
+/// The program's own connection to the X server, driven by the main event loop.
 ///
-/// Main thread only. Events and replies are handed out from the event loop, never from within a
-/// call, in slices of a few milliseconds; requests leave at the latest before the event loop goes
-/// to sleep. The calls marked "round trip" wait for the server and are meant for the start of the
-/// program; all else waits for nobody. When the server goes away this is logged once, `closed` is
-/// emitted, nothing is delivered any more, and requests have no effect.
+/// Main thread only. Events and replies are delivered from the event loop, never from within a
+/// call, in slices of a few milliseconds; requests are sent at the latest before the event loop
+/// blocks. Calls marked "round trip" block for the server's reply and are meant for the program's
+/// startup; all others never block. When the server closes the connection this is logged once,
+/// `closed` is emitted, nothing more is delivered, and requests have no effect.
 class X11Connection final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Connects to `display`, or to the one that DISPLAY names; null when that fails.
+    /// Connects to `display`, or to the display named by DISPLAY; null when that fails.
     [[nodiscard]] static std::unique_ptr<X11Connection> open(const QByteArray& display = {});
     ~X11Connection() override;
 
@@ -38,18 +38,18 @@ public:
     [[nodiscard]] xcb_window_t root() const { return m_screen->root; }
     [[nodiscard]] bool isOpen() const { return m_isOpen; }
 
-    /// The atom of that name, kept from then on. Round trip the first time.
+    /// The atom of that name, cached. Round trip the first time.
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name);
-    /// Asks for all of them in one round trip.
+    /// Looks up all of the atoms in one round trip.
     void intern(std::span<const char* const> names);
 
-    /// The number of the extension's first event; empty when the server lacks it. Round trip the
-    /// first time.
+    /// The extension's first event number; none when the server lacks it. Round trip the first
+    /// time.
     [[nodiscard]] std::optional<std::uint8_t> firstEventOf(xcb_extension_t& extension) const;
 
-    /// Calls `handle` with the reply to the request of that sequence number (a cookie's
-    /// `sequence`), or with null when the server answered with an error. Not called once `owner` is
-    /// destroyed.
+    /// Calls `handle` with the reply to the request with that sequence number (a cookie's
+    /// `sequence`), or with null when the server answered with an error. Not called once `owner`
+    /// has been destroyed.
     template <typename Reply>
     void whenReplied(unsigned int sequence, QObject* owner,
                      std::function<void(const Reply*)> handle)
@@ -60,26 +60,26 @@ public:
     }
 
     /// Calls `handle` with the server's time after all requests made so far. Not called once
-    /// `owner` is destroyed.
+    /// `owner` has been destroyed.
     void whenServerTimeKnown(QObject* owner, std::function<void(xcb_timestamp_t)> handle);
 
-    /// Makes a window that is never shown and reports these events. Whoever asked destroys it.
+    /// Creates a window that is never mapped and reports these events. The caller destroys it.
     [[nodiscard]] xcb_window_t createHiddenWindow(std::uint32_t eventMask) const;
 
-    /// Whether this connection, and no other client, has made the window.
+    /// Whether the window was created by this connection rather than another client.
     [[nodiscard]] bool hasCreated(xcb_window_t window) const;
 
-    /// Presses or releases (XCB_KEY_PRESS, XCB_KEY_RELEASE) a key as the user would.
+    /// Simulates the press or release (XCB_KEY_PRESS, XCB_KEY_RELEASE) of a key.
     void fakeKey(std::uint8_t type, xcb_keycode_t code);
-    /// Whether that made the event with this full sequence number: events that a request makes bear
-    /// the request's own.
+    /// Whether the event with this full sequence number was caused by `fakeKey`: events caused by a
+    /// request carry the request's sequence number.
     [[nodiscard]] bool hasFaked(std::uint32_t sequence) const;
 
-    /// Sends the requests made so far.
+    /// Sends all requests made so far.
     void flush();
 
 Q_SIGNALS:
-    /// Every event but errors. The reference is valid during the emission only.
+    /// Emitted for every event except errors. The reference is valid during the emission only.
     void eventReceived(const xcb_generic_event_t& event);
     void closed();
 
@@ -118,7 +118,7 @@ private:
     QHash<QByteArray, xcb_atom_t> m_atoms;
     std::deque<PendingReply> m_replies;    ///< in the order of the requests
     std::deque<PendingTime> m_times;       ///< in the order of the requests
-    std::deque<std::uint32_t> m_fakedKeys; ///< the latest requests that faked a key
+    std::deque<std::uint32_t> m_fakedKeys; ///< the latest requests that simulated a key
     bool m_isOpen = true;
 };
 

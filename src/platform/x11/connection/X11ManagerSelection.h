@@ -12,14 +12,14 @@ namespace driftbox {
 
 class X11Connection;
 
-/// One of the selections by which a program says that it does a job for the whole screen. Such
-/// programs come and go. Main thread only.
+/// A manager selection, by which a program claims a service for the whole screen. Its owner may
+/// appear and disappear at any time. Main thread only.
 class X11ManagerSelection final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The screen's number is appended to `prefix`. Round trips. `connection` must outlive this.
+    /// The screen number is appended to `prefix`. Round trips. `connection` must outlive this.
     X11ManagerSelection(X11Connection& connection, const QByteArray& prefix);
 
     [[nodiscard]] bool isOwned() const { return m_isOwned; }

@@ -11,7 +11,8 @@ constexpr std::uint32_t maxUnits = 16'384; // of four bytes
 
 using Property = X11Reply<xcb_get_property_reply_t>;
 
-xcb_get_property_cookie_t ask(const X11Connection& connection, xcb_window_t window, xcb_atom_t name)
+xcb_get_property_cookie_t request(const X11Connection& connection, xcb_window_t window,
+                                  xcb_atom_t name)
 {
     return xcb_get_property(connection.xcb(), false, window, name, XCB_ATOM_ANY, 0, maxUnits);
 }
@@ -30,13 +31,13 @@ std::vector<std::vector<std::uint32_t>>
 numbers(X11Connection& connection, std::span<const xcb_window_t> windows, const char* name)
 {
     const xcb_atom_t atom = connection.atom(name);
-    std::vector<xcb_get_property_cookie_t> asked;
-    asked.reserve(windows.size());
+    std::vector<xcb_get_property_cookie_t> cookies;
+    cookies.reserve(windows.size());
     for (const xcb_window_t window : windows)
-        asked.push_back(ask(connection, window, atom));
+        cookies.push_back(request(connection, window, atom));
     std::vector<std::vector<std::uint32_t>> lists;
     lists.reserve(windows.size());
-    for (const auto cookie : asked)
+    for (const auto cookie : cookies)
         lists.push_back(
             numbersOf(Property(xcb_get_property_reply(connection.xcb(), cookie, nullptr))));
     return lists;
@@ -56,7 +57,7 @@ std::optional<std::uint32_t> number(X11Connection& connection, xcb_window_t wind
 
 QByteArray bytes(X11Connection& connection, xcb_window_t window, const char* name)
 {
-    const auto cookie = ask(connection, window, connection.atom(name));
+    const auto cookie = request(connection, window, connection.atom(name));
     const Property property(xcb_get_property_reply(connection.xcb(), cookie, nullptr));
     if (!property || property->format != 8)
         return {};

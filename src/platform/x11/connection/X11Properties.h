@@ -13,14 +13,14 @@ namespace driftbox {
 
 class X11Connection;
 
-/// Properties of windows. Every call is one round trip to the X server, however many windows it
-/// asks about. A window that has gone, or lacks the property, or has it in another format, gives
-/// nothing.
+/// Reads properties of windows. Every call is one round trip to the X server, however many windows
+/// it covers. The result is empty for a window that no longer exists, lacks the property, or has it
+/// in another format.
 namespace X11Properties {
 
 [[nodiscard]] std::vector<std::uint32_t> numbers(X11Connection& connection, xcb_window_t window,
                                                  const char* name);
-/// One list for each window, in their order.
+/// One list per window, in the same order.
 [[nodiscard]] std::vector<std::vector<std::uint32_t>>
 numbers(X11Connection& connection, std::span<const xcb_window_t> windows, const char* name);
 /// The first of the numbers.

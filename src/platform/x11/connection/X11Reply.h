@@ -10,8 +10,8 @@ struct X11Free
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A reply, event or error of the X server, which the caller owns; null when there is none, as when
-/// the server answered with an error.
+/// A reply, event or error of the X server, owned by the caller; null when there is none, for
+/// example when the server answered with an error.
 template <typename T>
 using X11Reply = std::unique_ptr<T, X11Free>;
 

@@ -9,14 +9,14 @@
 
 namespace driftbox {
 
-/// Which modifier keys are down, on which keyboard. No toolkit and no display: the keys are
-/// numbers.
+/// Tracks which modifier keys are held, on which keyboard. Independent of toolkit and display: keys
+/// are numbers.
 class PressedModifiers
 {
 public:
     using Keyboard = std::uint16_t;
     using Keycode = std::uint8_t;
-    /// What flags a key raises. It is asked anew each time, so that a remapped key counts at once.
+    /// The flags that a key sets. Called every time, so that remapped keys take effect at once.
     using FlagsOf = std::function<ModifierFlags(Keycode)>;
 
     explicit PressedModifiers(FlagsOf flagsOf);
@@ -24,12 +24,12 @@ public:
     [[nodiscard]] ModifierFlags flags() const;
     [[nodiscard]] bool isEmpty() const { return m_keys.empty(); }
 
-    /// Returns whether the key was up; false means that its release was missed.
+    /// Returns whether the key was up; false means that its release event was missed.
     bool press(Keyboard keyboard, Keycode code);
     void release(Keyboard keyboard, Keycode code);
 
-    /// Takes over what is really down. Keys that were not known to be down belong to no keyboard
-    /// in particular: they are released by any.
+    /// Synchronizes with the actual state. Newly found keys belong to no particular keyboard: a
+    /// release on any keyboard releases them.
     void resynchronize(const std::function<bool(Keycode)>& isDown,
                        const std::function<bool(Keycode)>& isModifier);
 

@@ -14,7 +14,7 @@ namespace driftbox {
 
 namespace {
 
-// From this version on raw events come although another client holds a grab.
+// Since this version raw events arrive even while another client holds a grab.
 constexpr std::uint16_t wantedMajor = 2;
 constexpr std::uint16_t wantedMinor = 2;
 
@@ -27,8 +27,8 @@ bool hasRawEvents(const X11Connection& connection)
                           std::pair(wantedMajor, wantedMinor);
 }
 
-// An X server inside a Wayland session learns of keys only while one of its windows has the focus.
-// Newer ones say what they are; older ones give themselves away by the names of their devices.
+// An X server inside a Wayland session receives keys only while one of its windows has the focus.
+// Newer ones identify themselves by an extension, older ones by their device names.
 bool isNestedInWayland(const X11Connection& connection)
 {
     constexpr QByteArrayView extensionName = "XWAYLAND";
@@ -72,7 +72,7 @@ X11KeyEventMonitor::X11KeyEventMonitor(X11Connection& connection, const X11Keybo
 
 void X11KeyEventMonitor::requestTrust()
 {
-    // The X server has nobody to ask.
+    // The X server requires no permission.
 }
 
 std::unique_ptr<MonitorToken> X11KeyEventMonitor::addMonitor(KeyEventScope scope, Handler handler)
@@ -106,10 +106,10 @@ void X11KeyEventMonitor::resynchronize()
     const X11Reply<xcb_query_keymap_reply_t> keymap(
         xcb_query_keymap_reply(m_connection.xcb(), cookie, nullptr));
     if (keymap)
-        takeKeymap(*keymap);
+        applyKeymap(*keymap);
 }
 
-void X11KeyEventMonitor::takeKeymap(const xcb_query_keymap_reply_t& keymap)
+void X11KeyEventMonitor::applyKeymap(const xcb_query_keymap_reply_t& keymap)
 {
     m_pressed.resynchronize([&](xcb_keycode_t code) { return isDown(keymap, code); },
                             [this](xcb_keycode_t code) { return m_keyboard.isModifier(code); });
@@ -133,7 +133,7 @@ void X11KeyEventMonitor::handleEvent(const xcb_generic_event_t& event)
     const EventTime time = m_clock.extended(raw.time, std::chrono::steady_clock::now());
     const auto code = static_cast<xcb_keycode_t>(raw.detail);
     if (m_connection.hasFaked(raw.full_sequence))
-        followOwn(isPress, raw.sourceid, code);
+        trackSynthesized(isPress, raw.sourceid, code);
     else if (isPress)
         handlePress(raw.sourceid, code, time);
     else
@@ -166,8 +166,8 @@ void X11KeyEventMonitor::handleRelease(PressedModifiers::Keyboard source, xcb_ke
         deliver(KeyEventKind::flagsChanged, time);
 }
 
-void X11KeyEventMonitor::followOwn(bool isPress, PressedModifiers::Keyboard source,
-                                   xcb_keycode_t code)
+void X11KeyEventMonitor::trackSynthesized(bool isPress, PressedModifiers::Keyboard source,
+                                          xcb_keycode_t code)
 {
     if (!isPress)
         m_pressed.release(source, code);
@@ -179,12 +179,12 @@ void X11KeyEventMonitor::verifyHeldModifiers(EventTime time)
 {
     m_connection.whenReplied<xcb_query_keymap_reply_t>(
         xcb_query_keymap(m_connection.xcb()).sequence, this,
-        [this, time, asked = m_eventCount](const xcb_query_keymap_reply_t* keymap) {
-            if (keymap == nullptr || m_eventCount != asked)
+        [this, time, eventCount = m_eventCount](const xcb_query_keymap_reply_t* keymap) {
+            if (keymap == nullptr || m_eventCount != eventCount)
                 return;
-            const ModifierFlags believed = m_pressed.flags();
-            takeKeymap(*keymap);
-            if (m_pressed.flags() != believed)
+            const ModifierFlags previousFlags = m_pressed.flags();
+            applyKeymap(*keymap);
+            if (m_pressed.flags() != previousFlags)
                 deliver(KeyEventKind::flagsChanged, time);
         });
 }

@@ -16,9 +16,9 @@ namespace driftbox {
 class X11Connection;
 class X11Keyboard;
 
-/// The keys of the session as XInput2 raw events of the root window: they come whoever has the
-/// focus or holds a grab, need no permission, and nobody misses them. A key that is held does not
-/// repeat, and keys that the program itself types are not told. Events are asked for only while
+/// Receives the session's keys as XInput2 raw events of the root window: these arrive regardless of
+/// focus and grabs, need no permission, and are not taken from anyone. Held keys do not repeat, and
+/// keys that the program itself synthesizes are not reported. Events are selected only while
 /// monitors are installed. Main thread only.
 class X11KeyEventMonitor final : public QObject, public KeyEventMonitor
 {
@@ -35,12 +35,12 @@ private:
     void handleEvent(const xcb_generic_event_t& event);
     void handlePress(PressedModifiers::Keyboard source, xcb_keycode_t code, EventTime time);
     void handleRelease(PressedModifiers::Keyboard source, xcb_keycode_t code, EventTime time);
-    void followOwn(bool isPress, PressedModifiers::Keyboard source, xcb_keycode_t code);
+    void trackSynthesized(bool isPress, PressedModifiers::Keyboard source, xcb_keycode_t code);
     void deliver(KeyEventKind kind, EventTime time) const;
 
     void selectRawEvents(bool selected);
     void resynchronize();
-    void takeKeymap(const xcb_query_keymap_reply_t& keymap);
+    void applyKeymap(const xcb_query_keymap_reply_t& keymap);
     void verifyHeldModifiers(EventTime time);
 
     X11Connection& m_connection;
@@ -51,7 +51,7 @@ private:
 
     PressedModifiers m_pressed;
     ServerClock m_clock;
-    std::uint64_t m_eventCount = 0; ///< tells whether an answer about held keys is still current
+    std::uint64_t m_eventCount = 0; ///< detects outdated replies about held keys
     MonitorRegistry<Handler> m_global;
     MonitorRegistry<Handler> m_local;
 };

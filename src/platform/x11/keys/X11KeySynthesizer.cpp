@@ -17,14 +17,14 @@ namespace {
 constexpr xcb_xkb_device_spec_t keyboardDevice = XCB_XKB_ID_USE_CORE_KBD;
 constexpr std::uint8_t allModifiers = 0xff;
 
-// Where the keys are on every PC keyboard. A program that sees a letter of another script there
-// takes it for the Latin one, which is all that is left where no layout has Latin letters.
+// Key codes on every PC keyboard. Programs map a non-Latin letter at this position to the Latin
+// one, which is the only option when no layout has Latin letters.
 constexpr X11Keyboard::Key positionOfV = {55, std::nullopt};
 constexpr X11Keyboard::Key positionOfInsert = {118, std::nullopt};
 
 struct Chord
 {
-    std::vector<xcb_keycode_t> keys; ///< in the order in which they go down
+    std::vector<xcb_keycode_t> keys; ///< in the order of presses
     std::optional<std::uint8_t> group;
 };
 
@@ -100,12 +100,12 @@ bool X11KeySynthesizer::type(PasteShortcut shortcut, const xcb_query_keymap_repl
 void X11KeySynthesizer::releaseHeld(const xcb_query_keymap_reply_t& keymap,
                                     const std::vector<xcb_keycode_t>& chord) const
 {
-    // A key of the shortcut that is down already would not go down once more.
+    // A key that is already held could not be pressed again.
     for (int code = 0; code < 256; ++code) {
         const auto keycode = static_cast<xcb_keycode_t>(code);
-        const bool isInTheWay =
+        const bool mustBeReleased =
             m_keyboard.isModifier(keycode) || std::ranges::find(chord, keycode) != chord.end();
-        if (isInTheWay && isDown(keymap, keycode))
+        if (mustBeReleased && isDown(keymap, keycode))
             release(keycode);
     }
 }
@@ -113,7 +113,7 @@ void X11KeySynthesizer::releaseHeld(const xcb_query_keymap_reply_t& keymap,
 void X11KeySynthesizer::lock(std::uint8_t affected, std::uint8_t modifiers,
                              std::uint8_t group) const
 {
-    // Modifiers and layouts that are latched for one key are unlatched.
+    // Latched modifiers and layouts are unlatched.
     xcb_xkb_latch_lock_state(m_connection.xcb(), keyboardDevice, affected, modifiers & affected,
                              true, group, allModifiers, true, 0);
 }

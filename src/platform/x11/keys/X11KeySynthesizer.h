@@ -17,20 +17,20 @@ namespace driftbox {
 class X11Connection;
 class X11Keyboard;
 
-/// Types a shortcut, alone, into the window that has the keyboard. Modifiers that are held are let
-/// go first and stay so until the user presses them again; locked ones and the layout are as before
-/// afterwards. Main thread only; waits for nobody.
+/// Types a shortcut into the window that has the keyboard focus. Held modifiers are released first
+/// and stay released until the user presses them again; locked modifiers and the layout are
+/// restored afterwards. Main thread only; never blocks.
 class X11KeySynthesizer final : public QObject
 {
 public:
-    /// Both must outlive the typist.
+    /// Both must outlive the synthesizer.
     X11KeySynthesizer(X11Connection& connection, const X11Keyboard& keyboard);
 
-    /// Tells whether the keys were typed: the keyboard may lack one of them. Nothing is called once
-    /// this has been destroyed.
+    /// Reports whether the keys were typed: the keyboard may lack one of them. Not called once this
+    /// has been destroyed.
     using Typed = std::function<void(bool isTyped)>;
 
-    /// Types as soon as the server has said which keys are down.
+    /// Types as soon as the server has reported which keys are down.
     void type(PasteShortcut shortcut, Typed typed);
 
 private:

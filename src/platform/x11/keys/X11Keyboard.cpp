@@ -21,7 +21,7 @@ constexpr xcb_xkb_device_spec_t coreKeyboard = XCB_XKB_ID_USE_CORE_KBD;
 constexpr std::uint16_t mapParts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
 constexpr std::uint8_t groupCountMask = 0x0f;
 
-xcb_xkb_get_map_cookie_t askForMap(const X11Connection& connection)
+xcb_xkb_get_map_cookie_t requestMap(const X11Connection& connection)
 {
     return xcb_xkb_get_map(connection.xcb(), coreKeyboard, mapParts, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
                            0, 0, 0, 0, 0, 0);
@@ -69,11 +69,11 @@ X11Keyboard::X11Keyboard(X11Connection& connection)
     m_firstEvent = *firstEvent;
     selectEvents();
     connect(&connection, &X11Connection::eventReceived, this, &X11Keyboard::handleEvent);
-    const auto cookie = askForMap(connection);
+    const auto cookie = requestMap(connection);
     const X11Reply<xcb_xkb_get_map_reply_t> map(
         xcb_xkb_get_map_reply(connection.xcb(), cookie, nullptr));
     if (map)
-        take(*map);
+        apply(*map);
 }
 
 void X11Keyboard::selectEvents()
@@ -93,28 +93,28 @@ void X11Keyboard::handleEvent(const xcb_generic_event_t& event)
     if ((event.response_type & 0x7f) != m_firstEvent)
         return;
     if (event.pad0 == XCB_XKB_MAP_NOTIFY || event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY)
-        loadSoon();
+        reload();
 }
 
-void X11Keyboard::loadSoon()
+void X11Keyboard::reload()
 {
     if (std::exchange(m_isLoading, true)) {
         m_isStale = true;
         return;
     }
-    m_connection.whenReplied<xcb_xkb_get_map_reply_t>(askForMap(m_connection).sequence, this,
+    m_connection.whenReplied<xcb_xkb_get_map_reply_t>(requestMap(m_connection).sequence, this,
                                                       [this](const xcb_xkb_get_map_reply_t* map) {
                                                           m_isLoading = false;
                                                           if (std::exchange(m_isStale, false))
-                                                              return loadSoon();
+                                                              return reload();
                                                           if (map == nullptr)
                                                               return;
-                                                          take(*map);
+                                                          apply(*map);
                                                           Q_EMIT mappingChanged();
                                                       });
 }
 
-void X11Keyboard::take(const xcb_xkb_get_map_reply_t& map)
+void X11Keyboard::apply(const xcb_xkb_get_map_reply_t& map)
 {
     m_keys = {};
     m_numLockMask = 0;

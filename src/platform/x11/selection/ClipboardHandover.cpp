@@ -14,7 +14,7 @@ ClipboardHandover::ClipboardHandover(X11Connection& connection, xcb_window_t own
 {
     connect(&connection, &X11Connection::eventReceived, this, &ClipboardHandover::handleEvent);
     connect(&connection, &X11Connection::closed, this, &ClipboardHandover::finished);
-    connection.whenServerTimeKnown(this, [this](xcb_timestamp_t time) { askForOwner(time); });
+    connection.whenServerTimeKnown(this, [this](xcb_timestamp_t time) { requestOwner(time); });
     connection.flush();
 }
 
@@ -23,20 +23,21 @@ ClipboardHandover::~ClipboardHandover()
     xcb_destroy_window(m_connection.xcb(), m_requestor);
 }
 
-void ClipboardHandover::askForOwner(xcb_timestamp_t time)
+void ClipboardHandover::requestOwner(xcb_timestamp_t time)
 {
     m_connection.whenReplied<xcb_get_selection_owner_reply_t>(
         xcb_get_selection_owner(m_connection.xcb(), m_clipboard).sequence, this,
         [this, time](const xcb_get_selection_owner_reply_t* reply) {
             if (reply != nullptr && reply->owner == m_owner)
-                askManager(time);
+                requestSaving(time);
             else
                 Q_EMIT finished();
         });
 }
 
-// Without a list of targets the manager keeps all. Without a manager the server itself refuses.
-void ClipboardHandover::askManager(xcb_timestamp_t time)
+// Without a list of targets the manager saves all of them. Without a manager the server refuses the
+// request itself.
+void ClipboardHandover::requestSaving(xcb_timestamp_t time)
 {
     xcb_convert_selection(m_connection.xcb(), m_requestor, m_manager, m_saveTargets, m_saveTargets,
                           time);

@@ -8,26 +8,26 @@ namespace driftbox {
 
 class X11Connection;
 
-/// Asks the desktop's clipboard manager, where there is one, to keep what this program offers on
-/// CLIPBOARD, so that it can be pasted when this program is gone. Main thread only.
+/// Asks the desktop's clipboard manager, if there is one, to save what this program offers on
+/// CLIPBOARD, so that it can be pasted after the program has ended. Main thread only.
 class ClipboardHandover final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Asks once what was written before has reached the server, if `owner`, a window of this
-    /// connection, owns CLIPBOARD then.
+    /// Starts the handover once all previous requests have reached the server, provided that
+    /// `owner`, a window of this connection, owns CLIPBOARD by then.
     ClipboardHandover(X11Connection& connection, xcb_window_t owner);
     ~ClipboardHandover() override;
 
 Q_SIGNALS:
-    /// The manager has taken what it wanted, or there is nobody to ask or nothing to keep. Never
-    /// emitted when the manager does not answer.
+    /// The manager has saved the content, or there is no manager or nothing to save. Never emitted
+    /// when the manager does not answer.
     void finished();
 
 private:
-    void askForOwner(xcb_timestamp_t time);
-    void askManager(xcb_timestamp_t time);
+    void requestOwner(xcb_timestamp_t time);
+    void requestSaving(xcb_timestamp_t time);
     void handleEvent(const xcb_generic_event_t& event);
 
     X11Connection& m_connection;

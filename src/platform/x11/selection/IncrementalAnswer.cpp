@@ -69,7 +69,7 @@ void IncrementalAnswer::sendNext()
 
 void IncrementalAnswer::watchProgress()
 {
-    m_clock.after(patience, this, [this] {
+    m_clock.after(idleTimeout, this, [this] {
         if (!m_hasProgressed)
             return end();
         m_hasProgressed = false;

@@ -15,9 +15,9 @@ namespace driftbox {
 class Clock;
 class X11Connection;
 
-/// An answer that is too large for one property, on its way to a requestor in increments. Main
-/// thread only. It ends when all has been taken, when the requestor is gone, or when the requestor
-/// has taken nothing for a while.
+/// Transfers an answer that is too large for one property to a requestor in increments. Main thread
+/// only. The transfer ends when everything has been taken, when the requestor's window is
+/// destroyed, or when the requestor has taken nothing for a while.
 class IncrementalAnswer final : public QObject
 {
 public:
@@ -28,17 +28,17 @@ public:
         xcb_atom_t type;
     };
 
-    /// How long a requestor may leave an increment lying.
-    static constexpr std::chrono::seconds patience{10};
+    /// The time after which an idle requestor is given up.
+    static constexpr std::chrono::seconds idleTimeout{10};
 
-    /// Announces the answer; the caller tells the requestor. `ended` is called once, from the event
-    /// loop, and may destroy the answer.
+    /// Announces the transfer; the caller notifies the requestor. `ended` is called once, from the
+    /// event loop, and may destroy this object.
     IncrementalAnswer(X11Connection& connection, Clock& clock, const Destination& destination,
                       std::unique_ptr<ByteStream> bytes, std::function<void()> ended);
 
     [[nodiscard]] xcb_window_t requestor() const { return m_destination.requestor; }
 
-    /// The most bytes that go into one property.
+    /// The maximum number of bytes in one property.
     [[nodiscard]] static qsizetype maxIncrement(const X11Connection& connection);
 
 private:

@@ -15,9 +15,9 @@ public:
     PrimarySelection& operator=(const PrimarySelection&) = delete;
     virtual ~PrimarySelection() = default;
 
-    /// Makes the pasteboard's current text the content of PRIMARY too, until another program takes
-    /// it. Returns at once; `offered` is called from the event loop when the X server has been
-    /// told, or when there is no text to offer, unless `owner` has been destroyed by then.
+    /// Offers the pasteboard's current text on PRIMARY too, until another program claims it.
+    /// Returns at once; `offered` is called from the event loop after the claim has been sent to
+    /// the X server, or when there is no text to offer, unless `owner` has been destroyed by then.
     virtual void offerPasteboardText(QObject* owner, std::function<void()> offered) = 0;
 };
 

@@ -9,7 +9,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr std::chrono::seconds retirement{10};
+constexpr std::chrono::seconds retiredLifetime{10};
 constexpr std::size_t maxRetired = 32;
 
 } // namespace
@@ -43,7 +43,7 @@ void RequestorWindows::retireCurrent()
     m_retired.push_back(m_current);
     if (m_retired.size() > maxRetired)
         destroyOldest();
-    m_clock.after(retirement, this, [this, window = m_current] {
+    m_clock.after(retiredLifetime, this, [this, window = m_current] {
         if (std::ranges::find(m_retired, window) != m_retired.end())
             destroyOldest();
     });

@@ -11,21 +11,21 @@ namespace driftbox {
 class Clock;
 class X11Connection;
 
-/// The invisible windows to which owners of selections hand their data. Main thread only.
+/// The hidden windows that receive data from selection owners. Main thread only.
 ///
-/// A window is used again and again while owners complete what they were asked for. Once one is
-/// asked and not waited for, its window is retired, so that a late answer is not taken for the one
-/// to a later question. A retired window lives on for a while: many programs end with an error when
-/// the window that they answer to is gone.
+/// A window is reused as long as owners complete their transfers. When a transfer is abandoned, its
+/// window is retired, so that a late answer is not mistaken for the answer to a later request. A
+/// retired window is kept for a while: many programs terminate with an error when the window that
+/// they answer to no longer exists.
 class RequestorWindows final : public QObject
 {
 public:
     RequestorWindows(X11Connection& connection, Clock& clock);
     ~RequestorWindows() override;
 
-    /// The window to ask with.
+    /// The window for the next request.
     [[nodiscard]] xcb_window_t current();
-    /// Takes the current window out of use.
+    /// Stops using the current window.
     void retireCurrent();
 
 private:

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-// Each pair of a MULTIPLE request costs an answer; no honest program asks for more of them.
+// Limits the work per MULTIPLE request; well-behaved programs request fewer pairs.
 constexpr std::uint32_t maxPairs = 64;
 
 } // namespace
@@ -51,19 +51,19 @@ void SelectionOwner::handleEvent(const xcb_generic_event_t& event)
     } else if (event.response_type == XCB_SELECTION_CLEAR) {
         const auto& clear = reinterpret_cast<const xcb_selection_clear_event_t&>(event);
         if (clear.owner == m_window && clear.selection == m_selection && clear.time > m_time)
-            m_content = {}; // answers that are under way keep what they need
+            m_content = {}; // pending answers hold their own data
     }
 }
 
 void SelectionOwner::handleRequest(const xcb_selection_request_event_t& request)
 {
-    // To answer takes over what this connection hears of the requestor: the root window and windows
-    // of its own cannot be among those.
+    // Answering replaces this connection's event mask on the requestor window, so the root window
+    // and the connection's own windows must not be requestors.
     if (request.requestor == m_connection.root() || m_connection.hasCreated(request.requestor))
         return notify(request, false);
     if (request.target == m_connection.atom("MULTIPLE"))
         return handleMultiple(request);
-    // Programs older than the conventions leave the choice of the property to the owner.
+    // Obsolete clients leave the choice of the property to the owner.
     const xcb_atom_t property =
         request.property == XCB_ATOM_NONE ? request.target : request.property;
     xcb_selection_request_event_t answered = request;
@@ -104,7 +104,7 @@ void SelectionOwner::answerPairs(const xcb_selection_request_event_t& request,
 bool SelectionOwner::answer(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property)
 {
     if (target == m_connection.atom("TARGETS")) {
-        tellTargets(requestor, property);
+        sendTargets(requestor, property);
         return true;
     }
     if (target == m_connection.atom("TIMESTAMP")) {
@@ -138,10 +138,10 @@ void SelectionOwner::answerInOnePiece(const IncrementalAnswer::Destination& dest
 void SelectionOwner::answerIncrementally(const IncrementalAnswer::Destination& destination,
                                          std::unique_ptr<ByteStream> bytes)
 {
-    const auto place = m_answers.emplace(m_answers.end());
-    *place =
+    const auto position = m_answers.emplace(m_answers.end());
+    *position =
         std::make_unique<IncrementalAnswer>(m_connection, m_clock, destination, std::move(bytes),
-                                            [this, place] { answerEnded(place); });
+                                            [this, position] { answerEnded(position); });
 }
 
 void SelectionOwner::answerEnded(std::list<std::unique_ptr<IncrementalAnswer>>::iterator ended)
@@ -157,7 +157,7 @@ void SelectionOwner::answerEnded(std::list<std::unique_ptr<IncrementalAnswer>>::
 
 void SelectionOwner::notify(const xcb_selection_request_event_t& request, bool isAnswered)
 {
-    // Sent as the 32 bytes that any event has.
+    // Every event is sent as 32 bytes.
     std::array<char, 32> bytes{};
     xcb_selection_notify_event_t notification{};
     notification.response_type = XCB_SELECTION_NOTIFY;
@@ -171,7 +171,7 @@ void SelectionOwner::notify(const xcb_selection_request_event_t& request, bool i
                    bytes.data());
 }
 
-void SelectionOwner::tellTargets(xcb_window_t requestor, xcb_atom_t property)
+void SelectionOwner::sendTargets(xcb_window_t requestor, xcb_atom_t property)
 {
     std::vector<xcb_atom_t> atoms{m_connection.atom("TARGETS"), m_connection.atom("MULTIPLE"),
                                   m_connection.atom("TIMESTAMP")};

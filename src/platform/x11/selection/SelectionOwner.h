@@ -13,11 +13,11 @@
 
 namespace driftbox {
 
-/// This program as the owner of one selection: claims it and answers, from memory, whoever asks.
-/// Main thread only.
+/// Owns one selection on behalf of this program: claims it and answers requests from memory. Main
+/// thread only.
 ///
-/// Any number of programs may be answered at the same time; those that end midway or never take
-/// their answer cost nobody else anything.
+/// Any number of requestors can be served at the same time; those that terminate halfway or never
+/// take their answer do not affect the others.
 class SelectionOwner final : public QObject
 {
     Q_OBJECT
@@ -26,15 +26,15 @@ public:
     SelectionOwner(X11Connection& connection, Clock& clock, const QByteArray& selection);
     ~SelectionOwner() override;
 
-    /// The window that shows as the owner.
+    /// The owner window.
     [[nodiscard]] xcb_window_t window() const { return m_window; }
 
-    /// Offers `content` as the owner from `time` on. The server refuses it, and `claimRejected` is
-    /// emitted, when somebody else has claimed the selection since.
+    /// Claims the selection as of `time` and offers `content`. The server refuses the claim, and
+    /// `claimRejected` is emitted, when another client has claimed the selection since.
     void claim(const OfferedContent& content, xcb_timestamp_t time);
 
 Q_SIGNALS:
-    /// Somebody else owns the selection in spite of the last claim.
+    /// Another client owns the selection despite the last claim.
     void claimRejected();
 
 private:
@@ -50,7 +50,7 @@ private:
                              std::unique_ptr<ByteStream> bytes);
     void answerEnded(std::list<std::unique_ptr<IncrementalAnswer>>::iterator ended);
     void notify(const xcb_selection_request_event_t& request, bool isAnswered);
-    void tellTargets(xcb_window_t requestor, xcb_atom_t property);
+    void sendTargets(xcb_window_t requestor, xcb_atom_t property);
     void setProperty32(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type,
                        std::span<const std::uint32_t> values);
 

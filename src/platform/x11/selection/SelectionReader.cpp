@@ -26,8 +26,8 @@ constexpr qsizetype contentLimit = 64 * mebibyte;
 constexpr qsizetype opaqueLimit = mebibyte;
 constexpr qsizetype targetsLimit = 64 * kibibyte;
 
-// An owner that has let two questions pass is not asked any more.
-constexpr int maxSilences = 2;
+// An owner that has let this many requests time out is not asked again.
+constexpr int maxTimeouts = 2;
 
 QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connection)
 {
@@ -44,7 +44,7 @@ QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connect
 QString reasonFor(Outcome outcome)
 {
     switch (outcome) {
-    case Outcome::late:
+    case Outcome::timedOut:
         return u"not complete within %1 s"_s.arg(
             std::chrono::duration_cast<std::chrono::seconds>(SelectionTransfer::deadline).count());
     case Outcome::tooLarge:
@@ -89,8 +89,8 @@ void SelectionReader::request(xcb_atom_t target, qsizetype limit,
         [this, arrived](const SelectionTransfer::Result& result) {
             if (result.isAbandoned())
                 m_services.windows.retireCurrent();
-            if (result.outcome == Outcome::late)
-                ++m_silences;
+            if (result.outcome == Outcome::timedOut)
+                ++m_timeouts;
             m_transfer.reset();
             (this->*arrived)(result);
         });
@@ -104,7 +104,7 @@ void SelectionReader::targetsArrived(const SelectionTransfer::Result& result)
         plan(PasteboardTargets::choose(
             knownNamesAmong(result.pieces.join(), m_services.connection)));
     else
-        plan(PasteboardTargets::chooseBlindly());
+        plan(PasteboardTargets::chooseDefault());
     nextStep();
 }
 
@@ -123,7 +123,7 @@ void SelectionReader::nextStep()
 {
     while (!m_steps.empty() && m_steps.front().candidates.isEmpty())
         m_steps.pop_front();
-    if (m_steps.empty() || m_silences >= maxSilences) {
+    if (m_steps.empty() || m_timeouts >= maxTimeouts) {
         m_steps.clear();
         return m_hasReadContent ? finish() : decodeContent();
     }
@@ -138,7 +138,7 @@ void SelectionReader::formatArrived(const SelectionTransfer::Result& result)
     Step& step = m_steps.front();
     const Format format = step.format;
     if (result.outcome == Outcome::refused)
-        return nextStep(); // with its next candidate, if there is one
+        return nextStep(); // with the next candidate, if any
     step.candidates.clear();
     const QPointer<SelectionReader> self(this);
     if (result.outcome != Outcome::complete)
@@ -184,7 +184,7 @@ void SelectionReader::noteFailure(Format format, Outcome outcome)
     case Format::rtf:
         return refuse(u"RTF"_s);
     case Format::opaque:
-        return; // the user misses it only when the owner ends
+        return; // it matters only after the owner has ended
     }
 }
 
@@ -193,7 +193,7 @@ void SelectionReader::ownerHasVanished()
     m_hasOwnerVanished = true;
     m_opaque.clear();
     if (m_steps.size() > 1)
-        m_steps.resize(1); // the one that is under way
+        m_steps.resize(1); // the current one
     for (Step& step : m_steps)
         step.candidates.clear();
     if (m_transfer)

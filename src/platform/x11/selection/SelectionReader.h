@@ -12,12 +12,12 @@ namespace driftbox {
 class RequestorWindows;
 class TaskRunner;
 
-/// Reads what the present owner of the clipboard offers, once. Main thread only.
+/// Reads what the current owner of a selection offers, once. Main thread only.
 ///
-/// The owner is asked which targets it has, then for one format after the other, and what arrives
-/// is decoded; then `contentRead` is emitted, also when nothing could be had. Opaque formats
-/// follow. A format that is refused costs one log line. Destroying the reader gives up what is
-/// still under way: it takes one reader per change of the clipboard.
+/// The owner's targets are requested first, then one format after the other, and the data is
+/// decoded; then `contentRead` is emitted, even when nothing could be read. Opaque formats follow.
+/// A refused format is logged. Destroying the reader cancels what is pending; use one reader per
+/// change of the clipboard.
 class SelectionReader final : public QObject
 {
     Q_OBJECT
@@ -40,14 +40,14 @@ public:
 
     [[nodiscard]] bool isFinished() const { return m_isFinished; }
 
-    /// Makes do with what the owner had handed over before it ended.
+    /// Finishes with what has been received so far.
     void ownerHasVanished();
 
 Q_SIGNALS:
     /// Emitted once.
     void contentRead(const driftbox::PasteboardContent& content);
     void opaqueFormatRead(const QByteArray& target, const QByteArray& bytes);
-    /// There is nothing more to come.
+    /// Everything has been read.
     void finished();
 
 private:
@@ -56,7 +56,7 @@ private:
     struct Step
     {
         Format format;
-        QByteArrayList candidates; ///< targets still to be tried
+        QByteArrayList candidates; ///< targets yet to be tried
     };
 
     void request(xcb_atom_t target, qsizetype limit,
@@ -77,10 +77,10 @@ private:
     const Wanted m_wanted;
     std::unique_ptr<SelectionTransfer> m_transfer;
     std::deque<Step> m_steps;
-    QByteArrayList m_opaque; ///< to be asked for after the content
-    QByteArray m_target;     ///< the one that is under way
+    QByteArrayList m_opaque; ///< to be requested after the content
+    QByteArray m_target;     ///< being transferred
     RawContent m_raw;
-    int m_silences = 0;
+    int m_timeouts = 0;
     bool m_hasReadContent = false;
     bool m_hasOwnerVanished = false;
     bool m_isFinished = false;

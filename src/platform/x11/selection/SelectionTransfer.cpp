@@ -11,7 +11,7 @@ namespace driftbox {
 
 namespace {
 
-// A value is read in pieces, so that none of them holds up the event loop.
+// Values are read in pieces so that no piece blocks the event loop.
 constexpr qsizetype pieceSize = mebibyte;
 
 constexpr auto transferProperty = "_DRIFTBOX_TRANSFER";
@@ -29,12 +29,13 @@ SelectionTransfer::SelectionTransfer(X11Connection& connection, Clock& clock,
     connect(&connection, &X11Connection::eventReceived, this, &SelectionTransfer::handleEvent);
     xcb_convert_selection(connection.xcb(), request.requestor, request.selection, request.target,
                           m_property, request.time);
-    clock.after(deadline, this, [this] { finish(Outcome::late); });
+    clock.after(deadline, this, [this] { finish(Outcome::timedOut); });
 }
 
 void SelectionTransfer::handleEvent(const xcb_generic_event_t& event)
 {
-    // Answers are sent by the owner and carry the mark of that; property changes are the server's.
+    // Answers are sent by the owner and have the send-event bit set; property changes come from the
+    // server.
     if ((event.response_type & 0x7f) == XCB_SELECTION_NOTIFY)
         handleAnswer(reinterpret_cast<const xcb_selection_notify_event_t&>(event));
     if (event.response_type != XCB_PROPERTY_NOTIFY)
@@ -75,8 +76,7 @@ void SelectionTransfer::readValue()
 
 void SelectionTransfer::readPiece()
 {
-    // The server deletes the property together with the last piece, which asks for the next
-    // increment.
+    // The server deletes the property with the last piece, which requests the next increment.
     const auto cookie = xcb_get_property(
         m_connection.xcb(), true, m_request.requestor, m_property, XCB_GET_PROPERTY_TYPE_ANY,
         static_cast<std::uint32_t>(m_valueSize / 4), static_cast<std::uint32_t>(pieceSize / 4));
@@ -117,7 +117,7 @@ void SelectionTransfer::handleAnnouncement(const xcb_get_property_reply_t& piece
 {
     if (m_inIncrements || m_valueSize > 0)
         return finish(Outcome::malformed);
-    // The announced size is a lower bound. It is not relied upon but for this.
+    // The announced size is a lower bound and used for this check only.
     std::uint32_t announced = 0;
     if (piece.format == 32 && xcb_get_property_value_length(&piece) >= int(sizeof announced))
         std::memcpy(&announced, xcb_get_property_value(&piece), sizeof announced);
@@ -146,7 +146,7 @@ void SelectionTransfer::awaitIncrement()
 
 void SelectionTransfer::ownerHasVanished()
 {
-    // Whatever it had sent has been heard of before this.
+    // Everything it sent has been received before this call.
     m_hasOwnerVanished = true;
     if (m_state == State::asked || m_state == State::awaitingIncrement)
         finish(Outcome::refused);

@@ -14,26 +14,26 @@ namespace driftbox {
 class Clock;
 class X11Connection;
 
-/// One target of a selection on its way from the owner to this program, in one piece or in
-/// increments. Main thread only. Destroying it gives the transfer up.
+/// Transfers one target of a selection from its owner to this program, in one piece or in
+/// increments. Main thread only. Destroying the object cancels the transfer.
 class SelectionTransfer final : public QObject
 {
 public:
     struct Request
     {
-        xcb_window_t requestor; ///< of this connection, reporting its property changes
+        xcb_window_t requestor; ///< a window of this connection that reports property changes
         xcb_atom_t selection;
         xcb_atom_t target;
         xcb_timestamp_t time;
-        qsizetype limit; ///< in bytes; more than that is not accepted
+        qsizetype limit; ///< the maximum size in bytes
     };
 
     enum class Outcome : std::uint8_t {
         complete,
-        refused, ///< the owner does not have the target, or there is no owner
-        late,    ///< not complete within the deadline
+        refused,  ///< the owner does not have the target, or there is no owner
+        timedOut, ///< not complete within the deadline
         tooLarge,
-        malformed, ///< the owner does not keep to the protocol
+        malformed, ///< the owner violates the protocol
     };
 
     struct Result
@@ -49,15 +49,15 @@ public:
         }
     };
 
-    /// How long an owner has for one target, the last increment included.
+    /// The time limit for one target, including all increments.
     static constexpr std::chrono::milliseconds deadline{2'000};
 
-    /// Asks at once. `done` is called once, from the event loop, and may destroy the transfer.
+    /// Sends the request. `done` is called once, from the event loop, and may destroy the transfer.
     SelectionTransfer(X11Connection& connection, Clock& clock, const Request& request,
                       std::function<void(Result)> done);
 
-    /// Takes what the owner had handed over before it ended; what is incomplete counts as refused.
-    /// May call `done`.
+    /// Finishes with what the owner sent before it ended; incomplete data counts as refused. May
+    /// call `done`.
     void ownerHasVanished();
 
 private:
@@ -82,9 +82,9 @@ private:
     State m_state = State::asked;
     bool m_inIncrements = false;
     bool m_hasOwnerVanished = false;
-    bool m_hasNewValue = false; ///< written since the reading of the last value began
-    qsizetype m_valueSize = 0;  ///< bytes read of the present value
-    QByteArrayList m_pieces;    ///< joining a large one takes too long for the main thread
+    bool m_hasNewValue = false; ///< written since reading the last value began
+    qsizetype m_valueSize = 0;  ///< bytes read of the current value
+    QByteArrayList m_pieces;    ///< joining them takes too long for the main thread
     qsizetype m_size = 0;       ///< of all pieces
     std::uint8_t m_format = 0;
 };

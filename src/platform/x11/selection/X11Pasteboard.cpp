@@ -19,10 +19,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(x11PasteboardLog, "X11Pasteboard")
 
-// To give back the memory of more than this takes long enough to be felt.
-constexpr qsizetype heavy = 4 * mebibyte;
+// Freeing more memory than this takes noticeable time.
+constexpr qsizetype largeContentSize = 4 * mebibyte;
 
-// A manager that takes longer may be frozen, and whoever quits does not want to wait for it.
+// A slower manager may be frozen and must not delay quitting.
 constexpr std::chrono::milliseconds handoverTimeout{300};
 
 bool isLarge(const PasteboardContent& content)
@@ -30,7 +30,7 @@ bool isLarge(const PasteboardContent& content)
     const qsizetype textSize = content.text ? content.text->size() * qsizetype(sizeof(QChar)) : 0;
     const qsizetype rtfSize = content.rtf ? content.rtf->size() : 0;
     const qsizetype pngSize = content.png ? content.png->size() : 0;
-    return textSize + rtfSize + pngSize > heavy;
+    return textSize + rtfSize + pngSize > largeContentSize;
 }
 
 } // namespace
@@ -55,7 +55,7 @@ X11Pasteboard::X11Pasteboard(X11Connection& connection, Clock& clock, TaskRunner
 
 X11Pasteboard::~X11Pasteboard() = default;
 
-// One round trip now, so that there is none later, when somebody else may hold the server up.
+// One round trip at startup avoids later ones, when another client may hold a server grab.
 void X11Pasteboard::internNames()
 {
     std::vector<const char*> names{"TARGETS", "MULTIPLE",          "TIMESTAMP",   "INCR",
@@ -71,7 +71,7 @@ bool X11Pasteboard::watchOwners()
     if (!firstEvent)
         return false;
     m_ownerChange = *firstEvent + XCB_XFIXES_SELECTION_NOTIFY;
-    // The extension serves only those that have told their version.
+    // The extension requires clients to negotiate a version first.
     const auto version = xcb_xfixes_query_version(m_connection.xcb(), 1, 0);
     xcb_discard_reply(m_connection.xcb(), version.sequence);
     xcb_xfixes_select_selection_input(m_connection.xcb(), m_owner.window(), m_clipboard,
@@ -98,8 +98,9 @@ void X11Pasteboard::handleEvent(const xcb_generic_event_t& event)
     if (event.response_type != m_ownerChange)
         return;
     const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
-    // Whoever takes the selection before a write reaches the server loses it to that.
-    if (change.selection == m_clipboard && m_claimsUnderWay == 0)
+    // A client that claims the selection before a pending write reaches the server loses it to that
+    // write.
+    if (change.selection == m_clipboard && m_pendingClaims == 0)
         ownerChanged(change);
 }
 
@@ -107,7 +108,7 @@ void X11Pasteboard::ownerChanged(const xcb_xfixes_selection_notify_event_t& chan
 {
     if (change.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER)
         return ownerVanished(change.timestamp);
-    m_vanished.reset();
+    m_vanishedAt.reset();
     m_reader.reset();
     if (change.owner == m_owner.window())
         return;
@@ -150,8 +151,8 @@ void X11Pasteboard::contentRead(const PasteboardContent& content)
 
 void X11Pasteboard::readingFinished()
 {
-    if (m_vanished)
-        keepOffering(*std::exchange(m_vanished, std::nullopt));
+    if (m_vanishedAt)
+        keepOffering(*std::exchange(m_vanishedAt, std::nullopt));
 }
 
 void X11Pasteboard::setContent(const PasteboardContent& content)
@@ -169,7 +170,7 @@ void X11Pasteboard::setContent(const PasteboardContent& content)
 void X11Pasteboard::ownerVanished(xcb_timestamp_t time)
 {
     if (m_reader && !m_reader->isFinished()) {
-        m_vanished = time;
+        m_vanishedAt = time;
         m_reader->ownerHasVanished();
     } else {
         keepOffering(time);
@@ -185,12 +186,12 @@ void X11Pasteboard::keepOffering(xcb_timestamp_t time)
 void X11Pasteboard::write(const PasteboardContent& content)
 {
     m_reader.reset();
-    m_vanished.reset();
+    m_vanishedAt.reset();
     m_isInitial = false;
     setContent(content);
-    ++m_claimsUnderWay;
+    ++m_pendingClaims;
     m_connection.whenServerTimeKnown(this, [this](xcb_timestamp_t time) {
-        --m_claimsUnderWay;
+        --m_pendingClaims;
         m_owner.claim(OfferedContent(m_content), time);
     });
 }

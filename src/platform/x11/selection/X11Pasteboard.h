@@ -13,9 +13,9 @@ namespace driftbox {
 
 /// The CLIPBOARD selection as the general pasteboard.
 ///
-/// What another program copies is fetched as soon as the server tells of the new owner. When that
-/// program ends, this one offers what it had fetched, and the content stays as it is; what an owner
-/// takes back itself is gone, and nothing secret is ever fetched.
+/// Copied content is fetched as soon as the server reports a new owner. When that owner terminates,
+/// this program offers the fetched content, which stays unchanged; content that an owner withdraws
+/// is lost, and secret content is never fetched.
 class X11Pasteboard final : public Pasteboard
 {
     Q_OBJECT
@@ -29,9 +29,9 @@ public:
     [[nodiscard]] PasteboardContent content() const override { return m_content; }
     void write(const PasteboardContent& content) override;
 
-    /// Lets the desktop's clipboard manager, where there is one, take what this program offers, so
-    /// that it outlives the program. For the end of the program: the event loop runs until that is
-    /// done, for at most 300 ms.
+    /// Has the desktop's clipboard manager, if there is one, save what this program offers, so that
+    /// it outlives the program. To be called at shutdown: runs the event loop until that is done,
+    /// for at most 300 ms.
     void handOver();
 
 private:
@@ -52,16 +52,16 @@ private:
     Clock& m_clock;
     TaskRunner& m_taskRunner;
     const xcb_atom_t m_clipboard;
-    std::uint8_t m_ownerChange = 0; ///< the number of the event that tells of one
+    std::uint8_t m_ownerChange = 0; ///< the event number of owner changes
     RequestorWindows m_windows;
     SelectionOwner m_owner;
-    std::unique_ptr<SelectionReader> m_reader; ///< of the present owner, when it is another program
-    std::optional<xcb_timestamp_t> m_vanished; ///< when the owner ended that is being read
+    std::unique_ptr<SelectionReader> m_reader; ///< of the current owner, if that is another program
+    std::optional<xcb_timestamp_t> m_vanishedAt; ///< when the owner that is being read ended
     PasteboardContent m_content;
     OpaqueFormats m_opaque;
     qint64 m_changeCount = 0;
-    int m_claimsUnderWay = 0; ///< writes that the server has not heard of yet
-    bool m_isInitial = false; ///< what is being read was there at the start
+    int m_pendingClaims = 0;  ///< writes that have not reached the server yet
+    bool m_isInitial = false; ///< the content being read was there at startup
 };
 
 } // namespace driftbox

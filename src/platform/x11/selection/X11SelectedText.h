@@ -23,7 +23,7 @@ private:
     Clock& m_clock;
     TaskRunner& m_taskRunner;
     RequestorWindows m_windows;
-    std::unique_ptr<SelectionReader> m_reader; ///< of the question asked last
+    std::unique_ptr<SelectionReader> m_reader; ///< of the latest request
 };
 
 } // namespace driftbox

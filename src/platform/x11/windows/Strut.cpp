@@ -9,12 +9,12 @@ namespace driftbox {
 namespace {
 
 constexpr std::array strutEdges = {Qt::LeftEdge, Qt::RightEdge, Qt::TopEdge, Qt::BottomEdge};
-constexpr std::size_t partialCount = 12; // a depth for each edge, then both ends for each
+constexpr std::size_t partialCount = 12; // the depth of each edge, then its two ends
 
 int bounded(std::uint32_t number)
 {
-    constexpr std::uint32_t largest = std::numeric_limits<std::int16_t>::max();
-    return static_cast<int>(std::min(number, largest));
+    constexpr std::uint32_t max = std::numeric_limits<std::int16_t>::max();
+    return static_cast<int>(std::min(number, max));
 }
 
 bool overlaps(const Strut& strut, int first, int last)
@@ -51,7 +51,8 @@ QRect withoutStruts(const QRect& screen, QSize desktop, std::span<const Strut> s
         if (isUpright ? !overlaps(strut, screen.top(), screen.bottom())
                       : !overlaps(strut, screen.left(), screen.right()))
             continue;
-        // The first free column or row beside the strut; it lies within the screen that it is for.
+        // Compares with the first free column or row next to the strut, which lies on the strut's
+        // screen.
         switch (strut.edge) {
         case Qt::LeftEdge:
             if (strut.depth > screen.left() && strut.depth <= screen.right())

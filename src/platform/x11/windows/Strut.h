@@ -8,22 +8,22 @@
 
 namespace driftbox {
 
-/// The room that a panel or dock wants kept free along one edge of the whole desktop, in pixels.
+/// The space that a panel or dock reserves along one edge of the whole desktop, in pixels.
 struct Strut
 {
     Qt::Edge edge;
-    int depth; ///< counted from the desktop's edge
-    int from;  ///< the stretch along the edge, both ends included
+    int depth; ///< from the desktop's edge
+    int from;  ///< the range along the edge, inclusive
     int to;
     bool operator==(const Strut&) const = default;
 };
 
-/// The struts that a window's _NET_WM_STRUT_PARTIAL (twelve numbers) or _NET_WM_STRUT (four)
-/// states; none for other numbers.
+/// Parses a window's _NET_WM_STRUT_PARTIAL (twelve numbers) or _NET_WM_STRUT (four); no struts for
+/// other numbers.
 [[nodiscard]] std::vector<Strut> strutsFrom(std::span<const std::uint32_t> property);
 
-/// What `struts` leave of `screen`. A desktop has several screens, so a strut counts on the screen
-/// that it ends on, and on no other that it reaches across.
+/// The part of `screen` that `struts` leave free. On a desktop with several screens a strut applies
+/// only to the screen that it ends on, not to those that it extends across.
 [[nodiscard]] QRect withoutStruts(const QRect& screen, QSize desktop,
                                   std::span<const Strut> struts);
 

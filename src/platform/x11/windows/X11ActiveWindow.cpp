@@ -21,10 +21,10 @@ void X11ActiveWindow::deviceFrame(QObject* owner, Answer answer)
     m_connection.whenReplied<xcb_get_property_reply_t>(
         request.sequence, owner,
         [this, owner, answer = std::move(answer)](const xcb_get_property_reply_t* reply) {
-            const bool named = reply && reply->type == XCB_ATOM_WINDOW && reply->format == 32 &&
+            const bool isSet = reply && reply->type == XCB_ATOM_WINDOW && reply->format == 32 &&
                                reply->value_len == 1;
             const auto window =
-                named ? *static_cast<const xcb_window_t*>(xcb_get_property_value(reply))
+                isSet ? *static_cast<const xcb_window_t*>(xcb_get_property_value(reply))
                       : xcb_window_t(XCB_NONE);
             if (window == XCB_NONE)
                 answer(std::nullopt);
@@ -35,7 +35,7 @@ void X11ActiveWindow::deviceFrame(QObject* owner, Answer answer)
 
 void X11ActiveWindow::frameOf(xcb_window_t window, QObject* owner, const Answer& answer)
 {
-    // Replies come in the order of the requests.
+    // Replies arrive in the order of the requests.
     const auto size = std::make_shared<QSize>();
     const auto geometry = xcb_get_geometry(m_connection.xcb(), window);
     m_connection.whenReplied<xcb_get_geometry_reply_t>(
@@ -44,10 +44,10 @@ void X11ActiveWindow::frameOf(xcb_window_t window, QObject* owner, const Answer&
                 *size = QSize(reply->width, reply->height);
         });
 
-    const auto place =
+    const auto position =
         xcb_translate_coordinates(m_connection.xcb(), window, m_connection.root(), 0, 0);
     m_connection.whenReplied<xcb_translate_coordinates_reply_t>(
-        place.sequence, owner, [size, answer](const xcb_translate_coordinates_reply_t* reply) {
+        position.sequence, owner, [size, answer](const xcb_translate_coordinates_reply_t* reply) {
             if (reply && !size->isEmpty())
                 answer(QRect(QPoint(reply->dst_x, reply->dst_y), *size));
             else

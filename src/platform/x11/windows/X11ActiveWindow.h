@@ -8,8 +8,8 @@ namespace driftbox {
 
 class X11Connection;
 
-/// The active window as the window manager announces it. Main thread only; never waits for the
-/// server but at construction.
+/// The active window as announced by the window manager. Main thread only; blocks on the server
+/// only at construction.
 class X11ActiveWindow final : public ActiveWindow
 {
 public:

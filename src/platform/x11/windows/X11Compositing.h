@@ -4,8 +4,8 @@
 
 namespace driftbox {
 
-/// Whether a compositing manager blends the windows of the screen; they come and go. Main thread
-/// only.
+/// Whether a compositing manager is running on the screen; it may start and stop at any time. Main
+/// thread only.
 class X11Compositing final : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ Q_SIGNALS:
     void changed(bool active);
 
 private:
-    X11ManagerSelection m_selection; ///< compositing managers own that of the screen they blend
+    X11ManagerSelection m_selection; ///< owned by the screen's compositing manager
 };
 
 } // namespace driftbox

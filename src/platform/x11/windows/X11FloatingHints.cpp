@@ -24,7 +24,7 @@ constexpr auto skipPager = "_NET_WM_STATE_SKIP_PAGER";
 constexpr auto skipSwitcher = "_KDE_NET_WM_STATE_SKIP_SWITCHER";
 constexpr auto desktop = "_NET_WM_DESKTOP";
 constexpr auto windowRole = "WM_WINDOW_ROLE";
-constexpr auto frameExtents = "_GTK_FRAME_EXTENTS"; // other toolkits' name for it is the common one
+constexpr auto frameExtents = "_GTK_FRAME_EXTENTS"; // despite its name not specific to GTK
 } // namespace Name
 
 constexpr std::uint32_t allDesktops = 0xffff'ffff;

@@ -11,22 +11,22 @@ namespace driftbox {
 
 class X11Connection;
 
-/// What makes a window of the toolkit float for the window manager: above the others, on all
-/// desktops, in no list of windows; and what else it need know of one that is drawn as a whole by
-/// the program. Main thread only.
+/// Window manager hints that make a toolkit window float: above the others, on all desktops and in
+/// no window list; plus those for windows whose frame is drawn by the program. Main thread only.
 class X11FloatingHints
 {
 public:
-    /// Round trip. Both must outlive the hints; the window is one of the toolkit's.
+    /// Round trip. `connection` and the toolkit's window `window` must outlive this.
     X11FloatingHints(X11Connection& connection, xcb_window_t window, FloatingSurface::Role role);
 
-    /// To be called before each mapping: window managers take them off a window that goes away.
+    /// To be called before each mapping: window managers remove the hints when a window is
+    /// withdrawn.
     void put() const;
 
-    /// What of the window, at its edges, is only its shadow.
+    /// Declares the outer margins of the window that contain only its shadow.
     void putFrameExtents(const QMargins& pixels) const;
 
-    /// Tells a window manager that has come while the window was mapped.
+    /// Sends the hints to a window manager that started while the window was mapped.
     void repeat() const;
 
 private:

@@ -22,15 +22,15 @@ namespace driftbox {
 
 namespace {
 
-// A window that is dragged reports every step, and one that was just placed may report the place
-// before; what stands after this long is where the user wants it.
+// Windows report every step of a drag, and newly placed ones may still report their previous
+// position; a geometry that is stable for this long is what the user wants.
 constexpr auto settleDelay = 60ms;
 
-// How long after it is mapped a window may still be put elsewhere by the window manager.
+// How long after mapping the window manager may still move a window.
 constexpr auto placingTime = 250ms;
 
 constexpr int maxPlacingRequests = 3;
-constexpr auto takeoverTime = 2s; // the same where a window manager finds the window there
+constexpr auto takeoverTime = 2s; // the same after a new window manager has started
 
 constexpr auto showsWithoutActivating = "_q_showWithoutActivating"; // the toolkit's name for it
 
@@ -54,8 +54,8 @@ X11FloatingSurface::X11FloatingSurface(QWindow& window, Role role, X11Connection
     , m_windowManager(connection, QtXcb::connection())
     , m_frame(X11WindowGeometry::frame(window))
 {
-    // That it stays on top is among the hints: as a flag it would make the toolkit replace the
-    // window by another when it is shown.
+    // Staying on top is one of the hints: as a flag it would make the toolkit recreate the window
+    // when it is shown.
     window.setFlags(Qt::Window | Qt::FramelessWindowHint);
     window.setProperty(floatingProperty, role != Role::ordinary);
     window.installEventFilter(this);
@@ -111,7 +111,7 @@ void X11FloatingSurface::takeKeyboard(xcb_timestamp_t time)
     if (m_windowManager.isPresent()) {
         m_windowManager.activate(m_id, time);
     } else if (m_window.isExposed()) {
-        m_windowManager.activateByHand(m_id);
+        m_windowManager.activateDirectly(m_id);
     } else {
         m_takesKeyboardOnceViewable = true;
     }
@@ -132,14 +132,14 @@ bool X11FloatingSurface::eventFilter(QObject* receiver, QEvent* event)
     if (event->type() == QEvent::Expose && m_window.isExposed())
         handleExposed();
     else if (event->type() == QEvent::MouseButtonPress)
-        m_placingRequests = 0; // the user may be about to move it or to have it fill the screen
+        m_placingRequests = 0; // the user may be about to move or maximize the window
     return false;
 }
 
 void X11FloatingSurface::handleExposed()
 {
-    // A window manager may overlook the shape for the mouse that a window brings along, but not a
-    // change of it; and if it hears late that the window had gone, it takes new hints for old ones.
+    // Some window managers ignore the initial input shape of a window but not a change of it; those
+    // that process the withdrawal late remove the new hints along with the old.
     if (std::exchange(m_isFreshlyMapped, false)) {
         insistOnPlaceFor(placingTime);
         m_hints.repeat();
@@ -147,13 +147,13 @@ void X11FloatingSurface::handleExposed()
         noticeGeometry();
     }
     if (std::exchange(m_takesKeyboardOnceViewable, false))
-        m_windowManager.activateByHand(m_id);
+        m_windowManager.activateDirectly(m_id);
 }
 
 void X11FloatingSurface::handleFocusChange(const xcb_focus_in_event_t& event)
 {
-    // A grab, as a hot key or a menu of another program takes it, is not a change of the focus.
-    // Nor does the focus change when the pointer is over the window of a program that has it.
+    // Ignore grabs, such as those of hot keys and menus of other programs, and pointer
+    // notifications: the focus has not changed.
     if (event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB ||
         event.detail == XCB_NOTIFY_DETAIL_POINTER)
         return;
@@ -164,15 +164,15 @@ void X11FloatingSurface::handleFocusChange(const xcb_focus_in_event_t& event)
         verifyKey();
 }
 
-// Some window managers let the focus rest elsewhere for a moment while they move it.
+// Some window managers focus another window for a moment while they move this one.
 void X11FloatingSurface::verifyKey()
 {
     if (!m_isKey)
         return;
     m_connection.whenReplied<xcb_get_input_focus_reply_t>(
         xcb_get_input_focus(m_connection.xcb()).sequence, this,
-        [this, asked = m_focusChanges](const xcb_get_input_focus_reply_t* focus) {
-            if (asked == m_focusChanges && (focus == nullptr || focus->focus != m_id))
+        [this, focusChanges = m_focusChanges](const xcb_get_input_focus_reply_t* focus) {
+            if (focusChanges == m_focusChanges && (focus == nullptr || focus->focus != m_id))
                 setKey(false);
         });
     m_connection.flush();
@@ -218,7 +218,7 @@ void X11FloatingSurface::setClickThrough(bool clickThrough)
 void X11FloatingSurface::applyShape()
 {
     const QRegion pixels = X11Shape::inPixels(m_shape, m_window.devicePixelRatio());
-    // Where windows are blended the edge stays smooth, and only the mouse need be told.
+    // With compositing the window draws its own smooth edges; only the input shape is needed.
     const bool composited = m_compositing.isActive();
     X11Shape::set(m_id, X11Shape::Kind::drawing, composited ? QRegion() : pixels);
     if (m_isClickThrough)
@@ -239,8 +239,8 @@ QMargins X11FloatingSurface::extentsAround(const QRegion& shape) const
             std::max(0, whole.height() - 1 - inner.bottom())};
 }
 
-// The window manager would miss a release that was before it took over, and the window would stick
-// to the pointer. What the toolkit knows may be late.
+// If the button was released before the window manager takes over, it would miss that, and the
+// window would stick to the pointer. The toolkit's state may be outdated.
 bool X11FloatingSurface::isButtonHeld() const
 {
     const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
@@ -265,16 +265,16 @@ void X11FloatingSurface::startResize(Qt::Edges edges)
 
 void X11FloatingSurface::handleConfigured()
 {
-    // Once the toolkit knows, too.
+    // Deferred until the toolkit has processed the event, too.
     QMetaObject::invokeMethod(this, &X11FloatingSurface::noticeGeometry, Qt::QueuedConnection);
 }
 
 void X11FloatingSurface::noticeGeometry()
 {
-    // On its way to the screen a window passes through other places.
+    // A window passes through other positions while it is being mapped.
     if (!m_window.isVisible() || m_isFreshlyMapped || isInPlace())
         return;
-    // A window manager that has its own idea of a place for a new window heeds a second request.
+    // Window managers that place new windows themselves accept a second request.
     if (m_placingRequests > 0 && !m_placingDeadline.hasExpired()) {
         --m_placingRequests;
         X11WindowGeometry::setFrame(m_window, m_frame);

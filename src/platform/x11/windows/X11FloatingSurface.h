@@ -20,14 +20,14 @@ class X11Connection;
 /// Whether the window is a panel or a note.
 [[nodiscard]] bool isFloating(const QWindow& window);
 
-/// A window of the toolkit that the program draws all of, and that the window manager is told to
-/// let float unless it is an ordinary one. Main thread only.
+/// A toolkit window that the program draws entirely. Unless its role is `ordinary`, the window
+/// manager is asked to let it float. Main thread only.
 class X11FloatingSurface final : public FloatingSurface
 {
     Q_OBJECT
 
 public:
-    /// Round trips. All must outlive the surface.
+    /// Round trips. All references must outlive the surface.
     X11FloatingSurface(QWindow& window, Role role, X11Connection& connection,
                        const X11Compositing& compositing);
     ~X11FloatingSurface() override;
@@ -45,9 +45,9 @@ public:
     void startResize(Qt::Edges edges) override;
 
     [[nodiscard]] xcb_window_t window() const { return m_id; }
-    /// A FocusIn or FocusOut of the window.
+    /// Handles a FocusIn or FocusOut of the window.
     void handleFocusChange(const xcb_focus_in_event_t& event);
-    /// A ConfigureNotify of the window, of which the toolkit has not heard yet.
+    /// Handles a ConfigureNotify of the window that the toolkit has not processed yet.
     void handleConfigured();
     void handleNewWindowManager();
 
@@ -74,12 +74,12 @@ private:
     const X11FloatingHints m_hints;
     const X11WindowManager m_windowManager;
 
-    QRectF m_frame; ///< as it was asked for, until the user changes it
+    QRectF m_frame; ///< as requested, until the user changes it
     QRegion m_shape;
     bool m_isClickThrough = false;
     QTimer m_settleTimer;
     QDeadlineTimer m_placingDeadline;
-    int m_placingRequests = 0; ///< left until then
+    int m_placingRequests = 0; ///< remaining until the deadline
     bool m_isKey = false;
     std::uint64_t m_focusChanges = 0;
     bool m_isFreshlyMapped = false;

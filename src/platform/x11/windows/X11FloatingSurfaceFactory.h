@@ -14,13 +14,13 @@ namespace driftbox {
 class X11Connection;
 class X11FloatingSurface;
 
-/// The floating windows of this program on X11. Main thread only.
+/// Creates the program's floating windows on X11. Main thread only.
 class X11FloatingSurfaceFactory final : public FloatingSurfaceFactory,
                                         public QAbstractNativeEventFilter
 {
 public:
     /// Round trips. The application object must run on X11. `connection` must outlive this, and
-    /// this every surface made here.
+    /// this must outlive its surfaces.
     explicit X11FloatingSurfaceFactory(X11Connection& connection);
     ~X11FloatingSurfaceFactory() override;
 

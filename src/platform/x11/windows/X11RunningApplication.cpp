@@ -14,8 +14,8 @@ namespace driftbox {
 
 namespace {
 
-// The server knows the process at the other end of the connection. The window's own claim is second
-// best: a program in a sandbox states a number that means nothing outside.
+// The server knows the process at the other end of the connection. The window's own property is the
+// fallback: a sandboxed program sets a process id that is meaningless outside its sandbox.
 pid_t processOfConnection(const X11Connection& connection, xcb_window_t window)
 {
     const xcb_res_client_id_spec_t wanted = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
@@ -38,17 +38,17 @@ bool hasResourceExtension(X11Connection& connection)
     return extension != nullptr && extension->present != 0;
 }
 
-// A window without a claim of its own may belong to one that has one.
-pid_t claimedProcess(X11Connection& connection, xcb_window_t window)
+// A window without the property may belong to another window that has it.
+pid_t declaredProcess(X11Connection& connection, xcb_window_t window)
 {
-    constexpr auto claim = "_NET_WM_PID";
-    if (const auto process = X11Properties::number(connection, window, claim))
+    constexpr auto property = "_NET_WM_PID";
+    if (const auto process = X11Properties::number(connection, window, property))
         return static_cast<pid_t>(*process);
     for (const auto* relation : {"WM_TRANSIENT_FOR", "WM_CLIENT_LEADER"}) {
         const auto relative = X11Properties::number(connection, window, relation);
         if (!relative || *relative == window || *relative == XCB_NONE)
             continue;
-        if (const auto process = X11Properties::number(connection, *relative, claim))
+        if (const auto process = X11Properties::number(connection, *relative, property))
             return static_cast<pid_t>(*process);
     }
     return 0;
@@ -58,10 +58,10 @@ pid_t processOf(X11Connection& connection, xcb_window_t window)
 {
     const pid_t process =
         hasResourceExtension(connection) ? processOfConnection(connection, window) : 0;
-    return process > 0 ? process : claimedProcess(connection, window);
+    return process > 0 ? process : declaredProcess(connection, window);
 }
 
-// Two strings, each ended by a null: the instance and the class.
+// Two null-terminated strings: the instance and the class.
 std::optional<QString> classOf(X11Connection& connection, xcb_window_t window)
 {
     const auto names = X11Properties::bytes(connection, window, "WM_CLASS").split('\0');
@@ -99,7 +99,7 @@ void X11RunningApplication::activate()
 {
     const X11WindowManager windowManager(m_connection, m_connection.xcb());
     if (!windowManager.isPresent()) {
-        windowManager.activateByHand(m_window);
+        windowManager.activateDirectly(m_window);
         return;
     }
     m_connection.whenServerTimeKnown(this, [this, windowManager](xcb_timestamp_t now) {

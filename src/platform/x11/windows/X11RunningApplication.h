@@ -11,11 +11,11 @@ namespace driftbox {
 
 class X11Connection;
 
-/// A window of an application and the process it belongs to.
+/// A window of an application, and the process that it belongs to.
 class X11RunningApplication final : public QObject, public RunningApplication
 {
 public:
-    /// Looks the application of `window` up. Round trips. `connection` must outlive it.
+    /// Looks up the application of `window`. Round trips. `connection` must outlive this.
     X11RunningApplication(X11Connection& connection, xcb_window_t window);
 
     [[nodiscard]] xcb_window_t window() const { return m_window; }
@@ -25,7 +25,7 @@ public:
     {
         return m_bundleIdentifier;
     }
-    /// A window that has had the keyboard has been launched.
+    /// A window that has had the keyboard focus has been launched.
     [[nodiscard]] bool isFinishedLaunching() const override { return true; }
     /// Round trip.
     [[nodiscard]] bool isTerminated() const override;

@@ -34,7 +34,7 @@ QSize desktopSize(const X11Connection& connection)
     return geometry ? QSize(geometry->width, geometry->height) : QSize();
 }
 
-// The toolkit leaves the upper left corner of a screen at its pixel and scales what is within.
+// The toolkit keeps a screen's top left corner in pixels and scales only its size.
 QRect deviceFrameOf(const QScreen& screen)
 {
     return {screen.geometry().topLeft(),
@@ -71,8 +71,8 @@ std::vector<Screen> X11Screens::screens() const
         const QRect pixels = deviceFrameOf(*screen);
         const QRect freePixels = withoutStruts(pixels, desktop, struts);
         QRectF visible = freePixels == pixels ? frame : pointsWithin(*screen, freePixels);
-        // The window manager's work area is one rectangle for all screens: it tells something only
-        // where there is one.
+        // The window manager's work area is one rectangle for all screens, so it is usable only
+        // with a single screen.
         if (all.size() == 1)
             visible &= QRectF(screen->availableGeometry());
         screens.push_back({ScreenSpace::fromToolkit(frame, primary),

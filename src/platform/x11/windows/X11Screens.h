@@ -6,7 +6,7 @@ namespace driftbox {
 
 class X11Connection;
 
-/// The toolkit's screens, each without the struts of the panels and docks on it. Main thread only.
+/// The toolkit's screens, each without the struts of its panels and docks. Main thread only.
 class X11Screens final : public Screens
 {
     Q_OBJECT

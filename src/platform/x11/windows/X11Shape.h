@@ -6,21 +6,21 @@
 
 #include <xcb/xcb.h>
 
-/// The part of a window that exists, for one of the toolkit's windows.
+/// Sets the shape of the toolkit's windows.
 namespace driftbox::X11Shape {
 
 enum class Kind : std::uint8_t {
-    drawing = 0, ///< what is drawn and can be clicked
-    input = 2,   ///< what can be clicked
+    drawing = 0, ///< the visible and clickable part
+    input = 2,   ///< the clickable part
 };
 
-/// `points` on a screen with `scale` pixels a point, no pixel less.
+/// `points` in pixels on a screen with `scale` pixels per point, rounded outward.
 [[nodiscard]] QRegion inPixels(const QRegion& points, qreal scale);
 
-/// Limits `window` to `pixels`; an empty region takes the limit away.
+/// Limits `window` to `pixels`; an empty region removes the limit.
 void set(xcb_window_t window, Kind kind, const QRegion& pixels);
 
-/// Leaves nothing of `window`.
+/// Makes the shape of `window` empty.
 void setNothing(xcb_window_t window, Kind kind);
 
 } // namespace driftbox::X11Shape

@@ -11,15 +11,15 @@ namespace driftbox {
 
 namespace {
 
-QRect placeOnScreen(QSize size)
+QRect centeredOnScreen(QSize size)
 {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
     const QRect available = screen->availableGeometry();
-    QRect place(QPoint(), size.boundedTo(available.size()));
-    place.moveCenter(available.center());
-    return place;
+    QRect geometry(QPoint(), size.boundedTo(available.size()));
+    geometry.moveCenter(available.center());
+    return geometry;
 }
 
 } // namespace
@@ -31,7 +31,7 @@ X11StandardWindows::X11StandardWindows(X11Connection& connection)
 
 void X11StandardWindows::center(QWindow& window)
 {
-    window.setGeometry(placeOnScreen(window.size()));
+    window.setGeometry(centeredOnScreen(window.size()));
 }
 
 void X11StandardWindows::present(QWindow& window)
@@ -45,7 +45,7 @@ void X11StandardWindows::present(QWindow& window)
     if (m_windowManager.isPresent()) {
         m_windowManager.activate(id, now);
     } else if (window.isExposed()) {
-        m_windowManager.activateByHand(id);
+        m_windowManager.activateDirectly(id);
     } else {
         m_activatedOnceViewable = &window;
         window.installEventFilter(this);
@@ -56,7 +56,8 @@ bool X11StandardWindows::eventFilter(QObject* receiver, QEvent* event)
 {
     if (receiver == m_activatedOnceViewable && event->type() == QEvent::Expose &&
         m_activatedOnceViewable->isExposed()) {
-        m_windowManager.activateByHand(static_cast<xcb_window_t>(m_activatedOnceViewable->winId()));
+        m_windowManager.activateDirectly(
+            static_cast<xcb_window_t>(m_activatedOnceViewable->winId()));
         receiver->removeEventFilter(this);
         m_activatedOnceViewable.clear();
     }

@@ -27,7 +27,7 @@ public:
 
 private:
     X11WindowManager m_windowManager;
-    QPointer<QWindow> m_activatedOnceViewable; ///< where no window manager does it
+    QPointer<QWindow> m_activatedOnceViewable; ///< without a window manager
 };
 
 } // namespace driftbox

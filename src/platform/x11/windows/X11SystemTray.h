@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// The tray into which programs put small windows of their own.
+/// The system tray that embeds the icon windows of programs.
 class X11SystemTray final : public StatusArea
 {
     Q_OBJECT

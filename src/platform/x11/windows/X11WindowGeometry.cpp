@@ -21,7 +21,7 @@ QRectF primaryScreen()
     return primary != nullptr ? QRectF(primary->geometry()) : QRectF();
 }
 
-// The origin of a screen is the same in points and in pixels.
+// A screen's origin is the same in points and in pixels.
 QPointF originOf(const QScreen& screen)
 {
     return screen.handle()->geometry().topLeft();
@@ -66,7 +66,8 @@ void setFrame(QWindow& window, const QRectF& frame)
     window.setGeometry({points.topLeft().toPoint(), points.size().toSize()});
     if (pixels(window) != wanted)
         window.handle()->setGeometry(wanted);
-    // The toolkit would wait for the server's word, and show the window as large as it was before.
+    // The toolkit would wait for the server's event, and show the window in its previous size until
+    // then.
     if (!window.isVisible())
         QWindowSystemInterface::handleGeometryChange<QWindowSystemInterface::SynchronousDelivery>(
             &window, wanted);

@@ -23,9 +23,9 @@ X11WindowManager::X11WindowManager(X11Connection& connection, xcb_connection_t* 
 bool X11WindowManager::isPresent() const
 {
     // The property outlives a window manager that crashed; the window it names does not.
-    constexpr auto check = "_NET_SUPPORTING_WM_CHECK";
-    const auto announced = X11Properties::number(m_connection, m_connection.root(), check);
-    return announced && X11Properties::number(m_connection, *announced, check) == announced;
+    constexpr auto property = "_NET_SUPPORTING_WM_CHECK";
+    const auto announced = X11Properties::number(m_connection, m_connection.root(), property);
+    return announced && X11Properties::number(m_connection, *announced, property) == announced;
 }
 
 void X11WindowManager::activate(xcb_window_t window, xcb_timestamp_t time) const
@@ -33,7 +33,7 @@ void X11WindowManager::activate(xcb_window_t window, xcb_timestamp_t time) const
     send(window, "_NET_ACTIVE_WINDOW", {sourceIsUser, time});
 }
 
-void X11WindowManager::activateByHand(xcb_window_t window) const
+void X11WindowManager::activateDirectly(xcb_window_t window) const
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_sender, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

@@ -9,26 +9,27 @@ namespace driftbox {
 
 class X11Connection;
 
-/// What is asked of the window manager. There may be none, or one that knows nothing of these
-/// messages, or another one tomorrow. Main thread only.
+/// Requests to the window manager, which may be absent, lack support for these messages, or be
+/// replaced at any time. Main thread only.
 class X11WindowManager
 {
 public:
     using Data = std::array<std::uint32_t, 5>;
 
-    /// Messages go over `sender`, so that they arrive in order with what else is sent over it. Both
-    /// must outlive this.
+    /// Messages are sent on `sender`, so that they stay in order with its other requests. Both must
+    /// outlive this.
     X11WindowManager(X11Connection& connection, xcb_connection_t* sender);
 
-    /// Whether one runs that follows the freedesktop.org conventions. Round trips.
+    /// Whether a window manager that follows the freedesktop.org conventions is running. Round
+    /// trips.
     [[nodiscard]] bool isPresent() const;
 
-    /// Brings `window` to the front and gives it the keyboard, with the user's authority. `time` is
-    /// the server's, as late as can be had.
+    /// Raises `window` and gives it the keyboard focus on behalf of the user. `time` is the
+    /// server's time, as recent as possible.
     void activate(xcb_window_t window, xcb_timestamp_t time) const;
 
-    /// The same where no window manager is present; `window` must be mapped.
-    void activateByHand(xcb_window_t window) const;
+    /// The same without a window manager; `window` must be mapped.
+    void activateDirectly(xcb_window_t window) const;
 
     void send(xcb_window_t window, const char* message, const Data& data) const;
 
@@ -37,7 +38,7 @@ private:
     xcb_connection_t* m_sender;
 };
 
-/// Adds to the events of `window` that `connection` is told of. Round trip.
+/// Adds `events` to those of `window` that `connection` receives. Round trip.
 void addEvents(const X11Connection& connection, xcb_window_t window, std::uint32_t events);
 
 } // namespace driftbox

@@ -94,7 +94,7 @@ xcb_window_t X11Workspace::frontmostWindow() const
     return active;
 }
 
-// A toolkit may keep the focus in a child; the application's window is the one with a class.
+// Toolkits may set the focus to a child window; the application's window is the one with a class.
 xcb_window_t X11Workspace::windowWithKeyboard() const
 {
     const auto cookie = xcb_get_input_focus(m_connection.xcb());

@@ -12,9 +12,9 @@ namespace driftbox {
 class X11Connection;
 class X11RunningApplication;
 
-/// The window manager's active window, or where there is no window manager the window that has the
-/// keyboard. This program's own floating windows do not count: while one of them has the keyboard,
-/// the user still works in the application that had it before. Main thread only.
+/// The application of the window manager's active window or, without a window manager, of the
+/// focused window. This program's own floating windows do not count: while one of them has the
+/// focus, the previous application stays frontmost. Main thread only.
 class X11Workspace final : public QObject, public Workspace
 {
 public:
@@ -32,7 +32,7 @@ private:
     X11Connection& m_connection;
     X11WindowManager m_windowManager;
     xcb_atom_t m_activeWindowProperty;
-    /// Of the windows but our floating ones; what a query finds out on the way is kept too.
+    /// Excludes this program's floating windows; also updated by queries.
     mutable xcb_window_t m_lastActive = XCB_NONE;
 };
 

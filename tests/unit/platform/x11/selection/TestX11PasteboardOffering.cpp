@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(Xclip::pastes(text));
 
         // It is waited for as long as it makes progress, and then no more.
-        m_program->clock.advance(IncrementalAnswer::patience / 2);
+        m_program->clock.advance(IncrementalAnswer::idleTimeout / 2);
         stuck.takeIncrements("UTF8_STRING");
         QTRY_VERIFY(stuck.hasTakenLastIncrement);
         QCOMPARE(stuck.increments, text);
@@ -226,7 +226,7 @@ private Q_SLOTS:
         ScriptedRequestor dead;
         dead.ask("UTF8_STRING");
         QTRY_COMPARE(dead.answers, QByteArrayList{"UTF8_STRING"});
-        m_program->clock.advance(IncrementalAnswer::patience);
+        m_program->clock.advance(IncrementalAnswer::idleTimeout);
         dead.takeIncrements("UTF8_STRING");
         QVERIFY(Xclip::pastes(text));
         QCOMPARE(dead.incrementCount, 0);
@@ -251,7 +251,7 @@ private Q_SLOTS:
         ended.reset();
 
         QVERIFY(Xclip::pastes(text));
-        m_program->clock.advance(IncrementalAnswer::patience);
+        m_program->clock.advance(IncrementalAnswer::idleTimeout);
         QVERIFY(Xclip::pastes(text));
     }
 
@@ -268,7 +268,7 @@ private Q_SLOTS:
         impostor.askInTheNameOf(watched, "UTF8_STRING");
         impostor.askInTheNameOf(m_program->connection->root(), "UTF8_STRING");
         QVERIFY(Xclip::pastes(text));
-        m_program->clock.advance(IncrementalAnswer::patience);
+        m_program->clock.advance(IncrementalAnswer::idleTimeout);
 
         // What the connection hears of its window is as before.
         int changes = 0;

@@ -20,13 +20,14 @@ const simpleEntries = (matter) => {
     const entries = [];
     for (const line of matter.split("\n")) {
         const entry = /^([\w-]+)[ \t]*:[ \t]*(.*)$/.exec(line);
-        if (entry && !/^[|>&*{!]/.test(entry[2]))
+        if (entry && !/^[|>&*{!]/.test(entry[2])) {
             entries.push([entry[1], unquoted(entry[2])]);
-        else if (/^[ \t]*-[ \t]+[^:]*$/.test(line) && entries.length > 0)
-            entries[entries.length - 1][1] += (entries[entries.length - 1][1] && ", ")
-                + unquoted(line.replace(/^[ \t]*-[ \t]+/, ""));
-        else if (line.trim() !== "" && !line.startsWith("#"))
+        } else if (/^[ \t]*-[ \t]+[^:]*$/.test(line) && entries.length > 0) {
+            const last = entries[entries.length - 1];
+            last[1] += (last[1] && ", ") + unquoted(line.replace(/^[ \t]*-[ \t]+/, ""));
+        } else if (line.trim() !== "" && !line.startsWith("#")) {
             return null;
+        }
     }
     return entries;
 };

@@ -112,7 +112,7 @@ let shownText = null;
 
 const putOnPage = async (text, began, isCurrent) => {
     const position = wantedPlace && !wantedPlace.fragment ? wantedPlace : readingPosition();
-    let waiting = []; // for the part where the reader was
+    const waiting = []; // for the part where the reader was
     let isShown = false;
     const show = () => {
         page.replaceChildren(...waiting);

@@ -1,4 +1,4 @@
-// Quotations that begin with [!NOTE] and its like.
+// Alerts: block quotes that begin with [!NOTE], [!TIP] and so on.
 
 const alertTitles = {
     note: "Note", tip: "Tip", important: "Important", warning: "Warning", caution: "Caution",
@@ -15,7 +15,7 @@ const alerts = (parser) => parser.core.ruler.after("inline", "alerts", (state) =
         const kind = match[1].toLowerCase();
         token.attrJoin("class", `alert ${kind}`);
         paragraph.attrJoin("class", "alert-text");
-        // The mark and the end of its line.
+        // Drop the marker and the rest of its line.
         const end = inline.children.findIndex((child) => child.type === "softbreak"
             || child.type === "hardbreak");
         inline.children = end < 0 ? [] : inline.children.slice(end + 1);

@@ -1,20 +1,20 @@
-// The anchors of headings, named as the large forges name them.
+// Heading anchors, with the slugs that code forges generate.
 
-// Set before every name that a document gives, so that none is that of something else in the page.
+// Prefixed to every name that a document defines, so that none clashes with the page's own.
 const namePrefix = "user-content-";
 
 const headingSlug = (text) => text.trim().toLowerCase()
     .replace(/[^\p{L}\p{M}\p{N}\p{Pc}\- ]/gu, "")
     .replace(/ /g, "-");
 
-// What a reader sees of a heading: its text, without the marks.
+// The visible text of a heading, without markup.
 const headingText = (tokens) => tokens.map((token) => {
     if (token.children)
         return headingText(token.children);
     return token.type === "text" || token.type === "code_inline" ? token.content : "";
 }).join("");
 
-// The slug, or with a number where it is among the taken ones, which are counted.
+// The slug, with a number appended if it is taken. `taken` maps each slug to its last number.
 const uniqueSlug = (slug, taken) => {
     let unique = slug;
     while (taken.has(unique)) {
@@ -34,13 +34,13 @@ const anchors = (parser) => parser.core.ruler.push("anchors", (state) => {
     });
 });
 
-// The element that a fragment of an address means; null when there is none.
+// The element that a URL fragment refers to; null if there is none.
 const fragmentTarget = (fragment) => {
     let name = fragment;
     try {
         name = decodeURIComponent(fragment);
     } catch {
-        // Not everything after a # was meant to be decoded.
+        // Not percent-encoded after all: use it as it is.
     }
     for (const candidate of [namePrefix + name, namePrefix + name.toLowerCase(), name]) {
         const target = page.querySelector(`[id="${CSS.escape(candidate)}"], a[name="${CSS.escape(candidate)}"]`);

@@ -1,9 +1,9 @@
-// Long documents are read and put onto the page run by run, so that the first screen shows at once.
+// Parses a document in runs of blocks, so that the first screen of a long one appears at once.
 
-const firstRun = 12_000; // characters of the source; a screen or two
+const firstRun = 12_000; // characters of source; one or two screens
 const usualRun = 40_000;
 
-// Ends the reading of blocks where the run ends: the parser is told that the text does.
+// Stops the block parser at the end of a run by making it believe that the text ends there.
 const pauses = (parser) => parser.block.ruler.before("table", "pause", (state, line, end, silent) => {
     if (silent || state.level > 0 || !(state.bMarks[line] >= state.runEnd))
         return false;
@@ -12,7 +12,7 @@ const pauses = (parser) => parser.block.ruler.before("table", "pause", (state, l
     return true;
 });
 
-// Reads the text's blocks, one run a call; null once there is nothing left.
+// Returns a function that parses the next run of blocks; it returns null at the end of the text.
 const blockReader = (text, env) => {
     const state = new parser.block.State(text, parser, env, []);
     let line = 0;
@@ -31,7 +31,7 @@ const blockReader = (text, env) => {
 const voidTags = new Set(["area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta",
     "source", "track", "wbr", "p", "li", "dt", "dd", "tr", "td", "th"]);
 
-// How many elements the raw HTML leaves open, or closes beyond what it opened.
+// How many more elements the raw HTML opens than it closes; negative if it closes more.
 const openedBy = (html) => {
     let open = 0;
     for (const [, slash, name, end] of html.replace(/<!--[\s\S]*?-->/g, "")
@@ -42,8 +42,8 @@ const openedBy = (html) => {
     return open;
 };
 
-// The blocks of the text in runs that stand for themselves: no block and no element of raw HTML goes
-// on from one into the next. An empty run says that the next one takes longer.
+// Yields self-contained runs of blocks: no block and no raw HTML element continues into the next
+// run. An empty run means that the next one is still being collected.
 const runsOf = function* (text, env) {
     const read = blockReader(text, env);
     let run = [];
@@ -65,7 +65,7 @@ const runsOf = function* (text, env) {
         yield run;
 };
 
-// Lets the page be shown and the mouse and keyboard be heard.
+// Lets the browser paint and handle input.
 const breathe = () => new Promise((resolve) => {
     const channel = new MessageChannel();
     channel.port1.onmessage = resolve;

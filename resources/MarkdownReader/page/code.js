@@ -1,6 +1,6 @@
-// Fenced code is highlighted when it comes near the screen.
+// Highlights fenced code as it is about to scroll into view.
 
-const longestHighlighted = 200_000; // characters; longer ones are data rather than code
+const longestHighlighted = 200_000; // characters; anything longer is data rather than code
 
 const highlight = (code) => {
     const language = code.dataset.language;

@@ -1,5 +1,5 @@
-// Mermaid diagrams: drawn one after the other, each again when the theme changes. What was drawn
-// stays on the screen until its successor is there.
+// Mermaid diagrams, rendered one at a time and again when the theme changes. The old drawing stays
+// until the new one is ready.
 
 const diagramColors = {
     light: {
@@ -16,15 +16,15 @@ const diagramColors = {
     },
 };
 
-const drawings = new Map(); // SVG text by theme and source
+const drawings = new Map(); // SVG by theme and source
 let diagramCount = 0;
 let diagramTheme = null;
 let diagramQueue = Promise.resolve();
 
-// Looked for before a document could bring along another element of that name.
+// Looked up before a document can add an element with the same id.
 let diagramLibrarySource = document.getElementById("diagram-library");
 
-// The library is large, so documents without diagrams do without it.
+// The library is large, so it is loaded with the first diagram.
 const diagramLibrary = () => {
     if (diagramLibrarySource) {
         const script = document.createElement("script");
@@ -56,7 +56,7 @@ const draw = async (source, theme) => {
     return drawings.get(key);
 };
 
-// Labels may hold markup, and markup pictures.
+// Labels may contain HTML, which may contain images.
 const drawingElements = (svg) => {
     const drawing = new DOMParser().parseFromString(svg, "text/html").body;
     preparePictures(drawing);
@@ -84,7 +84,7 @@ const drawInto = async (figure, source, theme) => {
     try {
         showDrawing(figure, await draw(source, theme));
     } catch (error) {
-        // The library leaves its drawing board behind when it fails.
+        // Mermaid leaves its scratch element behind when it fails.
         document.getElementById(`ddiagram-${diagramCount}`)?.remove();
         showFailure(figure, source, String(error?.message ?? error));
     }
@@ -100,7 +100,7 @@ const queueDrawing = (figure, theme) => {
         return;
     }
     diagramQueue = diagramQueue.then(() => {
-        // The document or its theme may have changed since.
+        // The document or the theme may have changed in the meantime.
         if (figure.isConnected && currentTheme() === theme)
             return drawInto(figure, source, theme);
         return undefined;

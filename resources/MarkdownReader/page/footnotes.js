@@ -1,9 +1,9 @@
-// The texts of footnotes stand at the end of the document, wherever it has them.
+// Moves footnotes to the end of the document, wherever they are defined.
 
 const footnoteParser = markdownit().use(markdownitFootnote);
 footnoteParser.core.ruler.enableOnly(["footnote_tail"]);
 
-// Moves the texts of footnotes from the tokens into `held`; returns what is left.
+// Moves footnote definitions from the tokens to `held` and returns the remaining tokens.
 const withoutFootnotes = (tokens, held) => {
     let depth = 0;
     return tokens.filter((token) => {
@@ -18,7 +18,7 @@ const withoutFootnotes = (tokens, held) => {
     });
 };
 
-// The footnotes that the document refers to, of all the texts that it has.
+// The tokens of the footnotes that the document refers to; unused definitions are left out.
 const footnotesOf = (held, env) => {
     const state = new footnoteParser.core.State("", footnoteParser, env);
     state.tokens = held;

@@ -1,9 +1,9 @@
-// The block of data that a document may begin with.
+// Front matter: the metadata block at the start of a document.
 
-// Splits the front matter, a string or null, off the text.
+// Separates the front matter, null if there is none, from the body. `lines` is its length.
 const splitFrontMatter = (text) => {
     const match = /^---[ \t]*\n([\s\S]*?)\n?(?:---|\.\.\.)[ \t]*(?:\n|$)/.exec(text);
-    // A rule at the beginning of a text is no front matter.
+    // Without a key it is just a thematic break.
     if (!match || !/^[ \t]*[\w-]+[ \t]*:/m.test(match[1]))
         return { matter: null, body: text, lines: 0 };
     return {
@@ -15,7 +15,7 @@ const splitFrontMatter = (text) => {
 
 const unquoted = (value) => value.replace(/^(["'])(.*)\1$/, "$2").replace(/^\[(.*)\]$/, "$1");
 
-// Names and values where the data is as simple as that; null where it has structure.
+// The keys and values of flat front matter; null if it is nested.
 const simpleEntries = (matter) => {
     const entries = [];
     for (const line of matter.split("\n")) {

@@ -1,4 +1,4 @@
-// Links never move the page: anchors scroll it, everything else is the program's to open.
+// Links never navigate: fragments scroll the page, all others are opened by the program.
 
 const linkAddress = (link) => link.getAttribute("href")
     ?? link.getAttributeNS("http://www.w3.org/1999/xlink", "href");
@@ -11,7 +11,7 @@ const scrollToFragment = (fragment) => {
     const target = fragmentTarget(fragment);
     layOut(target);
     target?.scrollIntoView();
-    // The rest of the document may still be on its way.
+    // The target may be in a part that is not rendered yet.
     if (shownText === null)
         wantedPlace = { fragment };
 };
@@ -24,7 +24,7 @@ const follow = (address) => {
     try {
         window.messageHandlers.openExternal.postMessage(new URL(address, document.baseURI).href);
     } catch {
-        // What is no address leads nowhere.
+        // Not a URL.
     }
 };
 

@@ -1,4 +1,4 @@
-// Pictures come from the disk. One from elsewhere is shown by its description, with the way to it.
+// Only local images are loaded. A remote one is replaced by its description and a link to it.
 
 const isLocalPicture = (address) => {
     try {

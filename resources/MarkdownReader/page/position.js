@@ -1,5 +1,6 @@
-// The reading position: the block at the top of the window, by its line in the source. Long documents
-// have their blocks in pieces; blocks off the screen are not asked, since that would lay them out.
+// The reading position: the source line of the block at the top of the window. Long documents are
+// divided into pieces; blocks in off-screen pieces are not measured, since that would force a
+// layout.
 
 const isBelowTop = (element) => element.getBoundingClientRect().bottom > 0;
 
@@ -12,7 +13,7 @@ const blockAtTop = () => {
     return block ?? null;
 };
 
-// The first line of the block behind this one; of the block itself where there is none.
+// The source line of the next block, or of this one if it is the last.
 const lineBehind = (block) => {
     let next = block.nextElementSibling;
     while (next && next.dataset.line === undefined)
@@ -50,8 +51,8 @@ window.addEventListener("scroll", () => {
     }, positionPause);
 }, { passive: true });
 
-// The size of a piece off the screen is a guess, and so is every place within it. From here on it is
-// laid out.
+// Off-screen pieces have an estimated size, so positions within them are unreliable. This lays out
+// the piece of an element for good.
 const layOut = (element) => {
     element?.closest(".piece")?.style.setProperty("content-visibility", "visible");
 };
@@ -69,9 +70,9 @@ const restorePosition = ({ line, offset }) => {
         window.scrollBy({ top: block.getBoundingClientRect().top - offset, behavior: "instant" });
 };
 
-const windowTop = 40; // pixels; what begins here is at the top
+const windowTop = 40; // pixels; a block that starts above this counts as being at the top
 
-// The place that the program or the reader wants to see and that is not on the page yet.
+// Where the program or the user wants to go, as long as that place is not rendered yet.
 let wantedPlace = null;
 
 globalThis.showPlace = (place) => {
@@ -83,7 +84,8 @@ globalThis.showPlace = (place) => {
         restorePosition(place);
 };
 
-// Called as the document grows: its end may have kept the place from the top of the window.
+// Called as the document grows: earlier there may not have been enough below the target to scroll
+// it to the top.
 const goToWantedFragment = () => {
     const target = wantedPlace?.fragment ? fragmentTarget(wantedPlace.fragment) : null;
     if (!target)

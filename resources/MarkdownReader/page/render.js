@@ -1,4 +1,4 @@
-// From the text to the page.
+// Renders Markdown into the page.
 
 const ownNonce = document.currentScript.nonce;
 const page = document.getElementById("document");
@@ -10,10 +10,11 @@ const parser = markdownit({ html: true, linkify: true, typographer: false })
     .use(alerts)
     .use(pauses);
 parser.linkify.set({ fuzzyLink: false, fuzzyEmail: false });
-// These are done run by run, or at the end.
+// Called explicitly, per run or at the end of the document.
 parser.core.ruler.disable(["normalize", "block", "inline", "footnote_tail"]);
 
-// Blocks know their line, and columns of tables their side without a style.
+// Records the source line of each block, and turns the alignment style of table cells, which the
+// sanitizer would drop, into an attribute.
 parser.core.ruler.push("places", (state) => {
     for (const token of state.tokens) {
         if (token.map && token.level === 0 && token.nesting >= 0)
@@ -29,7 +30,7 @@ parser.renderer.rules.table_open = (tokens, index, options, env, self) =>
     `<div class="table-box">${self.renderToken(tokens, index, options)}`;
 parser.renderer.rules.table_close = () => "</table></div>\n";
 
-// The renderer gives the lines of code and tables to the elements within.
+// The renderer puts the line of a code block or table on the inner element.
 const liftLines = (fragment) => {
     for (const inner of fragment.querySelectorAll("pre > code[data-line], div > table[data-line]")) {
         inner.parentElement.dataset.line = inner.dataset.line;
@@ -52,15 +53,15 @@ const rendered = (tokens, env) => {
     return prepare(sanitized(parser.renderer.render(state.tokens, parser.options, env)));
 };
 
-// The parts of the document in their order, each with its first line, as fragments. A null says that
-// the next one takes longer.
+// Yields the parts of the document in order, as fragments with their first source line. A null
+// means that the next part is not ready yet.
 const partsOf = function* (text) {
     const { matter, body, lines } = splitFrontMatter(text);
     const env = { firstLine: lines, slugs: new Map() };
     if (matter !== null)
         yield { line: 0, content: frontMatterElement(matter) };
     let runs = runsOf(body.replaceAll("\0", "\uFFFD"), env);
-    // What links and footnotes refer to may stand behind them.
+    // Links and footnotes may be defined after their use, so parse everything first.
     if (body.includes("]:")) {
         const all = [];
         for (const run of runs) {
@@ -91,10 +92,10 @@ const applyTheme = (theme) => {
     root.classList.toggle("light", theme !== "dark");
 };
 
-const hugeDocument = 250_000; // from here on parts that are off the screen are not laid out
-const pieceLines = new WeakMap(); // the first lines of such parts
+const hugeDocument = 250_000; // characters; longer documents are divided into pieces
+const pieceLines = new WeakMap(); // the first source line of each piece
 
-// What a piece will be as high as, more or less, so that the scroll bar tells where one is.
+// A rough height in pixels, so that the scroll bar is about right before the piece is laid out.
 const guessedHeight = (piece) =>
     Math.round(45 * piece.childElementCount + 0.3 * piece.textContent.length);
 
@@ -112,7 +113,7 @@ let shownText = null;
 
 const putOnPage = async (text, began, isCurrent) => {
     const position = wantedPlace && !wantedPlace.fragment ? wantedPlace : readingPosition();
-    const waiting = []; // for the part where the reader was
+    const waiting = []; // until the part with the reading position is there
     let isShown = false;
     const show = () => {
         page.replaceChildren(...waiting);
@@ -144,7 +145,7 @@ const putOnPage = async (text, began, isCurrent) => {
     return true;
 };
 
-// Tells the program how many milliseconds it took until now.
+// Reports the milliseconds since `began` to the program.
 const tell = (what, began) =>
     window.messageHandlers?.[what].postMessage(Math.round(performance.now() - began));
 
@@ -153,7 +154,7 @@ globalThis.renderMarkdown = async (text, theme) => {
     const own = ++rendering;
     const isCurrent = () => own === rendering;
     applyTheme(theme);
-    // A byte order mark and the line ends of other systems mean nothing here.
+    // Strip a byte order mark and normalize line endings.
     const plain = text.replace(/^\uFEFF/, "").replace(/\r\n?/g, "\n");
     if (plain !== shownText) {
         shownText = null;

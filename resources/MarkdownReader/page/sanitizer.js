@@ -1,4 +1,4 @@
-// Nothing that a document brings along gets into the page except through here.
+// All HTML from a document passes through here on its way into the page.
 
 const forbiddenTags = ["style", "form", "button", "select", "option", "optgroup", "textarea",
     "fieldset", "audio", "video", "source", "track", "dialog", "slot", "template", "area", "map"];
@@ -10,11 +10,11 @@ const sanitizerOptions = {
     ALLOW_DATA_ATTR: false,
     ADD_ATTR: ["data-line"],
     ALLOW_UNKNOWN_PROTOCOLS: false,
-    SANITIZE_NAMED_PROPS: true, // with the prefix of anchors
+    SANITIZE_NAMED_PROPS: true, // with the prefix that anchors have
     RETURN_DOM_FRAGMENT: true,
 };
 
-// The only field that documents have is the box of a task.
+// Task list checkboxes are the only form controls, and they are disabled.
 DOMPurify.addHook("uponSanitizeElement", (node, data) => {
     if (data.tagName === "input" && node.getAttribute?.("type") !== "checkbox")
         node.remove();
@@ -24,8 +24,8 @@ DOMPurify.addHook("afterSanitizeElements", (node) => {
         node.setAttribute("disabled", "");
 });
 
-// Most of a document is what the renderer itself writes: these elements with these attributes. That
-// is let through as it is, since a close look at every node takes longer than all the rest.
+// Most HTML comes from the renderer itself and consists of these elements and attributes. It
+// bypasses DOMPurify, which would take longer than everything else together.
 const anything = () => true;
 const ownName = (value) => value.startsWith(namePrefix);
 const webOrRelative = (value) => /^(?:(?:https?|mailto):[^\s\0]*|[^\s\0:/?#]*(?:[/?#][^\s\0]*)?)$/i.test(value);
@@ -52,7 +52,7 @@ const isPlain = (fragment) => {
 };
 
 const sanitized = (html) => {
-    // Nothing within a template is loaded or run.
+    // A template's content is inert: nothing in it is loaded or executed.
     const template = document.createElement("template");
     template.innerHTML = html;
     return isPlain(template.content) ? template.content : DOMPurify.sanitize(html, sanitizerOptions);

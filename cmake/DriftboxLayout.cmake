@@ -1,5 +1,5 @@
-# Where the program's own files lie, seen from the folder of the program. The build tree has the same
-# layout as the installed one.
+# Where the program finds its own files, relative to its executable. The build tree is laid out like
+# the installation.
 
 set(DRIFTBOX_RESOURCES ${CMAKE_INSTALL_DATADIR}/driftbox)
 set(DRIFTBOX_MODULES ${CMAKE_INSTALL_LIBDIR}/driftbox)

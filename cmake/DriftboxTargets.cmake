@@ -1,4 +1,4 @@
-# Compiler flags and the two kinds of target of this project.
+# Compiler flags, and the functions that define this project's libraries and tests.
 
 find_program(DRIFTBOX_LLD ld.lld)
 if(DRIFTBOX_LLD)
@@ -8,14 +8,14 @@ endif()
 add_library(driftbox_flags INTERFACE)
 target_compile_options(driftbox_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
-    # Several sources are compiled as one, which GCC takes for unnamed types in a header.
+    # In a unity build GCC takes the anonymous namespaces of sources for those of headers.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 target_compile_definitions(driftbox_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(driftbox_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
-# driftbox_library(name SOURCES files... [LINK libraries...]) makes a static library. A header is
-# listed only where it has no source file beside it and moc has to read it.
+# driftbox_library(name SOURCES files... [LINK libraries...]) adds a static library. List a header
+# only if it needs moc and has no source file of the same name.
 function(driftbox_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
@@ -25,8 +25,8 @@ endfunction()
 
 set(DRIFTBOX_LEAKS ${CMAKE_SOURCE_DIR}/tests/leaks-of-libraries.txt)
 
-# driftbox_add_test(name target class) registers a test class of an executable under a name.
-# A warning or error that the test did not announce fails it.
+# driftbox_add_test(name target class) registers one test class of a test executable with CTest. A
+# warning or an error in the log fails the test unless it was announced with QTest::ignoreMessage.
 function(driftbox_add_test name target class)
     add_test(NAME ${name} COMMAND ${target} ${class})
     set_tests_properties(${name} PROPERTIES
@@ -35,9 +35,9 @@ function(driftbox_add_test name target class)
         ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;LSAN_OPTIONS=print_suppressions=0:suppressions=${DRIFTBOX_LEAKS}")
 endfunction()
 
-# driftbox_tests(name LINK libraries... [TESTS classes...] [DISPLAY_TESTS classes...]) makes one
-# executable of the test classes of a folder; each class has a file of its name and is a test of
-# ctest. Those of DISPLAY_TESTS bring up an X server of their own.
+# driftbox_tests(name LINK libraries... [TESTS classes...] [DISPLAY_TESTS classes...]) adds one
+# executable with the test classes of a folder. Each class is in a file of the same name and is a
+# separate CTest test. DISPLAY_TESTS start an X server of their own; TESTS run offscreen.
 function(driftbox_tests name)
     cmake_parse_arguments(ARG "" "" "TESTS;DISPLAY_TESTS;LINK" ${ARGN})
     list(TRANSFORM ARG_TESTS APPEND .cpp OUTPUT_VARIABLE sources)

@@ -1,5 +1,5 @@
-# Compiles the icons that resources/symbols/symbols.txt lists, and no others, into the library as
-# :/symbols/<name of the symbol>.
+# Compiles the icons listed in resources/symbols/symbols.txt into the library, as
+# :/symbols/<symbol name>.
 set(icon_folder ${CMAKE_SOURCE_DIR}/resources/node_modules/bootstrap-icons/icons)
 set(symbol_list ${CMAKE_SOURCE_DIR}/resources/symbols/symbols.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${symbol_list})
@@ -11,7 +11,7 @@ foreach(line IN LISTS lines)
     if(NOT matched OR NOT EXISTS ${icon})
         message(FATAL_ERROR "${symbol_list}: no icon for \"${line}\"; has ./dev setup run?")
     endif()
-    # One icon may stand for several symbols, and a file has one alias only.
+    # Several symbols may share an icon, but a file can have only one alias.
     set(copy ${CMAKE_CURRENT_BINARY_DIR}/symbols/${CMAKE_MATCH_1})
     configure_file(${icon} ${copy} COPYONLY)
     list(APPEND symbol_files ${copy})

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Reads the includes of src/ and fails on one that the table of folders does not allow.
+"""Checks the #include directives in src/ against the table of allowed edges between folders.
 
-    includes.py [FOLDER]    FOLDER holds src/; the project by default
+    includes.py [FOLDER]    FOLDER contains src/; by default the project
 """
 
 import re
@@ -9,8 +9,8 @@ import sys
 from fnmatch import fnmatchcase
 from pathlib import Path
 
-# What the sources of each folder may include, besides their own folder and `platform`, the
-# interfaces that everything may use. A folder that is not listed may not exist.
+# The folders whose headers each folder may include, besides its own and `platform`, the interfaces
+# that everything may use. Every folder with sources must be listed.
 ALLOWED = {
     "platform": set(),
     "core": set(),
@@ -48,25 +48,25 @@ ALLOWED = {
     "app": {"core", "clipboard", "notes", "panel", "settings", "markdown", "*/view", "ui/*"},
 }
 
-# The sources of src/app that choose the back-ends: they alone may name them.
+# The sources of src/app that choose the back-ends; no others may include one.
 COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop|FreedesktopServices)\.(cpp|h)")
 BACK_END = re.compile(r"platform/.+")
 
-# Classes that only keep data; what decides and acts builds on them, never the other way round.
+# Records only hold data. Services build on records, never the other way round.
 RECORD = re.compile(r"(Store|Item|Manifest|Note|NoteColor|NoteFrame|Document)$")
 SERVICE = re.compile(r"(ViewModel|Model|Monitor|Manager|Controller|Coordinator|Animator|Section)$")
 
-# Folders whose sources draw; all others do without widgets.
-DRAWING = re.compile(r"ui/.+|.+/view|.+/webengine|app|platform/.+")
+# The folders that may use widgets.
+WITH_WIDGETS = re.compile(r"ui/.+|.+/view|.+/webengine|app|platform/.+")
 
-# What no other window system could offer, and how its sources would be spelt.
+# Names that betray the window system.
 X11_NAMES = re.compile(r"\bxcb|\bX11|\bXlib|_NET_WM|qxcb", re.IGNORECASE)
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
 class Source:
-    """A file of src/ and what it includes."""
+    """A source file and what it includes: "own" headers in quotes, "foreign" ones in brackets."""
 
     def __init__(self, path, root):
         self.name = path.relative_to(root).as_posix()
@@ -86,14 +86,14 @@ def folder_of(name):
 
 
 def may_include(folder, other):
-    """Whether the table lets the sources of `folder` include those of `other`."""
+    """Whether the table lets `folder` include headers of `other`."""
     if other in (folder, "platform"):
         return True
     return any(fnmatchcase(other, allowed) for allowed in ALLOWED[folder])
 
 
 def breaches(sources, names):
-    """The broken rules, one line each. `names` are the files that exist."""
+    """Yields one line per violation. `names` are the existing files."""
     for source in sources:
         yield from _directions(source, names)
         yield from _spelling(source)
@@ -108,7 +108,7 @@ def _directions(source, names):
     for included in source.own:
         if included not in names:
             if "/" not in included and not included.endswith(".moc"):
-                yield f'{source.name}: "{included}" is not named from src/'
+                yield f'{source.name}: "{included}" must be given relative to src/'
             continue
         other = folder_of(included)
         if source.is_composition_root and BACK_END.fullmatch(other):
@@ -120,13 +120,13 @@ def _directions(source, names):
 
 
 def _is_record(name):
-    return not DRAWING.fullmatch(folder_of(name)) and bool(RECORD.search(Path(name).stem))
+    return not WITH_WIDGETS.fullmatch(folder_of(name)) and bool(RECORD.search(Path(name).stem))
 
 
 def _spelling(source):
     for included in source.foreign:
         if re.fullmatch(r"Q[A-Z]\w*", included):
-            yield f"{source.name}: <{included}> is not named by its module, as <QtCore/...>"
+            yield f"{source.name}: <{included}> lacks its module, as in <QtCore/...>"
 
 
 def _window_system(source):
@@ -134,21 +134,21 @@ def _window_system(source):
         return
     for number, line in enumerate(source.text.splitlines(), 1):
         if X11_NAMES.search(line):
-            yield f"{source.name}:{number}: names the window system: {line.strip()}"
+            yield f"{source.name}:{number}: depends on the window system: {line.strip()}"
 
 
 def _toolkit(source):
-    if not DRAWING.fullmatch(source.folder):
+    if not WITH_WIDGETS.fullmatch(source.folder):
         for included in source.foreign:
             if included.startswith("QtWidgets"):
-                yield f"{source.name}: {source.folder} must do without <{included}>"
+                yield f"{source.name}: {source.folder} must not use widgets: <{included}>"
     if not BACK_END.fullmatch(source.folder) and re.search(
             r"\bQClipboard\b|\bclipboard\(\)->", source.text):
-        yield f"{source.name}: only platform/ may touch QClipboard"
+        yield f"{source.name}: only platform/ may use QClipboard"
 
 
-def rings(edges):
-    """The rings in a graph of folders, which the table must not have: each as "a -> b -> a"."""
+def cycles(edges):
+    """Yields the cycles in a graph of folders, each as "a -> b -> a"."""
     done = set()
 
     def visit(folder, path):

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Fails on a source that no CMakeLists.txt lists: a test that is not listed never runs.
+"""Checks that every source is listed in a CMakeLists.txt: an unlisted test would never run.
 
-    listed.py [FOLDER]    the project by default
+    listed.py [FOLDER]    by default the project
 """
 
 import re
@@ -12,7 +12,7 @@ FOLDERS = ("src", "tests", "bench")
 
 
 def missing(project):
-    """The sources below FOLDERS that the build does not know."""
+    """Yields the sources below FOLDERS that no CMakeLists.txt mentions."""
     known = set()
     for folder in FOLDERS:
         for listing in (Path(project) / folder).rglob("CMakeLists.txt"):
@@ -29,7 +29,7 @@ def main():
     project = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parents[2]
     found = list(missing(project))
     for name in found:
-        print(f"{name}: no CMakeLists.txt lists it")
+        print(f"{name}: not listed in any CMakeLists.txt")
     return 1 if found else 0
 
 

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Shows that the checks of this folder find what they look for."""
+"""Tests that the checks in this folder find what they look for."""
 
 import tempfile
 import unittest
@@ -19,12 +19,12 @@ class Includes(unittest.TestCase):
                 path.write_text(text, encoding="utf-8")
             return includes.check(folder)
 
-    def assert_refused(self, files, words_of_it):
+    def assert_refused(self, files, message):
         found = self.breaches(files)
         self.assertEqual(len(found), 1, found)
-        self.assertIn(words_of_it, found[0])
+        self.assertIn(message, found[0])
 
-    def test_accepts_what_runs_downwards(self):
+    def test_accepts_allowed_edges(self):
         self.assertEqual(self.breaches({
             "app/main.cpp": '#include "clipboard/view/Page.h"\n#include "platform/x11/connection/Server.h"\n',
             "clipboard/view/Page.h": '#include "clipboard/ClipboardViewModel.h"\n'
@@ -39,28 +39,28 @@ class Includes(unittest.TestCase):
         self.assert_refused({f"{folder}/One.h": f'#include "{other}/Other.h"\n',
                              f"{other}/Other.h": ""}, f"{folder} must not include {other}")
 
-    def test_refuses_a_view_below_a_view_model(self):
+    def test_refuses_a_view_in_a_view_model(self):
         self.assert_edge_is_refused("clipboard", "clipboard/view")
 
     def test_refuses_one_feature_in_another(self):
         self.assert_edge_is_refused("notes", "clipboard")
 
-    def test_refuses_the_view_of_one_feature_in_that_of_another(self):
+    def test_refuses_a_view_in_the_view_of_another_feature(self):
         self.assert_edge_is_refused("markdown/view", "notes/view")
 
     def test_refuses_a_feature_in_the_widget_kit(self):
         self.assert_edge_is_refused("ui/controls", "panel")
 
-    def test_refuses_a_list_below_a_control(self):
+    def test_refuses_a_list_in_a_control(self):
         self.assert_edge_is_refused("ui/controls", "ui/list")
 
-    def test_refuses_a_control_below_the_theme(self):
+    def test_refuses_a_control_in_the_theme(self):
         self.assert_edge_is_refused("ui/theme", "ui/controls")
 
     def test_refuses_the_widget_kit_in_a_model(self):
         self.assert_edge_is_refused("notes", "ui/theme")
 
-    def test_refuses_keys_below_windows(self):
+    def test_refuses_keys_in_windows(self):
         self.assert_edge_is_refused("platform/x11/windows", "platform/x11/keys")
 
     def test_refuses_a_back_end_in_a_feature(self):
@@ -72,44 +72,44 @@ class Includes(unittest.TestCase):
     def test_refuses_one_back_end_in_another(self):
         self.assert_edge_is_refused("platform/x11/connection", "platform/desktop")
 
-    def test_refuses_the_application_below_itself(self):
+    def test_refuses_the_application_in_the_core(self):
         self.assert_edge_is_refused("core", "app")
 
-    def test_refuses_an_interface_that_knows_the_core(self):
+    def test_refuses_the_core_in_an_interface(self):
         self.assert_edge_is_refused("platform", "core")
 
-    def test_refuses_a_folder_that_is_not_in_the_table(self):
+    def test_refuses_a_folder_missing_from_the_table(self):
         self.assert_refused({"gadgets/Gadget.h": ""}, "not in the table")
 
-    def test_refuses_a_service_below_a_record(self):
+    def test_refuses_a_service_in_a_record(self):
         self.assert_refused({"clipboard/ClipboardStore.h": '#include "clipboard/Monitor.h"\n',
                              "clipboard/Monitor.h": ""}, "must not include the service")
 
-    def test_the_table_has_no_ring(self):
+    def test_the_table_has_no_cycles(self):
         folders = list(includes.ALLOWED)
         edges = {folder: {other for other in folders
                           if other != folder and includes.may_include(folder, other)}
                  for folder in folders}
-        self.assertEqual(list(includes.rings(edges)), [])
+        self.assertEqual(list(includes.cycles(edges)), [])
 
-    def test_finds_a_ring_of_folders(self):
-        found = list(includes.rings({"a": {"b"}, "b": {"c"}, "c": {"a"}}))
+    def test_finds_a_cycle(self):
+        found = list(includes.cycles({"a": {"b"}, "b": {"c"}, "c": {"a"}}))
         self.assertEqual(found, ["a -> b -> c -> a"])
 
-    def test_refuses_the_window_system_by_name(self):
-        self.assert_refused({"panel/Manager.cpp": "xcb_flush(connection);\n"}, "window system")
+    def test_refuses_the_window_system_outside_its_back_end(self):
+        self.assert_refused({"panel/Manager.cpp": "xcb_flush(connection);\n"}, "the window system")
 
     def test_refuses_widgets_in_a_model(self):
-        self.assert_refused({"panel/Manager.h": "#include <QtWidgets/QLabel>\n"}, "do without")
+        self.assert_refused({"panel/Manager.h": "#include <QtWidgets/QLabel>\n"}, "not use widgets")
 
-    def test_refuses_the_toolkits_clipboard(self):
+    def test_refuses_the_clipboard_of_the_toolkit(self):
         self.assert_refused({"panel/view/Root.cpp": "QClipboard* c = nullptr;\n"}, "QClipboard")
 
-    def test_refuses_a_header_named_from_its_own_folder(self):
-        self.assert_refused({"panel/Manager.cpp": '#include "Manager.h"\n'}, "not named from src/")
+    def test_refuses_an_include_relative_to_its_own_folder(self):
+        self.assert_refused({"panel/Manager.cpp": '#include "Manager.h"\n'}, "relative to src/")
 
-    def test_refuses_a_header_of_the_toolkit_without_its_module(self):
-        self.assert_refused({"panel/Manager.h": "#include <QString>\n"}, "by its module")
+    def test_refuses_a_toolkit_header_without_its_module(self):
+        self.assert_refused({"panel/Manager.h": "#include <QString>\n"}, "lacks its module")
 
 
 class Listed(unittest.TestCase):
@@ -138,14 +138,14 @@ class Words(unittest.TestCase):
         text = "using namespace std::chrono_literals;\nits pictures lie in resources/home/icons\n"
         self.assertEqual(list(words.complaints("name", ".cpp", text)), [])
 
-    def test_refuses_what_is_left_over(self):
+    def test_refuses_leftovers(self):
         self.assert_refused(".cpp", "// " + "TO" + "DO: later\n")
         self.assert_refused(".cpp", "qDebug() << x;\n")
         self.assert_refused(".h", "using namespace std;\n")
         self.assert_refused(".md", "see /" + "home/me/x\n")
         self.assert_refused(".cpp", "QTest::qWait(100);\n")
 
-    def test_accepts_a_wait_that_says_why(self):
+    def test_accepts_an_explained_delay(self):
         text = "QTest::qWait(100); // nothing may happen meanwhile\n"
         self.assertEqual(list(words.complaints("name", ".cpp", text)), [])
 

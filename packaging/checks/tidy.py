@@ -1,16 +1,16 @@
 #!/usr/bin/python3
-"""Runs clang-tidy over what build/dev compiles, on every core; units found clean are remembered.
+"""Runs clang-tidy in parallel over the translation units of build/dev and caches clean results.
 
-The build compiles several sources as one unit, and so does this: what takes the time is looking
-through the headers of the toolkit, which then is done once per unit.
+It checks unity sources as a whole, just as they are compiled: most of the time goes into parsing Qt
+headers, which is then done once per unity source.
 
-Tests are compiled with every warning and fail by themselves; looking at them too would double the
-time, so they are looked at when they are named.
+Tests are checked only on request. They are compiled with all warnings, and checking them as well
+would double the time.
 
-A unit is looked at again when one of its sources, a header of ours that it includes, its flags, the
-checks or the tool have changed.
+A unit is checked again when one of its sources, a project header that it includes, its flags, the
+configuration or clang-tidy itself has changed.
 
-    tidy.py [PATH...]    the sources below these paths; by default src and bench
+    tidy.py [PATH...]    check the sources below these paths; by default src and bench
 """
 
 import hashlib
@@ -24,19 +24,18 @@ from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[2]
 BUILD = PROJECT / "build/dev"
-REMEMBERED = PROJECT / "build/lint"
+CACHE = PROJECT / "build/lint"
 
 
 def commands():
-    """The compile commands of our own sources and of units of them; other generated sources are
-    left out."""
+    """Yields the compile commands of project sources and of unity sources made of them."""
     for command in json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8")):
         if sources(Path(command["file"])):
             yield command
 
 
 def sources(path):
-    """The sources of ours that a compiled file consists of."""
+    """The project sources that a translation unit consists of; none for other generated files."""
     if path.parent.name == "Unity":
         included = re.findall(r'^#include "([^"]+)"', path.read_text(encoding="utf-8"), re.MULTILINE)
         return [Path(name) for name in included if is_ours(Path(name))]
@@ -48,7 +47,7 @@ def is_ours(path):
 
 
 def dependencies():
-    """The files of ours that each source was compiled from, by the object file that came of it."""
+    """The project files that each object file was compiled from."""
     listed = subprocess.run(["ninja", "-C", BUILD, "-t", "deps"], check=True,
                             capture_output=True, text=True).stdout
     found, current = {}, None
@@ -76,7 +75,7 @@ def fingerprint(command, files, common):
 
 
 def complaints(path):
-    """What clang-tidy says about a source: nothing when it is clean."""
+    """The output of clang-tidy for a source; empty if it is clean."""
     result = subprocess.run(
         ["clang-tidy", "--quiet", "--extra-arg=-Wno-unknown-warning-option", "-p", BUILD, path],
         capture_output=True, text=True, cwd=PROJECT)
@@ -90,13 +89,13 @@ def main():
         PROJECT / "src", PROJECT / "bench"]
     version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
     common = version + (PROJECT / ".clang-tidy").read_bytes()
-    made_from = dependencies()
-    REMEMBERED.mkdir(parents=True, exist_ok=True)
+    files_of = dependencies()
+    CACHE.mkdir(parents=True, exist_ok=True)
 
-    def look_at(command):
+    def check(command):
         path = Path(command["file"])
-        files = made_from.get(object_file(command), [])
-        clean = REMEMBERED / fingerprint(command, files, common)
+        files = files_of.get(object_file(command), [])
+        clean = CACHE / fingerprint(command, files, common)
         if clean.exists():
             return ""
         found = complaints(path)
@@ -108,7 +107,7 @@ def main():
               if any(w == source or w in source.parents
                      for w in wanted for source in sources(Path(command["file"])))]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        found = sorted({text for text in pool.map(look_at, chosen) if text})
+        found = sorted({text for text in pool.map(check, chosen) if text})
     for text in found:
         print(text)
     return 1 if found else 0

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Fails on words that do not belong into the sources, and on files that have grown too long."""
+"""Checks for words that do not belong in the sources, and for files that have grown too long."""
 
 import re
 import subprocess
@@ -8,20 +8,20 @@ from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[2]
 
-# Lines a file may have: the size to write for, and a tenth more. A test is a list of cases that
-# nobody reads as a whole, so it may be longer.
-LONGEST = {".cpp": 330, ".h": 165, ".py": 330}
-LONGEST_TEST = 600
+# Maximum number of lines: the size to aim for plus a tenth. Tests may be longer: they are lists of
+# cases, which nobody reads from top to bottom.
+MAX_LINES = {".cpp": 330, ".h": 165, ".py": 330}
+MAX_TEST_LINES = 600
 
 SOURCE = (".cpp", ".h", ".py", ".txt", ".cmake", ".md", ".yml", ".sh", "")
 
 WORDS = [
-    (re.compile(r"\b(TODO|FIXME|XXX|HACK)\b"), SOURCE, "do it or open an issue"),
-    (re.compile(r"""(?<![\w.}~$/-])/(home|root|work|Users)/"""), SOURCE, "a path of one machine"),
-    (re.compile(r"\bqDebug\(|std::cout|std::cerr"), (".cpp", ".h"), "left from a hunt"),
+    (re.compile(r"\b(TODO|FIXME|XXX|HACK)\b"), SOURCE, "do it now or open an issue"),
+    (re.compile(r"""(?<![\w.}~$/-])/(home|root|work|Users)/"""), SOURCE, "a path on your machine"),
+    (re.compile(r"\bqDebug\(|std::cout|std::cerr"), (".cpp", ".h"), "debug output"),
     (re.compile(r"\b(QTest::qSleep|QThread::[mu]?sleep|QTest::qWait)\([^/]*$"), (".cpp", ".h"),
-     "wait for a condition, or say beside it what is measured"),
-    (re.compile(r"using namespace std;"), (".cpp", ".h"), "name what is used"),
+     "wait for a condition, or explain the delay in a comment on this line"),
+    (re.compile(r"using namespace std;"), (".cpp", ".h"), "name what you use"),
 ]
 
 
@@ -33,11 +33,11 @@ def tracked_files():
 
 def complaints(name, suffix, text):
     lines = text.splitlines()
-    longest = LONGEST.get(suffix, len(lines))
+    limit = MAX_LINES.get(suffix, len(lines))
     if Path(name).name.startswith("Test"):
-        longest = LONGEST_TEST
-    if len(lines) > longest:
-        yield f"{name}: {len(lines)} lines are too many for one job"
+        limit = MAX_TEST_LINES
+    if len(lines) > limit:
+        yield f"{name}: {len(lines)} lines, more than the {limit} allowed; split it"
     for number, line in enumerate(lines, 1):
         for pattern, suffixes, reason in WORDS:
             if suffix in suffixes and (match := pattern.search(line)):

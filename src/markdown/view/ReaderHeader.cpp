@@ -78,7 +78,8 @@ public:
         : QWidget(parent)
     {
         setFixedSize(dotSize, dotSize);
-        setHelp(*this, u"Unsaved changes"_s);
+        setAccessibleName(u"Unsaved changes"_s);
+        setTooltip(*this, u"Unsaved changes"_s);
     }
 
 protected:
@@ -128,7 +129,7 @@ void ReaderHeader::showMode()
 {
     const bool isEditing = m_viewModel.isEditing();
     m_editButton->setSystemImage(isEditing ? u"eye"_s : u"pencil"_s);
-    setHelp(*m_editButton, isEditing ? u"Switch to preview"_s : u"Edit source"_s);
+    setTooltip(*m_editButton, isEditing ? u"Switch to preview"_s : u"Edit source"_s);
     m_editButton->setLabel(isEditing ? u"Preview"_s : u"Edit"_s);
 }
 

@@ -71,7 +71,8 @@ NoteSymbolButton::NoteSymbolButton(QWidget* parent, int symbolSize, Symbols::Wei
 void NoteSymbolButton::setContent(const QString& systemImage, const QString& help)
 {
     m_systemImage = systemImage;
-    setHelp(*this, help);
+    setAccessibleName(help);
+    setTooltip(*this, help);
     update();
 }
 
@@ -91,7 +92,8 @@ NoteSwatchButton::NoteSwatchButton(NoteColor color, QWidget* parent)
     , m_color(color)
 {
     setCheckable(true);
-    setHelp(*this, displayName(color));
+    setAccessibleName(displayName(color));
+    setTooltip(*this, displayName(color));
 }
 
 void NoteSwatchButton::paintEvent(QPaintEvent*)

@@ -28,7 +28,8 @@ RailIconButton::RailIconButton(QString systemImage, const QString& help, QWidget
     setFixedSize(side, side);
     // A click must not take the typing away from the page.
     setFocusPolicy(Qt::TabFocus);
-    setHelp(*this, help, Tooltip::Side::right);
+    setAccessibleName(help);
+    setTooltip(*this, help, Tooltip::Side::right);
 
     m_hover.setStartValue(0.0);
     m_hover.setEndValue(1.0);

@@ -22,7 +22,8 @@ SwatchButton::SwatchButton(NoteColor color, QWidget* parent)
     , m_color(color)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setHelp(*this, displayName(color));
+    setAccessibleName(displayName(color));
+    setTooltip(*this, displayName(color));
 }
 
 QSize SwatchButton::sizeHint() const

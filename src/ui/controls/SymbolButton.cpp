@@ -27,7 +27,8 @@ SymbolButton::SymbolButton(QString systemImage, const QString& help, QWidget* pa
     setFont(Theme::Font::rowMeta());
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setHelp(*this, help);
+    setAccessibleName(help);
+    setTooltip(*this, help);
 }
 
 void SymbolButton::setSystemImage(const QString& systemImage)
@@ -40,7 +41,6 @@ void SymbolButton::setLabel(const QString& label)
 {
     setText(label);
     setAccessibleName(label);
-    setAccessibleDescription(toolTip());
     updateGeometry();
 }
 

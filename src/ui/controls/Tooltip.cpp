@@ -30,16 +30,27 @@ Tooltip* tooltipOf(const QWidget& window)
 }
 
 /// Shows and hides the tooltip of the widget that is its parent.
-class HelpFilter final : public QObject
+class TooltipTrigger final : public QObject
 {
 public:
-    HelpFilter(QWidget& widget, Tooltip::Side side)
+    explicit TooltipTrigger(QWidget& widget)
         : QObject(&widget)
         , m_widget(widget)
-        , m_side(side)
     {
         widget.installEventFilter(this);
     }
+
+    /// The one of `widget`, made if there is none yet.
+    static TooltipTrigger& of(QWidget& widget)
+    {
+        for (QObject* child : widget.children()) {
+            if (auto* trigger = dynamic_cast<TooltipTrigger*>(child))
+                return *trigger;
+        }
+        return *new TooltipTrigger(widget);
+    }
+
+    void setSide(Tooltip::Side side) { m_side = side; }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -66,7 +77,7 @@ private:
     }
 
     QWidget& m_widget;
-    Tooltip::Side m_side;
+    Tooltip::Side m_side = Tooltip::Side::below;
 };
 
 } // namespace
@@ -168,13 +179,10 @@ void Tooltip::paintEvent(QPaintEvent*)
         tooltipTextFlags, m_text);
 }
 
-void setHelp(QWidget& widget, const QString& text, Tooltip::Side side)
+void setTooltip(QWidget& widget, const QString& text, Tooltip::Side side)
 {
-    widget.setAccessibleName(text);
-    const bool hasFilter = !widget.toolTip().isNull();
     widget.setToolTip(text);
-    if (!hasFilter)
-        new HelpFilter(widget, side);
+    TooltipTrigger::of(widget).setSide(side);
 }
 
 } // namespace driftbox

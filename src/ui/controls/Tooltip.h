@@ -39,8 +39,8 @@ private:
     QString m_text;
 };
 
-/// Makes `text` the accessible name of `widget` and what a tooltip says while the pointer rests on
-/// it. Calling it again replaces the text.
-void setHelp(QWidget& widget, const QString& text, Tooltip::Side side = Tooltip::Side::below);
+/// Shows `text` in a tooltip while the pointer rests on `widget`; assistive technology describes
+/// the widget by it. Calling it again replaces text and side.
+void setTooltip(QWidget& widget, const QString& text, Tooltip::Side side = Tooltip::Side::below);
 
 } // namespace driftbox

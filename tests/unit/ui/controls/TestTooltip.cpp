@@ -19,7 +19,7 @@ struct Window
         window.resize(200, 100);
         window.setContentsMargins(10, 10, 10, 10);
         widget.setGeometry(place);
-        setHelp(widget, u"Delete"_s, side);
+        setTooltip(widget, u"Delete"_s, side);
         window.show();
     }
 
@@ -42,10 +42,12 @@ class TestTooltip : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void helpIsTheAccessibleNameToo()
+    void theAccessibleNameIsLeftAlone()
     {
-        const Window window;
-        QCOMPARE(window.widget.accessibleName(), u"Delete"_s);
+        Window window;
+        window.widget.setAccessibleName(u"Bin"_s);
+        setTooltip(window.widget, u"Delete the note"_s);
+        QCOMPARE(window.widget.accessibleName(), u"Bin"_s);
         QCOMPARE(window.shown(), QString());
     }
 
@@ -83,7 +85,7 @@ private Q_SLOTS:
     void longTextsAreWrapped()
     {
         Window window;
-        setHelp(window.widget, u"Unsave — note becomes a draft (deleted on close)"_s);
+        setTooltip(window.widget, u"Unsave — note becomes a draft (deleted on close)"_s);
         window.rest();
         QVERIFY(window.window.contentsRect().contains(window.tooltipFrame()));
         QVERIFY(window.tooltipFrame().height() > 30);
@@ -92,11 +94,31 @@ private Q_SLOTS:
     void newHelpReplacesTheOld()
     {
         Window window;
-        setHelp(window.widget, u"Pin"_s);
+        setTooltip(window.widget, u"Pin"_s);
         window.rest();
         QCOMPARE(window.shown(), u"Pin"_s);
-        QCOMPARE(window.widget.accessibleName(), u"Pin"_s);
         QCOMPARE(window.window.findChildren<Tooltip*>().size(), 1);
+    }
+
+    void newHelpMayStandOnAnotherSide()
+    {
+        Window window({20, 30, 20, 20}, Tooltip::Side::below);
+        setTooltip(window.widget, u"Pin"_s, Tooltip::Side::right);
+        window.rest();
+        QVERIFY(window.tooltipFrame().left() > window.widget.geometry().right());
+    }
+
+    void aWidgetThatHadATooltipOfTheToolkitShowsOurs()
+    {
+        Window window;
+        QWidget other(&window.window);
+        other.setGeometry(20, 30, 20, 20);
+        other.show();
+        other.setToolTip(u"Pin"_s);
+        setTooltip(other, u"Unpin"_s);
+        QHelpEvent event(QEvent::ToolTip, {5, 5}, other.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&other, &event);
+        QCOMPARE(window.shown(), u"Unpin"_s);
     }
 
     void itGoesWithTheNextInput_data()

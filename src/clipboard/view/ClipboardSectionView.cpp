@@ -3,8 +3,9 @@
 #include "clipboard/ClipboardViewModel.h"
 #include "clipboard/view/ClipboardFooter.h"
 #include "ui/controls/SearchBar.h"
-#include "ui/list/ListPage.h"
 #include "ui/list/RowListView.h"
+
+#include <functional>
 
 #include <QtGui/QWindow>
 #include <QtWidgets/QBoxLayout>
@@ -30,43 +31,28 @@ ClipboardSectionView::ClipboardSectionView(ClipboardViewModel& viewModel, const 
     , m_rows(viewModel, clock)
     , m_actions(viewModel, std::move(onMakeNote))
     , m_rowView(m_rows, m_actions)
-    , m_page(makePage(exchange))
-    , m_keyboard(viewModel, m_rows, m_page->selection(), m_actions)
+    , m_page({.listName = u"Clipboard"_s,
+              .searchPlaceholder = u"Search clipboard"_s,
+              .exchange = exchange,
+              .rows = m_rows,
+              .delegate = m_rowView},
+             this)
+    , m_keyboard(viewModel, m_rows, m_page.selection(), m_actions)
 {
-    setFocusProxy(m_page);
+    setFocusProxy(&m_page);
+    m_page.setFooter(new ClipboardFooter(viewModel, &m_page));
+    m_page.setKeyPressHandler(std::bind_front(&ClipboardKeyboard::handle, &m_keyboard));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_page);
+    layout->addWidget(&m_page);
     connectParts();
     handleQueryChanged();
     updateBusyIndicator();
 }
 
-ClipboardSectionView::~ClipboardSectionView()
-{
-    delete m_page; // before the rows that it shows
-}
-
-ListPage* ClipboardSectionView::makePage(const TextExchange& exchange)
-{
-    auto* page =
-        new ListPage({.listName = u"Clipboard"_s,
-                      .searchPlaceholder = u"Search clipboard"_s,
-                      .exchange = exchange,
-                      .rows = m_rows,
-                      .delegate = m_rowView,
-                      .handleKeyPress =
-                          [this](const KeyPress& press) {
-                              return m_keyboard.handle(press, m_page->list().rowsPerPage());
-                          }},
-                     this);
-    page->setFooter(new ClipboardFooter(m_viewModel, page));
-    return page;
-}
-
 void ClipboardSectionView::connectParts()
 {
-    connect(m_page, &ListPage::queryEdited, &m_viewModel, &ClipboardViewModel::setQuery);
+    connect(&m_page, &ListPage::queryEdited, &m_viewModel, &ClipboardViewModel::setQuery);
     connect(&m_viewModel, &ClipboardViewModel::queryChanged, this,
             &ClipboardSectionView::handleQueryChanged);
     connect(&m_viewModel, &ClipboardViewModel::ocrProcessingIdChanged, this,
@@ -77,7 +63,7 @@ void ClipboardSectionView::connectParts()
     connect(&m_busyTimer, &QTimer::timeout, this, [this, angle]() mutable {
         angle = (angle + busyStep) % 360;
         m_rowView.setBusyAngle(angle);
-        m_page->list().updateRow(m_rows.rowOf(m_viewModel.ocrProcessingId().value()));
+        m_page.list().updateRow(m_rows.rowOf(m_viewModel.ocrProcessingId().value()));
     });
 }
 
@@ -113,12 +99,12 @@ void ClipboardSectionView::handleScreenChanged()
 
 void ClipboardSectionView::handleQueryChanged()
 {
-    m_page->searchBar().setQuery(m_viewModel.query());
+    m_page.searchBar().setQuery(m_viewModel.query());
     if (m_viewModel.query().isEmpty())
-        m_page->setEmptyState(u"tray"_s, u"Nothing copied yet"_s,
-                              u"Copy anything — it shows up here."_s);
+        m_page.setEmptyState(u"tray"_s, u"Nothing copied yet"_s,
+                             u"Copy anything — it shows up here."_s);
     else
-        m_page->setEmptyState(u"magnifyingglass"_s, u"No matches"_s);
+        m_page.setEmptyState(u"magnifyingglass"_s, u"No matches"_s);
 }
 
 void ClipboardSectionView::updateBusyIndicator()

@@ -4,14 +4,12 @@
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardRowActions.h"
 #include "clipboard/view/ClipboardRowView.h"
+#include "ui/list/ListPage.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 
 namespace driftbox {
-
-class ListPage;
-struct TextExchange;
 
 /// The clipboard's page in the panel.
 class ClipboardSectionView final : public QWidget
@@ -23,14 +21,12 @@ public:
     ClipboardSectionView(ClipboardViewModel& viewModel, const Clock& clock,
                          const TextExchange& exchange, ClipboardRowActions::MakeNote onMakeNote,
                          QWidget* parent);
-    ~ClipboardSectionView() override;
 
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
-    [[nodiscard]] ListPage* makePage(const TextExchange& exchange);
     void connectParts();
     void followScreen();
     void handleScreenChanged();
@@ -41,7 +37,7 @@ private:
     ClipboardListModel m_rows;
     ClipboardRowActions m_actions;
     ClipboardRowView m_rowView;
-    ListPage* m_page;
+    ListPage m_page; ///< goes before what it shows
     ClipboardKeyboard m_keyboard;
     QTimer m_busyTimer;
 };

@@ -4,9 +4,9 @@
 #include "ui/controls/CountLabel.h"
 #include "ui/controls/SearchBar.h"
 #include "ui/controls/SymbolButton.h"
-#include "ui/list/ListPage.h"
 #include "ui/list/PageFooter.h"
-#include "ui/list/RowListView.h"
+
+#include <functional>
 
 #include <QtWidgets/QBoxLayout>
 
@@ -20,53 +20,40 @@ NotesSectionView::NotesSectionView(NoteManager& manager, const TextExchange& exc
     , m_manager(manager)
     , m_rows(manager)
     , m_row(m_rows, manager)
-    , m_page(makePage(exchange))
-    , m_keyboard(manager, m_rows, m_page->selection())
+    , m_page({.listName = u"Notes"_s,
+              .searchPlaceholder = u"Search notes"_s,
+              .exchange = exchange,
+              .rows = m_rows,
+              .delegate = m_row},
+             this)
+    , m_keyboard(manager, m_rows, m_page.selection())
 {
-    setFocusProxy(m_page);
+    setFocusProxy(&m_page);
+    m_page.setKeyPressHandler(std::bind_front(&NotesKeyboard::handle, &m_keyboard));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_page);
+    layout->addWidget(&m_page);
     addNewNoteButton();
     addFooter();
 
-    connect(m_page, &ListPage::queryEdited, &m_rows, &NotesListModel::setQuery);
+    connect(&m_page, &ListPage::queryEdited, &m_rows, &NotesListModel::setQuery);
     connect(&m_rows, &NotesListModel::queryChanged, this,
-            [this] { m_page->searchBar().setQuery(m_rows.query()); });
+            [this] { m_page.searchBar().setQuery(m_rows.query()); });
     connect(&manager, &NoteManager::notesChanged, this, &NotesSectionView::showEmptyState);
     showEmptyState();
-}
-
-NotesSectionView::~NotesSectionView()
-{
-    delete m_page; // before the rows that it shows
-}
-
-ListPage* NotesSectionView::makePage(const TextExchange& exchange)
-{
-    return new ListPage({.listName = u"Notes"_s,
-                         .searchPlaceholder = u"Search notes"_s,
-                         .exchange = exchange,
-                         .rows = m_rows,
-                         .delegate = m_row,
-                         .handleKeyPress =
-                             [this](const KeyPress& press) {
-                                 return m_keyboard.handle(press, m_page->list().rowsPerPage());
-                             }},
-                        this);
 }
 
 void NotesSectionView::addNewNoteButton()
 {
     auto* button = new SymbolButton(u"plus"_s, u"New sticky note"_s, this);
     connect(button, &QAbstractButton::clicked, &m_manager, &NoteManager::newBlankNote);
-    m_page->searchBar().addButton(button);
+    m_page.searchBar().addButton(button);
 }
 
 void NotesSectionView::addFooter()
 {
-    auto* footer =
-        new PageFooter(u"xmark.circle"_s, u"Close all"_s, u"Close and delete every note"_s, m_page);
+    auto* footer = new PageFooter(u"xmark.circle"_s, u"Close all"_s,
+                                  u"Close and delete every note"_s, &m_page);
     connect(&footer->button(), &QAbstractButton::clicked, &m_manager, &NoteManager::closeAll);
     CountLabel* count = footer->addCount();
     const auto showCount = [this, count] {
@@ -74,16 +61,16 @@ void NotesSectionView::addFooter()
     };
     connect(&m_manager, &NoteManager::notesChanged, count, showCount);
     showCount();
-    m_page->setFooter(footer);
+    m_page.setFooter(footer);
 }
 
 void NotesSectionView::showEmptyState()
 {
     if (m_manager.notes().empty())
-        m_page->setEmptyState(u"note.text"_s, u"No notes yet"_s,
-                              u"Click + or a clipboard item to make one."_s);
+        m_page.setEmptyState(u"note.text"_s, u"No notes yet"_s,
+                             u"Click + or a clipboard item to make one."_s);
     else
-        m_page->setEmptyState(u"magnifyingglass"_s, u"No matches"_s);
+        m_page.setEmptyState(u"magnifyingglass"_s, u"No matches"_s);
 }
 
 } // namespace driftbox

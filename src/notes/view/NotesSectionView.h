@@ -3,13 +3,12 @@
 #include "notes/NotesKeyboard.h"
 #include "notes/NotesListModel.h"
 #include "notes/view/NoteRow.h"
-#include "ui/controls/SearchField.h"
+#include "ui/list/ListPage.h"
 
 #include <QtWidgets/QWidget>
 
 namespace driftbox {
 
-class ListPage;
 class NoteManager;
 
 /// The notes' page in the panel.
@@ -20,10 +19,8 @@ class NotesSectionView final : public QWidget
 public:
     /// `manager` must outlive the page.
     NotesSectionView(NoteManager& manager, const TextExchange& exchange, QWidget* parent);
-    ~NotesSectionView() override;
 
 private:
-    [[nodiscard]] ListPage* makePage(const TextExchange& exchange);
     void addNewNoteButton();
     void addFooter();
     void showEmptyState();
@@ -31,7 +28,7 @@ private:
     NoteManager& m_manager;
     NotesListModel m_rows;
     NoteRow m_row;
-    ListPage* m_page;
+    ListPage m_page; ///< goes before what it shows
     NotesKeyboard m_keyboard;
 };
 

@@ -16,7 +16,6 @@ namespace driftbox {
 ListPage::ListPage(const Content& content, QWidget* parent)
     : QWidget(parent)
     , m_rows(content.rows)
-    , m_handleKeyPress(content.handleKeyPress)
     , m_searchBar(new SearchBar(content.searchPlaceholder, content.exchange, this))
     , m_list(new RowListView(content.rows, content.delegate, this))
     , m_emptyState(new EmptyStateView(this))
@@ -95,9 +94,12 @@ bool ListPage::eventFilter(QObject* watched, QEvent* event)
 
 bool ListPage::filterKeyPress(const QKeyEvent& event)
 {
+    if (!m_handleKeyPress)
+        return false;
     m_selectionHasChanged = false;
     const bool isHandled = m_handleKeyPress(
-        {static_cast<Qt::Key>(event.key()), event.modifiers(), event.isAutoRepeat()});
+        {static_cast<Qt::Key>(event.key()), event.modifiers(), event.isAutoRepeat()},
+        m_list->rowsPerPage());
     if (m_selectionHasChanged) {
         m_list->announceSelectedRow();
         m_rowIsAnnounced = true;

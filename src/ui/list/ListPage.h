@@ -30,11 +30,15 @@ public:
         TextExchange exchange;
         QAbstractItemModel& rows; ///< must outlive the page, as must the delegate
         RowDelegate& delegate;
-        /// Whether the key press is the list's, and done; all others are the search field's.
-        std::function<bool(const KeyPress&)> handleKeyPress;
     };
 
+    /// Whether the key press is the list's, and done; all others are the search field's.
+    using KeyPressHandler = std::function<bool(const KeyPress& press, int rowsPerPage)>;
+
     ListPage(const Content& content, QWidget* parent);
+
+    /// Without a handler all key presses are the search field's.
+    void setKeyPressHandler(KeyPressHandler handler) { m_handleKeyPress = std::move(handler); }
 
     /// To be called once; the page then owns the footer.
     void setFooter(QWidget* footer);
@@ -61,7 +65,7 @@ private:
     [[nodiscard]] bool filterKeyPress(const QKeyEvent& event);
 
     QAbstractItemModel& m_rows;
-    std::function<bool(const KeyPress&)> m_handleKeyPress;
+    KeyPressHandler m_handleKeyPress;
     SearchBar* m_searchBar;
     RowListView* m_list;
     EmptyStateView* m_emptyState;

@@ -26,9 +26,13 @@ void RowListAccessible::announce(RowListView& view, int row)
 {
     if (!QAccessible::isActive() || row < 0)
         return;
-    const auto* list =
-        static_cast<const RowListAccessible*>(QAccessible::queryAccessibleInterface(&view));
-    list->tell(QAccessible::Focus, row);
+    if (const RowListAccessible* list = of(view))
+        list->tell(QAccessible::Focus, row);
+}
+
+const RowListAccessible* RowListAccessible::of(RowListView& view)
+{
+    return dynamic_cast<const RowListAccessible*>(QAccessible::queryAccessibleInterface(&view));
 }
 
 RowListAccessible::RowListAccessible(RowListView& view)

@@ -17,6 +17,8 @@ public:
     static void install();
     /// Tells that the user is at `row` of `view` now.
     static void announce(RowListView& view, int row);
+    /// Null when the view's element comes from another factory.
+    [[nodiscard]] static const RowListAccessible* of(RowListView& view);
 
     explicit RowListAccessible(RowListView& view);
     ~RowListAccessible() override;

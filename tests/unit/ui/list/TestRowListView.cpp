@@ -1,5 +1,6 @@
 #include "support/main/TestMain.h"
 #include "ui/controls/Tooltip.h"
+#include "ui/list/RowListAccessible.h"
 #include "ui/list/RowListView.h"
 
 #include <QtCore/QStringListModel>
@@ -411,6 +412,29 @@ private Q_SLOTS:
         f.list.show();
         f.release(f.middle(1));
         QVERIFY(f.rows.log.isEmpty());
+    }
+
+    void itsElementIsAList()
+    {
+        RowListViewFixture f;
+        const RowListAccessible* element = RowListAccessible::of(f.list);
+        QVERIFY(element);
+        QCOMPARE(element->role(), QAccessible::List);
+        QCOMPARE(element->childCount(), 100);
+    }
+
+    void anElementFromAnotherFactoryIsNotTakenForOurs()
+    {
+        RowListViewFixture f;
+        const auto otherFactory = [](const QString&, QObject* object) -> QAccessibleInterface* {
+            auto* view = qobject_cast<RowListView*>(object);
+            return view ? new QAccessibleWidget(view) : nullptr;
+        };
+        QAccessible::installFactory(otherFactory);
+        RowListView list(f.model, f.rows, &f.window);
+        const RowListAccessible* element = RowListAccessible::of(list);
+        QAccessible::removeFactory(otherFactory);
+        QVERIFY(!element);
     }
 
     void takesNoFocus()

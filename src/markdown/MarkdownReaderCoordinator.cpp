@@ -13,10 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace driftbox {
 
-namespace {
-
-} // namespace
-
 QUrl standardizedFileURL(const QUrl& url)
 {
     return QUrl::fromLocalFile(QDir::cleanPath(url.toLocalFile()));
@@ -73,10 +69,9 @@ void MarkdownReaderCoordinator::forget(const QUrl& key)
     const auto found = m_controllers.find(key);
     if (found == m_controllers.end())
         return;
-    // The window that is closing is still at work on it.
-    std::shared_ptr<MarkdownReaderWindowController> closing = std::move(found->second);
+    m_closing.push_back(std::move(found->second));
     m_controllers.erase(found);
-    QTimer::singleShot(0, this, [closing] {});
+    QTimer::singleShot(0, this, [this] { m_closing.clear(); });
 }
 
 } // namespace driftbox

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
@@ -53,6 +54,8 @@ private:
 
     Services m_services;
     std::unordered_map<QUrl, std::unique_ptr<MarkdownReaderWindowController>, Hash> m_controllers;
+    /// Until their windows, which are at work on closing, are done.
+    std::vector<std::unique_ptr<MarkdownReaderWindowController>> m_closing;
 };
 
 /// The same file in one form: dots resolved, no redundant separators, an absolute path.

@@ -109,6 +109,15 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->controllers().size(), size_t(1));
     }
 
+    void aWindowThatIsClosingGoesWithTheCoordinator()
+    {
+        open(u"/a/doc.md"_s);
+        QVERIFY(m_windows->windows.front()->shouldClose());
+        QCOMPARE(m_windows->windows.size(), size_t(1));
+        m_coordinator.reset();
+        QVERIFY(m_windows->windows.empty());
+    }
+
     void anUnreadableFileStillOpens()
     {
         QTest::ignoreMessage(QtCriticalMsg, "Could not read gone.md");

@@ -2,9 +2,11 @@
 
 #include <cmath>
 
+#include <QtCore/QCache>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
-#include <QtCore/QHash>
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QPointer>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
 
@@ -19,7 +21,7 @@ Q_LOGGING_CATEGORY(symbolsLog, "Symbols")
 // The drawings are 16 units wide and meant to go with text of 15 points.
 constexpr qreal extentOfText = 16.0 / 15.0;
 // Far more than the program shows at once; reached only when colors or scales keep changing.
-constexpr qsizetype cacheLimit = 256;
+constexpr qsizetype cachedPictures = 256;
 
 struct Key
 {
@@ -82,13 +84,33 @@ QPixmap render(const Key& key)
     return QPixmap::fromImage(std::move(picture));
 }
 
-QHash<Key, QPixmap>& cache()
+// The application's, which pictures must not outlive.
+class PictureCache final : public QObject
 {
-    static QHash<Key, QPixmap> pixmaps;
-    if (pixmaps.size() >= cacheLimit)
-        pixmaps.clear();
-    return pixmaps;
-}
+public:
+    static PictureCache& shared()
+    {
+        static QPointer<PictureCache> cache;
+        if (!cache)
+            cache = new PictureCache(QCoreApplication::instance());
+        return *cache;
+    }
+
+    [[nodiscard]] QPixmap picture(const Key& key)
+    {
+        const QPixmap* known = m_pictures.object(key);
+        if (known)
+            return *known;
+        const QPixmap made = render(key);
+        m_pictures.insert(key, new QPixmap(made));
+        return made;
+    }
+
+private:
+    using QObject::QObject;
+
+    QCache<Key, QPixmap> m_pictures{cachedPictures};
+};
 
 } // namespace
 
@@ -101,11 +123,7 @@ QPixmap pixmap(const QString& name, const Style& style, qreal devicePixelRatio)
 {
     const Key key{name, qRound(extent(style.size) * devicePixelRatio), style.color.rgba(),
                   style.weight};
-    auto& pixmaps = cache();
-    auto found = pixmaps.constFind(key);
-    if (found == pixmaps.cend())
-        found = pixmaps.insert(key, render(key));
-    QPixmap result = *found;
+    QPixmap result = PictureCache::shared().picture(key);
     result.setDevicePixelRatio(devicePixelRatio);
     return result;
 }

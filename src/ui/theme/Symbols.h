@@ -24,8 +24,8 @@ struct Style
 /// The side of the square that a symbol of this size fills, in points.
 [[nodiscard]] int extent(int size);
 
-/// A picture for a device of `devicePixelRatio`, kept for the next time. Null for an unknown name,
-/// which is logged.
+/// A picture for a device of `devicePixelRatio`; the application keeps it for the next time. Null
+/// for an unknown name, which is logged.
 [[nodiscard]] QPixmap pixmap(const QString& name, const Style& style, qreal devicePixelRatio);
 
 /// Draws the symbol in the middle of `area`, on whole pixels of the device.

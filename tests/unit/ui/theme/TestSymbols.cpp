@@ -101,6 +101,20 @@ private Q_SLOTS:
         QCOMPARE(Symbols::pixmap(u"trash"_s, style, 1.0).toImage().cacheKey(), first);
     }
 
+    void othersDoNotDriveOutAPictureThatIsInUse()
+    {
+        const auto used = [] {
+            return Symbols::pixmap(u"trash"_s, {.size = 15, .color = Qt::red}, 1.0)
+                .toImage()
+                .cacheKey();
+        };
+        const auto first = used();
+        for (int shade = 0; shade < 1000; ++shade) {
+            (void)Symbols::pixmap(u"photo"_s, {.size = 15, .color = QColor::fromRgb(shade)}, 1.0);
+            QCOMPARE(used(), first);
+        }
+    }
+
     void anUnknownSymbolIsNullAndLogged_data()
     {
         QTest::addColumn<QString>("name");

@@ -62,7 +62,7 @@ private Q_SLOTS:
     void aKeyThatTheHandlerTakesDoesNotReachTheField()
     {
         m_page->setKeyPressHandler(
-            [](const ListKeyPress& press, int) { return press.key == Qt::Key_A; });
+            [](const KeyPress& press, int) { return press.key == Qt::Key_A; });
         QTest::keyClicks(&field(), u"ab"_s);
         QCOMPARE(field().text(), u"b"_s);
     }
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void theHandlerLearnsHowManyRowsAPageHas()
     {
         std::vector<int> pages;
-        m_page->setKeyPressHandler([&pages](const ListKeyPress&, int rowsPerPage) {
+        m_page->setKeyPressHandler([&pages](const KeyPress&, int rowsPerPage) {
             pages.push_back(rowsPerPage);
             return true;
         });

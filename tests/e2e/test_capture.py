@@ -17,6 +17,24 @@ def copy(desktop, text):
     return ClipboardOwner(desktop, {"UTF8_STRING": text.encode()})
 
 
+def copy_with_html(desktop, text):
+    return ClipboardOwner(desktop, {"UTF8_STRING": text.encode(), "text/html": b"<p>"})
+
+
+def wait_until_captured(program, owner):
+    """Waits until the program has read the text and decided whether it becomes an entry."""
+    owner.wait_until_asked("text/html")  # which it wants only once it has the text
+    program.look_at_clipboard()
+
+
+def test_of_text_with_html_the_text_is_captured(desktop, program):
+    with copy_with_html(desktop, "words") as owner:
+        wait_until_captured(program, owner)
+        (captured,) = program.manifest()
+    assert captured["textContent"] == "words"
+    assert set(captured) == {"id", "kind", "textContent", "createdAt"}
+
+
 def test_text_is_captured_whole(desktop, program):
     text = "Zwölf Boxkämpfer\n\t/ 漢字 👩‍👩‍👧 \"quoted\""
     with copy(desktop, text):
@@ -66,33 +84,32 @@ def test_a_picture_wins_over_text(desktop, program):
     assert captured["kind"] == "image"
 
 
-def test_what_a_password_manager_copies_never_reaches_the_disk(desktop, program):
-    secret = ClipboardOwner(desktop, {"UTF8_STRING": b"correct horse", SECRET_HINT: b"secret"})
-    secret.wait_until_asked("TARGETS")
+def test_what_a_password_manager_copies_is_not_even_asked_for(desktop, program):
+    offers = {"UTF8_STRING": b"correct horse", "text/html": b"correct horse", SECRET_HINT: b"secret"}
+    with ClipboardOwner(desktop, offers) as secret:
+        secret.wait_until_asked("TARGETS")
+        program.look_at_clipboard()
+        assert secret.asked == ["TARGETS"]
     with copy(desktop, "harmless"):
         program.wait_for_texts(["harmless"])
-    secret.close()
-    assert b"correct horse" not in program.manifest_path.read_bytes()
 
 
 def test_a_repetition_is_no_new_entry(desktop, program):
     with copy(desktop, "one"):
         program.wait_for_texts(["one"])
-    again = copy(desktop, "one")
-    again.wait_until_asked("UTF8_STRING")
+    with copy_with_html(desktop, "one") as again:
+        wait_until_captured(program, again)
+        assert program.texts() == ["one"]
     with copy(desktop, "two"):
         program.wait_for_texts(["two", "one"])
-    again.close()
     with copy(desktop, "one"):
         program.wait_for_texts(["one", "two", "one"])
 
 
 def test_an_empty_copy_is_no_entry(desktop, program):
-    empty = copy(desktop, "")
-    empty.wait_until_asked("UTF8_STRING")
-    with copy(desktop, "something"):
-        program.wait_for_texts(["something"])
-    empty.close()
+    with copy_with_html(desktop, "") as empty:
+        wait_until_captured(program, empty)
+        assert program.texts() == []
 
 
 def test_long_text_is_cut_to_4000_characters(desktop, program):
@@ -101,11 +118,10 @@ def test_long_text_is_cut_to_4000_characters(desktop, program):
 
 
 def test_what_was_there_before_the_start_is_no_entry(desktop, stopped_program):
-    with copy(desktop, "from before") as before:
+    with copy_with_html(desktop, "from before") as before:
         stopped_program.start()
-        before.wait_until_asked("UTF8_STRING")
-        with copy(desktop, "after"):
-            stopped_program.wait_for_texts(["after"])
+        wait_until_captured(stopped_program, before)
+        assert stopped_program.texts() == []
 
 
 def test_what_a_closed_application_had_copied_can_still_be_pasted(desktop, program):
@@ -116,6 +132,7 @@ def test_what_a_closed_application_had_copied_can_still_be_pasted(desktop, progr
         wait_for(lambda: "UTF8_STRING" in reader.targets(), "somebody to offer it")
         assert reader.text() == "left behind"
         assert reader.read("text/rtf") == RTF
+    program.look_at_clipboard()
     assert program.texts() == ["left behind"]
 
 

@@ -103,6 +103,14 @@ class Program:
         return [line for line in self.log() if line.is_complaint
                 and not any(pattern.search(line.message) for pattern in self._expected)]
 
+    # Clipboard
+
+    def look_at_clipboard(self):
+        """Has it capture what it has read by now, as it does whenever the panel opens."""
+        self.panel.open()
+        self.desktop.keyboard.tap("Escape")
+        self.panel.wait_until_closed()
+
     # Files
 
     def write_defaults(self, defaults):

@@ -48,8 +48,12 @@ def make_desktop(request):
 
 
 @pytest.fixture
-def make_program():
-    """Makes programs, not started yet. A complaint in a log that was not expected fails the test."""
+def make_program(make_desktop):
+    """Makes programs, not started yet.
+
+    A complaint in a log that was not expected fails the test, and so does one that is missing. The
+    desktops, which keep the logs, outlive this fixture.
+    """
     programs = []
 
     def make(desktop):
@@ -57,12 +61,14 @@ def make_program():
         return programs[-1]
 
     yield make
-    complaints = [line for program in programs for line in program.unexpected_complaints()]
     for program in programs:
         if program.is_running:
             program.stop()
-    assert not complaints, "unexpected lines in the program's log: " + "; ".join(
-        f"{line.level} {line.category}: {line.message}" for line in complaints)
+    unexpected = [line for program in programs for line in program.unexpected_complaints()]
+    assert not unexpected, "unexpected lines in the program's log: " + "; ".join(
+        f"{line.level} {line.category}: {line.message}" for line in unexpected)
+    missing = [pattern for program in programs for pattern in program.missing_complaints()]
+    assert not missing, f"missing lines in the program's log: {missing}"
 
 
 @pytest.fixture

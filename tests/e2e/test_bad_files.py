@@ -6,25 +6,40 @@ import time
 
 import pytest
 
-from harness.misfortune import (
+from harness.failures import (
     assert_goes_on, assert_opens_promptly, copy, wait_for_one_complaint)
-from harness.program import entry
+from harness.program import LogLine, entry
+from harness.settings import HOTKEY, LAUNCH, Settings
 from harness.waiting import wait_for
 from harness.xclients import ClipboardOwner
 
+ID = '"id":"00000000-0000-4000-8000-000000000001"'
+
+# What is in the file, and what the program says of it.
+_CORRUPT_MANIFESTS = {
+    "empty": ("", "'[' or '{' expected near end of file at line 1, column 0"),
+    "truncated": ("[", "']' expected near end of file at line 1, column 1"),
+    "cut in a key": ('[{"id"', "':' expected near end of file at line 1, column 6"),
+    "nonsense": ("nonsense", "'[' or '{' expected at line 1, column 8"),
+    "object": ('{"a": 1}', "not an array"),
+    "deep": ("[" * 100_000, "maximum parsing depth reached at line 1, column 2049"),
+    "kind": (f'[{{{ID},"kind":"file","createdAt":1}}]', 'item 0: "kind" is malformed'),
+    "instant": (f'[{{{ID},"kind":"text"}}]', 'item 0: "createdAt" is missing'),
+    "id": ('[{"id":"../../etc/passwd","kind":"image","createdAt":1}]',
+           'item 0: "id" is malformed'),
+}
 
 
-@pytest.mark.parametrize("text", [
-    "", "[", '[{"id"', "nonsense", '{"a": 1}', "[" * 100_000,
-    '[{"id":"00000000-0000-4000-8000-000000000001","kind":"file","createdAt":1}]',
-    '[{"id":"00000000-0000-4000-8000-000000000001","kind":"text"}]',
-    '[{"id":"../../etc/passwd","kind":"image","createdAt":1}]',
-], ids=["empty", "truncated", "cut in a key", "nonsense", "object", "deep", "kind", "instant", "id"])
-def test_a_manifest_that_is_none(desktop, stopped_program, text):
+@pytest.mark.parametrize(("text", "problem"), _CORRUPT_MANIFESTS.values(),
+                         ids=_CORRUPT_MANIFESTS.keys())
+def test_a_corrupt_manifest_starts_empty_and_is_kept_aside(desktop, stopped_program, text, problem):
     stopped_program.expect_complaint("^Manifest corrupt, starting empty: ")
     stopped_program.write_manifest(text)
     stopped_program.start()
-    stopped_program.wait_for_log("^Manifest corrupt, starting empty: ")
+    assert stopped_program.complaints() == [LogLine(
+        "error", "FileClipboardStore", f"Manifest corrupt, starting empty: {problem}")]
+    stopped_program.panel.open()
+    assert stopped_program.panel.shows("0 total")
     assert stopped_program.manifest_path.read_text(encoding="utf-8") == text
     with copy(desktop, "honest"):
         wait_for(lambda: stopped_program.manifest_path.read_text(encoding="utf-8") != text,
@@ -48,14 +63,42 @@ def test_a_manifest_that_names_files_elsewhere(desktop, stopped_program):
     assert victim.read_bytes() == b"not yours"
 
 
-@pytest.mark.parametrize("text", ["", "no JSON", "[1, 2]", '{"settings.hotkeyThresholdMs": "x"}'])
-def test_settings_that_are_none(desktop, stopped_program, text):
+_UNREADABLE_SETTINGS = {
+    "empty": ("", "'[' or '{' expected near end of file at line 1, column 0"),
+    "no JSON": ("no JSON", "'[' or '{' expected at line 1, column 2"),
+    "truncated": ('{"settings.clipboardCapacity": 5, "settings.hotkeyThresholdMs": 450',
+                  "'}' expected near end of file at line 1, column 67"),
+    "array": ('[{"settings.clipboardCapacity": 5}]', "not an object"),
+}
+
+
+@pytest.mark.parametrize(("text", "problem"), _UNREADABLE_SETTINGS.values(),
+                         ids=_UNREADABLE_SETTINGS.keys())
+def test_unreadable_settings_are_the_defaults_and_kept_aside(stopped_program, text, problem):
     stopped_program.expect_complaint("^Settings unreadable, using defaults: ")
     stopped_program.defaults_path.parent.mkdir(parents=True)
     stopped_program.defaults_path.write_text(text, encoding="utf-8")
     stopped_program.start()
-    stopped_program.panel.open()
-    assert_goes_on(desktop, stopped_program)
+    assert stopped_program.complaints() == [LogLine(
+        "error", "JsonUserDefaults", f"Settings unreadable, using defaults: {problem}")]
+
+    settings = Settings(stopped_program).open_from_panel()
+    assert settings.find("check box", HOTKEY).has_state("checked")
+    assert not settings.find("check box", LAUNCH).has_state("checked")
+    assert settings.find("slider").value() == 300
+    settings.choose("Notes")
+    assert settings.find("radio button", "Yellow").has_state("checked")
+    settings.choose("Clipboard")
+    stepper = settings.find("spin box")
+    assert stepper.value() == 30
+    assert stopped_program.defaults_path.read_text(encoding="utf-8") == text
+
+    stepper.set_value(100)
+    wait_for(lambda: stopped_program.defaults_path.read_text(encoding="utf-8") != text,
+             "new settings")
+    assert settings.stored("clipboardCapacity") == 100
+    aside = stopped_program.defaults_path.with_name("defaults.corrupt.json")
+    assert aside.read_text(encoding="utf-8") == text
 
 
 def test_a_folder_that_cannot_be_written(desktop, stopped_program):

@@ -162,7 +162,8 @@ def test_the_programs_own_keystroke_is_no_tap(desktop, stopped_program):
     assert_pasted(stopped_program, editor, "alpha")
     desktop.keyboard.type("!")
     wait_for_equal(editor.text, "alpha!", "the editor's text")
-    assert [line.message for line in stopped_program.log()].count("Panel shown") == 1
+    stopped_program.panel.open()
+    stopped_program.assert_showed_panel(2)
 
 
 def test_what_was_copied_a_moment_ago_stands_first(desktop, history):

@@ -33,7 +33,7 @@ def test_a_second_start_hands_its_markdown_files_over(program, folder, document)
     capitals.write_text("# Capitals\n", encoding="utf-8")
     notes = folder / "notes.txt"
     notes.write_text("no Markdown", encoding="utf-8")
-    program.expect_complaint("kAEOpenDocuments: a.MD, notes.txt$")
+    program.expect_complaint("^kAEOpenDocuments: a.MD, notes.txt$")
     assert program.start_again(str(capitals), str(notes)) == 0
     program.wait_for_log("^Opened a.MD$")
     Reader(program, capitals).wait_for_text("Capitals")
@@ -43,7 +43,7 @@ def test_a_second_start_hands_its_markdown_files_over(program, folder, document)
 
 
 def test_the_first_start_opens_the_files_it_is_given(stopped_program, document):
-    stopped_program.expect_complaint("kAEOpenDocuments: doc.md$")
+    stopped_program.expect_complaint("^kAEOpenDocuments: doc.md$")
     stopped_program.start(str(document))
     reader = Reader(stopped_program, document)
     reader.wait_for_text("The title")
@@ -128,12 +128,12 @@ def test_a_folder_that_vanishes_costs_only_the_save(desktop, program, folder, do
 
 # What a file holds, and what the program complains of when it opens it.
 FILES = {
-    "latin.md": (b"caf\xe9", r"Read latin.md as Latin-1 \(not UTF-8\)"),
-    "binary.md": (bytes(range(256)) * 64, r"Read binary.md as Latin-1 \(not UTF-8\)"),
+    "latin.md": (b"caf\xe9", r"^Read latin.md as Latin-1 \(not UTF-8\)$"),
+    "binary.md": (bytes(range(256)) * 64, r"^Read binary.md as Latin-1 \(not UTF-8\)$"),
     "empty.md": (b"", None),
-    "missing.md": (None, "Could not read missing.md"),
-    "folder.md": ("folder", "Could not read folder.md"),
-    "pipe.md": ("pipe", "Could not read pipe.md"),
+    "missing.md": (None, "^Could not read missing.md$"),
+    "folder.md": ("folder", "^Could not read folder.md$"),
+    "pipe.md": ("pipe", "^Could not read pipe.md$"),
 }
 
 
@@ -155,6 +155,8 @@ def test_every_file_opens(program, folder, name):
     if complaint:
         program.wait_for_log(complaint)
     program.wait_for_log("^Rendered")
+    if name == "latin.md":
+        reader.wait_for_text("café")
     reader.close()
     program.panel.open()
 

@@ -41,7 +41,9 @@ def test_a_second_start_hands_over_its_files(desktop, program):
     (desktop.folder / "notes.txt").write_text("no Markdown", encoding="utf-8")
     assert program.start_again(desktop.folder / "notes.txt", "other file.txt") == 0
     program.wait_for_log("^kAEOpenDocuments: notes.txt, other file.txt$")
-    assert not program.panel.is_open()
+    assert program.start_again() == 0
+    program.panel.wait_until_open()
+    program.assert_showed_panel(1)
 
 
 def test_without_a_bus_there_is_one_program_all_the_same(desktop, stopped_program):

@@ -47,6 +47,7 @@ class Program:
         self.defaults_path = Path(desktop.environment["XDG_CONFIG_HOME"]) / "driftbox/defaults.json"
         self._log_path = desktop.folder / "logs/driftbox.log"
         self._expected = []
+        self._tolerated = []
 
     # Life
 
@@ -96,12 +97,25 @@ class Program:
                         f"the log line {message!r}")
 
     def expect_complaint(self, pattern):
-        """A notice or error that the test provokes on purpose."""
+        """A notice or error that the test provokes; the test fails when it is missing."""
         self._expected.append(re.compile(pattern))
 
+    def tolerate_complaint(self, pattern):
+        """A notice or error that may come or not, depending on the machine."""
+        self._tolerated.append(re.compile(pattern))
+
+    def complaints(self):
+        return [line for line in self.log() if line.is_complaint]
+
     def unexpected_complaints(self):
-        return [line for line in self.log() if line.is_complaint
-                and not any(pattern.search(line.message) for pattern in self._expected)]
+        return [line for line in self.complaints()
+                if not any(pattern.search(line.message)
+                           for pattern in self._expected + self._tolerated)]
+
+    def missing_complaints(self):
+        """The patterns of the expected complaints that no line matches."""
+        return [pattern.pattern for pattern in self._expected
+                if not any(pattern.search(line.message) for line in self.complaints())]
 
     # Clipboard
 
@@ -110,6 +124,13 @@ class Program:
         self.panel.open()
         self.desktop.keyboard.tap("Escape")
         self.panel.wait_until_closed()
+
+    # Panel
+
+    def assert_showed_panel(self, times):
+        """That it has brought the panel up so often, or has begun to, since it exists."""
+        shown = [line for line in self.log() if line.message.startswith("Panel show: ")]
+        assert len(shown) == times, shown
 
     # Files
 

@@ -1,4 +1,4 @@
-"""What the tests of misfortunes have in common."""
+"""What the tests of failures have in common."""
 
 import time
 
@@ -17,8 +17,7 @@ def wait_for_one_complaint(program, pattern):
     """Waits until the log says what went wrong, in one line."""
     program.expect_complaint(pattern)
     program.wait_for_log(pattern)
-    said = [line for line in program.log() if line.is_complaint]
-    assert len(said) == 1, said
+    assert len(program.complaints()) == 1, program.complaints()
 
 
 def assert_opens_promptly(desktop, program):
@@ -32,7 +31,9 @@ def assert_opens_promptly(desktop, program):
 
 
 def assert_goes_on(desktop, program, before=()):
-    """The next honest copy is on disk, in front of `before`."""
+    """Nothing but `before` has been captured, and the next honest copy is."""
+    program.look_at_clipboard()
+    assert program.texts() == [*before]
     with copy(desktop, "honest"):
         wait_for(lambda: program.texts()[:1] == ["honest"], "the honest copy")
     assert program.texts() == ["honest", *before]

@@ -10,10 +10,10 @@ import pytest
 from harness import notes as controls
 from harness import pictures
 from harness.notes import Notes, saved_note
+from harness.program import LogLine
 from harness.waiting import wait_for, wait_for_equal
 from harness.windows import Geometry
 
-_CORRUPT = "^Notes manifest corrupt, starting empty: "
 _FAILED = "^Failed to persist notes manifest: "
 
 
@@ -27,23 +27,29 @@ def frame(**changes):
     return saved_note(frame={"x": 1, "y": 2, "width": 300, "height": 200, **changes})
 
 
-_BAD = {
-    "truncated": '[{"id"',
-    "torn within a text": '[{"textContent":"hunter2',
-    "a color": json.dumps([saved_note(1), saved_note(2, color="purple")]),
-    "no height": json.dumps([saved_note(frame={"x": 1, "y": 2, "width": 3})]),
-    "infinite": json.dumps([frame(x=12345)]).replace("12345", "1e999"),
+# What is in the file, and what the program says of it.
+_CORRUPT_MANIFESTS = {
+    "truncated": ('[{"id"', "':' expected near end of file at line 1, column 6"),
+    "torn within a text": ('[{"textContent":"hunter2',
+                           "premature end of input at line 1, column 24"),
+    "a color": (json.dumps([saved_note(1), saved_note(2, color="purple")]),
+                'item 1: "color" is malformed'),
+    "no height": (json.dumps([saved_note(frame={"x": 1, "y": 2, "width": 3})]),
+                  'item 0: "frame" is malformed'),
+    "infinite": ('[{"zoom": 1e999}]', "real number overflow at line 1, column 15"),
 }
 
 
-@pytest.mark.parametrize("bad", _BAD.values(), ids=_BAD.keys())
-def test_a_manifest_that_is_none_starts_empty_and_is_kept_aside(stopped, bad):
+@pytest.mark.parametrize(("bad", "problem"), _CORRUPT_MANIFESTS.values(),
+                         ids=_CORRUPT_MANIFESTS.keys())
+def test_a_corrupt_manifest_starts_empty_and_is_kept_aside(stopped, bad, problem):
     stopped.write_manifest(bad)
-    stopped.program.expect_complaint(_CORRUPT)
+    stopped.program.expect_complaint("^Notes manifest corrupt, starting empty: ")
     stopped.program.start()
-    stopped.program.wait_for_log(_CORRUPT)
-    assert not [line for line in stopped.program.log() if "hunter" in line.message]
+    assert stopped.program.complaints() == [LogLine(
+        "error", "FileNotesStore", f"Notes manifest corrupt, starting empty: {problem}")]
     note = stopped.make("new")
+    assert len(stopped.windows()) == 1
     assert stopped.manifest_path.read_text(encoding="utf-8") == bad
     note.click(controls.SAVE)
     aside = stopped.root / "manifest.corrupt.json"

@@ -24,7 +24,7 @@ bool ClipboardKeyboard::handle(const KeyPress& press, int rowsPerPage)
            act({press.key, press.modifiers & ~Qt::KeypadModifier, press.isRepeated});
 }
 
-// Whatever the key is held down for, it acts once; and where there is no item it does nothing.
+// Handled, but without effect, on auto-repeat and for a row that does not exist.
 template <typename Act>
 bool ClipboardKeyboard::withItem(const KeyPress& press, int row, Act act) const
 {
@@ -57,8 +57,8 @@ bool ClipboardKeyboard::act(const KeyPress& press)
     default:
         break;
     }
-    const auto place = rowShortcutOf(press);
-    return place && withItem(press, *place, pick);
+    const auto row = rowShortcutOf(press);
+    return row && withItem(press, *row, pick);
 }
 
 } // namespace driftbox

@@ -9,9 +9,9 @@ class ClipboardRowActions;
 class RowSelection;
 class ClipboardViewModel;
 
-/// The history by keyboard, while the typing goes to the search field: the arrows and the page keys
-/// move the selection, Enter picks, Shift+Enter pastes as text, Control and a digit pick by place,
-/// Control+P pins. Home, End and Delete are the list's only while the field is empty.
+/// Keyboard control of the history while the search field has the focus: the arrow and page keys
+/// move the selection, Enter picks, Shift+Enter pastes as text, Control and a digit pick a row by
+/// number, Control+P pins. Home, End and Delete apply to the list only while the field is empty.
 class ClipboardKeyboard
 {
 public:
@@ -19,8 +19,7 @@ public:
     ClipboardKeyboard(const ClipboardViewModel& viewModel, const ClipboardListModel& rows,
                       RowSelection& selection, ClipboardRowActions& actions);
 
-    /// Whether the key press is the list's, and done; all others are the search field's. A page has
-    /// `rowsPerPage` rows.
+    /// Returns whether the key press was handled; all others belong to the search field.
     bool handle(const KeyPress& press, int rowsPerPage);
 
 private:

@@ -10,8 +10,8 @@ namespace driftbox::AppConfig {
 
 namespace {
 
-// The program finds its own files wherever it has been put.
-QString besideProgram(const QString& path)
+// Relative to the executable, so that an installation can be moved.
+QString relativeToExecutable(const QString& path)
 {
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + u'/' + path);
 }
@@ -39,12 +39,12 @@ QString autostartFolder()
 
 QString resourcesFolder()
 {
-    return besideProgram(QStringLiteral(DRIFTBOX_RESOURCES));
+    return relativeToExecutable(QStringLiteral(DRIFTBOX_RESOURCES));
 }
 
 QString modulesFolder()
 {
-    return besideProgram(QStringLiteral(DRIFTBOX_MODULES));
+    return relativeToExecutable(QStringLiteral(DRIFTBOX_MODULES));
 }
 
 QUrl feedbackURL()

@@ -19,7 +19,7 @@ const QString launchAtLogin = u"settings.launchAtLogin"_s;
 const QString noteDefaultColor = u"settings.noteDefaultColor"_s;
 } // namespace Key
 
-// A value of another type counts as absent.
+// A stored value of the wrong type counts as absent.
 template <typename T>
 T stored(const UserDefaults& defaults, const QString& key, T fallback)
 {

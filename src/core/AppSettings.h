@@ -9,9 +9,9 @@ namespace driftbox {
 
 class UserDefaults;
 
-/// The user's preferences. Loaded once at construction, when nothing is written; every assignment
-/// is stored at once, and observers are notified only when the value differs. Any integer is
-/// accepted: the ranges offered to the user are the settings pages' business. Main thread only.
+/// The user's preferences. Loaded once, at construction, which writes nothing. Setters store the
+/// value immediately and emit a signal only if it changed. Integers are not range-checked: the
+/// settings pages limit what the user can enter. Main thread only.
 class AppSettings : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     /// `defaults` must outlive the settings.
     explicit AppSettings(UserDefaults& defaults, QObject* parent = nullptr);
 
-    /// How many unpinned clipboard entries are kept.
+    /// The maximum number of unpinned clipboard entries.
     [[nodiscard]] qint64 clipboardCapacity() const { return m_clipboardCapacity; }
     void setClipboardCapacity(qint64 capacity);
 
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] HotkeyModifier hotkeyModifier() const { return m_hotkeyModifier; }
     void setHotkeyModifier(HotkeyModifier modifier);
 
-    /// The longest time between the two taps, in milliseconds.
+    /// The maximum time between the two taps, in milliseconds.
     [[nodiscard]] qint64 hotkeyThresholdMs() const { return m_hotkeyThresholdMs; }
     void setHotkeyThresholdMs(qint64 milliseconds);
 

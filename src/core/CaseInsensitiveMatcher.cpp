@@ -36,7 +36,7 @@ bool isTurkic(const QLocale& locale)
     return locale.language() == QLocale::Turkish || locale.language() == QLocale::Azerbaijani;
 }
 
-// What stands for the same letter in either case. In Turkic languages the dot of an i stays.
+// The case-folded character. Turkic languages distinguish dotted from dotless i.
 char16_t folded(char16_t character, bool turkic)
 {
     constexpr char16_t capitalDottedI = 0x0130;
@@ -54,7 +54,7 @@ struct Folding
     char16_t character;
 };
 
-// Every character that folding changes, sorted by what it becomes.
+// Every character that folding changes, sorted by its folded form.
 std::vector<Folding> foldings(bool turkic)
 {
     std::vector<Folding> result;
@@ -74,7 +74,7 @@ const std::vector<Folding>& foldingsFor(const QLocale& locale)
     return isTurkic(locale) ? turkic : plain;
 }
 
-// The other case of a letter whose surrogate pair ends in `low`; its pair begins like this one.
+// The low surrogate of the same letter in the other case, or `low` if the high surrogates differ.
 char16_t otherLowSurrogate(char16_t high, char16_t low)
 {
     const char32_t letter = QChar::surrogateToUcs4(high, low);
@@ -83,7 +83,7 @@ char16_t otherLowSurrogate(char16_t high, char16_t low)
     return QChar::highSurrogate(other) == high ? QChar::lowSurrogate(other) : low;
 }
 
-// Characters by how often they are met, in many languages; what is not here is rare.
+// Relative frequency across many languages; -1 for characters that are rarer than all of these.
 qsizetype frequency(char16_t character)
 {
     constexpr QStringView rareToFrequent = u"qzxjkvbwpyg,.fmucdlhrsniotae ";
@@ -101,10 +101,10 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
         Variants variants;
         variants.fill(folded(character.unicode(), turkic));
         auto other = std::ranges::lower_bound(pairs, variants.front(), {}, &Folding::folded);
-        for (auto place = variants.begin() + 1;
-             place != variants.end() && other != pairs.end() && other->folded == variants.front();
+        for (auto next = variants.begin() + 1;
+             next != variants.end() && other != pairs.end() && other->folded == variants.front();
              ++other)
-            *place++ = other->character;
+            *next++ = other->character;
         if (character.isLowSurrogate() && QChar::isHighSurrogate(previous))
             variants[1] = otherLowSurrogate(previous, character.unicode());
         previous = character.unicode();
@@ -123,7 +123,7 @@ CaseInsensitiveMatcher::CaseInsensitiveMatcher(const QString& needle, const QLoc
     const auto hasMany = [this](size_t index) {
         return !m_needle.empty() && m_needle[index][2] != m_needle[index][0];
     };
-    m_haveManyVariants = hasMany(m_first) || hasMany(m_second);
+    m_hasManyVariants = hasMany(m_first) || hasMany(m_second);
     m_isFirstRare = !m_needle.empty() && frequency(m_needle[m_first].front()) < frequency(u'u');
 }
 
@@ -135,10 +135,10 @@ bool CaseInsensitiveMatcher::matchesAt(const char16_t* text) const
     });
 }
 
-bool CaseInsensitiveMatcher::matchesAtOneOf(const char16_t* text, const Mask& places) const
+bool CaseInsensitiveMatcher::matchesAtAny(const char16_t* text, const Mask& candidates) const
 {
     constexpr int bitsPerLane = 16;
-    const auto words = wordsOf(places);
+    const auto words = wordsOf(candidates);
     for (size_t half = 0; half < 2; ++half) {
         for (std::uint64_t word = words[half]; word != 0;) {
             const int lane = std::countr_zero(word) / bitsPerLane;
@@ -151,27 +151,27 @@ bool CaseInsensitiveMatcher::matchesAtOneOf(const char16_t* text, const Mask& pl
 }
 
 template <size_t variantCount, bool isFirstRare>
-bool CaseInsensitiveMatcher::isInSteps(const char16_t* text, qsizetype steps) const
+bool CaseInsensitiveMatcher::isInBlocks(const char16_t* text, qsizetype blocks) const
 {
     const Variants first = m_needle[m_first];
     const Variants second = m_needle[m_second];
-    const auto matching = [](const char16_t* at, const Variants& variants) {
-        const Lanes characters = load(at);
+    const auto matching = [](const char16_t* block, const Variants& variants) {
+        const Lanes characters = load(block);
         Mask mask = characters == variants[0];
         for (size_t variant = 1; variant < variantCount; ++variant)
             mask |= characters == variants[variant];
         return mask;
     };
-    const char16_t* const end = text + steps * lanes;
-    for (const char16_t* place = text; place != end; place += lanes) {
-        const Mask candidates = matching(place + m_first, first);
-        // Where it is met every now and then, guessing wrong costs more than always looking twice.
+    const char16_t* const end = text + blocks * lanes;
+    for (const char16_t* block = text; block != end; block += lanes) {
+        const Mask candidates = matching(block + m_first, first);
+        // For a frequent character the mispredicted branch costs more than the second comparison.
         if constexpr (isFirstRare) {
             if (!any(candidates))
                 continue;
         }
-        const Mask both = candidates & matching(place + m_second, second);
-        if (any(both) && matchesAtOneOf(place, both))
+        const Mask both = candidates & matching(block + m_second, second);
+        if (any(both) && matchesAtAny(block, both))
             return true;
     }
     return false;
@@ -179,20 +179,20 @@ bool CaseInsensitiveMatcher::isInSteps(const char16_t* text, qsizetype steps) co
 
 bool CaseInsensitiveMatcher::isIn(QStringView text) const
 {
-    const qsizetype places = text.size() - static_cast<qsizetype>(m_needle.size()) + 1;
-    if (m_needle.empty() || places <= 0)
+    const qsizetype positions = text.size() - static_cast<qsizetype>(m_needle.size()) + 1;
+    if (m_needle.empty() || positions <= 0)
         return m_needle.empty();
 
     const char16_t* const start = text.utf16();
-    const qsizetype steps = places / lanes;
-    const bool isFound = m_isFirstRare ? (m_haveManyVariants ? isInSteps<4, true>(start, steps)
-                                                             : isInSteps<2, true>(start, steps))
-                                       : (m_haveManyVariants ? isInSteps<4, false>(start, steps)
-                                                             : isInSteps<2, false>(start, steps));
+    const qsizetype blocks = positions / lanes;
+    const bool isFound = m_isFirstRare ? (m_hasManyVariants ? isInBlocks<4, true>(start, blocks)
+                                                            : isInBlocks<2, true>(start, blocks))
+                                       : (m_hasManyVariants ? isInBlocks<4, false>(start, blocks)
+                                                            : isInBlocks<2, false>(start, blocks));
     if (isFound)
         return true;
-    for (qsizetype place = steps * lanes; place < places; ++place) {
-        if (matchesAt(start + place))
+    for (qsizetype position = blocks * lanes; position < positions; ++position) {
+        if (matchesAt(start + position))
             return true;
     }
     return false;

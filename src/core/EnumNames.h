@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-/// The names under which the cases of an enumeration are stored.
+/// The names under which an enumeration's values are stored.
 template <typename Enum, std::size_t count>
 struct EnumNames
 {
@@ -24,7 +24,7 @@ struct EnumNames
         Q_UNREACHABLE();
     }
 
-    /// Exact match; none for an unknown name.
+    /// Exact match; nullopt for an unknown name.
     [[nodiscard]] constexpr std::optional<Enum> value(QStringView wanted) const
     {
         for (const auto& [value, name] : pairs) {

@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// The modifier key whose double tap opens the panel, in the order in which settings offer them.
+/// The modifier keys whose double tap can open the panel, in the order the settings list them.
 enum class HotkeyModifier { control, option, command };
 
 inline constexpr std::array allHotkeyModifiers = {HotkeyModifier::control, HotkeyModifier::option,
@@ -17,7 +17,7 @@ inline constexpr std::array allHotkeyModifiers = {HotkeyModifier::control, Hotke
 /// The name a modifier is stored under.
 [[nodiscard]] QString rawValue(HotkeyModifier modifier);
 
-/// None for a name that no modifier has; the comparison is exact.
+/// Exact match; nullopt for an unknown name.
 [[nodiscard]] std::optional<HotkeyModifier> hotkeyModifierFromRawValue(QStringView name);
 
 } // namespace driftbox

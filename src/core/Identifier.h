@@ -9,26 +9,26 @@
 
 namespace driftbox {
 
-/// A UUID that names one kind of thing only.
+/// A UUID typed by what it identifies, so that ids of different kinds cannot be mixed up.
 template <typename Tag>
 class Identifier
 {
 public:
     [[nodiscard]] static Identifier random() { return Identifier(QUuid::createUuid()); }
 
-    /// From canonical text (8-4-4-4-12 hexadecimal digits of either case); none for anything else.
+    /// Parses canonical text (8-4-4-4-12 hexadecimal digits in either case); nullopt otherwise.
     [[nodiscard]] static std::optional<Identifier> fromText(QStringView text)
     {
         constexpr qsizetype canonicalLength = 36;
         if (text.size() != canonicalLength)
             return std::nullopt;
         const QUuid uuid = QUuid::fromString(text);
-        const bool parsed =
+        const bool isCanonical =
             uuid.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
-        return parsed ? std::optional(Identifier(uuid)) : std::nullopt;
+        return isCanonical ? std::optional(Identifier(uuid)) : std::nullopt;
     }
 
-    /// Canonical text in upper case, as the manifests and the image files have it.
+    /// Canonical text in upper case, as used in manifests and image file names.
     [[nodiscard]] QString text() const { return m_uuid.toString(QUuid::WithoutBraces).toUpper(); }
 
     bool operator==(const Identifier&) const = default;

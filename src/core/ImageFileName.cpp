@@ -6,7 +6,7 @@ namespace driftbox {
 
 namespace {
 
-bool staysInFolder(const QString& name)
+bool isPlainFileName(const QString& name)
 {
     return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u'/') &&
            !name.contains(QChar::Null);
@@ -16,7 +16,7 @@ bool staysInFolder(const QString& name)
 
 QString imageFileName(const std::optional<QString>& named, const QString& id)
 {
-    return named && staysInFolder(*named) ? *named : id + u".png"_s;
+    return named && isPlainFileName(*named) ? *named : id + u".png"_s;
 }
 
 } // namespace driftbox

@@ -8,8 +8,8 @@ namespace driftbox::Json {
 
 namespace {
 
-// Without what stands at the place, which the parser quotes: it may be anybody's secret.
-QString complaint(const json_error_t& error)
+// Omits the excerpt that the parser quotes: it may contain private data.
+QString errorMessage(const json_error_t& error)
 {
     const QString reason = QString::fromUtf8(error.text).section(u" near '"_s, 0, 0);
     return u"%1 at line %2, column %3"_s.arg(reason).arg(error.line).arg(error.column);
@@ -24,7 +24,7 @@ Expected<Value> parse(const QByteArray& text, Numbers numbers)
     Value value(json_loadb(text.constData(), static_cast<size_t>(text.size()),
                            JSON_ALLOW_NUL | reals, &error));
     if (!value)
-        return Error{complaint(error)};
+        return Error{errorMessage(error)};
     return value;
 }
 

@@ -11,7 +11,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// JSON with members in the order they were written and every solidus escaped, over Jansson.
+/// JSON on top of Jansson. Members keep their insertion order; every solidus is escaped.
 namespace driftbox::Json {
 
 struct Release
@@ -21,21 +21,22 @@ struct Release
 /// An owned reference to a JSON value.
 using Value = std::unique_ptr<json_t, Release>;
 
+
 enum class Numbers {
-    asReals,   ///< every number becomes a real, whatever its notation
-    asWritten, ///< numbers without fraction and exponent become integers
+    asReals,   ///< every number becomes a real
+    asWritten, ///< numbers without a fraction or exponent become integers
 };
 
-/// Reads one array or object. An error names the place, but nothing of the text itself.
+/// Parses one array or object. The error has the reason and the position, without any of the text.
 Expected<Value> parse(const QByteArray& text, Numbers numbers);
 
-/// Compact text of an array or object.
+/// Serializes an array or object without white space.
 [[nodiscard]] QByteArray compactText(const json_t& value);
 
 [[nodiscard]] Value string(const QString& text);
 [[nodiscard]] Value number(Instant instant);
 
-/// Conversions; none when `value` is of another type, or null.
+/// Conversions; nullopt if `value` is null or of another type.
 [[nodiscard]] std::optional<QString> toString(const json_t* value);
 [[nodiscard]] std::optional<bool> toBool(const json_t* value);
 [[nodiscard]] std::optional<double> toDouble(const json_t* value);

@@ -6,17 +6,17 @@
 
 namespace driftbox {
 
-/// Reads the members of one JSON object, tolerant of their order and of unknown ones, strict in
-/// their types. The first member that is missing or of the wrong type is what `error` names.
+/// Reads the members of one JSON object: in any order, ignoring unknown members, but with strict
+/// types. `error` names the first member that is missing or of the wrong type.
 class JsonFields
 {
 public:
-    /// `object` is borrowed; anything but an object is an error.
+    /// `object` is not owned and must outlive this. Anything but an object is an error.
     explicit JsonFields(const json_t* object);
 
     [[nodiscard]] const QString& error() const { return m_error; }
 
-    /// `convert` takes a `const json_t*` and returns an optional: none for a value of the wrong
+    /// `convert` takes a `const json_t*` and returns an optional: nullopt for a value of the wrong
     /// type.
     template <typename Convert>
     auto required(const char* key, Convert convert) -> decltype(convert(nullptr))
@@ -29,7 +29,7 @@ public:
         return converted(key, value, convert);
     }
 
-    /// None, without an error, when the member is absent or null.
+    /// Nullopt without an error if the member is absent or null.
     template <typename Convert>
     auto optional(const char* key, Convert convert) -> decltype(convert(nullptr))
     {

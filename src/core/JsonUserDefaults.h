@@ -8,13 +8,13 @@ namespace driftbox {
 
 class FileSystem;
 
-/// User defaults kept in one JSON object on disk. Read once; members that the program does not know
-/// stay as they are. A file that is no JSON object counts as empty, is logged, and is copied aside
-/// before it is first overwritten.
+/// User defaults stored as one JSON object on disk. Read once, at construction; unknown members are
+/// preserved. A file that is not a JSON object is logged, treated as empty, and backed up before it
+/// is first overwritten. Main thread only.
 class JsonUserDefaults final : public UserDefaults
 {
 public:
-    /// `folder` is created with the first write. `fileSystem` must outlive this.
+    /// `folder` is created on the first write. `fileSystem` must outlive this.
     JsonUserDefaults(FileSystem& fileSystem, const QString& folder);
 
     [[nodiscard]] std::optional<DefaultsValue> value(const QString& key) const override;

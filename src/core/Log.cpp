@@ -39,9 +39,9 @@ Level levelOf(QtMsgType type)
     Q_UNREACHABLE();
 }
 
-// The session manager names the journal's stream, by device and inode, to what it starts. A sandbox
-// may hide the journal's socket, and what is sent to a hidden one is lost without an error.
-bool standardErrorIsTheJournal()
+// systemd identifies the journal's stream by device and inode in JOURNAL_STREAM. A sandbox may hide
+// the journal's socket; messages sent to a hidden socket are lost without an error.
+bool isStandardErrorJournal()
 {
     if (access("/run/systemd/journal/socket", W_OK) != 0)
         return false;
@@ -58,8 +58,8 @@ bool isControl(QChar character)
     return character.category() == QChar::Other_Control;
 }
 
-// A file name, say, must not make lines of its own or talk to the terminal.
-QString onOneLine(QString message)
+// A message may contain, say, a file name with line breaks or terminal escape sequences.
+QString withoutControls(QString message)
 {
     std::ranges::replace_if(message, &isControl, QChar(u' '));
     return message;
@@ -69,7 +69,7 @@ void toStandardError(QtMsgType type, const QMessageLogContext& context, const QS
 {
     const QString time = QDateTime::currentDateTime().toString(Qt::ISODateWithMs);
     std::fprintf(stderr, "%s %s %s:%s %s\n", qUtf8Printable(time), levelOf(type).name, subsystem,
-                 context.category, qUtf8Printable(onOneLine(message)));
+                 context.category, qUtf8Printable(withoutControls(message)));
 }
 
 void toJournal(QtMsgType type, const QMessageLogContext& context, const QString& message)
@@ -82,7 +82,7 @@ void toJournal(QtMsgType type, const QMessageLogContext& context, const QString&
 
 void install()
 {
-    qInstallMessageHandler(standardErrorIsTheJournal() ? toJournal : toStandardError);
+    qInstallMessageHandler(isStandardErrorJournal() ? toJournal : toStandardError);
 }
 
 } // namespace driftbox::Log

@@ -2,16 +2,16 @@
 
 #include <QtCore/QLoggingCategory>
 
-/// Logging. Each type that logs has a `QLoggingCategory` of its own with the name of the type; the
-/// types of the Markdown reader share "MarkdownReader". Progress is `qCInfo`, a notable condition
-/// `qCWarning`, a failure `qCCritical`. The content of the clipboard and of notes is never logged.
+/// Logging. Each type that logs has a `QLoggingCategory` named after it; the types of the Markdown
+/// reader share "MarkdownReader". Progress is logged with `qCInfo`, notable conditions with
+/// `qCWarning`, failures with `qCCritical`. Clipboard and note contents are never logged.
 namespace driftbox::Log {
 
 inline constexpr auto subsystem = "app.driftbox";
 
-/// Sends what the program logs to the journal, with SUBSYSTEM and CATEGORY fields, when the session
-/// started it; otherwise to standard error, one line each: time, level, subsystem:category,
-/// message.
+/// Installs the message handler. If standard error is connected to the journal, messages go there
+/// with SUBSYSTEM and CATEGORY fields; otherwise to standard error, one per line: time, level,
+/// subsystem:category, message.
 void install();
 
 } // namespace driftbox::Log

@@ -7,14 +7,14 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
-constexpr QStringView ending = u".json";
+constexpr QStringView extension = u".json";
 }
 
 ManifestFile::ManifestFile(FileSystem& fileSystem, const QString& path)
     : m_fileSystem(fileSystem)
     , m_path(path)
 {
-    Q_ASSERT(path.endsWith(ending));
+    Q_ASSERT(path.endsWith(extension));
 }
 
 std::optional<QByteArray> ManifestFile::read() const
@@ -25,8 +25,8 @@ std::optional<QByteArray> ManifestFile::read() const
 Expected<void> ManifestFile::write(const QByteArray& contents)
 {
     if (m_corrupt) {
-        const QString aside = m_path.chopped(ending.size()) + u".corrupt.json"_s;
-        if (auto written = m_fileSystem.writeAtomically(aside, *m_corrupt); !written)
+        const QString backup = m_path.chopped(extension.size()) + u".corrupt.json"_s;
+        if (auto written = m_fileSystem.writeAtomically(backup, *m_corrupt); !written)
             return written;
         m_corrupt.reset();
     }

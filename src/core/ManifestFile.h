@@ -11,18 +11,18 @@ namespace driftbox {
 
 class FileSystem;
 
-/// A JSON file that the program rewrites as a whole. Contents that it could not understand are kept
-/// beside it, as "name.corrupt.json", before they are first overwritten. Main thread only.
+/// A JSON file that is always rewritten as a whole. Unreadable contents are backed up next to it as
+/// "name.corrupt.json" before they are first overwritten. Main thread only.
 class ManifestFile
 {
 public:
-    /// `path` ends in ".json". `fileSystem` must outlive this.
+    /// `path` must end in ".json". `fileSystem` must outlive this.
     ManifestFile(FileSystem& fileSystem, const QString& path);
 
-    /// None when the file cannot be read.
+    /// Nullopt if the file cannot be read.
     [[nodiscard]] std::optional<QByteArray> read() const;
 
-    /// `contents`, which `read` gave, could not be understood.
+    /// Requests a backup of `contents`, as returned by `read`, before the next write.
     void markCorrupt(const QByteArray& contents) { m_corrupt = contents; }
 
     /// When it fails, the file is as it was.

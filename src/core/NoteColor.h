@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// The background color of a sticky note, in the order in which pickers offer them.
+/// The background colors of sticky notes, in the order the pickers list them.
 enum class NoteColor { yellow, blue, green, pink };
 
 inline constexpr std::array allNoteColors = {NoteColor::yellow, NoteColor::blue, NoteColor::green,
@@ -20,7 +20,7 @@ inline constexpr std::array allNoteColors = {NoteColor::yellow, NoteColor::blue,
 /// The name a color is shown under.
 [[nodiscard]] QString displayName(NoteColor color);
 
-/// None for a name that no color has.
+/// Exact match; nullopt for an unknown name.
 [[nodiscard]] std::optional<NoteColor> noteColorFromRawValue(QStringView name);
 
 } // namespace driftbox

@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// Through this the program itself, not the user's copying, puts something on the pasteboard. Who
-/// watches the pasteboard for what the user copies is told of each such write. Main thread only.
+/// Writes to the pasteboard on behalf of the program itself. `written` lets the clipboard monitor
+/// tell these writes from what the user copies. Main thread only.
 class PasteboardWriter : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     }
 
 Q_SIGNALS:
-    /// What is on the pasteboard now comes from this program.
+    /// The pasteboard's current content comes from this program.
     void written();
 
 private:

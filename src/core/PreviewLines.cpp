@@ -9,10 +9,10 @@ namespace driftbox {
 
 namespace {
 
-// More characters than two lines of the panel have room for, however slim they are.
+// More characters than fit in a line of the panel, however narrow they are.
 constexpr qsizetype maxLineLength = 240;
-// Where blank lines, white space or what is left out go on and on, the rest is not looked for.
-constexpr qsizetype farthest = 4000;
+// Limits the search for visible characters in long runs of white space or omitted characters.
+constexpr qsizetype maxExaminedLength = 4000;
 
 bool isLineBreak(QChar character)
 {
@@ -30,8 +30,8 @@ bool isLineBreak(QChar character)
     }
 }
 
-// Those that embed or override a direction: they would let a text look like another one.
-bool turnsDirection(QChar character)
+// Bidirectional embeddings and overrides: they could make a text look like a different one.
+bool isBidiControl(QChar character)
 {
     return character.unicode() >= 0x202a && character.unicode() <= 0x202e;
 }
@@ -40,7 +40,7 @@ bool isShown(QChar character)
 {
     if (character == u'\t')
         return true;
-    return character.category() != QChar::Other_Control && !turnsDirection(character);
+    return character.category() != QChar::Other_Control && !isBidiControl(character);
 }
 
 } // namespace
@@ -50,7 +50,8 @@ PreviewLines previewLines(const QString& text)
     std::array<QString, 2> lines;
     size_t line = 0;
     bool isBlank = true;
-    for (const QChar character : QStringView(text).first(std::min(text.size(), farthest))) {
+    for (const QChar character :
+         QStringView(text).first(std::min(text.size(), maxExaminedLength))) {
         if (isLineBreak(character)) {
             if (!isBlank)
                 ++line;
@@ -69,7 +70,7 @@ PreviewLines previewLines(const QString& text)
             lines[line] += character;
         }
     }
-    return {lines[0], lines[1], text.size() > farthest};
+    return {lines[0], lines[1], text.size() > maxExaminedLength};
 }
 
 } // namespace driftbox

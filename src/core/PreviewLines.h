@@ -4,18 +4,18 @@
 
 namespace driftbox {
 
-/// What two lines can show of a text: the beginnings of its first two lines that are not blank.
+/// A two-line preview of a text: the beginnings of its first two non-blank lines.
 struct PreviewLines
 {
     QString first;
     QString second;
-    bool hasMore = false; ///< there is something behind the second line
+    bool hasMore = false; ///< there is more text after the second line
 
     bool operator==(const PreviewLines&) const = default;
 };
 
-/// Looks only at as much of `text` as two lines can hold. Characters that control a device or turn
-/// the direction of others are left out; tabs stay.
+/// Examines only as much of `text` as two lines can hold. Control characters other than tabs, and
+/// bidirectional embeddings and overrides, are omitted.
 [[nodiscard]] PreviewLines previewLines(const QString& text);
 
 } // namespace driftbox

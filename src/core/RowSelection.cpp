@@ -10,9 +10,9 @@ RowSelection::RowSelection(const QAbstractItemModel& rows, QObject* parent)
     , m_row(rows.index(0, 0))
     , m_lastRow(row())
 {
-    connect(&rows, &QAbstractItemModel::rowsInserted, this, &RowSelection::settle);
-    connect(&rows, &QAbstractItemModel::rowsRemoved, this, &RowSelection::settle);
-    connect(&rows, &QAbstractItemModel::rowsMoved, this, &RowSelection::settle);
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, &RowSelection::reselect);
+    connect(&rows, &QAbstractItemModel::rowsRemoved, this, &RowSelection::reselect);
+    connect(&rows, &QAbstractItemModel::rowsMoved, this, &RowSelection::reselect);
     connect(&rows, &QAbstractItemModel::modelReset, this, &RowSelection::selectFirst);
 }
 
@@ -26,7 +26,7 @@ void RowSelection::moveBy(int steps)
     select(row() + steps);
 }
 
-bool RowSelection::moveByKey(const KeyPress& press, int rowsPerPage, bool fieldIsEmpty)
+bool RowSelection::moveByKey(const KeyPress& press, int rowsPerPage, bool isFieldEmpty)
 {
     if ((press.modifiers & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;
@@ -44,13 +44,13 @@ bool RowSelection::moveByKey(const KeyPress& press, int rowsPerPage, bool fieldI
         moveBy(rowsPerPage);
         return true;
     case Qt::Key_Home:
-        if (fieldIsEmpty)
+        if (isFieldEmpty)
             selectFirst();
-        return fieldIsEmpty;
+        return isFieldEmpty;
     case Qt::Key_End:
-        if (fieldIsEmpty)
+        if (isFieldEmpty)
             selectLast();
-        return fieldIsEmpty;
+        return isFieldEmpty;
     default:
         return false;
     }
@@ -67,10 +67,10 @@ void RowSelection::select(int row)
         Q_EMIT changed();
 }
 
-void RowSelection::settle()
+void RowSelection::reselect()
 {
-    const bool isOvertaken = m_lastRow <= 0 && row() > 0;
-    select(m_row.isValid() && !isOvertaken ? row() : m_lastRow);
+    const bool isFirstDisplaced = m_lastRow <= 0 && row() > 0;
+    select(m_row.isValid() && !isFirstDisplaced ? row() : m_lastRow);
 }
 
 } // namespace driftbox

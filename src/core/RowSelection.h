@@ -6,10 +6,10 @@
 
 namespace driftbox {
 
-/// The row of a list that the keyboard acts on: always one while there is any. It begins at the
-/// first row and begins there again when the list is replaced as a whole. It stays with its row
-/// when others come, go or move; but the first row stays selected when another one becomes the
-/// first. When the selected row goes, the one that takes its place is selected.
+/// The selected row of a list, which keyboard commands apply to. Exactly one row is selected unless
+/// the list is empty: initially, and after a model reset, the first one. The selection follows its
+/// row through insertions, removals and moves, except that the first position stays selected when
+/// another row becomes the first. When the selected row is removed, its successor is selected.
 class RowSelection : public QObject
 {
     Q_OBJECT
@@ -18,30 +18,29 @@ public:
     /// `rows` must outlive the selection.
     explicit RowSelection(const QAbstractItemModel& rows, QObject* parent = nullptr);
 
-    /// Minus one while there is no row.
+    /// -1 while the list is empty.
     [[nodiscard]] int row() const { return m_row.isValid() ? m_row.row() : -1; }
 
     void selectFirst() { select(0); }
     void selectLast();
-    /// `steps` rows down, or up when negative, as far as there are rows.
+    /// Moves down by `steps` rows, or up if negative, clamped to the list.
     void moveBy(int steps);
-    /// Moves as far as the arrows, the page keys, Home or End go; those last two are the list's
-    /// only while the search field is empty. Returns whether the key press was one of these. A page
-    /// has `rowsPerPage` rows.
-    bool moveByKey(const KeyPress& press, int rowsPerPage, bool fieldIsEmpty);
+    /// Handles the arrow and page keys and, only while the search field is empty, Home and End.
+    /// Returns whether the key press was handled.
+    bool moveByKey(const KeyPress& press, int rowsPerPage, bool isFieldEmpty);
 
 Q_SIGNALS:
-    /// Another row is selected, or the selected row is in another place.
+    /// Another row is selected, or the selected row has moved.
     void changed();
 
 private:
     void select(int row);
-    /// Whatever happened to the rows, one of them is selected.
-    void settle();
+    /// Restores a valid selection after rows were inserted, removed or moved.
+    void reselect();
 
     const QAbstractItemModel& m_rows;
     QPersistentModelIndex m_row;
-    int m_lastRow; ///< where the selected row was when that was last told
+    int m_lastRow; ///< the selected row as of the last `changed`
 };
 
 } // namespace driftbox

@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// An instant as the rows of lists show it, in the user's time zone: "12-31 23:59:59".
+/// Formats an instant for a list row, in the user's time zone: "12-31 23:59:59".
 [[nodiscard]] QString rowTime(Instant instant);
 
 } // namespace driftbox

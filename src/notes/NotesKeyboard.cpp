@@ -29,8 +29,8 @@ bool NotesKeyboard::act(const KeyPress& press)
         if (press.key == Qt::Key_Delete && m_rows.query().isEmpty())
             return withNote(press, m_selection.row(), &NoteManager::remove);
     }
-    const auto place = rowShortcutOf(press);
-    return place && withNote(press, *place, &NoteManager::focus);
+    const auto row = rowShortcutOf(press);
+    return row && withNote(press, *row, &NoteManager::focus);
 }
 
 // Whatever the key is held down for, it acts once; and where there is no note it does nothing.

@@ -14,8 +14,8 @@ void release(uintptr_t begin, uintptr_t end)
 {
     const auto page = static_cast<uintptr_t>(sysconf(_SC_PAGESIZE));
     begin &= ~(page - 1);
-    // Of pages that are never written the file is an exact copy.
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader gives addresses as numbers.
+    // Safe for pages that are never written: they are read from the file again when needed.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader reports addresses as integers.
     madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
 }
 
@@ -30,13 +30,13 @@ bool contains(const dl_phdr_info& library, uintptr_t address)
     return false;
 }
 
-// Libraries are visited in the order in which they were loaded: this module before its own.
+// Libraries are visited in load order: this module before its dependencies.
 int visit(dl_phdr_info* library, size_t /*size*/, void* data)
 {
-    bool& hasMetModule = *static_cast<bool*>(data);
-    if (!hasMetModule)
-        hasMetModule = contains(*library, reinterpret_cast<uintptr_t>(&releaseLibraryPages));
-    if (!hasMetModule)
+    bool& hasReachedModule = *static_cast<bool*>(data);
+    if (!hasReachedModule)
+        hasReachedModule = contains(*library, reinterpret_cast<uintptr_t>(&releaseLibraryPages));
+    if (!hasReachedModule)
         return 0;
     for (int i = 0; i < library->dlpi_phnum; ++i) {
         const ElfW(Phdr)& segment = library->dlpi_phdr[i];
@@ -52,8 +52,8 @@ int visit(dl_phdr_info* library, size_t /*size*/, void* data)
 
 void releaseLibraryPages()
 {
-    bool hasMetModule = false;
-    dl_iterate_phdr(visit, &hasMetModule);
+    bool hasReachedModule = false;
+    dl_iterate_phdr(visit, &hasReachedModule);
 }
 
 } // namespace driftbox

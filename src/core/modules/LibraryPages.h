@@ -2,10 +2,10 @@
 
 namespace driftbox {
 
-/// Takes the code and constants of this module, and of the libraries that came with it, out of the
-/// program's memory. The system fetches from its cache what is run again. Thread-safe.
+/// Releases the resident pages of the code and constants of this module and of the libraries loaded
+/// with it. Pages that are used again come back from the page cache. Thread-safe.
 ///
-/// Unloading the module would not do: libraries with C++ templates stay where they are.
+/// Unloading the module is not an alternative: libraries with C++ templates cannot be unloaded.
 void releaseLibraryPages();
 
 } // namespace driftbox

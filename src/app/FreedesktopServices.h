@@ -23,8 +23,7 @@ struct FreedesktopServices
     FreedesktopServices();
     /// Ends the recognition of text that is under way: it may take long, and tasks are waited for.
     ~FreedesktopServices();
-    FreedesktopServices(const FreedesktopServices&) = delete;
-    FreedesktopServices& operator=(const FreedesktopServices&) = delete;
+    Q_DISABLE_COPY_MOVE(FreedesktopServices)
 
     QDBusConnection sessionBus;
     PosixFileSystem fileSystem;

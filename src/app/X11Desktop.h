@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// Owns what gives the program the desktop of an X11 session.
@@ -14,8 +16,7 @@ public:
     /// the X server cannot be used.
     [[nodiscard]] static std::unique_ptr<X11Desktop> open();
     ~X11Desktop();
-    X11Desktop(const X11Desktop&) = delete;
-    X11Desktop& operator=(const X11Desktop&) = delete;
+    Q_DISABLE_COPY_MOVE(X11Desktop)
 
     /// Valid as long as this object.
     [[nodiscard]] Desktop services();

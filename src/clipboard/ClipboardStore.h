@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// The clipboard history, front (newest or most recently re-used) first. Main thread only. Every
@@ -14,8 +16,7 @@ class ClipboardStore
 {
 public:
     ClipboardStore() = default;
-    ClipboardStore(const ClipboardStore&) = delete;
-    ClipboardStore& operator=(const ClipboardStore&) = delete;
+    Q_DISABLE_COPY_MOVE(ClipboardStore)
     virtual ~ClipboardStore() = default;
 
     [[nodiscard]] virtual const std::vector<ClipboardItem>& allItems() const = 0;

@@ -15,8 +15,7 @@ class PageTextReader
 {
 public:
     PageTextReader() = default;
-    PageTextReader(const PageTextReader&) = delete;
-    PageTextReader& operator=(const PageTextReader&) = delete;
+    Q_DISABLE_COPY_MOVE(PageTextReader)
     virtual ~PageTextReader() = default;
 
     /// The names of the languages as Tesseract has them ("eng", "chi_sim"), in no order.

@@ -10,8 +10,7 @@ class TextRecognizer
 {
 public:
     TextRecognizer() = default;
-    TextRecognizer(const TextRecognizer&) = delete;
-    TextRecognizer& operator=(const TextRecognizer&) = delete;
+    Q_DISABLE_COPY_MOVE(TextRecognizer)
     virtual ~TextRecognizer() = default;
 
     /// The text in the picture whose file bytes are `image`, lines separated by a line feed; empty

@@ -14,8 +14,7 @@ class MarkdownPageDelegate
 {
 public:
     MarkdownPageDelegate() = default;
-    MarkdownPageDelegate(const MarkdownPageDelegate&) = delete;
-    MarkdownPageDelegate& operator=(const MarkdownPageDelegate&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownPageDelegate)
     virtual ~MarkdownPageDelegate() = default;
 
     /// The page is loaded: `renderMarkdown` can be called. Told again after every reload.
@@ -30,8 +29,7 @@ class MarkdownPage
 {
 public:
     MarkdownPage() = default;
-    MarkdownPage(const MarkdownPage&) = delete;
-    MarkdownPage& operator=(const MarkdownPage&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownPage)
     virtual ~MarkdownPage() = default;
 
     /// Loads the page, which is in UTF-8; what it names by a relative path is found in the local

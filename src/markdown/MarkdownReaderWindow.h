@@ -17,8 +17,7 @@ class MarkdownReaderWindow
 {
 public:
     MarkdownReaderWindow() = default;
-    MarkdownReaderWindow(const MarkdownReaderWindow&) = delete;
-    MarkdownReaderWindow& operator=(const MarkdownReaderWindow&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownReaderWindow)
     virtual ~MarkdownReaderWindow() = default;
 
     /// Shows the window in front of all others; typing goes to it.
@@ -37,8 +36,7 @@ class MarkdownReaderWindowFactory
 {
 public:
     MarkdownReaderWindowFactory() = default;
-    MarkdownReaderWindowFactory(const MarkdownReaderWindowFactory&) = delete;
-    MarkdownReaderWindowFactory& operator=(const MarkdownReaderWindowFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownReaderWindowFactory)
     virtual ~MarkdownReaderWindowFactory() = default;
 
     /// A window that shows `viewModel`, which outlives it, in the middle of the screen. Not shown
@@ -53,8 +51,7 @@ class FileChooser
 {
 public:
     FileChooser() = default;
-    FileChooser(const FileChooser&) = delete;
-    FileChooser& operator=(const FileChooser&) = delete;
+    Q_DISABLE_COPY_MOVE(FileChooser)
     virtual ~FileChooser() = default;
 
     /// Returns at once; calls `chosen` later, unless the user cancels. While the panel is on the

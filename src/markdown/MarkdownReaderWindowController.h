@@ -21,8 +21,7 @@ public:
                                    MarkdownReaderWindowFactory& windows,
                                    std::function<void(const QUrl&)> openDocument);
     ~MarkdownReaderWindowController();
-    MarkdownReaderWindowController(const MarkdownReaderWindowController&) = delete;
-    MarkdownReaderWindowController& operator=(const MarkdownReaderWindowController&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownReaderWindowController)
 
     [[nodiscard]] MarkdownReaderViewModel& viewModel() { return *m_viewModel; }
 

@@ -15,8 +15,7 @@ class NotesStore
 {
 public:
     NotesStore() = default;
-    NotesStore(const NotesStore&) = delete;
-    NotesStore& operator=(const NotesStore&) = delete;
+    Q_DISABLE_COPY_MOVE(NotesStore)
     virtual ~NotesStore() = default;
 
     [[nodiscard]] virtual const std::vector<StickyNote>& notes() const = 0;

@@ -17,8 +17,7 @@ class NoteWindow
 {
 public:
     NoteWindow() = default;
-    NoteWindow(const NoteWindow&) = delete;
-    NoteWindow& operator=(const NoteWindow&) = delete;
+    Q_DISABLE_COPY_MOVE(NoteWindow)
     virtual ~NoteWindow() = default;
 
     [[nodiscard]] virtual FloatingSurface& surface() = 0;
@@ -32,8 +31,7 @@ class NoteWindowFactory
 {
 public:
     NoteWindowFactory() = default;
-    NoteWindowFactory(const NoteWindowFactory&) = delete;
-    NoteWindowFactory& operator=(const NoteWindowFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(NoteWindowFactory)
     virtual ~NoteWindowFactory() = default;
 
     /// A window that shows `viewModel`, which outlives it. Not on the screen yet.

@@ -11,8 +11,7 @@ class MagicPanelSection
 {
 public:
     MagicPanelSection() = default;
-    MagicPanelSection(const MagicPanelSection&) = delete;
-    MagicPanelSection& operator=(const MagicPanelSection&) = delete;
+    Q_DISABLE_COPY_MOVE(MagicPanelSection)
     virtual ~MagicPanelSection() = default;
 
     /// Unique among the registered sections.

@@ -17,8 +17,7 @@ public:
     using Answer = std::function<void(std::optional<QRect>)>;
 
     ActiveWindow() = default;
-    ActiveWindow(const ActiveWindow&) = delete;
-    ActiveWindow& operator=(const ActiveWindow&) = delete;
+    Q_DISABLE_COPY_MOVE(ActiveWindow)
     virtual ~ActiveWindow() = default;
 
     /// Calls `answer` once, possibly before this function returns; never blocks on another

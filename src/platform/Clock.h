@@ -15,8 +15,7 @@ class Repetition
 {
 public:
     Repetition() = default;
-    Repetition(const Repetition&) = delete;
-    Repetition& operator=(const Repetition&) = delete;
+    Q_DISABLE_COPY_MOVE(Repetition)
     virtual ~Repetition() = default;
 };
 
@@ -28,8 +27,7 @@ class Clock
 {
 public:
     Clock() = default;
-    Clock(const Clock&) = delete;
-    Clock& operator=(const Clock&) = delete;
+    Q_DISABLE_COPY_MOVE(Clock)
     virtual ~Clock() = default;
 
     [[nodiscard]] virtual Instant now() const = 0;

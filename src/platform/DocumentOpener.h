@@ -12,8 +12,7 @@ class DocumentOpener
 {
 public:
     DocumentOpener() = default;
-    DocumentOpener(const DocumentOpener&) = delete;
-    DocumentOpener& operator=(const DocumentOpener&) = delete;
+    Q_DISABLE_COPY_MOVE(DocumentOpener)
     virtual ~DocumentOpener() = default;
 
     /// Opens a web address, a mail address or a file with the user's default program for it.

@@ -14,8 +14,7 @@ class FileSystem
 {
 public:
     FileSystem() = default;
-    FileSystem(const FileSystem&) = delete;
-    FileSystem& operator=(const FileSystem&) = delete;
+    Q_DISABLE_COPY_MOVE(FileSystem)
     virtual ~FileSystem() = default;
 
     /// The whole file; none when it cannot be read.

@@ -76,8 +76,7 @@ class FloatingSurfaceFactory
 {
 public:
     FloatingSurfaceFactory() = default;
-    FloatingSurfaceFactory(const FloatingSurfaceFactory&) = delete;
-    FloatingSurfaceFactory& operator=(const FloatingSurfaceFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(FloatingSurfaceFactory)
     virtual ~FloatingSurfaceFactory() = default;
 
     /// Turns `window`, which must be created but never shown, into a floating surface of `role`.

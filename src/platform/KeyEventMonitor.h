@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 enum class KeyEventKind : std::uint8_t {
@@ -41,8 +43,7 @@ class MonitorToken
 {
 public:
     MonitorToken() = default;
-    MonitorToken(const MonitorToken&) = delete;
-    MonitorToken& operator=(const MonitorToken&) = delete;
+    Q_DISABLE_COPY_MOVE(MonitorToken)
     virtual ~MonitorToken() = default;
 };
 
@@ -56,8 +57,7 @@ public:
     using Handler = std::function<void(const KeyEvent&)>;
 
     KeyEventMonitor() = default;
-    KeyEventMonitor(const KeyEventMonitor&) = delete;
-    KeyEventMonitor& operator=(const KeyEventMonitor&) = delete;
+    Q_DISABLE_COPY_MOVE(KeyEventMonitor)
     virtual ~KeyEventMonitor() = default;
 
     [[nodiscard]] virtual std::unique_ptr<MonitorToken> addMonitor(KeyEventScope scope,

@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// Sees the key presses of this program's own windows before their widgets do, and can take them.
@@ -17,8 +19,7 @@ public:
     using Handler = std::function<bool(const KeyPress&)>;
 
     LocalKeyMonitor() = default;
-    LocalKeyMonitor(const LocalKeyMonitor&) = delete;
-    LocalKeyMonitor& operator=(const LocalKeyMonitor&) = delete;
+    Q_DISABLE_COPY_MOVE(LocalKeyMonitor)
     virtual ~LocalKeyMonitor() = default;
 
     [[nodiscard]] virtual std::unique_ptr<MonitorToken> addMonitor(Handler handler) = 0;

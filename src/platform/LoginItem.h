@@ -2,6 +2,8 @@
 
 #include "platform/Expected.h"
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// The program's entry among those that the session starts at login. Main thread only.
@@ -9,8 +11,7 @@ class LoginItem
 {
 public:
     LoginItem() = default;
-    LoginItem(const LoginItem&) = delete;
-    LoginItem& operator=(const LoginItem&) = delete;
+    Q_DISABLE_COPY_MOVE(LoginItem)
     virtual ~LoginItem() = default;
 
     virtual Expected<void> registerItem() = 0;

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// The installed handlers of a monitor, in the order of installation, each represented by a token.
@@ -57,8 +59,7 @@ private:
             , m_entry(std::move(entry))
         {
         }
-        Token(const Token&) = delete;
-        Token& operator=(const Token&) = delete;
+        Q_DISABLE_COPY_MOVE(Token)
         ~Token() override
         {
             if (const auto entries = m_entries.lock())

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 class RunningApplication;
@@ -11,8 +13,7 @@ class PasteKeystroke
 {
 public:
     PasteKeystroke() = default;
-    PasteKeystroke(const PasteKeystroke&) = delete;
-    PasteKeystroke& operator=(const PasteKeystroke&) = delete;
+    Q_DISABLE_COPY_MOVE(PasteKeystroke)
     virtual ~PasteKeystroke() = default;
 
     /// Sends `target` its own paste shortcut, alone: modifiers that the user still holds do not

@@ -14,8 +14,7 @@ public:
     using Answer = std::function<void(const QString& text)>;
 
     SelectedText() = default;
-    SelectedText(const SelectedText&) = delete;
-    SelectedText& operator=(const SelectedText&) = delete;
+    Q_DISABLE_COPY_MOVE(SelectedText)
     virtual ~SelectedText() = default;
 
     /// Requests the text asynchronously. `answer` is called from the event loop, within a few

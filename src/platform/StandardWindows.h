@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QtGlobal>
+
 class QWindow;
 
 namespace driftbox {
@@ -10,8 +12,7 @@ class StandardWindows
 {
 public:
     StandardWindows() = default;
-    StandardWindows(const StandardWindows&) = delete;
-    StandardWindows& operator=(const StandardWindows&) = delete;
+    Q_DISABLE_COPY_MOVE(StandardWindows)
     virtual ~StandardWindows() = default;
 
     /// Centers the window, which must be created but never shown, on the user's current screen;

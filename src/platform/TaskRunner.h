@@ -11,8 +11,7 @@ class TaskRunner
 {
 public:
     TaskRunner() = default;
-    TaskRunner(const TaskRunner&) = delete;
-    TaskRunner& operator=(const TaskRunner&) = delete;
+    Q_DISABLE_COPY_MOVE(TaskRunner)
     virtual ~TaskRunner() = default;
 
     /// Runs `work` on a background thread, then `done` on the main thread unless `owner` has been

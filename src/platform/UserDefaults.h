@@ -15,8 +15,7 @@ class UserDefaults
 {
 public:
     UserDefaults() = default;
-    UserDefaults(const UserDefaults&) = delete;
-    UserDefaults& operator=(const UserDefaults&) = delete;
+    Q_DISABLE_COPY_MOVE(UserDefaults)
     virtual ~UserDefaults() = default;
 
     /// None when the key is absent or its value has an unsupported type.

@@ -26,8 +26,7 @@ public:
     using FocusAnswer = std::function<void(Focus)>;
 
     RunningApplication() = default;
-    RunningApplication(const RunningApplication&) = delete;
-    RunningApplication& operator=(const RunningApplication&) = delete;
+    Q_DISABLE_COPY_MOVE(RunningApplication)
     virtual ~RunningApplication() = default;
 
     /// Zero or less when it is unknown.
@@ -54,8 +53,7 @@ class Workspace
 {
 public:
     Workspace() = default;
-    Workspace(const Workspace&) = delete;
-    Workspace& operator=(const Workspace&) = delete;
+    Q_DISABLE_COPY_MOVE(Workspace)
     virtual ~Workspace() = default;
 
     /// The application that has the keyboard focus; null when there is none.

@@ -40,8 +40,7 @@ class LineReader
 public:
     LineReader();
     ~LineReader();
-    LineReader(const LineReader&) = delete;
-    LineReader& operator=(const LineReader&) = delete;
+    Q_DISABLE_COPY_MOVE(LineReader)
 
     /// `line` has the format Grayscale8, black on white. A language that cannot be loaded and a
     /// limit that is reached give a reading without text.

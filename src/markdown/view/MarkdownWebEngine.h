@@ -27,8 +27,7 @@ class MarkdownWebEngine
 {
 public:
     MarkdownWebEngine() = default;
-    MarkdownWebEngine(const MarkdownWebEngine&) = delete;
-    MarkdownWebEngine& operator=(const MarkdownWebEngine&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownWebEngine)
     virtual ~MarkdownWebEngine() = default;
 
     /// An empty page in `parent`. `delegate` must outlive it.
@@ -41,8 +40,7 @@ class MarkdownWebEngineFactory
 {
 public:
     MarkdownWebEngineFactory() = default;
-    MarkdownWebEngineFactory(const MarkdownWebEngineFactory&) = delete;
-    MarkdownWebEngineFactory& operator=(const MarkdownWebEngineFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownWebEngineFactory)
     virtual ~MarkdownWebEngineFactory() = default;
 
     /// The part of starting the engine that any thread can do, even after this object's end.
@@ -57,8 +55,7 @@ class MarkdownWebEnginePlugin
 {
 public:
     MarkdownWebEnginePlugin() = default;
-    MarkdownWebEnginePlugin(const MarkdownWebEnginePlugin&) = delete;
-    MarkdownWebEnginePlugin& operator=(const MarkdownWebEnginePlugin&) = delete;
+    Q_DISABLE_COPY_MOVE(MarkdownWebEnginePlugin)
     virtual ~MarkdownWebEnginePlugin() = default;
 
     [[nodiscard]] virtual std::unique_ptr<MarkdownWebEngine> makeEngine() = 0;

@@ -13,8 +13,7 @@ class EngineLogFilter
 public:
     EngineLogFilter();
     ~EngineLogFilter();
-    EngineLogFilter(const EngineLogFilter&) = delete;
-    EngineLogFilter& operator=(const EngineLogFilter&) = delete;
+    Q_DISABLE_COPY_MOVE(EngineLogFilter)
 
     /// The engine is there. One thing it says later, as it sets up its drawing.
     void startIsOver();

@@ -35,8 +35,7 @@ public:
         if (m_isOwn)
             qunsetenv(name);
     }
-    WithoutGraphicsDrivers(const WithoutGraphicsDrivers&) = delete;
-    WithoutGraphicsDrivers& operator=(const WithoutGraphicsDrivers&) = delete;
+    Q_DISABLE_COPY_MOVE(WithoutGraphicsDrivers)
 
 private:
     static constexpr auto name = "QT_XCB_GL_INTEGRATION";

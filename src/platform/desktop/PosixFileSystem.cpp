@@ -143,8 +143,7 @@ public:
             fileSystem.m_pathReleased.wait(lock.mutex());
         fileSystem.m_pathsInUse.insert(path);
     }
-    PathLock(const PathLock&) = delete;
-    PathLock& operator=(const PathLock&) = delete;
+    Q_DISABLE_COPY_MOVE(PathLock)
     ~PathLock()
     {
         const QMutexLocker lock(&m_fileSystem.m_mutex);

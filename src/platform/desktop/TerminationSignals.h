@@ -30,8 +30,7 @@ private:
     {
         Pipe();
         ~Pipe();
-        Pipe(const Pipe&) = delete;
-        Pipe& operator=(const Pipe&) = delete;
+        Q_DISABLE_COPY_MOVE(Pipe)
 
         std::array<int, 2> ends{-1, -1}; ///< the read end and the write end
     };

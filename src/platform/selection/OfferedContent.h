@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include <QtCore/QtGlobal>
+
 namespace driftbox {
 
 /// The bytes of one format, read sequentially. Main thread only.
@@ -12,8 +14,7 @@ class ByteStream
 {
 public:
     ByteStream() = default;
-    ByteStream(const ByteStream&) = delete;
-    ByteStream& operator=(const ByteStream&) = delete;
+    Q_DISABLE_COPY_MOVE(ByteStream)
     virtual ~ByteStream() = default;
 
     /// Bounds on the number of remaining bytes.

@@ -44,8 +44,7 @@ class RowDelegate
 {
 public:
     RowDelegate() = default;
-    RowDelegate(const RowDelegate&) = delete;
-    RowDelegate& operator=(const RowDelegate&) = delete;
+    Q_DISABLE_COPY_MOVE(RowDelegate)
     virtual ~RowDelegate() = default;
 
     /// The row's height in points; it must not change while the row is in the list.

@@ -36,8 +36,7 @@ public:
         m_painter.setRenderHint(QPainter::Antialiasing);
     }
     ~SmoothPainting() { m_painter.restore(); }
-    SmoothPainting(const SmoothPainting&) = delete;
-    SmoothPainting& operator=(const SmoothPainting&) = delete;
+    Q_DISABLE_COPY_MOVE(SmoothPainting)
 
 private:
     QPainter& m_painter;

@@ -11,8 +11,7 @@ class PrimarySelection
 {
 public:
     PrimarySelection() = default;
-    PrimarySelection(const PrimarySelection&) = delete;
-    PrimarySelection& operator=(const PrimarySelection&) = delete;
+    Q_DISABLE_COPY_MOVE(PrimarySelection)
     virtual ~PrimarySelection() = default;
 
     /// Offers the pasteboard's current text on PRIMARY too, until another program claims it.

@@ -4,6 +4,7 @@
 
 #include <QtWidgets/QSystemTrayIcon>
 
+// Private: no public call tells the toolkit which kind of icon to make.
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformtheme.h>
 

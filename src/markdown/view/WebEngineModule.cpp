@@ -5,6 +5,8 @@
 #include <utility>
 
 #include <QtCore/QLibrary>
+
+// Private: publicly, only the application object makes a context to share, and only as it starts.
 #include <QtGui/private/qopenglcontext_p.h>
 
 using namespace Qt::StringLiterals;

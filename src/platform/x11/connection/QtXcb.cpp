@@ -5,6 +5,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
+// Private: no public call tells the toolkit when the user last acted.
 #include <qpa/qplatformnativeinterface.h>
 
 namespace driftbox::QtXcb {

@@ -7,6 +7,7 @@
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 
+// Private: the public geometry of a window is in whole points, too coarse on a scaled screen.
 #include <qpa/qplatformscreen.h>
 #include <qpa/qplatformwindow.h>
 #include <qpa/qwindowsysteminterface.h>

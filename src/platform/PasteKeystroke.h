@@ -8,7 +8,7 @@ namespace driftbox {
 
 class RunningApplication;
 
-/// Sends applications the keystroke that makes them paste. Main thread only.
+/// Sends applications their paste keystroke. Main thread only.
 class PasteKeystroke
 {
 public:
@@ -16,10 +16,10 @@ public:
     Q_DISABLE_COPY_MOVE(PasteKeystroke)
     virtual ~PasteKeystroke() = default;
 
-    /// Sends `target` its own paste shortcut, alone: modifiers that the user still holds do not
-    /// take part. Returns at once. When the target's window has not got the keyboard yet the
-    /// keystroke waits for it a little while; when it never gets it, or the target ends meanwhile,
-    /// nothing is sent to anybody and a log line says so.
+    /// Sends `target` its own paste shortcut, unaffected by modifiers that the user still holds.
+    /// Returns at once. If the target's window does not have the keyboard focus yet, the keystroke
+    /// is delayed for a short time; if it never gets it, or the target terminates meanwhile,
+    /// nothing is sent and this is logged.
     virtual void send(std::shared_ptr<RunningApplication> target) = 0;
 };
 

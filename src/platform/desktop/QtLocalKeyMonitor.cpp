@@ -21,7 +21,7 @@ bool QtLocalKeyMonitor::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        // The filter that was installed last comes first.
+        // The filter that was installed last is called first.
         QCoreApplication::instance()->installEventFilter(this);
         return !belongsToCopy(*event) && take(*receiver, *event);
     case QEvent::KeyPress:
@@ -29,24 +29,24 @@ bool QtLocalKeyMonitor::eventFilter(QObject* receiver, QEvent* event)
         return !m_lastWasCopy && take(*receiver, *event);
     case QEvent::KeyRelease:
         m_verdict.reset();
-        noteRelease(static_cast<const QKeyEvent&>(*event));
+        recordRelease(static_cast<const QKeyEvent&>(*event));
         return false;
     default:
         return false;
     }
 }
 
-// A copy has no time, nor has the question that the toolkit asks once more because of it.
-bool QtLocalKeyMonitor::belongsToCopy(const QEvent& question) const
+// Neither a copy nor the ShortcutOverride that it causes has a time stamp.
+bool QtLocalKeyMonitor::belongsToCopy(const QEvent& shortcutOverride) const
 {
-    return m_lastWasCopy && static_cast<const QKeyEvent&>(question).timestamp() == 0;
+    return m_lastWasCopy && static_cast<const QKeyEvent&>(shortcutOverride).timestamp() == 0;
 }
 
 bool QtLocalKeyMonitor::take(const QObject& receiver, QEvent& event)
 {
     if (!isTaken(receiver, static_cast<const QKeyEvent&>(event)))
         return false;
-    // An accepted question keeps the toolkit from looking for a shortcut.
+    // An accepted ShortcutOverride keeps the toolkit from looking for a shortcut.
     event.accept();
     return true;
 }
@@ -55,28 +55,28 @@ bool QtLocalKeyMonitor::isNewPress(const QObject& receiver, const QKeyEvent& eve
 {
     if (!m_verdict || m_verdict->timestamp != event.timestamp() || m_verdict->key != event.key())
         return true;
-    // The press comes to a window first; a question never follows the press it belongs to.
-    const bool opensASequence = event.type() == QEvent::ShortcutOverride || receiver.isWindowType();
-    return m_verdict->pressed && opensASequence;
+    // A KeyPress is delivered to a window first; a ShortcutOverride never follows its KeyPress.
+    const bool startsSequence = event.type() == QEvent::ShortcutOverride || receiver.isWindowType();
+    return m_verdict->pressed && startsSequence;
 }
 
-void QtLocalKeyMonitor::noteRelease(const QKeyEvent& event)
+void QtLocalKeyMonitor::recordRelease(const QKeyEvent& event)
 {
     if (m_lastKey && m_lastKey->key == event.key() && !event.isAutoRepeat())
         m_lastKey->released = event.timestamp();
 }
 
-// The toolkit overlooks repeated presses: on a busy machine it may see a release before the press
-// that comes at the same time, and releases get lost while the keyboard goes from one window to
-// another. Presses without them are closer together than anybody types.
+// The toolkit's own detection of repeats is unreliable: on a busy machine it may see a release
+// before the simultaneous press, and releases get lost while the focus moves from one window to
+// another. Presses without releases in between are closer together than anyone types.
 bool QtLocalKeyMonitor::isRepeated(const QKeyEvent& event)
 {
-    constexpr quint64 closestTypingMs = 100;
+    constexpr quint64 minTypingIntervalMs = 100;
     const auto last = std::exchange(m_lastKey, LastKey{event.key(), event.timestamp()});
     if (event.isAutoRepeat() || !last || last->key != event.key())
         return event.isAutoRepeat();
     return last->released ? *last->released == event.timestamp()
-                          : event.timestamp() - last->pressed < closestTypingMs;
+                          : event.timestamp() - last->pressed < minTypingIntervalMs;
 }
 
 bool QtLocalKeyMonitor::isTaken(const QObject& receiver, const QKeyEvent& event)

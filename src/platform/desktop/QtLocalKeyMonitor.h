@@ -11,8 +11,8 @@ class QKeyEvent;
 
 namespace driftbox {
 
-/// Sees key presses as an event filter of the application object, ahead of the toolkit's own
-/// shortcuts. A press that is taken starts no shortcut either. The application object must exist
+/// Receives key presses through an event filter on the application object, before the toolkit's own
+/// shortcuts. A consumed press does not trigger shortcuts either. The application object must exist
 /// before the monitor and outlive it.
 class QtLocalKeyMonitor final : public QObject, public LocalKeyMonitor
 {
@@ -24,28 +24,28 @@ public:
     [[nodiscard]] bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    /// The toolkit shows one press several times: as a question whether it is a shortcut, then as
-    /// the press, each to one object after the other. The handlers are asked the first time only.
+    /// The toolkit delivers one press several times: first as a ShortcutOverride, then as a
+    /// KeyPress, each to one object after the other. The handlers are called the first time only.
     struct Verdict
     {
         quint64 timestamp = 0;
         int key = 0;
-        bool pressed = false; ///< the press itself has been seen, not only the question
+        bool pressed = false; ///< the KeyPress has been seen, not only the ShortcutOverride
         bool taken = false;
     };
 
-    /// Assistive technology holds presses back and posts copies of them later. Presses are taken
-    /// before that, and copies left alone: the handlers have seen the originals.
-    [[nodiscard]] bool belongsToCopy(const QEvent& question) const;
+    /// Assistive technology may hold presses back and post copies of them later. Originals are
+    /// handled before that; copies are ignored because the handlers have seen the originals.
+    [[nodiscard]] bool belongsToCopy(const QEvent& shortcutOverride) const;
     [[nodiscard]] bool take(const QObject& receiver, QEvent& event);
     [[nodiscard]] bool isNewPress(const QObject& receiver, const QKeyEvent& event) const;
     [[nodiscard]] bool isTaken(const QObject& receiver, const QKeyEvent& event);
 
-    void noteRelease(const QKeyEvent& event);
+    void recordRelease(const QKeyEvent& event);
     /// Whether the key has been held down since an earlier press.
     [[nodiscard]] bool isRepeated(const QKeyEvent& event);
 
-    /// The key that was pressed last. Times are in milliseconds.
+    /// The last pressed key. Times are in milliseconds.
     struct LastKey
     {
         int key = 0;

@@ -23,7 +23,7 @@ namespace X11Properties {
 /// One list per window, in the same order.
 [[nodiscard]] std::vector<std::vector<std::uint32_t>>
 numbers(X11Connection& connection, std::span<const xcb_window_t> windows, const char* name);
-/// The first of the numbers.
+/// Only the first number.
 [[nodiscard]] std::optional<std::uint32_t> number(X11Connection& connection, xcb_window_t window,
                                                   const char* name);
 [[nodiscard]] QByteArray bytes(X11Connection& connection, xcb_window_t window, const char* name);

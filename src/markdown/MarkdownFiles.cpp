@@ -9,8 +9,8 @@ namespace driftbox {
 
 bool isMarkdownFile(const QUrl& url)
 {
-    static const QStringList endings{u"md"_s, u"markdown"_s, u"mdown"_s, u"mkd"_s};
-    return endings.contains(QFileInfo(url.path()).suffix().toLower());
+    static const QStringList extensions{u"md"_s, u"markdown"_s, u"mdown"_s, u"mkd"_s};
+    return extensions.contains(QFileInfo(url.path()).suffix().toLower());
 }
 
 } // namespace driftbox

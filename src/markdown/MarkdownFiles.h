@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// Whether the ending of the file's name says that it is Markdown, in whatever case.
+/// Whether the file name has a Markdown extension (case-insensitive).
 [[nodiscard]] bool isMarkdownFile(const QUrl& url);
 
 } // namespace driftbox

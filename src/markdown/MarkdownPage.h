@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-/// Whom a page tells what happens in it.
+/// Receives a page's events.
 class MarkdownPageDelegate
 {
 public:
@@ -17,10 +17,11 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownPageDelegate)
     virtual ~MarkdownPageDelegate() = default;
 
-    /// The page is loaded: `renderMarkdown` can be called. Told again after every reload.
+    /// The page has finished loading: `renderMarkdown` can be called. Called again after every
+    /// reload.
     virtual void didFinishNavigation() = 0;
 
-    /// The page's script posts `body` to the message handler `name`. Neither can be trusted.
+    /// The page's script has posted `body` to the message handler `name`. Neither can be trusted.
     virtual void didReceiveMessage(const QString& name, const QVariant& body) = 0;
 };
 
@@ -32,15 +33,15 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownPage)
     virtual ~MarkdownPage() = default;
 
-    /// Loads the page, which is in UTF-8; what it names by a relative path is found in the local
-    /// folder `baseURL`.
+    /// Loads a page encoded in UTF-8. Relative paths in it are resolved against the local folder
+    /// `baseURL`.
     virtual void load(const QByteArray& html, const QUrl& baseURL) = 0;
 
-    /// Calls the page's function `renderMarkdown` with these arguments. Returns at once; what comes
-    /// of the call is not told.
+    /// Calls the page's function `renderMarkdown` with these arguments. Returns at once; the result
+    /// of the call is not reported.
     virtual void renderMarkdown(const QString& text, const QString& theme) = 0;
 
-    /// Scrolls to the place, once it is there: now, or while the document is rendered.
+    /// Scrolls to the place as soon as it has been rendered.
     virtual void showPlace(const ReadingPlace& place) = 0;
 };
 

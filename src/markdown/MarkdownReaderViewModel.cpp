@@ -13,7 +13,7 @@ namespace driftbox {
 
 namespace {
 
-// A byte order mark stays in the text, so that saving keeps it.
+// Keeps a byte order mark in the text, so that saving preserves it.
 std::optional<QString> decodedUtf8(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |

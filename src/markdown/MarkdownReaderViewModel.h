@@ -8,11 +8,10 @@ namespace driftbox {
 
 class FileSystem;
 
-/// One Markdown file that is open in a window: its text, whether that differs from the file, and
-/// whether the source or the rendered preview is shown. Failures are logged and leave the state as
-/// the operation says; nothing is shown to the user.
+/// A Markdown file that is open in a window: its text, whether it has unsaved changes, and whether
+/// its source or the rendered preview is shown. Errors are logged and not shown to the user.
 ///
-/// Main thread only; reading and writing wait for the file.
+/// Main thread only; reading and writing block on the file.
 class MarkdownReaderViewModel : public QObject
 {
     Q_OBJECT
@@ -31,7 +30,7 @@ public:
     [[nodiscard]] const QString& displayName() const { return m_displayName; }
 
     [[nodiscard]] const QString& markdown() const { return m_markdown; }
-    /// Marks the document as changed, also when the text is the same, except while it is loaded.
+    /// Marks the document as changed, even when the text is the same, unless it is being loaded.
     void setMarkdown(const QString& markdown);
 
     [[nodiscard]] bool hasUnsavedChanges() const { return m_hasUnsavedChanges; }
@@ -42,14 +41,14 @@ public:
 
     [[nodiscard]] bool isLoading() const { return m_isLoading; }
 
-    /// Reads the file: as UTF-8, else as Latin-1. A file that cannot be read gives an empty text.
+    /// Reads the file: as UTF-8, else as Latin-1. The text is empty if the file cannot be read.
     void load();
 
-    /// Writes the text as UTF-8 if it was changed. False when that failed: the old file is whole
+    /// Writes the text as UTF-8 if it has changed. Returns false on failure: the old file is intact
     /// then, and the text stays marked as changed.
     bool save();
 
-    /// Enters the editor, or saves and leaves it, even when the saving failed.
+    /// Enters the editor, or saves and leaves it, even when saving fails.
     void toggleEdit();
 
 Q_SIGNALS:

@@ -11,8 +11,7 @@ namespace driftbox {
 
 class MarkdownReaderViewModel;
 
-/// The window of one document, with its content. Destroying it destroys the window. Main thread
-/// only.
+/// A document's window and its content. Destroying it destroys the window. Main thread only.
 class MarkdownReaderWindow
 {
 public:
@@ -20,18 +19,18 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownReaderWindow)
     virtual ~MarkdownReaderWindow() = default;
 
-    /// Shows the window in front of all others; typing goes to it.
+    /// Shows and raises the window and gives it the keyboard focus.
     virtual void present() = 0;
 
-    /// Scrolls the document to the place, once it is rendered.
+    /// Scrolls the document to the place as soon as that has been rendered.
     virtual void showPlace(const ReadingPlace& place) = 0;
 
-    /// `shouldClose` is asked when the user closes the window, and says whether it does. The window
-    /// may be destroyed once control is back in the event loop.
+    /// `shouldClose` is called when the user closes the window, and returns whether it may close.
+    /// The window may be destroyed once control returns to the event loop.
     virtual void setShouldClose(std::function<bool()> shouldClose) = 0;
 };
 
-/// Makes the windows of documents. Main thread only.
+/// Creates the windows of documents. Main thread only.
 class MarkdownReaderWindowFactory
 {
 public:
@@ -39,8 +38,8 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownReaderWindowFactory)
     virtual ~MarkdownReaderWindowFactory() = default;
 
-    /// A window that shows `viewModel`, which outlives it, in the middle of the screen. Not shown
-    /// yet. `openDocument` is called for a Markdown file that the user follows a link to.
+    /// Creates a window for `viewModel`, which must outlive it, centered on the screen and still
+    /// hidden. `openDocument` is called when the user follows a link to a Markdown file.
     [[nodiscard]] virtual std::unique_ptr<MarkdownReaderWindow>
     makeWindow(MarkdownReaderViewModel& viewModel,
                std::function<void(const QUrl&)> openDocument) = 0;
@@ -54,8 +53,8 @@ public:
     Q_DISABLE_COPY_MOVE(FileChooser)
     virtual ~FileChooser() = default;
 
-    /// Returns at once; calls `chosen` later, unless the user cancels. While the panel is on the
-    /// screen another call brings it to the front.
+    /// Returns at once; calls `chosen` later, unless the user cancels. While the dialog is open,
+    /// another call raises it.
     virtual void run(std::function<void(const QUrl&)> chosen) = 0;
 };
 

@@ -11,12 +11,12 @@ class MarkdownReaderViewModel;
 class MarkdownReaderWindow;
 class MarkdownReaderWindowFactory;
 
-/// Owns the document and the window of one open file, and saves the document as the window closes.
-/// Main thread only.
+/// Owns the document and the window of one open file, and saves the document when the window
+/// closes. Main thread only.
 class MarkdownReaderWindowController
 {
 public:
-    /// The window is made and not shown yet. `openDocument` as for MarkdownReaderWindowFactory.
+    /// Creates the window without showing it. For `openDocument` see MarkdownReaderWindowFactory.
     MarkdownReaderWindowController(std::unique_ptr<MarkdownReaderViewModel> viewModel,
                                    MarkdownReaderWindowFactory& windows,
                                    std::function<void(const QUrl&)> openDocument);
@@ -28,11 +28,11 @@ public:
     /// Called when the window closes.
     void setOnClose(std::function<void()> onClose) { m_onClose = std::move(onClose); }
 
-    /// Shows the window in front of all others, with the document at the part that the fragment of
-    /// its address names, if there is one.
+    /// Shows and raises the window, scrolled to the given fragment of the document's address unless
+    /// that is empty.
     void showWindow(const QString& fragment);
 
-    /// Saves and reports the close. The window always closes, even when the saving failed.
+    /// Saves the document and reports the close. The window always closes, even when saving fails.
     bool windowShouldClose();
 
 private:

@@ -54,7 +54,7 @@ std::optional<QString> MarkdownResource::shellHTML() const
     return page;
 }
 
-std::optional<QByteArray> MarkdownResource::markedPage() const
+std::optional<QByteArray> MarkdownResource::pageWithNonce() const
 {
     auto page = shellHTML();
     if (!page)

@@ -16,12 +16,12 @@ namespace driftbox {
 
 namespace {
 
-bool couldStartSomething(const QFileInfo& file)
+bool canStartProgram(const QFileInfo& file)
 {
     return file.suffix().toLower() == u"desktop" || (file.isFile() && file.isExecutable());
 }
 
-// The page is not trusted to have lines that are there.
+// Line numbers from the page cannot be trusted.
 ReadingPlace placeIn(const QVariantMap& body)
 {
     const auto line = [&body](const QString& name) {
@@ -107,8 +107,8 @@ void MarkdownWebViewCoordinator::openFile(const QUrl& address)
 {
     const QUrl url = address.adjusted(QUrl::RemoveFragment);
     if (isMarkdownFile(url))
-        m_openDocument(address); // at the part that it names
-    else if (couldStartSomething(QFileInfo(url.toLocalFile())))
+        m_openDocument(address); // including its fragment
+    else if (canStartProgram(QFileInfo(url.toLocalFile())))
         m_opener.reveal(url);
     else
         (void)m_opener.open(url);

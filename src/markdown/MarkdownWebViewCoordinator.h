@@ -10,8 +10,8 @@ namespace driftbox {
 
 class DocumentOpener;
 
-/// Stands between a document and its page: holds the text until the page is there, and takes what
-/// the page has to say. One a page. Main thread only.
+/// Mediates between a document and its page: holds the text back until the page is ready, and
+/// handles the page's messages. One per page. Main thread only.
 class MarkdownWebViewCoordinator : public QObject, public MarkdownPageDelegate
 {
     Q_OBJECT
@@ -22,32 +22,33 @@ public:
                                std::function<void(const QUrl&)> openDocument,
                                QObject* parent = nullptr);
 
-    /// The page has finished loading at least once.
+    /// Whether the page has finished loading at least once.
     [[nodiscard]] bool isReady() const { return m_isReady; }
-    /// The latest that was handed over.
+    /// The text and theme that were pushed last.
     [[nodiscard]] const QString& pendingMarkdown() const { return m_pendingMarkdown; }
     [[nodiscard]] const QString& pendingTheme() const { return m_pendingTheme; }
 
-    /// The page that is coming; null when there is none any more. It must outlive this or be taken
-    /// back.
+    /// Sets the page, possibly before it has loaded, or null to detach it. It must outlive this or
+    /// be detached.
     void setPage(MarkdownPage* page) { m_page = page; }
 
-    /// Renders these in the page, "light" or "dark", on the event loop's next turn: now if the page
-    /// is ready, else once it is, unless something else is pushed before.
+    /// Renders the text in the page with the theme "light" or "dark", in the next iteration of the
+    /// event loop: immediately if the page is ready, else as soon as it is, unless something else
+    /// is pushed before.
     void push(const QString& markdown, const QString& theme);
 
-    /// Where the page says its reader is, or where it was told to go since.
+    /// The reading position last reported by the page or requested since.
     [[nodiscard]] const ReadingPlace& place() const { return m_place; }
 
-    /// Has the page go there on the event loop's next turn, or once it is ready.
+    /// Scrolls the page there in the next iteration of the event loop, or as soon as it is ready.
     void showPlace(const ReadingPlace& place);
 
     void didFinishNavigation() override;
 
-    /// Takes the place from a "readingPosition" message. Follows the link in the body of an
-    /// "openExternal" message: web and mail addresses and files open in their programs, Markdown
-    /// files in a reader. Programs and everything that could start one are only shown in the file
-    /// manager. All other messages and addresses are ignored.
+    /// Stores the position of a "readingPosition" message. Follows the link in the body of an
+    /// "openExternal" message: web addresses, mail addresses and files open in their programs,
+    /// Markdown files in a reader. Executables and everything that could start one are only shown
+    /// in the file manager. All other messages and addresses are ignored.
     void didReceiveMessage(const QString& name, const QVariant& body) override;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// All that the Markdown reader logs is in one category, "MarkdownReader".
+/// The one logging category of the Markdown reader, "MarkdownReader".
 Q_DECLARE_LOGGING_CATEGORY(readerLog)
 
 } // namespace driftbox

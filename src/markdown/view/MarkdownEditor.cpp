@@ -29,7 +29,7 @@ QFont sourceFont()
     return font;
 }
 
-bool beginsWithWindowsLineEnd(const QString& text)
+bool startsWithWindowsLineEnding(const QString& text)
 {
     const auto end = text.indexOf(u'\n');
     return end > 0 && text[end - 1] == u'\r';
@@ -41,9 +41,9 @@ MarkdownEditor::MarkdownEditor(MarkdownReaderViewModel& viewModel, Pasteboard& p
                                SelectedText& selectedText, QWidget* parent)
     : PlainTextEditor(pasteboard, selectedText, parent)
     , m_viewModel(viewModel)
-    , m_hasWindowsLineEnds(beginsWithWindowsLineEnd(viewModel.markdown()))
+    , m_hasWindowsLineEndings(startsWithWindowsLineEnding(viewModel.markdown()))
 {
-    setBackgroundRole(QPalette::Base); // beside the column, too
+    setBackgroundRole(QPalette::Base); // including the margins beside the column
     setAutoFillBackground(true);
     setAccessibleName(u"Markdown source"_s);
     setFont(sourceFont());
@@ -56,7 +56,7 @@ MarkdownEditor::MarkdownEditor(MarkdownReaderViewModel& viewModel, Pasteboard& p
 QString MarkdownEditor::markdown() const
 {
     QString source = text();
-    if (m_hasWindowsLineEnds)
+    if (m_hasWindowsLineEndings)
         source.replace(u"\n"_s, u"\r\n"_s);
     return source;
 }
@@ -80,7 +80,7 @@ void MarkdownEditor::showEvent(QShowEvent* event)
 {
     PlainTextEditor::showEvent(event);
     if (const auto line = std::exchange(m_lineToShow, std::nullopt)) {
-        // Only now is it known how the lines are wrapped.
+        // Line wrapping is not known before.
         verticalScrollBar()->setValue(document()->findBlockByNumber(*line).firstLineNumber());
         m_firstTopLine = firstVisibleBlock().blockNumber();
     }

@@ -8,7 +8,7 @@ namespace driftbox {
 
 class MarkdownReaderViewModel;
 
-/// The source of a document. Every change goes into the document at once.
+/// An editor of a document's source. Every change is applied to the document at once.
 class MarkdownEditor final : public PlainTextEditor
 {
     Q_OBJECT
@@ -18,10 +18,10 @@ public:
     MarkdownEditor(MarkdownReaderViewModel& viewModel, Pasteboard& pasteboard,
                    SelectedText& selectedText, QWidget* parent);
 
-    /// Puts the cursor into the line, and the line to the top as the editor comes onto the screen.
+    /// Places the cursor in the line, which becomes the topmost one when the editor is shown.
     void showLine(int line);
 
-    /// The line at the top, unless that is still the one that was there at first.
+    /// The topmost visible line, unless the editor has not been scrolled.
     [[nodiscard]] std::optional<int> lineScrolledTo() const;
 
 protected:
@@ -32,8 +32,8 @@ private:
     [[nodiscard]] QString markdown() const;
 
     MarkdownReaderViewModel& m_viewModel;
-    bool m_hasWindowsLineEnds;
-    std::optional<int> m_lineToShow; ///< until the editor is on the screen
+    bool m_hasWindowsLineEndings;
+    std::optional<int> m_lineToShow; ///< until the editor is shown
     int m_firstTopLine = 0;
 };
 

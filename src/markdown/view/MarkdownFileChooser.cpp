@@ -15,7 +15,7 @@ const QString markdownType = u"text/markdown"_s;
 
 } // namespace
 
-void offerMarkdownFiles(QFileDialog& dialog, bool systemKnowsMarkdown)
+void setMarkdownFilter(QFileDialog& dialog, bool systemKnowsMarkdown)
 {
     if (systemKnowsMarkdown)
         dialog.setMimeTypeFilters({markdownType});
@@ -41,8 +41,8 @@ void MarkdownFileChooser::run(std::function<void(const QUrl&)> chosen)
         m_dialog->setWindowTitle(u"Open Markdown"_s);
         m_dialog->setLabelText(QFileDialog::Accept, u"Open"_s);
         m_dialog->setFileMode(QFileDialog::ExistingFile);
-        m_dialog->setOption(QFileDialog::ReadOnly); // no folder can be made
-        offerMarkdownFiles(*m_dialog, QMimeDatabase().mimeTypeForName(markdownType).isValid());
+        m_dialog->setOption(QFileDialog::ReadOnly); // no folders can be created
+        setMarkdownFilter(*m_dialog, QMimeDatabase().mimeTypeForName(markdownType).isValid());
         QObject::connect(m_dialog, &QFileDialog::accepted, m_dialog,
                          [dialog = m_dialog.data(), chosen = std::move(chosen)] {
                              if (const QList<QUrl> urls = dialog->selectedUrls(); !urls.isEmpty())

@@ -25,8 +25,8 @@ private:
     QPointer<QFileDialog> m_dialog;
 };
 
-/// What the dialog offers: the files of the system's Markdown type, or those ending in "md" where
+/// Restricts the dialog to files of the system's Markdown type, or to those ending in "md" where
 /// the system does not know that type.
-void offerMarkdownFiles(QFileDialog& dialog, bool systemKnowsMarkdown);
+void setMarkdownFilter(QFileDialog& dialog, bool systemKnowsMarkdown);
 
 } // namespace driftbox

@@ -37,14 +37,14 @@ MarkdownReaderView::MarkdownReaderView(MarkdownReaderViewModel& viewModel,
 
 void MarkdownReaderView::showContent()
 {
-    keepPlace();
-    delete m_content; // the preview's web page ends with it
+    savePlace();
+    delete m_content; // destroys the preview's web page, too
     m_content = makeContent();
     m_column->addWidget(m_content, 1);
     m_content->setFocus();
 }
 
-void MarkdownReaderView::keepPlace()
+void MarkdownReaderView::savePlace()
 {
     if (m_preview)
         m_place = m_preview->place();

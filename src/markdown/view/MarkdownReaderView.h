@@ -16,7 +16,7 @@ class MarkdownReaderViewModel;
 class MarkdownWebView;
 struct ReaderServices;
 
-/// The content of a reader window: a bar over the preview or the editor of the source.
+/// The content of a reader window: a header above the preview or the source editor.
 class MarkdownReaderView final : public QWidget
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     MarkdownReaderView(MarkdownReaderViewModel& viewModel, const ReaderServices& services,
                        std::function<void(const QUrl&)> openDocument, QWidget* parent = nullptr);
 
-    /// Has the preview go there; one that is to come, while the source is edited.
+    /// Scrolls the preview there; in the editor, the next preview.
     void showPlace(const ReadingPlace& place);
 
 protected:
@@ -35,7 +35,7 @@ protected:
 
 private:
     void showContent();
-    void keepPlace();
+    void savePlace();
     [[nodiscard]] QWidget* makeContent();
     void updatePreview();
     [[nodiscard]] QString theme() const;
@@ -48,7 +48,7 @@ private:
     // One of them is the content.
     MarkdownWebView* m_preview = nullptr;
     MarkdownEditor* m_editor = nullptr;
-    ReadingPlace m_place; ///< of the preview while the source is edited
+    ReadingPlace m_place; ///< the preview's position while the source is edited
 };
 
 } // namespace driftbox

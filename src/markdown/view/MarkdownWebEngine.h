@@ -12,17 +12,17 @@ class QWidget;
 
 namespace driftbox {
 
-/// A page as part of a window. Destroying it destroys the widget.
+/// A page embedded in a window. Destroying it destroys the widget.
 class MarkdownPageView : public MarkdownPage
 {
 public:
     [[nodiscard]] virtual QWidget& widget() = 0;
 
-    /// What shows before there is a page, and where the page ends.
+    /// The color shown before the page has loaded and beyond its end.
     virtual void setUnderPageColor(const QColor& color) = 0;
 };
 
-/// Makes pages. It must outlive them and be gone before the application object.
+/// Creates pages. It must outlive them and be destroyed before the application object.
 class MarkdownWebEngine
 {
 public:
@@ -30,12 +30,12 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownWebEngine)
     virtual ~MarkdownWebEngine() = default;
 
-    /// An empty page in `parent`. `delegate` must outlive it.
+    /// Creates an empty page in `parent`. `delegate` must outlive it.
     [[nodiscard]] virtual std::unique_ptr<MarkdownPageView> makePage(MarkdownPageDelegate& delegate,
                                                                      QWidget& parent) = 0;
 };
 
-/// Where the engine comes from.
+/// Provides the engine.
 class MarkdownWebEngineFactory
 {
 public:
@@ -43,14 +43,15 @@ public:
     Q_DISABLE_COPY_MOVE(MarkdownWebEngineFactory)
     virtual ~MarkdownWebEngineFactory() = default;
 
-    /// The part of starting the engine that any thread can do, even after this object's end.
+    /// The part of the engine's startup that may run on any thread, even after this object has been
+    /// destroyed.
     [[nodiscard]] virtual std::function<void()> preloading() const = 0;
 
-    /// The engine, started by the first call. Null when there is none. Main thread only.
+    /// The engine, started by the first call. Null when it is not available. Main thread only.
     [[nodiscard]] virtual MarkdownWebEngine* engine() = 0;
 };
 
-/// What the module with the web engine offers. It alone links the engine.
+/// The interface of the web engine module, the only one that links the engine.
 class MarkdownWebEnginePlugin
 {
 public:

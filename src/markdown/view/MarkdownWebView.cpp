@@ -33,14 +33,14 @@ void MarkdownWebView::update(const QString& markdown, const QString& theme)
     m_coordinator.push(markdown, theme);
 }
 
-// The page is large and so is the engine: what need not be done here is done elsewhere meanwhile.
+// The page and the engine are large: read the one and preload the other on a background thread.
 void MarkdownWebView::prepare()
 {
     const auto html = std::make_shared<std::optional<QByteArray>>();
     m_services.tasks.run(
         this,
         [html, resources = m_services.resources, preload = m_services.webEngines.preloading()] {
-            *html = resources.markedPage();
+            *html = resources.pageWithNonce();
             if (*html)
                 preload();
         },
@@ -67,8 +67,8 @@ void MarkdownWebView::makePage(const QByteArray& html)
 void MarkdownWebView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter(this).fillRect(rect(), palette().color(QPalette::Base));
-    // The first page of the program takes a while to make: the window shows before that.
-    if (!std::exchange(m_isPageWanted, true))
+    // The program's first page takes a while to create; let the window appear before that.
+    if (!std::exchange(m_isPageRequested, true))
         prepare();
 }
 

@@ -13,21 +13,21 @@ namespace driftbox {
 class MarkdownPageView;
 struct ReaderServices;
 
-/// The rendered preview of a document. The page comes once the view is on the screen, so that the
-/// window need not wait for it; the preview stays blank without a web engine or one of the page's
-/// files.
+/// The rendered preview of a document. The page is created once the view is visible, so that it
+/// does not delay the window; the preview stays blank without a web engine or when one of the
+/// page's files is missing.
 class MarkdownWebView final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Relative paths in the document start at the folder of `fileURL`. `services` must outlive
-    /// this; `openDocument` opens a Markdown file in a reader.
+    /// Relative paths in the document are resolved against the folder of `fileURL`. `services` must
+    /// outlive this; `openDocument` opens a Markdown file in a reader.
     MarkdownWebView(const QUrl& fileURL, const ReaderServices& services,
                     std::function<void(const QUrl&)> openDocument, QWidget* parent);
     ~MarkdownWebView() override;
 
-    /// Shows this text in this theme, "light" or "dark".
+    /// Shows the text in the theme "light" or "dark".
     void update(const QString& markdown, const QString& theme);
 
     [[nodiscard]] const ReadingPlace& place() const { return m_coordinator.place(); }
@@ -46,7 +46,7 @@ private:
     const ReaderServices& m_services;
     MarkdownWebViewCoordinator m_coordinator;
     std::unique_ptr<MarkdownPageView> m_page;
-    bool m_isPageWanted = false;
+    bool m_isPageRequested = false;
 };
 
 } // namespace driftbox

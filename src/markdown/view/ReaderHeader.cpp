@@ -42,7 +42,7 @@ protected:
     }
 };
 
-// One line of text that is cut at its end where there is no room for all of it.
+// A single line of text, elided at its end when there is not enough room.
 class Headline final : public QLabel
 {
 public:
@@ -55,7 +55,7 @@ public:
         setMinimumWidth(fontMetrics().horizontalAdvance(u"…"_s));
     }
 
-    // A label would be as wide as the text at least.
+    // A label would be at least as wide as its text.
     [[nodiscard]] QSize minimumSizeHint() const override
     {
         return {minimumWidth(), QLabel::minimumSizeHint().height()};

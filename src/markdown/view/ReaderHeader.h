@@ -8,13 +8,13 @@ class DocumentOpener;
 class MarkdownReaderViewModel;
 class SymbolButton;
 
-/// The bar above a document: its name, whether it has unsaved changes, and what can be done to it.
+/// The header of a document: its name, whether it has unsaved changes, and its actions.
 class ReaderHeader final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Both must outlive the bar.
+    /// Both must outlive the header.
     ReaderHeader(MarkdownReaderViewModel& viewModel, DocumentOpener& opener, QWidget* parent);
 
 private:

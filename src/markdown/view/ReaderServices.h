@@ -11,7 +11,7 @@ class SelectedText;
 class StandardWindows;
 class TaskRunner;
 
-/// What reader windows work with; what it refers to must outlive them.
+/// The services used by reader windows, which must not outlive them.
 struct ReaderServices
 {
     StandardWindows& windows;

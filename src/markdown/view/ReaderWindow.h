@@ -9,13 +9,13 @@ namespace driftbox {
 
 class MarkdownReaderView;
 
-/// The window of a document: an ordinary one, with the file's name in its title bar.
+/// A document's window: an ordinary window with the file's name in its title bar.
 class ReaderWindow final : public QWidget, public MarkdownReaderWindow
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the window.
+    /// `viewModel` and the services must outlive the window.
     ReaderWindow(MarkdownReaderViewModel& viewModel, const ReaderServices& services,
                  std::function<void(const QUrl&)> openDocument);
 
@@ -32,7 +32,7 @@ private:
     std::function<bool()> m_shouldClose;
 };
 
-/// Makes such windows.
+/// Creates reader windows.
 class ReaderWindowFactory final : public MarkdownReaderWindowFactory
 {
 public:

@@ -15,10 +15,9 @@ namespace driftbox {
 
 namespace {
 
-// The engine insists on a graphics context that it may share, though it draws without one here.
-// Made by the application object as the engine's makers advise, that context would load the
-// graphics drivers at every start of the program. This one stays empty, and belongs to the toolkit
-// for good.
+// The engine requires a shared graphics context, though it renders in software here. With
+// Qt::AA_ShareOpenGLContexts the application object would create one and load the graphics drivers
+// at every start of the program. This one stays uninitialized and belongs to the toolkit.
 void provideShareContext()
 {
     if (qt_gl_global_share_context() == nullptr)
@@ -38,13 +37,13 @@ WebEngineModule::~WebEngineModule() = default;
 
 std::function<void()> WebEngineModule::preloading() const
 {
-    // What goes wrong is told when the engine is wanted.
+    // Errors are reported when the engine is needed.
     return [path = m_path] { QLibrary(path).load(); };
 }
 
 MarkdownWebEngine* WebEngineModule::engine()
 {
-    if (!std::exchange(m_isTried, true))
+    if (!std::exchange(m_hasTriedLoading, true))
         load();
     return m_engine.get();
 }

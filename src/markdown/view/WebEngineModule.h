@@ -8,8 +8,8 @@
 
 namespace driftbox {
 
-/// The shared module with the web engine. The engine ends with this object; the module, once
-/// loaded, stays in memory. That it cannot be loaded is logged once.
+/// Loads the shared module with the web engine. The engine is destroyed with this object; the
+/// module, once loaded, stays in memory. A failure to load it is logged once.
 class WebEngineModule final : public MarkdownWebEngineFactory
 {
 public:
@@ -25,7 +25,7 @@ private:
 
     QString m_path;
     QPluginLoader m_loader;
-    bool m_isTried = false;
+    bool m_hasTriedLoading = false;
     std::unique_ptr<MarkdownWebEngine> m_engine;
 };
 

@@ -2,19 +2,19 @@
 
 #include <QtCore/QUrl>
 
-/// The addresses under which the engine sees pages and local pictures. A page's address is that of
-/// the document's folder, so that what the document names by a relative path lies beside it.
+/// The URL scheme under which the engine accesses pages and local pictures. A page's address is
+/// that of the document's folder, so that relative paths in the document resolve to it.
 namespace driftbox::DocumentScheme {
 
 inline constexpr auto name = "driftbox-document";
 
-/// Makes the scheme known to the engine; before the first profile is made.
+/// Registers the scheme with the engine; must be called before the first profile is created.
 void registerScheme();
 
-/// The page number `page` with `folder`, a local one, as its own.
+/// The address of page number `page` in the local folder `folder`.
 [[nodiscard]] QUrl pageAddress(const QUrl& folder, int page);
 
-/// The local file that an address below the scheme stands for; any other address as it is.
+/// The local file behind an address of the scheme; other addresses are returned unchanged.
 [[nodiscard]] QUrl localFile(const QUrl& address);
 
 } // namespace driftbox::DocumentScheme

@@ -25,7 +25,7 @@ void replyWithPicture(QWebEngineUrlRequestJob& job)
 {
     const QString path = DocumentScheme::localFile(job.requestUrl()).toLocalFile();
     const QMimeType type = QMimeDatabase().mimeTypeForFile(path);
-    // A pipe or a device would never end.
+    // A pipe or a device might never end.
     if (!type.name().startsWith(u"image/") || !QFileInfo(path).isFile())
         return job.fail(QWebEngineUrlRequestJob::UrlNotFound);
     job.reply(type.name().toLatin1(), new QFile(path, &job));

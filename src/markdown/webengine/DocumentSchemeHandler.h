@@ -6,8 +6,7 @@
 
 namespace driftbox {
 
-/// Gives the engine the pages that it is told to load, and to them the pictures of the local disk;
-/// no other files.
+/// Serves the registered pages and, to them, local pictures; no other files.
 class DocumentSchemeHandler final : public QWebEngineUrlSchemeHandler
 {
     Q_OBJECT
@@ -15,7 +14,7 @@ class DocumentSchemeHandler final : public QWebEngineUrlSchemeHandler
 public:
     using QWebEngineUrlSchemeHandler::QWebEngineUrlSchemeHandler;
 
-    /// The page at `address` is `html` from now on, for every load of it.
+    /// Serves `html` at `address` from now on.
     void setPage(const QUrl& address, const QByteArray& html) { m_pages.insert(address, html); }
     void removePage(const QUrl& address) { m_pages.remove(address); }
 

@@ -9,7 +9,7 @@ namespace driftbox {
 
 namespace {
 
-std::atomic<QtMessageHandler> programsLog = nullptr;
+std::atomic<QtMessageHandler> previousHandler = nullptr;
 std::atomic<bool> isStarting = false;
 
 } // namespace
@@ -17,16 +17,16 @@ std::atomic<bool> isStarting = false;
 EngineLogFilter::EngineLogFilter()
 {
     isStarting = true;
-    programsLog = qInstallMessageHandler(nullptr);
+    previousHandler = qInstallMessageHandler(nullptr);
     qInstallMessageHandler(&EngineLogFilter::handle);
 }
 
 EngineLogFilter::~EngineLogFilter()
 {
-    qInstallMessageHandler(programsLog);
+    qInstallMessageHandler(previousHandler);
 }
 
-void EngineLogFilter::startIsOver()
+void EngineLogFilter::startupFinished()
 {
     isStarting = false;
 }
@@ -34,14 +34,14 @@ void EngineLogFilter::startIsOver()
 void EngineLogFilter::handle(QtMsgType type, const QMessageLogContext& context,
                              const QString& message)
 {
-    // The program's own lines have categories of their own.
+    // The program's own messages have their own categories.
     const char* category = context.category != nullptr ? context.category : "default";
-    const bool isTheEngines =
+    const bool isFromEngine =
         std::strcmp(category, "default") == 0 || std::strncmp(category, "qt.webengine", 12) == 0;
     const bool isFailure = type == QtCriticalMsg || type == QtFatalMsg;
-    const bool isNoise = isTheEngines && !isFailure &&
+    const bool isNoise = isFromEngine && !isFailure &&
                          (isStarting || message.startsWith(u"No suitable graphics backend found"));
-    const QtMessageHandler log = programsLog;
+    const QtMessageHandler log = previousHandler;
     if (log != nullptr && !isNoise)
         log(type, context, message);
 }

@@ -4,10 +4,9 @@
 
 namespace driftbox {
 
-/// Keeps what the engine has to say about its start out of the log, for as long as this lives:
-/// which graphics it would have liked, and which sandbox it was told not to use. Failures are
-/// logged all the same. Made and destroyed on the main thread, one at a time; the engine talks on
-/// threads of its own, too.
+/// Drops the engine's startup messages, about unavailable graphics and the disabled sandbox, from
+/// the log while this object exists. Errors are logged nevertheless. Created and destroyed on the
+/// main thread, one at a time; messages may come from any thread.
 class EngineLogFilter
 {
 public:
@@ -15,8 +14,9 @@ public:
     ~EngineLogFilter();
     Q_DISABLE_COPY_MOVE(EngineLogFilter)
 
-    /// The engine is there. One thing it says later, as it sets up its drawing.
-    void startIsOver();
+    /// The engine has started. One known message that it logs later, while setting up rendering, is
+    /// still dropped.
+    void startupFinished();
 
 private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);

@@ -6,18 +6,18 @@
 
 namespace driftbox {
 
-/// The program as the page's script sees it. The script calls the public slots and listens to the
-/// signal.
+/// The program's interface for the page's script, which calls the public slots and connects to the
+/// signals.
 class PageBridge final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `delegate` must outlive this. Addresses of local files are told as such.
+    /// `delegate` must outlive this. Addresses of local files are passed to it as file URLs.
     explicit PageBridge(MarkdownPageDelegate& delegate, QObject* parent = nullptr);
 
 public Q_SLOTS:
-    /// The page can be told to render.
+    /// The page is ready to render.
     void pageFinished();
     void postMessage(const QString& name, const QVariant& body);
 

@@ -4,8 +4,7 @@
 
 namespace driftbox {
 
-/// Refuses everything that would leave the machine: pages get local documents' pictures and what
-/// they carry within themselves, nothing else.
+/// Blocks all network requests: pages can load local pictures and embedded data only.
 class RequestGuard final : public QWebEngineUrlRequestInterceptor
 {
     Q_OBJECT

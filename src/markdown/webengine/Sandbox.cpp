@@ -8,7 +8,7 @@ namespace driftbox::Sandbox {
 
 namespace {
 
-// Tried in a process of its own, since there is no way back out of a namespace.
+// Tried in a child process, since a process cannot leave a namespace.
 bool canMakeNamespaces()
 {
     const pid_t child = fork();
@@ -23,7 +23,7 @@ bool canMakeNamespaces()
 
 bool isPossible()
 {
-    // The engine refuses to keep the superuser in a sandbox.
+    // The engine refuses to run sandboxed as root.
     return geteuid() != 0 && canMakeNamespaces();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-/// The sandbox in which the engine's processes read documents.
+/// The sandbox of the engine's processes.
 namespace driftbox::Sandbox {
 
-/// Whether this user may use what the sandbox is made of on this machine. Where it cannot be had,
-/// the engine would end the whole program when it starts.
+/// Whether the kernel features required by the sandbox are available to this user. Where they are
+/// not, the engine would abort the whole program at startup.
 [[nodiscard]] bool isPossible();
 
 } // namespace driftbox::Sandbox

@@ -1,9 +1,9 @@
 #pragma once
 
-/// What the desktop says about assistive technology.
+/// The desktop's assistive technology settings.
 namespace driftbox::ScreenReader {
 
-/// Whether the user has a screen reader on. Waits for the answer a tenth of a second at most.
+/// Whether a screen reader is enabled. Blocks for at most 100 ms.
 [[nodiscard]] bool isEnabled();
 
 } // namespace driftbox::ScreenReader

@@ -19,8 +19,8 @@ namespace driftbox {
 
 namespace {
 
-// By then the engine has put away what was left of its pages.
-constexpr std::chrono::seconds restBeforeRelease{1};
+// By then the engine has cleaned up its pages.
+constexpr std::chrono::seconds idleTimeBeforeRelease{1};
 
 QString readResource(const QString& path)
 {
@@ -66,10 +66,10 @@ WebEngine::WebEngine()
     m_profile.installUrlSchemeHandler(DocumentScheme::name, &m_documents);
     m_profile.scripts()->insert(bridge());
     restrict(*m_profile.settings());
-    m_chatter.startIsOver();
-    m_rest.setSingleShot(true);
-    m_rest.setInterval(restBeforeRelease);
-    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [] {
+    m_logFilter.startupFinished();
+    m_idleTimer.setSingleShot(true);
+    m_idleTimer.setInterval(idleTimeBeforeRelease);
+    QObject::connect(&m_idleTimer, &QTimer::timeout, &m_idleTimer, [] {
         malloc_trim(0);
         releaseLibraryPages();
     });
@@ -80,17 +80,18 @@ WebEngine::~WebEngine() = default;
 std::unique_ptr<MarkdownPageView> WebEngine::makePage(MarkdownPageDelegate& delegate,
                                                       QWidget& parent)
 {
-    auto page = std::make_unique<WebPage>(m_profile, m_documents, ++m_pages, delegate, parent);
-    ++m_openPages;
-    m_rest.stop();
-    QObject::connect(&page->widget(), &QObject::destroyed, &m_rest, [this] { pageHasEnded(); });
+    auto page = std::make_unique<WebPage>(m_profile, m_documents, ++m_pageCount, delegate, parent);
+    ++m_openPageCount;
+    m_idleTimer.stop();
+    QObject::connect(&page->widget(), &QObject::destroyed, &m_idleTimer,
+                     [this] { pageDestroyed(); });
     return page;
 }
 
-void WebEngine::pageHasEnded()
+void WebEngine::pageDestroyed()
 {
-    if (--m_openPages == 0)
-        m_rest.start();
+    if (--m_openPageCount == 0)
+        m_idleTimer.start();
 }
 
 } // namespace driftbox

@@ -10,8 +10,8 @@
 
 namespace driftbox {
 
-/// The engine with one profile for all pages, which keeps nothing on disk and reaches no network.
-/// It stays when the last page has ended, but gives back the memory that it can do without.
+/// The engine with a single profile for all pages, which stores nothing on disk and has no network
+/// access. After the last page has been closed it keeps running but releases unneeded memory.
 class WebEngine final : public MarkdownWebEngine
 {
 public:
@@ -22,15 +22,15 @@ public:
                                                              QWidget& parent) override;
 
 private:
-    void pageHasEnded();
+    void pageDestroyed();
 
-    EngineLogFilter m_chatter;
+    EngineLogFilter m_logFilter;
     DocumentSchemeHandler m_documents;
     RequestGuard m_guard;
-    QWebEngineProfile m_profile; ///< keeps nothing, since it has no name
-    int m_pages = 0;             ///< made so far
-    int m_openPages = 0;
-    QTimer m_rest; ///< runs since the last page has ended
+    QWebEngineProfile m_profile; ///< off the record, since it has no name
+    int m_pageCount = 0;         ///< created so far
+    int m_openPageCount = 0;
+    QTimer m_idleTimer; ///< runs after the last page has been closed
 };
 
 } // namespace driftbox

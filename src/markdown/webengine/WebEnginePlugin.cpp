@@ -19,20 +19,20 @@ namespace {
 constexpr auto flags = "--disable-background-networking --disable-component-update "
                        "--no-first-run --no-pings --log-level=3";
 
-// The toolkit would load the graphics drivers for an engine that draws without them. It asks once,
-// when the engine starts; the programs that this one starts are to ask for themselves.
+// Keeps the toolkit from loading the graphics drivers, which the engine does not need. The variable
+// is read once, when the engine starts; it must not be inherited by programs that this one starts.
 class WithoutGraphicsDrivers
 {
 public:
     WithoutGraphicsDrivers()
-        : m_isOwn(!qEnvironmentVariableIsSet(name))
+        : m_isSetHere(!qEnvironmentVariableIsSet(name))
     {
-        if (m_isOwn)
+        if (m_isSetHere)
             qputenv(name, "none");
     }
     ~WithoutGraphicsDrivers()
     {
-        if (m_isOwn)
+        if (m_isSetHere)
             qunsetenv(name);
     }
     Q_DISABLE_COPY_MOVE(WithoutGraphicsDrivers)
@@ -40,19 +40,19 @@ public:
 private:
     static constexpr auto name = "QT_XCB_GL_INTEGRATION";
 
-    bool m_isOwn;
+    bool m_isSetHere;
 };
 
-// The engine reads these once, when it starts.
-void setUpProcess()
+// The engine reads these settings once, when it starts.
+void configureEngine()
 {
-    // A document needs no graphics card, and drivers that are not loaded take no memory and cannot
-    // take the program down.
+    // A document needs no GPU, and drivers that are not loaded take no memory and cannot crash the
+    // program.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     DocumentScheme::registerScheme();
     QByteArray chosen = flags;
-    // To describe a long document takes longer than to show it, so it is done for those who need
-    // it.
+    // Building the accessibility tree of a long document takes longer than rendering it, so it is
+    // built only when needed.
     if (ScreenReader::isEnabled())
         chosen += " --force-renderer-accessibility";
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", chosen + ' ' + qgetenv("QTWEBENGINE_CHROMIUM_FLAGS"));
@@ -69,7 +69,7 @@ std::unique_ptr<MarkdownWebEngine> WebEnginePlugin::makeEngine()
 {
     static bool isSetUp = false;
     if (!std::exchange(isSetUp, true))
-        setUpProcess();
+        configureEngine();
     const WithoutGraphicsDrivers withoutDrivers;
     return std::make_unique<WebEngine>();
 }

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// What the module is loaded for.
+/// The root object of the module.
 class WebEnginePlugin final : public QObject, public MarkdownWebEnginePlugin
 {
     Q_OBJECT

@@ -1,10 +1,10 @@
-// Joins the page and the program. Runs before anything of the page.
+// Connects the page with the program. Runs before the page's own scripts.
 "use strict";
 
 (() => {
     let post = () => {};
 
-    // What the page may tell the program, by the name of the message.
+    // The messages that the page may send to the program.
     const handler = (name) => ({ postMessage: (body) => post(name, body) });
     window.messageHandlers = Object.freeze({
         openExternal: handler("openExternal"),

@@ -80,15 +80,15 @@ private Q_SLOTS:
         QVERIFY(resource().shellHTML());
         QVERIFY(QFile::remove(m_folder->filePath(u"MarkdownReader/"_s + name)));
         QVERIFY(!resource().shellHTML());
-        QVERIFY(!resource().markedPage());
+        QVERIFY(!resource().pageWithNonce());
     }
 
     void everyLoadHasAMarkOfItsOwn()
     {
         writeAll();
         write(u"MarkdownReader/reader.html"_s, "\xC3\xA9 __NONCE__ __NONCE__");
-        const QList<QByteArray> one = resource().markedPage()->split(' ');
-        const QList<QByteArray> other = resource().markedPage()->split(' ');
+        const QList<QByteArray> one = resource().pageWithNonce()->split(' ');
+        const QList<QByteArray> other = resource().pageWithNonce()->split(' ');
         QCOMPARE(one[0], QByteArray("\xC3\xA9"));
         QCOMPARE(one[1].size(), 32);
         QCOMPARE(one[2], one[1]);

@@ -50,7 +50,7 @@ public:
         m_window.resize(780, 640);
         m_page = engine.makePage(m_delegate, m_window);
         m_page->widget().setGeometry(m_window.rect());
-        m_page->load(*MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES)).markedPage(),
+        m_page->load(*MarkdownResource(QStringLiteral(DRIFTBOX_TEST_RESOURCES)).pageWithNonce(),
                      QUrl::fromLocalFile(folder + u'/'));
         m_window.show();
     }

@@ -20,14 +20,14 @@ private Q_SLOTS:
     void whatTheSystemKnowsAsMarkdownIsOffered()
     {
         QFileDialog dialog;
-        offerMarkdownFiles(dialog, true);
+        setMarkdownFilter(dialog, true);
         QCOMPARE(dialog.mimeTypeFilters(), QStringList{u"text/markdown"_s});
     }
 
     void elseTheFilesEndingInMdAre()
     {
         QFileDialog dialog;
-        offerMarkdownFiles(dialog, false);
+        setMarkdownFilter(dialog, false);
         QCOMPARE(dialog.nameFilters(), QStringList{u"Markdown (*.md)"_s});
     }
 

@@ -2,10 +2,10 @@
 
 #include <QtCore/QString>
 
-/// What the page about the program says.
+/// Texts of the About page.
 namespace driftbox::AboutText {
 
-/// An empty version or build number is replaced by that of a first release.
+/// The version line. An empty version or build number is replaced by that of a first release.
 [[nodiscard]] QString versionLine(const QString& version, const QString& build);
 
 } // namespace driftbox::AboutText

@@ -26,10 +26,10 @@ void ClipboardSettings::step(int steps)
 {
     if (steps > 0 ? !canIncrement() : !canDecrement())
         return;
-    const qint64 nearest =
+    const qint64 base =
         std::clamp<qint64>(capacity(), minCapacity - capacityStep, maxCapacity + capacityStep);
     m_services.settings.setClipboardCapacity(
-        std::clamp<qint64>(nearest + qint64(steps) * capacityStep, minCapacity, maxCapacity));
+        std::clamp<qint64>(base + qint64(steps) * capacityStep, minCapacity, maxCapacity));
 }
 
 bool ClipboardSettings::canClear() const

@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// What the page of the clipboard settings shows and does. Changes act at once. Main thread only.
+/// Model of the clipboard settings page. Changes take effect at once. Main thread only.
 class ClipboardSettings : public QObject
 {
     Q_OBJECT
@@ -16,14 +16,15 @@ public:
     static constexpr int maxCapacity = 100;
     static constexpr int capacityStep = 5;
 
-    /// What `services` refers to must outlive this.
+    /// The references in `services` must outlive this.
     explicit ClipboardSettings(const SettingsServices& services, QObject* parent = nullptr);
 
-    /// As it is stored, whatever the range that is offered.
+    /// The stored value, which may be outside the offered range.
     [[nodiscard]] qint64 capacity() const;
     [[nodiscard]] bool canIncrement() const { return capacity() < maxCapacity; }
     [[nodiscard]] bool canDecrement() const { return capacity() > minCapacity; }
-    /// Goes that many steps, as far as the range allows; never against their direction.
+    /// Changes the capacity by that many steps, limited to the range; never moves against the
+    /// requested direction.
     void step(int steps);
 
     [[nodiscard]] bool canClear() const;

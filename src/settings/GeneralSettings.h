@@ -7,37 +7,37 @@
 
 namespace driftbox {
 
-/// What the page of the general settings shows and does. Changes act at once. Main thread only.
+/// Model of the general settings page. Changes take effect at once. Main thread only.
 class GeneralSettings : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int minThresholdMs = 150; ///< at the end that is labeled so
+    static constexpr int minThresholdMs = 150; ///< at the end of the slider
     static constexpr int maxThresholdMs = 600;
     static constexpr int stepMs = 50;
 
-    /// What `services` refers to must outlive this.
+    /// The references in `services` must outlive this.
     explicit GeneralSettings(const SettingsServices& services, QObject* parent = nullptr);
 
-    /// Setting one of these to what it is does nothing.
+    /// Setting a property to its current value has no effect.
     [[nodiscard]] bool isHotkeyEnabled() const;
     void setHotkeyEnabled(bool enabled);
 
     [[nodiscard]] HotkeyModifier modifier() const;
     void setModifier(HotkeyModifier modifier);
 
-    /// Milliseconds; as they are stored, whatever the range that is offered.
+    /// In milliseconds; the stored value, which may be outside the offered range.
     [[nodiscard]] qint64 threshold() const;
     /// Stores whole milliseconds.
     void setThreshold(double milliseconds);
-    /// The position of the slider that is nearest.
+    /// The nearest slider position.
     [[nodiscard]] static int nearestStep(double milliseconds);
 
     [[nodiscard]] bool launchesAtLogin() const;
     void setLaunchesAtLogin(bool launches);
 
-    /// As of the last look; false before the first.
+    /// As of the last check; false before the first.
     [[nodiscard]] bool isAccessibilityGranted() const { return m_accessibilityGranted; }
     void recheckAccessibility();
     void openAccessibilitySettings() const { m_services.openAccessibilitySettings(); }
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] QString accessibilityText() const;
 
 Q_SIGNALS:
-    /// Something that is shown differs.
+    /// At least one of the displayed values has changed.
     void changed();
 
 private:

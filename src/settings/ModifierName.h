@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// A modifier key as the user reads it: its symbol and its name.
+/// The display name of a modifier key: its symbol and its name.
 [[nodiscard]] QString modifierName(HotkeyModifier modifier);
 
 } // namespace driftbox

@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-/// Which page of the settings is open, and which ones the sidebar lists. Main thread only.
+/// The open settings page and the pages that the sidebar lists. Main thread only.
 class SettingsNavigation : public QObject
 {
     Q_OBJECT
@@ -19,15 +19,15 @@ class SettingsNavigation : public QObject
 public:
     using QObject::QObject;
 
-    /// None when the user has taken the selection back.
+    /// None when the user has cleared the selection.
     [[nodiscard]] std::optional<SettingsSection> selection() const { return m_selection; }
     void setSelection(std::optional<SettingsSection> selection);
 
-    /// A query changes what is listed, never what is open.
+    /// The query filters the list and does not change the open page.
     [[nodiscard]] const QString& sidebarQuery() const { return m_sidebarQuery; }
     void setSidebarQuery(const QString& query);
 
-    /// All pages while the query is blank, else those whose title contains it in whatever case; in
+    /// All pages if the query is blank, else those whose title contains it (case-insensitive), in
     /// order.
     [[nodiscard]] std::vector<SettingsSection> filteredSections() const;
 

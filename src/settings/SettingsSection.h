@@ -7,17 +7,17 @@
 
 namespace driftbox {
 
-/// A page of the settings window, in the order in which the sidebar lists them.
+/// The pages of the settings window, in the order of the sidebar.
 enum class SettingsSection { general, clipboard, notes, about };
 
 inline constexpr std::array allSettingsSections = {SettingsSection::general,
                                                    SettingsSection::clipboard,
                                                    SettingsSection::notes, SettingsSection::about};
 
-/// The colors of the desktop that mark things apart; each is a little different in the dark.
+/// The system's accent colors; each has a light and a dark variant.
 enum class SystemColor { gray, blue, yellow, purple, green, orange };
 
-/// What the user sees of a page before it is open.
+/// How a page is presented in the sidebar and its header.
 struct SettingsSectionLook
 {
     QString title;

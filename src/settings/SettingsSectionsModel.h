@@ -10,7 +10,7 @@ namespace driftbox {
 
 class SettingsNavigation;
 
-/// The pages that the sidebar lists, by their titles.
+/// The pages that the sidebar lists, with their titles.
 class SettingsSectionsModel final : public QAbstractListModel
 {
     Q_OBJECT

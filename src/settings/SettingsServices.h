@@ -7,14 +7,14 @@ namespace driftbox {
 class AppSettings;
 class ClipboardViewModel;
 
-/// What the settings pages act on. The settings and the history outlive the pages; the actions are
-/// all there and may be called at any time.
+/// The services used by the settings pages. The references must outlive the pages; all actions must
+/// be set and may be called at any time.
 struct SettingsServices
 {
     AppSettings& settings;
     ClipboardViewModel& clipboard;
     std::function<bool()> isAccessibilityTrusted;
-    std::function<void()> requestAccessibilityTrust; ///< has the desktop ask the user
+    std::function<void()> requestAccessibilityTrust; ///< shows the desktop's permission prompt
     std::function<void()> openAccessibilitySettings;
     std::function<void()> restartHotkey;
     std::function<void()> applyLaunchAtLogin;

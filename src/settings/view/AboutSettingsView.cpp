@@ -16,7 +16,7 @@ namespace driftbox {
 
 namespace {
 
-// The page fits the window as it opens, in fonts with tall lines too.
+// The page must fit the initial window size, even with tall fonts.
 constexpr int lineSpacing = 2;
 constexpr int pagePadding = 14;
 constexpr int aboutSectionSpacing = 14;

@@ -5,7 +5,7 @@
 
 namespace driftbox {
 
-/// The page about the program: its name and version, the way to its makers, and a tip card.
+/// The About page: the program's name and version, a feedback button, and a tip card.
 class AboutSettingsView final : public FormPage
 {
     Q_OBJECT

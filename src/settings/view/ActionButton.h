@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A button of a form: a symbol, where there is one, and a label.
+/// A form button with an optional symbol and a label.
 class ActionButton final : public QPushButton
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ CapacityStepper::CapacityStepper(ClipboardSettings& model, QWidget* parent)
     lineEdit()->setContextMenuPolicy(Qt::PreventContextMenu);
     letWheelPass(*this);
     connect(&m_model, &ClipboardSettings::capacityChanged, this, &CapacityStepper::refresh);
-    connect(this, &QSpinBox::valueChanged, this, &CapacityStepper::takeValue);
+    connect(this, &QSpinBox::valueChanged, this, &CapacityStepper::applyValue);
     refresh();
 }
 
@@ -51,10 +51,10 @@ QString CapacityStepper::textFromValue(int) const
     return QString::number(m_model.capacity());
 }
 
-// A stored value out of the range is shown as it is.
+// A stored value outside the range is shown unchanged.
 void CapacityStepper::refresh()
 {
-    const QSignalBlocker unheard(this);
+    const QSignalBlocker blocker(this);
     const int value = static_cast<int>(std::clamp<qint64>(
         m_model.capacity(), std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
     setRange(std::min(value, ClipboardSettings::minCapacity),
@@ -64,8 +64,8 @@ void CapacityStepper::refresh()
     update();
 }
 
-// Assistive technology sets any value.
-void CapacityStepper::takeValue(int value)
+// Assistive technology may set any value.
+void CapacityStepper::applyValue(int value)
 {
     m_model.step((value - static_cast<int>(m_model.capacity())) / ClipboardSettings::capacityStep);
     refresh();

@@ -6,7 +6,7 @@ namespace driftbox {
 
 class ClipboardSettings;
 
-/// Shows the capacity of the history and goes up and down in its steps.
+/// Shows the capacity of the history and changes it in steps.
 class CapacityStepper final : public QSpinBox
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ protected:
 
 private:
     void refresh();
-    void takeValue(int value);
+    void applyValue(int value);
 
     ClipboardSettings& m_model;
 };

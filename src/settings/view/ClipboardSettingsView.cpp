@@ -33,9 +33,9 @@ ClipboardSettingsView::ClipboardSettingsView(const SettingsServices& services, Q
     auto* clear = new ActionButton(u"trash"_s, u"Clear all unpinned history now"_s,
                                    ActionButton::Kind::destructive, clearing);
     connect(clear, &QAbstractButton::clicked, &m_model, &ClipboardSettings::clearUnpinned);
-    const auto followHistory = [this, clear] { clear->setEnabled(m_model.canClear()); };
-    connect(&m_model, &ClipboardSettings::canClearChanged, this, followHistory);
-    followHistory();
+    const auto updateClearButton = [this, clear] { clear->setEnabled(m_model.canClear()); };
+    connect(&m_model, &ClipboardSettings::canClearChanged, this, updateClearButton);
+    updateClearButton();
     clearing->addRow(clear, Qt::AlignLeft);
     column().addWidget(clearing);
 }

@@ -5,13 +5,13 @@
 
 namespace driftbox {
 
-/// The page of the clipboard history: how much of it is kept, and forgetting it.
+/// The clipboard page: the capacity of the history, and clearing it.
 class ClipboardSettingsView final : public FormPage
 {
     Q_OBJECT
 
 public:
-    /// What `services` refers to must outlive the page.
+    /// The references in `services` must outlive the page.
     ClipboardSettingsView(const SettingsServices& services, QWidget* parent);
 
 private:

@@ -27,7 +27,7 @@ void FormLabel::paintEvent(QPaintEvent*)
     painter.drawText(contentsRect(), static_cast<int>(alignment()) | wrap, text());
 }
 
-// One line, from its end to its start.
+// A single line, painted right to left.
 void FormLabel::paintWithFixedDigits(QPainter& painter) const
 {
     const QFontMetrics metrics = fontMetrics();

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// Text in the colors of the theme, which it follows. Long text goes on in further lines.
+/// Text in the colors of the theme, which it follows. Long text is wrapped.
 class FormLabel final : public QLabel
 {
     Q_OBJECT

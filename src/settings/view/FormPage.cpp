@@ -14,7 +14,7 @@ constexpr int formPageSidePadding = 24;
 constexpr int formPageTopPadding = 18;
 constexpr int bottomPadding = 20;
 constexpr int formPageSectionSpacing = 18;
-constexpr int edgeForResizing = 6; // the scroll bar leaves the window's edge free
+constexpr int resizeEdgeWidth = 6; // the scroll bar leaves the window's edge free
 
 } // namespace
 
@@ -37,13 +37,13 @@ FormPage::FormPage(QWidget* parent)
     m_column->setSpacing(formPageSectionSpacing);
     m_column->setAlignment(Qt::AlignTop);
     setWidget(page);
-    page->setAutoFillBackground(false); // the area has switched it on
+    page->setAutoFillBackground(false); // setWidget() has enabled it
 }
 
 void FormPage::resizeEvent(QResizeEvent* event)
 {
     QScrollArea::resizeEvent(event);
-    m_scrollBar->placeIn(rect().adjusted(0, 0, -edgeForResizing, 0));
+    m_scrollBar->placeIn(rect().adjusted(0, 0, -resizeEdgeWidth, 0));
 }
 
 } // namespace driftbox

@@ -8,7 +8,7 @@ namespace driftbox {
 
 class OverlayScrollBar;
 
-/// A page of the settings: sections beneath each other, scrolled where there is no room for all.
+/// A settings page: sections in a column, scrolled when they do not fit.
 class FormPage : public QScrollArea
 {
     Q_OBJECT
@@ -17,9 +17,9 @@ public:
     explicit FormPage(QWidget* parent);
 
 protected:
-    /// What is above each other on the page, as wide as the page allows.
+    /// The page's column, as wide as the page allows.
     [[nodiscard]] QVBoxLayout& column() const { return *m_column; }
-    /// The parent of what is in the column.
+    /// The parent of the column's widgets.
     [[nodiscard]] QWidget* content() const { return widget(); }
 
     void resizeEvent(QResizeEvent* event) override;

@@ -34,7 +34,7 @@ FormSection::FormSection(const QString& title, QWidget* parent)
                                     FormLabel::Tone::primary, this);
         label->setIndent(2);
         column->addWidget(label);
-        m_card->raise(); // is read after its title
+        m_card->raise(); // so that screen readers read it after its title
     }
     column->addWidget(m_card);
 }

@@ -6,22 +6,21 @@ class QVBoxLayout;
 
 namespace driftbox {
 
-/// Rows that belong together, on a card with lines between them and, where there is one, a title
-/// above.
+/// A card of related rows with divider lines between them and an optional title above.
 class FormSection final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Between the edge of the card and what is in its rows.
+    /// The padding between the card's edges and the content of its rows.
     static constexpr int sidePadding = 14;
 
     FormSection(const QString& title, QWidget* parent);
 
-    /// Takes the row over. It fills the card from side to side.
+    /// Takes ownership of the row, which fills the width of the card.
     void addRow(QWidget* row);
 
-    /// Adds a row that holds only this, as large as it wants to be.
+    /// Adds a row with a single widget in its preferred size.
     void addRow(QWidget* part, Qt::Alignment alignment);
 
     /// Adds a row of these parts, which need no padding of their own. A part that stretches takes

@@ -44,7 +44,7 @@ GeneralSettingsView::GeneralSettingsView(const SettingsServices& services, QWidg
     column().addWidget(makeStartupSection());
     column().addWidget(makeAccessibilitySection());
     connect(&m_model, &GeneralSettings::changed, this, &GeneralSettingsView::refresh);
-    // The permission may have been given while the user was in another program.
+    // The permission may have been granted while another program was active.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_model,
             &GeneralSettings::recheckAccessibility);
     refresh();
@@ -89,11 +89,11 @@ void GeneralSettingsView::addSpeedRow(FormSection& section)
     m_speed->setMinimumWidth(minSliderWidth);
     letWheelPass(*m_speed);
     label->setBuddy(m_speed);
-    // The slider stands at whole steps, also while it is dragged.
+    // The slider snaps to whole steps, even while it is dragged.
     connect(m_speed, &QSlider::actionTriggered, this, [this] {
         m_speed->setSliderPosition(GeneralSettings::nearestStep(m_speed->sliderPosition()));
     });
-    connect(m_speed, &QSlider::valueChanged, this, &GeneralSettingsView::takeThreshold);
+    connect(m_speed, &QSlider::valueChanged, this, &GeneralSettingsView::applySpeed);
 
     m_speedValue = makeLabel({}, FormLabel::Tone::primary, &section);
     m_speedValue->setDigitsOfFixedWidth();
@@ -139,13 +139,13 @@ void GeneralSettingsView::refresh()
     m_enabled->setChecked(m_model.isHotkeyEnabled());
     m_launch->setChecked(m_model.launchesAtLogin());
     {
-        const QSignalBlocker unheard(m_modifier);
+        const QSignalBlocker blocker(m_modifier);
         m_modifier->setCurrentIndex(
             static_cast<int>(std::ranges::find(allHotkeyModifiers, m_model.modifier()) -
                              allHotkeyModifiers.begin()));
     }
     {
-        const QSignalBlocker unheard(m_speed);
+        const QSignalBlocker blocker(m_speed);
         m_speed->setValue(static_cast<int>(std::clamp<qint64>(m_model.threshold(),
                                                               GeneralSettings::minThresholdMs,
                                                               GeneralSettings::maxThresholdMs)));
@@ -159,8 +159,8 @@ void GeneralSettingsView::refresh()
                         m_model.accessibilityText());
 }
 
-// Assistive technology sets any value.
-void GeneralSettingsView::takeThreshold()
+// Assistive technology may set any value.
+void GeneralSettingsView::applySpeed()
 {
     m_model.setThreshold(GeneralSettings::nearestStep(m_speed->value()));
     refresh();

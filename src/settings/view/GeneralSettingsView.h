@@ -13,13 +13,14 @@ class FormSection;
 class StatusLine;
 class ToggleRow;
 
-/// The page of the double tap, the start at login and the permission that the double tap needs.
+/// The general page: the double tap, launching at login, and the permission that the double tap
+/// needs.
 class GeneralSettingsView final : public FormPage
 {
     Q_OBJECT
 
 public:
-    /// What `services` refers to must outlive the page.
+    /// The references in `services` must outlive the page.
     GeneralSettingsView(const SettingsServices& services, QWidget* parent);
 
 protected:
@@ -32,7 +33,7 @@ private:
     void addModifierRow(FormSection& section);
     void addSpeedRow(FormSection& section);
     void refresh();
-    void takeThreshold();
+    void applySpeed();
 
     GeneralSettings m_model;
     ToggleRow* m_enabled = nullptr;

@@ -5,13 +5,13 @@
 
 namespace driftbox {
 
-/// The page of the sticky notes: the color of new ones, and closing all.
+/// The notes page: the default color, and closing all notes.
 class NotesSettingsView final : public FormPage
 {
     Q_OBJECT
 
 public:
-    /// What `services` refers to must outlive the page.
+    /// The references in `services` must outlive the page.
     NotesSettingsView(const SettingsServices& services, QWidget* parent);
 
 private:

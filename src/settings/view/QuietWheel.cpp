@@ -26,7 +26,7 @@ public:
 
 void letWheelPass(QWidget& control)
 {
-    control.setFocusPolicy(Qt::StrongFocus); // the wheel does not bring the keyboard along
+    control.setFocusPolicy(Qt::StrongFocus); // the wheel must not move the focus here
     control.installEventFilter(new WheelFilter(&control));
 }
 

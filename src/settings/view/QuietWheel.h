@@ -4,8 +4,8 @@ class QWidget;
 
 namespace driftbox {
 
-/// From now on the wheel turns the value of `control` only while it has the keyboard; else it
-/// scrolls what is around it.
+/// Makes the mouse wheel change the value of `control` only while that has the keyboard focus;
+/// otherwise it scrolls the surrounding page.
 void letWheelPass(QWidget& control);
 
 } // namespace driftbox

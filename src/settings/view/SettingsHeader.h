@@ -8,7 +8,7 @@ namespace driftbox {
 
 class FormLabel;
 
-/// The head of a settings page: a large tile with its symbol, its title and its subtitle.
+/// The header of a settings page: a large tile with its symbol, its title and its subtitle.
 class SettingsHeader final : public QWidget
 {
     Q_OBJECT

@@ -46,10 +46,10 @@ SettingsRootView::SettingsRootView(const SettingsServices& services, const TextE
     connect(minimize, &QAbstractButton::clicked, this, &SettingsRootView::minimizeRequested);
     connect(close, &QAbstractButton::clicked, this, &SettingsRootView::closeRequested);
 
-    const auto* closing = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
-    connect(closing, &QShortcut::activated, this, &SettingsRootView::closeRequested);
-    const auto* finding = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
-    connect(finding, &QShortcut::activated, m_sidebar, &SettingsSidebar::focusSearch);
+    const auto* closeShortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
+    connect(closeShortcut, &QShortcut::activated, this, &SettingsRootView::closeRequested);
+    const auto* findShortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
+    connect(findShortcut, &QShortcut::activated, m_sidebar, &SettingsSidebar::focusSearch);
 
     connect(&m_navigation, &SettingsNavigation::selectionChanged, this,
             &SettingsRootView::showSelection);
@@ -71,9 +71,9 @@ void SettingsRootView::buildLayout()
     columns->addWidget(m_sidebar);
     columns->addWidget(new Divider(Qt::Vertical, this));
     columns->addWidget(m_detail, 1);
-    QSizePolicy keepsItsPlace = m_detail->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    m_detail->setSizePolicy(keepsItsPlace);
+    QSizePolicy policy = m_detail->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_detail->setSizePolicy(policy);
 }
 
 void SettingsRootView::focusSidebar()
@@ -112,12 +112,12 @@ void SettingsRootView::showSelection()
 
 QWidget* SettingsRootView::page(SettingsSection section)
 {
-    QWidget*& built = m_builtPages[section];
-    if (!built) {
-        built = makePage(section);
-        m_pages->addWidget(built);
+    QWidget*& view = m_pageBySection[section];
+    if (!view) {
+        view = makePage(section);
+        m_pages->addWidget(view);
     }
-    return built;
+    return view;
 }
 
 QWidget* SettingsRootView::makePage(SettingsSection section)

@@ -16,25 +16,25 @@ class SettingsHeader;
 class SettingsSidebar;
 class SymbolButton;
 
-/// What the settings window shows: the sidebar, and beside it the chosen page under its head. Pages
-/// are built when they are first chosen and kept.
+/// The content of the settings window: the sidebar, and next to it the selected page below its
+/// header. Pages are created when they are first selected, and kept.
 class SettingsRootView final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What `services` refers to must outlive the view.
+    /// The references in `services` must outlive the view.
     SettingsRootView(const SettingsServices& services, const TextExchange& exchange,
                      QWidget* parent);
 
     [[nodiscard]] SettingsNavigation& navigation() { return m_navigation; }
 
-    /// Gives the keyboard to the list of pages.
+    /// Gives the keyboard focus to the list of pages.
     void focusSidebar();
 
-    /// Where the sidebar ends.
+    /// The width of the sidebar, in points.
     [[nodiscard]] int sidebarWidth() const;
-    /// The area that the window is moved by, at the top.
+    /// Whether `position` is in the area at the top by which the window is moved.
     [[nodiscard]] bool isTitleArea(const QPoint& position) const;
 
 Q_SIGNALS:
@@ -53,11 +53,11 @@ private:
     SettingsServices m_services;
     SettingsNavigation m_navigation;
     SettingsSidebar* m_sidebar;
-    QWidget* m_detail; ///< hidden while no page is chosen
+    QWidget* m_detail; ///< hidden while no page is selected
     SettingsHeader* m_header;
     QWidget* m_pageArea;
     QStackedLayout* m_pages;
-    std::map<SettingsSection, QWidget*> m_builtPages;
+    std::map<SettingsSection, QWidget*> m_pageBySection;
     QWidget* m_windowButtons;
 };
 

@@ -32,7 +32,7 @@ constexpr int rowPadding = 8;
 constexpr int sidebarTitleSpacing = 8;
 constexpr qreal sidebarCornerRadius = 7.0;
 
-/// Draws a page's tile and title.
+/// Paints a page's tile and title.
 class RowPainter final : public QStyledItemDelegate
 {
 public:
@@ -64,7 +64,7 @@ public:
         paintSidebarIconTile(
             *painter, tile,
             index.data(SettingsSectionsModel::sectionRole).value<SettingsSection>());
-        if (isSelected && isFocused) // the fill may be of the tile's own color
+        if (isSelected && isFocused) // the fill may have the tile's color
             outlineTile(*painter, tile);
         painter->setFont(option.font);
         painter->setPen(isSelected && isFocused ? option.palette.color(QPalette::HighlightedText)
@@ -119,7 +119,7 @@ SettingsSidebar::SettingsSidebar(SettingsNavigation& navigation, const TextExcha
     connect(&navigation, &SettingsNavigation::selectionChanged, this,
             &SettingsSidebar::showSelection);
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &SettingsSidebar::takeSelection);
+            &SettingsSidebar::applySelection);
     showSelection();
 
     auto* column = new QVBoxLayout(this);
@@ -127,7 +127,7 @@ SettingsSidebar::SettingsSidebar(SettingsNavigation& navigation, const TextExcha
     column->setSpacing(sidebarSpacing);
     column->addWidget(search);
     column->addWidget(m_list, 1);
-    m_list->raise(); // is read after the field above it
+    m_list->raise(); // so that screen readers read it after the search field
     setFixedWidth(sidebarWidth);
 }
 
@@ -152,7 +152,7 @@ void SettingsSidebar::showSelection()
         m_list->clearSelection();
 }
 
-void SettingsSidebar::takeSelection()
+void SettingsSidebar::applySelection()
 {
     if (m_isShowingSelection)
         return;

@@ -11,7 +11,7 @@ namespace driftbox {
 
 class SettingsNavigation;
 
-/// The left column of the settings: a search field and the pages that match it.
+/// The sidebar of the settings window: a search field and the list of matching pages.
 class SettingsSidebar final : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 
 private:
     void showSelection();
-    void takeSelection();
+    void applySelection();
 
     SettingsNavigation& m_navigation;
     SettingsSectionsModel m_model;

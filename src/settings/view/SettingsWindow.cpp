@@ -23,7 +23,7 @@ constexpr qreal shadowRadius = 14.0;
 constexpr qreal shadowOpacity = 0.22;
 constexpr qreal shadowOffset = 6.0;
 constexpr qreal outlineOpacity = 0.12;
-constexpr int edgeThickness = 5; // of what resizes, along the inside of the frame
+constexpr int edgeThickness = 5; // of the resize area, inside the frame
 constexpr int cornerLength = 14;
 
 constexpr QMargins shadowMargins(shadowMargin, shadowMargin, shadowMargin, shadowMargin);
@@ -45,7 +45,7 @@ SettingsWindow::SettingsWindow(FloatingSurfaceFactory& surfaces, const SettingsS
     connect(m_rootView, &SettingsRootView::closeRequested, this, &QWidget::close);
     connect(m_rootView, &SettingsRootView::minimizeRequested, this, &QWidget::showMinimized);
 
-    winId(); // makes the window that the surface adopts
+    winId(); // creates the window that the surface adopts
     m_surface = surfaces.adopt(*windowHandle(), FloatingSurface::Role::ordinary);
     connect(m_surface.get(), &FloatingSurface::compositedChanged, this, [this] { update(); });
     fitFrame();
@@ -133,8 +133,8 @@ void SettingsWindow::mousePressEvent(QMouseEvent* event)
         m_drag.press(event->position().toPoint());
 }
 
-// A press that goes nowhere must not reach the window manager: it would miss the release, and the
-// window would stick to the pointer.
+// Moving starts with a drag, not with the press: the window manager would miss the release of a
+// plain click, and the window would stick to the pointer.
 void SettingsWindow::mouseMoveEvent(QMouseEvent* event)
 {
     if (!(event->buttons() & Qt::LeftButton))

@@ -11,14 +11,15 @@
 
 namespace driftbox {
 
-/// The window of the settings. It draws its own frame, so that its columns run up to the top edge;
-/// closing it only hides it.
+/// The settings window. It draws its own frame, so that its columns extend to the top edge; closing
+/// it only hides it.
 class SettingsWindow final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The surfaces and what `services` refers to must outlive the window. It is not shown yet.
+    /// Creates the window without showing it. `surfaces` and the references in `services` must
+    /// outlive it.
     SettingsWindow(FloatingSurfaceFactory& surfaces, const SettingsServices& services,
                    const TextExchange& exchange);
     ~SettingsWindow() override;
@@ -26,7 +27,7 @@ public:
     [[nodiscard]] FloatingSurface& surface() { return *m_surface; }
     [[nodiscard]] SettingsRootView& rootView() { return *m_rootView; }
 
-    /// The size of the window with its shadow at first, in points.
+    /// The initial size of the window including its shadow, in points.
     [[nodiscard]] static QSizeF initialSize();
 
 protected:

@@ -26,11 +26,11 @@ void SettingsWindowController::showWindow()
 void SettingsWindowController::place()
 {
     const auto screens = m_screens.screens();
-    std::vector<QRectF> rooms;
-    std::ranges::transform(screens, std::back_inserter(rooms), &Screen::visibleFrame);
-    if (screens.empty() || rooms == m_rooms)
+    std::vector<QRectF> visibleFrames;
+    std::ranges::transform(screens, std::back_inserter(visibleFrames), &Screen::visibleFrame);
+    if (screens.empty() || visibleFrames == m_visibleFrames)
         return;
-    const bool isFirst = std::exchange(m_rooms, std::move(rooms)).empty();
+    const bool isFirst = std::exchange(m_visibleFrames, std::move(visibleFrames)).empty();
     if (isFirst)
         center(screens);
     else
@@ -41,8 +41,8 @@ void SettingsWindowController::center(const std::vector<Screen>& screens)
 {
     const QPointF mouse = m_screens.mouseLocation();
     const Screen* screen = ScreenGeometry::screenContaining(mouse, screens);
-    const QRectF room = (screen ? *screen : screens.front()).visibleFrame;
-    const QSizeF size = SettingsWindow::initialSize().boundedTo(room.size());
+    const QRectF available = (screen ? *screen : screens.front()).visibleFrame;
+    const QSizeF size = SettingsWindow::initialSize().boundedTo(available.size());
     m_window->surface().setFrame(
         QRectF(ScreenGeometry::centeredOrigin(size, mouse, screens), size));
 }
@@ -50,14 +50,16 @@ void SettingsWindowController::center(const std::vector<Screen>& screens)
 void SettingsWindowController::fit(const std::vector<Screen>& screens)
 {
     QRectF frame = m_window->surface().frame();
-    const auto holdsAll = [&frame](const QRectF& room) { return room.contains(frame); };
-    if (std::ranges::any_of(m_rooms, holdsAll))
+    const auto containsFrame = [&frame](const QRectF& visibleFrame) {
+        return visibleFrame.contains(frame);
+    };
+    if (std::ranges::any_of(m_visibleFrames, containsFrame))
         return;
     const Screen* screen = ScreenGeometry::screenContaining(frame.center(), screens);
-    const QRectF room = (screen ? *screen : screens.front()).visibleFrame;
-    frame.setSize(frame.size().boundedTo(room.size()));
-    frame.moveLeft(std::clamp(frame.left(), room.left(), room.right() - frame.width()));
-    frame.moveTop(std::clamp(frame.top(), room.top(), room.bottom() - frame.height()));
+    const QRectF available = (screen ? *screen : screens.front()).visibleFrame;
+    frame.setSize(frame.size().boundedTo(available.size()));
+    frame.moveLeft(std::clamp(frame.left(), available.left(), available.right() - frame.width()));
+    frame.moveTop(std::clamp(frame.top(), available.top(), available.bottom() - frame.height()));
     m_window->surface().setFrame(frame);
 }
 

@@ -8,9 +8,9 @@
 
 namespace driftbox {
 
-/// Owns the one settings window for the program's life: it opens on the page and at the place where
-/// it was left, unless the screens have changed and that place is not wholly on one of them. Main
-/// thread only.
+/// Owns the only settings window for the program's lifetime. It reopens on the page and at the
+/// position where it was left, unless the screens have changed and that position is not entirely on
+/// one of them. Main thread only.
 class SettingsWindowController
 {
 public:
@@ -19,8 +19,8 @@ public:
 
     [[nodiscard]] SettingsWindow& window() { return *m_window; }
 
-    /// Shows the window in front of all others and gives it the keyboard; the first time in the
-    /// middle of the screen.
+    /// Shows and raises the window and gives it the keyboard focus; the first time it is centered
+    /// on the screen.
     void showWindow();
 
 private:
@@ -30,7 +30,7 @@ private:
 
     std::unique_ptr<SettingsWindow> m_window;
     const Screens& m_screens;
-    std::vector<QRectF> m_rooms; ///< the visible parts of the screens when it was last shown
+    std::vector<QRectF> m_visibleFrames; ///< of the screens when the window was last shown
 };
 
 } // namespace driftbox

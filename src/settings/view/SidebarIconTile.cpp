@@ -9,7 +9,7 @@
 namespace driftbox {
 
 namespace {
-constexpr int lighterAtTop = 112; // per cent
+constexpr int lighterAtTop = 112; // percent
 }
 
 void paintSidebarIconTile(QPainter& painter, const QRectF& tile, SettingsSection section)

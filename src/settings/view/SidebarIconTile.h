@@ -9,13 +9,13 @@ class QPainter;
 
 namespace driftbox {
 
-/// The side of the tile before a page's title in the sidebar, in points.
+/// The side length of the tile next to a page's title in the sidebar, in points.
 inline constexpr int sidebarIconTileSide = 22;
 
-/// Draws that tile: the page's symbol, white on a rounded square of the page's color.
+/// Paints that tile: the page's symbol, white on a rounded square in the page's color.
 void paintSidebarIconTile(QPainter& painter, const QRectF& tile, SettingsSection section);
 
-/// The same at any size.
+/// The style of a tile of any size.
 struct IconTileStyle
 {
     qreal cornerRadius;

@@ -60,7 +60,7 @@ void SidebarSearchField::paintEvent(QPaintEvent*)
                    {.size = sidebarSearchFieldSymbolSize, .color = Theme::secondary()});
 }
 
-// All of it is the field to whoever aims at it.
+// Clicks anywhere in the frame focus the text field.
 void SidebarSearchField::mousePressEvent(QMouseEvent* event)
 {
     m_field->setFocus(Qt::MouseFocusReason);

@@ -6,7 +6,8 @@ namespace driftbox {
 
 class SymbolButton;
 
-/// The round field above the sidebar that narrows what it lists. Gives its focus to the text.
+/// The rounded search field above the sidebar, which filters its list. Its focus proxy is the text
+/// field.
 class SidebarSearchField final : public QWidget
 {
     Q_OBJECT

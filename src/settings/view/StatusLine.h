@@ -6,7 +6,7 @@ namespace driftbox {
 
 class FormLabel;
 
-/// A symbol that says well or not, and a text that says what.
+/// A text with a symbol that shows its status.
 class StatusLine final : public QWidget
 {
     Q_OBJECT

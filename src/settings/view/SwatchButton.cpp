@@ -10,10 +10,10 @@ namespace driftbox {
 namespace {
 
 constexpr int diameter = 20;
-constexpr int outlineRoom = 4; // for the outline and that of the keyboard's focus
-constexpr qreal chosenWidth = 2.0;
-constexpr qreal otherWidth = 0.5;
-constexpr qreal otherOpacity = 0.1;
+constexpr int outlineMargin = 4; // for the outline and the focus ring
+constexpr qreal selectedOutlineWidth = 2.0;
+constexpr qreal outlineWidth = 0.5;
+constexpr qreal swatchOutlineOpacity = 0.1;
 
 } // namespace
 
@@ -28,7 +28,7 @@ SwatchButton::SwatchButton(NoteColor color, QWidget* parent)
 
 QSize SwatchButton::sizeHint() const
 {
-    return {diameter + 2 * outlineRoom, diameter + 2 * outlineRoom};
+    return {diameter + 2 * outlineMargin, diameter + 2 * outlineMargin};
 }
 
 bool SwatchButton::hitButton(const QPoint& position) const
@@ -43,15 +43,15 @@ void SwatchButton::paintEvent(QPaintEvent*)
     const QPointF center = QRectF(rect()).center();
     constexpr qreal radius = diameter / 2.0;
     if (isChecked())
-        painter.setPen(QPen(Theme::accent(), chosenWidth));
+        painter.setPen(QPen(Theme::accent(), selectedOutlineWidth));
     else
-        painter.setPen(QPen(Theme::withOpacity(Qt::black, otherOpacity), otherWidth));
+        painter.setPen(QPen(Theme::withOpacity(Qt::black, swatchOutlineOpacity), outlineWidth));
     painter.setBrush(Theme::noteSwatch(m_color));
     painter.drawEllipse(center, radius, radius);
     if (hasFocus()) {
         painter.setPen(QPen(Theme::withOpacity(Theme::accent(), 0.5), 1.5));
         painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(center, radius + outlineRoom - 1.0, radius + outlineRoom - 1.0);
+        painter.drawEllipse(center, radius + outlineMargin - 1.0, radius + outlineMargin - 1.0);
     }
 }
 

@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// A note color to choose: a round swatch, outlined boldly while it is the chosen one. For
-/// assistive technology it is a radio button of the color's name.
+/// Selects a note color: a round swatch with a bold outline while selected. Assistive technology
+/// sees a radio button with the color's name.
 class SwatchButton final : public QRadioButton
 {
     Q_OBJECT

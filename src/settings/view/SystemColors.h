@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// The color as it is in the current appearance, light or dark; ask while painting.
+/// The color in the current appearance, light or dark; look it up on every paint.
 [[nodiscard]] QColor systemColor(SystemColor color);
 
 } // namespace driftbox

@@ -5,10 +5,10 @@
 
 namespace driftbox {
 
-/// The picture of that name in the program's resources; null when there is none.
+/// The picture of that name from the program's resources; null when there is none.
 [[nodiscard]] QImage bundledImage(const QString& name);
 
-/// A payment code with its caption. Where its picture is missing a placeholder takes its place.
+/// A payment code with its caption. A placeholder replaces a missing picture.
 class TipPicture final : public QLabel
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ constexpr QSizeF switchSize(38.0, 22.0);
 constexpr qreal knobInset = 2.0;
 constexpr int toggleRowSpacing = 12;
 constexpr int toggleRowVerticalPadding = 10;
-constexpr int narrowestText = 120;
+constexpr int minTextWidth = 120;
 constexpr int slideDurationMs = 140;
 constexpr qreal offOpacity = 0.22;
 constexpr qreal disabledOpacity = 0.4;
@@ -34,7 +34,7 @@ ToggleRow::ToggleRow(const QString& label, QWidget* parent)
     m_knob.setStartValue(0.0);
     m_knob.setEndValue(1.0);
     connect(&m_knob, &QVariantAnimation::valueChanged, this, [this] { update(); });
-    connect(this, &QCheckBox::toggled, this, &ToggleRow::slide);
+    connect(this, &QCheckBox::toggled, this, &ToggleRow::animateKnob);
 }
 
 QSize ToggleRow::sizeHint() const
@@ -46,8 +46,8 @@ QSize ToggleRow::sizeHint() const
 
 QSize ToggleRow::minimumSizeHint() const
 {
-    const int width = 2 * FormSection::sidePadding + toggleRowSpacing + qRound(switchSize.width()) +
-                      narrowestText;
+    const int width =
+        2 * FormSection::sidePadding + toggleRowSpacing + qRound(switchSize.width()) + minTextWidth;
     return {width, 2 * toggleRowVerticalPadding + fontMetrics().height()};
 }
 
@@ -66,7 +66,7 @@ bool ToggleRow::hitButton(const QPoint& position) const
     return rect().contains(position);
 }
 
-void ToggleRow::slide(bool on)
+void ToggleRow::animateKnob(bool on)
 {
     m_knob.setDirection(on ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
     if (!isVisible())

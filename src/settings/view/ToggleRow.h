@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// A row of a form that is switched on and off by a click anywhere on it: its label, and at the
-/// right a switch. For assistive technology it is a check box of that name.
+/// A form row with a label and, on the right, a switch, toggled by a click anywhere in the row.
+/// Assistive technology sees a check box with that label.
 class ToggleRow final : public QCheckBox
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void slide(bool on);
+    void animateKnob(bool on);
     [[nodiscard]] QRectF track() const;
     void paintSwitch(QPainter& painter) const;
 

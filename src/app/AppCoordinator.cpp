@@ -41,8 +41,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(appCoordinatorLog, "AppCoordinator")
 
-// Long enough for the session to settle, short enough to come before the first double tap.
-constexpr auto idleAfterStart = 300ms;
+// Leaves the session time to start up, but ends before the first double tap.
+constexpr auto startupIdleDelay = 300ms;
 
 QPointer<AppCoordinator>& sharedCoordinator()
 {
@@ -132,7 +132,7 @@ void AppCoordinator::startHotkey()
 
 void AppCoordinator::buildPanelWhenIdle()
 {
-    m_desktop.clock.after(idleAfterStart, this, [this] {
+    m_desktop.clock.after(startupIdleDelay, this, [this] {
         (void)panelController();
         m_panel->prepare();
     });
@@ -270,7 +270,7 @@ MagicPanelController& AppCoordinator::panelController()
                                        *m_cursorLocator, m_desktop.screens, m_desktop.localKeys,
                                        m_notifications, m_desktop.clock});
     connect(m_panel.get(), &FloatingPanel::settingsRequested, this, &AppCoordinator::showSettings);
-    // What was copied a moment ago stands first.
+    // Something copied just now must be listed first.
     connect(m_panelController.get(), &MagicPanelController::aboutToShow, &monitor(),
             &ClipboardMonitor::tick);
     return *m_panelController;

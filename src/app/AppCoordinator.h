@@ -31,34 +31,34 @@ class ThemeFollower;
 class ThumbnailCache;
 struct ClipboardItem;
 
-/// Builds every long-lived service, once, and wires them together. What is built lazily comes into
-/// being when it is first read and lives as long as the coordinator. Main thread only.
+/// Builds every long-lived service once and wires them together. Services that are built lazily are
+/// created on first access and live as long as the coordinator. Main thread only.
 class AppCoordinator : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What `desktop` refers to must outlive the coordinator.
+    /// The services in `desktop` must outlive the coordinator.
     explicit AppCoordinator(const Desktop& desktop, QObject* parent = nullptr);
     ~AppCoordinator() override;
 
     /// The running coordinator; null before `start`. For views, the menu and the settings pages.
     [[nodiscard]] static AppCoordinator* shared();
 
-    /// Builds and wires the services; called once at launch.
+    /// Builds and wires the services. To be called once, at launch.
     void start();
 
-    /// Makes the session's login item match the settings. A failure is logged and the setting
-    /// stays.
+    /// Applies the launch-at-login setting to the session. A failure is logged and leaves the
+    /// setting unchanged.
     void applyLaunchAtLogin();
 
-    /// Hides the panel when it is shown, else shows it.
+    /// Shows the panel, or hides it when it is visible.
     void togglePanel();
-    /// Shows the panel if it is not shown.
+    /// Shows the panel unless it is already visible.
     void showPanel();
-    /// Lets the user choose Markdown files to read.
+    /// Lets the user choose a Markdown file to open.
     void openMarkdown();
-    /// Shows the settings window in front of all others.
+    /// Shows and raises the settings window.
     void showSettings();
     /// Opens the product's feedback page in the browser.
     void sendFeedback();
@@ -92,7 +92,7 @@ private:
     std::unique_ptr<ThemeFollower> m_theme;
     NotificationCenter m_notifications;
     PasteboardWriter m_pasteboardWriter;
-    TextExchange m_textExchange; ///< of the text fields
+    TextExchange m_textExchange; ///< for the text fields
     SectionRegistry m_registry;
     PanelAnimator m_panelAnimator;
     std::unique_ptr<ClipboardStore> m_store;

@@ -15,7 +15,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(appDelegateLog, "AppDelegate")
 
-// Of a folder, too, whose address may end in a slash.
+// Also handles folders, whose addresses may end with a slash.
 QString lastPathComponent(const QUrl& document)
 {
     return document.adjusted(QUrl::StripTrailingSlash).fileName();

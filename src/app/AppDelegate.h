@@ -9,8 +9,7 @@ namespace driftbox {
 class AppCoordinator;
 class InstanceLink;
 
-/// Turns what happens to the program, its launch and what the desktop asks of it, into calls of the
-/// coordinator. Main thread only.
+/// Forwards the program's launch and the desktop's requests to the coordinator. Main thread only.
 class AppDelegate : public QObject
 {
     Q_OBJECT
@@ -19,7 +18,7 @@ public:
     /// Both must outlive the delegate.
     AppDelegate(AppCoordinator& coordinator, InstanceLink& link, QObject* parent = nullptr);
 
-    /// `documents` are those that the program was started with.
+    /// `documents` are those passed on the command line.
     void applicationDidFinishLaunching(const QList<QUrl>& documents);
 
 private:

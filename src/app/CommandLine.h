@@ -9,14 +9,14 @@
 
 namespace driftbox {
 
-/// What the program was started with.
+/// The parsed command line.
 struct CommandLine
 {
-    std::optional<QString> answer; ///< to print, and then nothing else is to be done
-    bool isUnderstood = true;      ///< false: `answer` says what is wrong
+    std::optional<QString> answer; ///< to be printed instead of starting the program
+    bool isUnderstood = true;      ///< if false, `answer` describes the error
     QList<QUrl> documents;         ///< the files to open
 
-    /// `arguments` without the program's name; relative files are those of `folder`.
+    /// `arguments` excludes the program's name; relative paths are resolved against `folder`.
     [[nodiscard]] static CommandLine parse(const QStringList& arguments, const QString& folder);
 };
 

@@ -22,7 +22,7 @@ class TextRecognizer;
 class UserDefaults;
 class Workspace;
 
-/// Everything that the program asks of the desktop it runs on. Borrowed: the back-end owns it all.
+/// All services of the desktop that the program runs on. Not owned: the back-end owns them.
 struct Desktop
 {
     FileSystem& fileSystem;

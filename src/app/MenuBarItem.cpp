@@ -19,11 +19,10 @@ namespace driftbox {
 
 namespace {
 
-constexpr auto menuBarIdleAfterStart = 500ms;
+constexpr auto menuBarStartupDelay = 500ms;
 
-// While a session starts, or its bar starts again, the tray may be there before the better place
-// is.
-constexpr auto patience = 3s;
+// While the session or its panel starts up, the tray may appear before the preferred notifiers.
+constexpr auto notifiersTimeout = 3s;
 
 } // namespace
 
@@ -44,7 +43,7 @@ MenuBarItem::~MenuBarItem() = default;
 
 void MenuBarItem::start()
 {
-    m_desktop.clock.after(menuBarIdleAfterStart, this, [this] {
+    m_desktop.clock.after(menuBarStartupDelay, this, [this] {
         m_desktop.statusNotifiers.watch();
         m_desktop.systemTray.watch();
         waitForNotifiers();
@@ -53,11 +52,11 @@ void MenuBarItem::start()
 
 void MenuBarItem::waitForNotifiers()
 {
-    m_traySuffices = false;
-    m_desktop.clock.after(patience, this, [this, wait = ++m_wait] {
-        if (wait != m_wait)
+    m_isTrayAccepted = false;
+    m_desktop.clock.after(notifiersTimeout, this, [this, generation = ++m_generation] {
+        if (generation != m_generation)
             return;
-        m_traySuffices = true;
+        m_isTrayAccepted = true;
         followDesktop();
     });
 }
@@ -76,7 +75,7 @@ std::optional<StatusPlace> MenuBarItem::bestPlace() const
 {
     if (m_desktop.statusNotifiers.isAvailable())
         return StatusPlace::notifiers;
-    if (m_traySuffices && m_desktop.systemTray.isAvailable())
+    if (m_isTrayAccepted && m_desktop.systemTray.isAvailable())
         return StatusPlace::tray;
     return std::nullopt;
 }
@@ -97,8 +96,8 @@ void MenuBarItem::show(StatusPlace place)
     m_icon->show();
 }
 
-// Beside the icon, so that letting the button go chooses nothing. Where the desktop does not tell
-// where the icon is, the pointer is on it.
+// The menu opens next to the icon, so that releasing the button does not trigger an entry. If the
+// desktop does not report the icon's geometry, the pointer is on the icon.
 QPoint MenuBarItem::menuPosition() const
 {
     const QRect icon = m_icon->geometry();

@@ -16,19 +16,19 @@ namespace driftbox {
 class AppSettings;
 class MenuBarMenu;
 
-/// The program's item in the desktop's bar, there whenever the desktop has a place for it, and
-/// following when the desktop changes from one kind of place to another. Where there is none
-/// nothing is missing: starting the program again opens the panel. Main thread only.
+/// The program's item in the desktop's status area, shown whenever the desktop has one and moved
+/// when the desktop switches to another kind. The item is optional: starting the program again
+/// opens the panel. Main thread only.
 class MenuBarItem final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What both refer to must outlive the item.
+    /// The services in `desktop` and `settings` must outlive the item.
     MenuBarItem(const Desktop& desktop, const AppSettings& settings, QObject* parent = nullptr);
     ~MenuBarItem() override;
 
-    /// Looks for a place once the program has nothing more urgent to do.
+    /// Starts watching for a status area once the program has finished starting up.
     void start();
 
 private:
@@ -41,11 +41,11 @@ private:
 
     Desktop m_desktop;
     const AppSettings& m_settings;
-    std::unique_ptr<MenuBarMenu> m_menu; ///< of the icon, and outlives it
+    std::unique_ptr<MenuBarMenu> m_menu; ///< used by the icon, which it outlives
     std::unique_ptr<QSystemTrayIcon> m_icon;
-    std::optional<StatusPlace> m_place; ///< where the icon is
-    bool m_traySuffices = false;
-    int m_wait = 0; ///< the generation of the wait for the notifiers
+    std::optional<StatusPlace> m_place; ///< where the icon is shown
+    bool m_isTrayAccepted = false;
+    int m_generation = 0; ///< of the latest wait for the notifiers
 };
 
 } // namespace driftbox

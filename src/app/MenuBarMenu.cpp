@@ -17,8 +17,8 @@ namespace driftbox {
 
 namespace {
 
-// The desktop draws the menu in colors of its own, which may be light or dark: these can be told
-// from both.
+// These colors are readable on both light and dark menus, which the desktop may draw in its own
+// colors.
 constexpr QColor plainColor(0x80, 0x80, 0x88);
 constexpr QColor destructiveColor(0xe0, 0x3e, 0x3e);
 constexpr int symbolSize = 15;
@@ -28,7 +28,7 @@ QIcon entryIcon(const QString& symbol, const QColor& color = plainColor)
     return Symbols::icon(symbol, {.size = symbolSize, .color = color});
 }
 
-/// Calls `action` with the running coordinator, if there is one.
+/// Wraps `action` into a callback that passes it the running coordinator, if there is one.
 template <typename Action>
 auto withCoordinator(Action action)
 {

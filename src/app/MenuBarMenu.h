@@ -7,19 +7,19 @@ namespace driftbox {
 
 class AppSettings;
 
-/// What the program's item in the desktop's bar offers: another road to everything that the double
-/// tap and the settings window offer. Its entries act on the running coordinator and do nothing
-/// where there is none. Main thread only.
+/// The menu of the program's status area item, which offers everything that the double tap and the
+/// settings window offer. Its entries act on the running coordinator and have no effect without
+/// one. Main thread only.
 class MenuBarMenu final : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// The hint follows `settings`, which must outlive the menu.
+    /// The hint reflects `settings`, which must outlive the menu.
     explicit MenuBarMenu(const AppSettings& settings);
 
 protected:
-    /// The shortcuts of the entries work while the menu is open.
+    /// The entries' shortcuts work while the menu is open.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -29,7 +29,7 @@ private:
     QAction* m_hint = nullptr;
 };
 
-/// How to open the panel, in a few words.
+/// A short description of how to open the panel.
 [[nodiscard]] QString hotkeyHint(const AppSettings& settings);
 
 } // namespace driftbox

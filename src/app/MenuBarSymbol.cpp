@@ -16,7 +16,7 @@ constexpr qreal tileShare = 0.92;
 constexpr qreal cornerShare = 0.24;
 constexpr qreal symbolShare = 0.60;
 
-// The program's own card: its blue has enough contrast to white and to black.
+// A rounded square, whose blue has enough contrast with white and with black.
 QPixmap draw(int side)
 {
     QPixmap picture(side, side);

@@ -4,8 +4,8 @@
 
 namespace driftbox {
 
-/// The program's symbol for the desktop's bar, in all sizes that bars have. It can be told from a
-/// light bar as well as from a dark one.
+/// The program's icon for the status area, in all common sizes. It is visible on light and dark
+/// bars.
 [[nodiscard]] QIcon menuBarSymbol();
 
 } // namespace driftbox

@@ -12,8 +12,8 @@ namespace driftbox {
 
 namespace {
 
-/// Knows no notifiers, so that the toolkit makes a window for a tray. The desktop's own theme is
-/// not even asked: it remembers its first answer.
+/// A theme without support for notifiers, so that the toolkit creates a tray window. The desktop's
+/// own theme must not be queried: it caches its first answer.
 class ThemeWithoutNotifiers final : public QPlatformTheme
 {
 public:

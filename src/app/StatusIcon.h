@@ -7,14 +7,14 @@ class QSystemTrayIcon;
 
 namespace driftbox {
 
-/// How a desktop shows symbols of resident programs.
+/// The kinds of status areas.
 enum class StatusPlace : std::uint8_t {
-    notifiers, ///< it shows the item and draws its menu
-    tray,      ///< it holds a window of the program
+    notifiers, ///< the desktop draws the item and its menu
+    tray,      ///< the desktop embeds a window of the program
 };
 
-/// An icon for that place, not shown yet. Left alone, the toolkit would decide between the places
-/// once, for the program's whole life. The place must be there.
+/// Creates an icon for `place`, which must be available, without showing it. By default the toolkit
+/// would choose the place once for the lifetime of the program.
 [[nodiscard]] std::unique_ptr<QSystemTrayIcon> makeStatusIcon(StatusPlace place);
 
 } // namespace driftbox

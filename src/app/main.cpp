@@ -37,15 +37,15 @@ int answer(const driftbox::CommandLine& commandLine)
 
 void describeApplication()
 {
-    QApplication::setApplicationName(u"Drift Box"_s); // bars and screen readers show it
+    QApplication::setApplicationName(u"Drift Box"_s); // shown by task bars and screen readers
     QApplication::setApplicationVersion(driftbox::AppConfig::version());
     QApplication::setDesktopFileName(u"app.driftbox"_s);
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
-// Memory of large copies goes back to the system when they are replaced, however many small things
-// were allocated meanwhile.
-void returnLargeBlocks()
+// Allocates large blocks separately, so that the memory of large copies is returned to the system
+// when they are replaced, regardless of smaller allocations.
+void allocateLargeBlocksSeparately()
 {
     constexpr int largeBlock = 256 * 1024;
     mallopt(M_MMAP_THRESHOLD, largeBlock);
@@ -55,13 +55,13 @@ void returnLargeBlocks()
 
 int main(int argc, char** argv)
 {
-    returnLargeBlocks();
+    allocateLargeBlocksSeparately();
     const driftbox::CommandLine commandLine = readCommandLine(argc, argv);
     if (commandLine.answer)
         return answer(commandLine);
 
     driftbox::Log::install();
-    // The back-end speaks X11, also through a Wayland session's X server.
+    // The back-end uses X11, in a Wayland session through its X server.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     describeApplication();

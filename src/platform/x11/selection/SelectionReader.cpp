@@ -142,9 +142,9 @@ void SelectionReader::formatArrived(const SelectionTransfer::Result& result)
     step.candidates.clear();
     const QPointer<SelectionReader> self(this);
     if (result.outcome != Outcome::complete)
-        noteFailure(format, result.outcome);
+        logFailure(format, result.outcome);
     else if (result.format != 8)
-        noteFailure(format, Outcome::malformed);
+        logFailure(format, Outcome::malformed);
     else
         keep(format, result.pieces);
     if (self)
@@ -170,7 +170,7 @@ void SelectionReader::keep(Format format, const QByteArrayList& pieces)
     }
 }
 
-void SelectionReader::noteFailure(Format format, Outcome outcome)
+void SelectionReader::logFailure(Format format, Outcome outcome)
 {
     const auto refuse = [&](const QString& what) {
         qCWarning(selectionReaderLog).noquote()

@@ -66,7 +66,7 @@ private:
     void nextStep();
     void formatArrived(const SelectionTransfer::Result& result);
     void keep(Format format, const QByteArrayList& pieces);
-    void noteFailure(Format format, SelectionTransfer::Outcome outcome);
+    void logFailure(Format format, SelectionTransfer::Outcome outcome);
     void decodeContent();
     void publish(const DecodedContent& decoded);
     void finish();

@@ -141,10 +141,10 @@ void X11FloatingSurface::handleExposed()
     // Some window managers ignore the initial input shape of a window but not a change of it; those
     // that process the withdrawal late remove the new hints along with the old.
     if (std::exchange(m_isFreshlyMapped, false)) {
-        insistOnPlaceFor(placingTime);
+        enforceFrameFor(placingTime);
         m_hints.repeat();
         applyShape();
-        noticeGeometry();
+        checkGeometry();
     }
     if (std::exchange(m_takesKeyboardOnceViewable, false))
         m_windowManager.activateDirectly(m_id);
@@ -195,7 +195,7 @@ void X11FloatingSurface::handleNewWindowManager()
     if (m_isFreshlyMapped)
         X11WindowGeometry::showAgain(m_window, m_frame);
     m_hints.repeat();
-    insistOnPlaceFor(takeoverTime);
+    enforceFrameFor(takeoverTime);
 }
 
 bool X11FloatingSurface::isComposited() const
@@ -266,10 +266,10 @@ void X11FloatingSurface::startResize(Qt::Edges edges)
 void X11FloatingSurface::handleConfigured()
 {
     // Deferred until the toolkit has processed the event, too.
-    QMetaObject::invokeMethod(this, &X11FloatingSurface::noticeGeometry, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &X11FloatingSurface::checkGeometry, Qt::QueuedConnection);
 }
 
-void X11FloatingSurface::noticeGeometry()
+void X11FloatingSurface::checkGeometry()
 {
     // A window passes through other positions while it is being mapped.
     if (!m_window.isVisible() || m_isFreshlyMapped || isInPlace())
@@ -283,7 +283,7 @@ void X11FloatingSurface::noticeGeometry()
     }
 }
 
-void X11FloatingSurface::insistOnPlaceFor(std::chrono::milliseconds time)
+void X11FloatingSurface::enforceFrameFor(std::chrono::milliseconds time)
 {
     m_placingRequests = maxPlacingRequests;
     m_placingDeadline = QDeadlineTimer(time);

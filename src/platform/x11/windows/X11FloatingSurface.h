@@ -62,9 +62,9 @@ private:
     void applyShape();
     [[nodiscard]] QMargins extentsAround(const QRegion& shape) const;
     [[nodiscard]] bool isInPlace() const;
-    void noticeGeometry();
+    void checkGeometry();
     void settleGeometry();
-    void insistOnPlaceFor(std::chrono::milliseconds time);
+    void enforceFrameFor(std::chrono::milliseconds time);
 
     QWindow& m_window;
     X11Connection& m_connection;

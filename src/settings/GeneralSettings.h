@@ -13,7 +13,7 @@ class GeneralSettings : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int minThresholdMs = 150; ///< at the end of the slider
+    static constexpr int minThresholdMs = 150; ///< at the end labeled "Slow"
     static constexpr int maxThresholdMs = 600;
     static constexpr int stepMs = 50;
 

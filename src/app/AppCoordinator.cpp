@@ -94,6 +94,7 @@ void AppCoordinator::start()
     noteManager().restore();
     startHotkey();
     applyLaunchAtLogin();
+    followSettings();
     buildPanelWhenIdle();
 }
 
@@ -128,6 +129,15 @@ void AppCoordinator::startHotkey()
     });
     hotkeyManager().start();
     HotkeyManager::promptForAccessibilityIfNeeded(m_desktop.keyboard, m_desktop.userDefaults);
+}
+
+void AppCoordinator::followSettings()
+{
+    for (const auto change :
+         {&AppSettings::hotkeyEnabledChanged, &AppSettings::hotkeyModifierChanged})
+        connect(&m_settings, change, this, [this] { hotkeyManager().restart(); });
+    connect(&m_settings, &AppSettings::launchAtLoginChanged, this,
+            &AppCoordinator::applyLaunchAtLogin);
 }
 
 void AppCoordinator::buildPanelWhenIdle()
@@ -294,8 +304,6 @@ SettingsServices AppCoordinator::settingsServices()
             .isAccessibilityTrusted = [this] { return hotkeyManager().isTrusted(); },
             .requestAccessibilityTrust = [this] { m_desktop.keyboard.requestTrust(); },
             .openAccessibilitySettings = [this] { openAccessibilitySettings(); },
-            .restartHotkey = [this] { hotkeyManager().restart(); },
-            .applyLaunchAtLogin = [this] { applyLaunchAtLogin(); },
             .closeAllNotes = [this] { noteManager().closeAll(); },
             .sendFeedback = [this] { sendFeedback(); }};
 }

@@ -83,6 +83,7 @@ private:
     void registerNotesSection();
     void makeNote(const ClipboardItem& item);
     void startHotkey();
+    void followSettings();
     void buildPanelWhenIdle();
     void openAccessibilitySettings();
     [[nodiscard]] SettingsServices settingsServices();

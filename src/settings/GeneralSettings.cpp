@@ -29,10 +29,8 @@ bool GeneralSettings::isHotkeyEnabled() const
 
 void GeneralSettings::setHotkeyEnabled(bool enabled)
 {
-    if (enabled == isHotkeyEnabled())
-        return;
-    m_services.settings.setHotkeyEnabled(enabled);
-    m_services.restartHotkey();
+    if (enabled != isHotkeyEnabled())
+        m_services.settings.setHotkeyEnabled(enabled);
 }
 
 HotkeyModifier GeneralSettings::modifier() const
@@ -42,10 +40,8 @@ HotkeyModifier GeneralSettings::modifier() const
 
 void GeneralSettings::setModifier(HotkeyModifier modifier)
 {
-    if (modifier == this->modifier())
-        return;
-    m_services.settings.setHotkeyModifier(modifier);
-    m_services.restartHotkey();
+    if (modifier != this->modifier())
+        m_services.settings.setHotkeyModifier(modifier);
 }
 
 qint64 GeneralSettings::threshold() const
@@ -72,10 +68,8 @@ bool GeneralSettings::launchesAtLogin() const
 
 void GeneralSettings::setLaunchesAtLogin(bool launches)
 {
-    if (launches == launchesAtLogin())
-        return;
-    m_services.settings.setLaunchAtLogin(launches);
-    m_services.applyLaunchAtLogin();
+    if (launches != launchesAtLogin())
+        m_services.settings.setLaunchAtLogin(launches);
 }
 
 void GeneralSettings::recheckAccessibility()

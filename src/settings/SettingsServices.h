@@ -16,8 +16,6 @@ struct SettingsServices
     std::function<bool()> isAccessibilityTrusted;
     std::function<void()> requestAccessibilityTrust; ///< shows the desktop's permission prompt
     std::function<void()> openAccessibilitySettings;
-    std::function<void()> restartHotkey;
-    std::function<void()> applyLaunchAtLogin;
     std::function<void()> closeAllNotes;
     std::function<void()> sendFeedback;
 };

@@ -89,14 +89,38 @@ private Q_SLOTS:
         QCOMPARE(&m_coordinator->markdownReader(), &m_coordinator->markdownReader());
     }
 
-    void theLoginItemFollowsTheSettingAtEveryCall()
+    void theLoginItemFollowsTheSetting()
     {
         start();
         QCOMPARE(m_desktop->loginItem.unregistrations, 1); // also when it was never registered
         m_coordinator->settings().setLaunchAtLogin(true);
+        QCOMPARE(m_desktop->loginItem.registrations, 1);
+        m_coordinator->settings().setLaunchAtLogin(false);
+        QCOMPARE(m_desktop->loginItem.unregistrations, 2);
+    }
+
+    void theLoginItemIsAppliedAtEveryCall()
+    {
+        m_coordinator->settings().setLaunchAtLogin(true);
         m_coordinator->applyLaunchAtLogin();
         m_coordinator->applyLaunchAtLogin();
         QCOMPARE(m_desktop->loginItem.registrations, 2);
+    }
+
+    void theHotkeyStartsOverWithItsSettings()
+    {
+        start();
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey disabled in settings; not starting monitors");
+        m_coordinator->settings().setHotkeyEnabled(false);
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 0U);
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey monitors installed");
+        m_coordinator->settings().setHotkeyEnabled(true);
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 1U);
+
+        QTest::ignoreMessage(QtInfoMsg, "Hotkey monitors installed");
+        m_coordinator->settings().setHotkeyModifier(HotkeyModifier::option);
+        m_coordinator->settings().setHotkeyThresholdMs(600); // which is only read
+        QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 1U);
     }
 
     void aLoginItemThatFailsIsLoggedAndTheSettingStays()

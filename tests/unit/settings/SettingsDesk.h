@@ -15,8 +15,6 @@ struct SettingsDesk
     int trustQuestions = 0;
     int trustRequests = 0;
     int settingsOpened = 0;
-    int hotkeyRestarts = 0;
-    int launchesApplied = 0;
     int notesClosed = 0;
     int feedbacks = 0;
 
@@ -30,8 +28,6 @@ struct SettingsDesk
             },
         .requestAccessibilityTrust = [this] { ++trustRequests; },
         .openAccessibilitySettings = [this] { ++settingsOpened; },
-        .restartHotkey = [this] { ++hotkeyRestarts; },
-        .applyLaunchAtLogin = [this] { ++launchesApplied; },
         .closeAllNotes = [this] { ++notesClosed; },
         .sendFeedback = [this] { ++feedbacks; },
     };

@@ -86,7 +86,6 @@ private Q_SLOTS:
         QVERIFY(row.isChecked());
         QTest::mouseClick(&row, Qt::LeftButton, {}, QPoint(20, row.height() / 2));
         QVERIFY(!shown.desk.settings.hotkeyEnabled());
-        QCOMPARE(shown.desk.hotkeyRestarts, 1);
         QVERIFY(!shown.at<QComboBox>(0).isEnabled());
         QVERIFY(!shown.at<QSlider>(0).isEnabled());
         QVERIFY(row.isEnabled());
@@ -96,7 +95,6 @@ private Q_SLOTS:
         QVERIFY(shown.at<QSlider>(0).isEnabled());
         accessible(row).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
         QVERIFY(!shown.desk.settings.hotkeyEnabled());
-        QCOMPARE(shown.desk.hotkeyRestarts, 3);
         row.setChecked(true);
         QCOMPARE(accessible(row).role(), QAccessible::CheckBox);
         QVERIFY(accessible(row).state().checked);
@@ -110,11 +108,9 @@ private Q_SLOTS:
         QCOMPARE(picker.currentText(), u"⌃ Control"_s);
         QTest::keyClick(&picker, Qt::Key_Down);
         QCOMPARE(shown.desk.settings.hotkeyModifier(), HotkeyModifier::option);
-        QCOMPARE(shown.desk.hotkeyRestarts, 1);
         QCOMPARE(shown.at<ToggleRow>(0).text(), u"Enable double-tap ⌥ Option to summon"_s);
         shown.desk.settings.setHotkeyModifier(HotkeyModifier::command);
         QCOMPARE(picker.currentText(), u"⌘ Command"_s);
-        QCOMPARE(shown.desk.hotkeyRestarts, 1);
     }
 
     void theSliderGoesFromEndToEndInSteps()
@@ -130,7 +126,6 @@ private Q_SLOTS:
         QTest::keyClick(&slider, Qt::Key_End);
         QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 600);
         QVERIFY(shown.labels().contains(u"600 ms"_s));
-        QCOMPARE(shown.desk.hotkeyRestarts, 0);
 
         accessible(slider).valueInterface()->setCurrentValue(333);
         QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 350);
@@ -163,7 +158,7 @@ private Q_SLOTS:
         QVERIFY(std::ranges::any_of(labels, [](auto* l) { return l->text() == u"5000 ms"_s; }));
     }
 
-    void launchAtLoginIsAppliedAtOnce()
+    void launchAtLoginIsSetAtOnce()
     {
         const Shown<GeneralSettingsView> shown;
         auto& row = shown.at<ToggleRow>(1);
@@ -171,7 +166,7 @@ private Q_SLOTS:
         row.click();
         QVERIFY(shown.desk.settings.launchAtLogin());
         row.click();
-        QCOMPARE(shown.desk.launchesApplied, 2);
+        QVERIFY(!shown.desk.settings.launchAtLogin());
     }
 
     void thePermissionIsLookedUpWhenThePageIsShown()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/SettingsServices.h"
+#include "settings/NotesSettings.h"
 #include "settings/view/FormPage.h"
 
 namespace driftbox {
@@ -15,7 +15,9 @@ public:
     NotesSettingsView(const SettingsServices& services, QWidget* parent);
 
 private:
-    [[nodiscard]] QWidget* makeSwatches(AppSettings& settings, QWidget* parent);
+    [[nodiscard]] QWidget* makeSwatches(QWidget* parent);
+
+    NotesSettings m_model;
 };
 
 } // namespace driftbox

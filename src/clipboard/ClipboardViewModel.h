@@ -43,7 +43,6 @@ struct ClipboardServices
 class ClipboardViewModel : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
 
 public:
     explicit ClipboardViewModel(const ClipboardServices& services, QObject* parent = nullptr);

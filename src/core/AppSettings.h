@@ -15,18 +15,6 @@ class UserDefaults;
 class AppSettings : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(qint64 clipboardCapacity READ clipboardCapacity WRITE setClipboardCapacity NOTIFY
-                   clipboardCapacityChanged)
-    Q_PROPERTY(
-        bool hotkeyEnabled READ hotkeyEnabled WRITE setHotkeyEnabled NOTIFY hotkeyEnabledChanged)
-    Q_PROPERTY(driftbox::HotkeyModifier hotkeyModifier READ hotkeyModifier WRITE setHotkeyModifier
-                   NOTIFY hotkeyModifierChanged)
-    Q_PROPERTY(qint64 hotkeyThresholdMs READ hotkeyThresholdMs WRITE setHotkeyThresholdMs NOTIFY
-                   hotkeyThresholdMsChanged)
-    Q_PROPERTY(
-        bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)
-    Q_PROPERTY(driftbox::NoteColor noteDefaultColor READ noteDefaultColor WRITE setNoteDefaultColor
-                   NOTIFY noteDefaultColorChanged)
 
 public:
     /// `defaults` must outlive the settings.

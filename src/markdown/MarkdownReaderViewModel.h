@@ -15,11 +15,6 @@ class FileSystem;
 class MarkdownReaderViewModel : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString markdown READ markdown WRITE setMarkdown NOTIFY markdownChanged)
-    Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges WRITE setHasUnsavedChanges NOTIFY
-                   hasUnsavedChangesChanged)
-    Q_PROPERTY(bool isEditing READ isEditing WRITE setIsEditing NOTIFY isEditingChanged)
-    Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
 
 public:
     /// `url` is a local file, which is not read yet. `fileSystem` must outlive this.

@@ -12,7 +12,6 @@ class NoteManager;
 class NotesListModel : public RecordListModel<StickyNote>
 {
     Q_OBJECT
-    Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
 
 public:
     enum Role {

@@ -30,9 +30,6 @@ struct StickyNoteServices
 class StickyNoteViewModel : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
-    Q_PROPERTY(driftbox::NoteColor color READ color WRITE setColor NOTIFY colorChanged)
-    Q_PROPERTY(double zoom READ zoom WRITE setZoom NOTIFY zoomChanged)
 
 public:
     using OnChange = std::function<void(const StickyNote&)>;

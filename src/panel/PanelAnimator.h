@@ -11,7 +11,6 @@ namespace driftbox {
 class PanelAnimator : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(bool visible READ visible NOTIFY visibleChanged)
 
 public:
     using QObject::QObject;

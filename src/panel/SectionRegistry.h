@@ -15,7 +15,6 @@ namespace driftbox {
 class SectionRegistry : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(std::optional<QString> activeID READ activeID NOTIFY activeIDChanged)
 
 public:
     using Sections = std::vector<std::unique_ptr<MagicPanelSection>>;

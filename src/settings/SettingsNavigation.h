@@ -13,8 +13,6 @@ namespace driftbox {
 class SettingsNavigation : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(
-        QString sidebarQuery READ sidebarQuery WRITE setSidebarQuery NOTIFY sidebarQueryChanged)
 
 public:
     using QObject::QObject;

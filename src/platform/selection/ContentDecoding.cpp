@@ -1,11 +1,14 @@
 #include "platform/selection/ContentDecoding.h"
 
+#include "platform/TaskRunner.h"
 #include "platform/selection/ByteSizes.h"
 #include "platform/selection/ImageConversion.h"
 #include "platform/selection/PasteboardTargets.h"
 
+#include <memory>
 #include <utility>
 
+#include <QtCore/QLoggingCategory>
 #include <QtCore/QStringDecoder>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace driftbox {
 
 namespace {
+
+Q_LOGGING_CATEGORY(contentDecodingLog, "ContentDecoding")
 
 constexpr qsizetype maxMainThreadSize = 64 * kibibyte;
 
@@ -49,6 +54,12 @@ std::optional<QString> decodeText(QByteArrayView text, const QByteArray& target)
     return decoded;
 }
 
+void logRefusals(const DecodedContent& decoded)
+{
+    for (const QString& refusal : decoded.refusals)
+        qCWarning(contentDecodingLog).noquote() << refusal;
+}
+
 } // namespace
 
 bool RawContent::isLarge() const
@@ -74,6 +85,24 @@ DecodedContent decode(RawContent raw)
             decoded.refusals.append(u"Refused the clipboard's image: "_s + converted.refusal);
     }
     return decoded;
+}
+
+void decode(RawContent raw, TaskRunner& taskRunner, QObject* owner,
+            std::function<void(const PasteboardContent&)> done)
+{
+    if (!raw.isLarge()) {
+        const DecodedContent decoded = decode(std::move(raw));
+        logRefusals(decoded);
+        return done(decoded.content);
+    }
+    const auto shared = std::make_shared<RawContent>(std::move(raw));
+    const auto decoded = std::make_shared<DecodedContent>();
+    taskRunner.run(
+        owner, [shared, decoded] { *decoded = decode(std::move(*shared)); },
+        [decoded, done = std::move(done)] {
+            logRefusals(*decoded);
+            done(decoded->content);
+        });
 }
 
 } // namespace driftbox

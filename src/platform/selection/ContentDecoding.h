@@ -2,10 +2,14 @@
 
 #include "platform/Pasteboard.h"
 
+#include <functional>
+
 #include <QtCore/QByteArrayList>
 #include <QtCore/QStringList>
 
 namespace driftbox {
+
+class TaskRunner;
 
 /// The formats of one copy as the owner sent them, in pieces; none for missing formats.
 struct RawContent
@@ -27,5 +31,11 @@ struct DecodedContent
 
 /// Decodes what an owner sent. Thread-safe. The raw bytes are freed along the way.
 [[nodiscard]] DecodedContent decode(RawContent raw);
+
+/// The same for the main thread: in the background where it takes long, otherwise in the call. The
+/// content goes to `done`, on the main thread, unless `owner` has been destroyed by then; what was
+/// refused is logged.
+void decode(RawContent raw, TaskRunner& taskRunner, QObject* owner,
+            std::function<void(const PasteboardContent&)> done);
 
 } // namespace driftbox

@@ -1,7 +1,5 @@
 #include "platform/x11/selection/SelectionReader.h"
 
-#include "platform/TaskRunner.h"
-#include "platform/selection/ByteSizes.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/selection/RequestorWindows.h"
 
@@ -22,12 +20,7 @@ Q_LOGGING_CATEGORY(selectionReaderLog, "SelectionReader")
 
 using Outcome = SelectionTransfer::Outcome;
 
-constexpr qsizetype contentLimit = 64 * mebibyte;
-constexpr qsizetype opaqueLimit = mebibyte;
 constexpr qsizetype targetsLimit = 64 * kibibyte;
-
-// An owner that has let this many requests time out is not asked again.
-constexpr int maxTimeouts = 2;
 
 QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connection)
 {
@@ -41,16 +34,15 @@ QSet<QByteArray> knownNamesAmong(const QByteArray& atoms, X11Connection& connect
     return names;
 }
 
-QString reasonFor(Outcome outcome)
+TransferFailure failureOf(Outcome outcome)
 {
     switch (outcome) {
     case Outcome::timedOut:
-        return u"not complete within %1 s"_s.arg(
-            std::chrono::duration_cast<std::chrono::seconds>(SelectionTransfer::deadline).count());
+        return TransferFailure::timedOut;
     case Outcome::tooLarge:
-        return u"larger than %1 MiB"_s.arg(contentLimit / mebibyte);
+        return TransferFailure::tooLarge;
     case Outcome::malformed:
-        return u"its owner does not keep to the protocol"_s;
+        return TransferFailure::malformed;
     case Outcome::complete:
     case Outcome::refused:
         break;
@@ -123,13 +115,14 @@ void SelectionReader::nextStep()
 {
     while (!m_steps.empty() && m_steps.front().candidates.isEmpty())
         m_steps.pop_front();
-    if (m_steps.empty() || m_timeouts >= maxTimeouts) {
+    if (m_steps.empty() || m_timeouts >= TransferLimits::maxTimeouts) {
         m_steps.clear();
         return m_hasReadContent ? finish() : decodeContent();
     }
     m_target = m_steps.front().candidates.takeFirst();
     request(m_services.connection.atom(m_target),
-            m_steps.front().format == Format::opaque ? opaqueLimit : contentLimit,
+            m_steps.front().format == Format::opaque ? TransferLimits::opaqueSize
+                                                     : TransferLimits::contentSize,
             &SelectionReader::formatArrived);
 }
 
@@ -172,20 +165,9 @@ void SelectionReader::keep(Format format, const QByteArrayList& pieces)
 
 void SelectionReader::logFailure(Format format, Outcome outcome)
 {
-    const auto refuse = [&](const QString& what) {
-        qCWarning(selectionReaderLog).noquote()
-            << "Refused the clipboard's" << what + u':' << reasonFor(outcome);
-    };
-    switch (format) {
-    case Format::image:
-        return refuse(u"image"_s);
-    case Format::text:
-        return refuse(u"text"_s);
-    case Format::rtf:
-        return refuse(u"RTF"_s);
-    case Format::opaque:
-        return; // it matters only after the owner has ended
-    }
+    const QString line = refusalLine(format, failureOf(outcome));
+    if (!line.isEmpty())
+        qCWarning(selectionReaderLog).noquote() << line;
 }
 
 void SelectionReader::ownerHasVanished()
@@ -202,24 +184,17 @@ void SelectionReader::ownerHasVanished()
 
 void SelectionReader::decodeContent()
 {
-    if (!m_raw.isLarge())
-        return publish(decode(std::move(m_raw)));
-    const auto raw = std::make_shared<RawContent>(std::move(m_raw));
-    const auto decoded = std::make_shared<DecodedContent>();
-    m_services.taskRunner.run(
-        this, [raw, decoded] { *decoded = decode(std::move(*raw)); },
-        [this, decoded] { publish(*decoded); });
+    decode(std::move(m_raw), m_services.taskRunner, this,
+           [this](const PasteboardContent& content) { publish(content); });
 }
 
-void SelectionReader::publish(const DecodedContent& decoded)
+void SelectionReader::publish(const PasteboardContent& content)
 {
     m_hasReadContent = true;
-    for (const QString& refusal : decoded.refusals)
-        qCWarning(selectionReaderLog).noquote() << refusal;
     for (const QByteArray& name : std::as_const(m_opaque))
         m_steps.push_back({Format::opaque, {name}});
     const QPointer<SelectionReader> self(this);
-    Q_EMIT contentRead(decoded.content);
+    Q_EMIT contentRead(content);
     if (self)
         nextStep();
 }

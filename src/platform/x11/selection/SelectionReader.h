@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/selection/ContentDecoding.h"
+#include "platform/selection/FormatTransfer.h"
 #include "platform/selection/PasteboardTargets.h"
 #include "platform/x11/selection/SelectionTransfer.h"
 
@@ -51,7 +52,7 @@ Q_SIGNALS:
     void finished();
 
 private:
-    enum class Format : std::uint8_t { image, text, rtf, opaque };
+    using Format = ContentFormat;
 
     struct Step
     {
@@ -68,7 +69,7 @@ private:
     void keep(Format format, const QByteArrayList& pieces);
     void logFailure(Format format, SelectionTransfer::Outcome outcome);
     void decodeContent();
-    void publish(const DecodedContent& decoded);
+    void publish(const PasteboardContent& content);
     void finish();
 
     const Services m_services;

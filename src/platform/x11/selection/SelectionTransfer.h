@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/selection/FormatTransfer.h"
+
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -50,7 +52,7 @@ public:
     };
 
     /// The time limit for one target, including all increments.
-    static constexpr std::chrono::milliseconds deadline{2'000};
+    static constexpr std::chrono::milliseconds deadline = TransferLimits::deadline;
 
     /// Sends the request. `done` is called once, from the event loop, and may destroy the transfer.
     SelectionTransfer(X11Connection& connection, Clock& clock, const Request& request,

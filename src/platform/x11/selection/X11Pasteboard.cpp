@@ -1,8 +1,6 @@
 #include "platform/x11/selection/X11Pasteboard.h"
 
 #include "platform/Clock.h"
-#include "platform/TaskRunner.h"
-#include "platform/selection/ByteSizes.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/selection/ClipboardHandover.h"
 
@@ -19,26 +17,15 @@ namespace {
 
 Q_LOGGING_CATEGORY(x11PasteboardLog, "X11Pasteboard")
 
-// Freeing more memory than this takes noticeable time.
-constexpr qsizetype largeContentSize = 4 * mebibyte;
-
 // A slower manager may be frozen and must not delay quitting.
 constexpr std::chrono::milliseconds handoverTimeout{300};
-
-bool isLarge(const PasteboardContent& content)
-{
-    const qsizetype textSize = content.text ? content.text->size() * qsizetype(sizeof(QChar)) : 0;
-    const qsizetype rtfSize = content.rtf ? content.rtf->size() : 0;
-    const qsizetype pngSize = content.png ? content.png->size() : 0;
-    return textSize + rtfSize + pngSize > largeContentSize;
-}
 
 } // namespace
 
 X11Pasteboard::X11Pasteboard(X11Connection& connection, Clock& clock, TaskRunner& taskRunner)
-    : m_connection(connection)
+    : PrefetchedPasteboard(taskRunner)
+    , m_connection(connection)
     , m_clock(clock)
-    , m_taskRunner(taskRunner)
     , m_clipboard(connection.atom("CLIPBOARD"))
     , m_windows(connection, clock)
     , m_owner(connection, clock, "CLIPBOARD")
@@ -122,12 +109,12 @@ void X11Pasteboard::ownerChanged(const xcb_xfixes_selection_notify_event_t& chan
 void X11Pasteboard::read(xcb_timestamp_t time)
 {
     m_reader = std::make_unique<SelectionReader>(
-        SelectionReader::Services{m_connection, m_clock, m_taskRunner, m_windows}, m_clipboard,
+        SelectionReader::Services{m_connection, m_clock, taskRunner(), m_windows}, m_clipboard,
         time);
     connect(m_reader.get(), &SelectionReader::contentRead, this, &X11Pasteboard::contentRead);
     connect(m_reader.get(), &SelectionReader::opaqueFormatRead, this,
             [this](const QByteArray& target, const QByteArray& bytes) {
-                m_opaque.insert(target, bytes);
+                keepOpaqueFormat(target, bytes);
             });
     connect(m_reader.get(), &SelectionReader::finished, this, &X11Pasteboard::readingFinished);
 }
@@ -142,8 +129,7 @@ void X11Pasteboard::contentRead(const PasteboardContent& content)
 {
     if (m_isInitial) {
         m_isInitial = false;
-        m_content = content;
-        Q_EMIT initialContentArrived();
+        setInitialContent(content);
     } else {
         setContent(content);
     }
@@ -153,18 +139,6 @@ void X11Pasteboard::readingFinished()
 {
     if (m_vanishedAt)
         keepOffering(*std::exchange(m_vanishedAt, std::nullopt));
-}
-
-void X11Pasteboard::setContent(const PasteboardContent& content)
-{
-    if (isLarge(m_content)) {
-        const auto old = std::make_shared<PasteboardContent>(std::move(m_content));
-        m_taskRunner.run(
-            this, [old] { *old = {}; }, [] {});
-    }
-    m_content = content;
-    m_opaque.clear();
-    ++m_changeCount;
 }
 
 void X11Pasteboard::ownerVanished(xcb_timestamp_t time)
@@ -179,8 +153,8 @@ void X11Pasteboard::ownerVanished(xcb_timestamp_t time)
 
 void X11Pasteboard::keepOffering(xcb_timestamp_t time)
 {
-    if (!m_content.isEmpty() || !m_opaque.isEmpty())
-        m_owner.claim(OfferedContent(m_content, m_opaque), time);
+    if (!isBlank())
+        m_owner.claim(OfferedContent(content(), opaqueFormats()), time);
 }
 
 void X11Pasteboard::write(const PasteboardContent& content)
@@ -192,7 +166,7 @@ void X11Pasteboard::write(const PasteboardContent& content)
     ++m_pendingClaims;
     m_connection.whenServerTimeKnown(this, [this](xcb_timestamp_t time) {
         --m_pendingClaims;
-        m_owner.claim(OfferedContent(m_content), time);
+        m_owner.claim(OfferedContent(this->content()), time);
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Pasteboard.h"
+#include "platform/selection/PrefetchedPasteboard.h"
 #include "platform/x11/selection/RequestorWindows.h"
 #include "platform/x11/selection/SelectionOwner.h"
 #include "platform/x11/selection/SelectionReader.h"
@@ -16,7 +16,7 @@ namespace driftbox {
 /// Copied content is fetched as soon as the server reports a new owner. When that owner terminates,
 /// this program offers the fetched content, which stays unchanged; content that an owner withdraws
 /// is lost, and secret content is never fetched.
-class X11Pasteboard final : public Pasteboard
+class X11Pasteboard final : public PrefetchedPasteboard
 {
     Q_OBJECT
 
@@ -25,8 +25,6 @@ public:
     X11Pasteboard(X11Connection& connection, Clock& clock, TaskRunner& taskRunner);
     ~X11Pasteboard() override;
 
-    [[nodiscard]] qint64 changeCount() const override { return m_changeCount; }
-    [[nodiscard]] PasteboardContent content() const override { return m_content; }
     void write(const PasteboardContent& content) override;
 
     /// Has the desktop's clipboard manager, if there is one, save what this program offers, so that
@@ -44,24 +42,19 @@ private:
     void readAfterRejection();
     void contentRead(const PasteboardContent& content);
     void readingFinished();
-    void setContent(const PasteboardContent& content);
     void ownerVanished(xcb_timestamp_t time);
     void keepOffering(xcb_timestamp_t time);
 
     X11Connection& m_connection;
     Clock& m_clock;
-    TaskRunner& m_taskRunner;
     const xcb_atom_t m_clipboard;
     std::uint8_t m_ownerChange = 0; ///< the event number of owner changes
     RequestorWindows m_windows;
     SelectionOwner m_owner;
     std::unique_ptr<SelectionReader> m_reader; ///< of the current owner, if that is another program
     std::optional<xcb_timestamp_t> m_vanishedAt; ///< when the owner that is being read ended
-    PasteboardContent m_content;
-    OpaqueFormats m_opaque;
-    qint64 m_changeCount = 0;
-    int m_pendingClaims = 0;  ///< writes that have not reached the server yet
-    bool m_isInitial = false; ///< the content being read was there at startup
+    int m_pendingClaims = 0;                     ///< writes that have not reached the server yet
+    bool m_isInitial = false;                    ///< the content being read was there at startup
 };
 
 } // namespace driftbox

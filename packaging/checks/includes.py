@@ -39,6 +39,8 @@ ALLOWED = {
     "platform/desktop": {"platform/desktop/caret"},
     "platform/desktop/caret": set(),
     "platform/selection": set(),
+    "platform/wayland/connection": set(),
+    "platform/wayland/clipboard": {"platform/selection", "platform/wayland/connection"},
     "platform/x11/connection": set(),
     "platform/x11/selection": {"platform/selection", "platform/x11/connection"},
     "platform/x11/windows": {"platform/x11/connection"},

@@ -1,6 +1,6 @@
 #include "platform/desktop/BackgroundSync.h"
 
-#include "platform/desktop/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <cerrno>
 #include <chrono>

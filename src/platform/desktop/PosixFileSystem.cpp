@@ -1,6 +1,6 @@
 #include "platform/desktop/PosixFileSystem.h"
 
-#include "platform/desktop/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -33,8 +33,8 @@ Pipe makePipe()
 TransferFailure failureOf(PipeReader::Outcome outcome)
 {
     switch (outcome) {
-    case PipeReader::Outcome::late:
-        return TransferFailure::late;
+    case PipeReader::Outcome::timedOut:
+        return TransferFailure::timedOut;
     case PipeReader::Outcome::tooLarge:
         return TransferFailure::tooLarge;
     case PipeReader::Outcome::failed:
@@ -80,7 +80,7 @@ void OfferReader::nextStep()
 {
     if (m_isFinished)
         return; // the owner vanished before the first step
-    if (m_silences >= TransferLimits::maxSilences)
+    if (m_timeouts >= TransferLimits::maxTimeouts)
         m_steps.clear();
     const bool isContentComplete =
         m_steps.empty() || m_steps.front().format == ContentFormat::opaque;
@@ -112,8 +112,8 @@ void OfferReader::request(const Step& step)
 
 void OfferReader::arrived(const Step& step, const PipeReader::Result& result)
 {
-    if (result.outcome == PipeReader::Outcome::late)
-        ++m_silences;
+    if (result.outcome == PipeReader::Outcome::timedOut)
+        ++m_timeouts;
     const QPointer<OfferReader> self(this);
     if (result.outcome == PipeReader::Outcome::complete) {
         keep(step, result.pieces);

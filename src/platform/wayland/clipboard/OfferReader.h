@@ -59,7 +59,7 @@ private:
     std::unique_ptr<PipeReader> m_pipe;
     std::deque<Step> m_steps;
     std::shared_ptr<RawContent> m_raw = std::make_shared<RawContent>();
-    int m_silences = 0;
+    int m_timeouts = 0;
     bool m_hasReadContent = false;
     bool m_isFinished = false;
 };

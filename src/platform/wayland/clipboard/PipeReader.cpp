@@ -24,7 +24,7 @@ PipeReader::PipeReader(FileDescriptor pipe, const Limits& limits, std::function<
     connect(&m_notifier, &QSocketNotifier::activated, this, &PipeReader::readAvailable);
     m_deadline.setSingleShot(true);
     m_deadline.setTimerType(Qt::PreciseTimer);
-    m_deadline.callOnTimeout(this, [this] { finish(Outcome::late); });
+    m_deadline.callOnTimeout(this, [this] { finish(Outcome::timedOut); });
     m_deadline.start(limits.deadline);
 }
 

@@ -20,7 +20,7 @@ class PipeReader final : public QObject
 public:
     enum class Outcome : std::uint8_t {
         complete,
-        late, ///< not complete within the deadline
+        timedOut, ///< not complete within the deadline
         tooLarge,
         failed,
     };

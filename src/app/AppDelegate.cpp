@@ -6,6 +6,7 @@
 #include "platform/InstanceLink.h"
 
 #include <QtCore/QLoggingCategory>
+#include <QtGui/QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,7 @@ AppDelegate::AppDelegate(AppCoordinator& coordinator, InstanceLink& link, QObjec
     , m_coordinator(coordinator)
     , m_link(link)
 {
+    QGuiApplication::setQuitOnLastWindowClosed(false);
 }
 
 void AppDelegate::applicationDidFinishLaunching(const QList<QUrl>& documents)

@@ -40,7 +40,6 @@ void describeApplication()
     QApplication::setApplicationName(u"Drift Box"_s); // shown by task bars and screen readers
     QApplication::setApplicationVersion(driftbox::AppConfig::version());
     QApplication::setDesktopFileName(u"app.driftbox"_s);
-    QApplication::setQuitOnLastWindowClosed(false);
 }
 
 // Allocates large blocks separately, so that the memory of large copies is returned to the system

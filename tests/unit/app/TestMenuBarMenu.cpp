@@ -147,11 +147,19 @@ private Q_SLOTS:
     void theShortcutsWorkWhileTheMenuIsOpen()
     {
         const QSignalSpy settings(&action(u"Settings…"_s), &QAction::triggered);
-        press(Qt::Key_Comma, Qt::NoModifier);
-        press(Qt::Key_X, Qt::ControlModifier);
+        for (const auto* missing : {"setting window masks", "raise()", "grabbing the keyboard"})
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QByteArray("This plugin does not support ") + missing);
+        m_menu->popup({});
+        QVERIFY(QTest::qWaitForWindowExposed(m_menu.get()));
+        QWindow* window = m_menu->windowHandle();
+        QTest::keyClick(window, Qt::Key_Comma);
+        QTest::keyClick(window, Qt::Key_X, Qt::ControlModifier);
         QCOMPARE(settings.count(), 0);
-        press(Qt::Key_Comma, Qt::ControlModifier);
+        QVERIFY(m_menu->isVisible());
+        QTest::keyClick(window, Qt::Key_Comma, Qt::ControlModifier);
         QCOMPARE(settings.count(), 1);
+        QVERIFY(!m_menu->isVisible());
     }
 
     void quittingEndsTheProgram()
@@ -176,11 +184,6 @@ private:
         if (found == entries.end())
             qFatal("There is no such entry");
         return **found;
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
-    {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers);
-        QCoreApplication::sendEvent(m_menu.get(), &event);
     }
     void choose(const QString& text) const { action(text).trigger(); }
 

@@ -162,12 +162,18 @@ private Q_SLOTS:
 
     void thePinIsOrangeWhilePinned()
     {
+        const QColor orange(0xf0, 0x86, 0x00);
         m_history->copy(u"a"_s);
         ClipboardPage page(*m_history);
         page.show();
-        QVERIFY(!hasColor(page, 0, Theme::pinOn()));
+        const auto showsPin = [&page](const QColor& color) {
+            return ShownSymbols::isIn(*page.list().viewport(), u"pin.fill"_s,
+                                      {.size = 13, .color = color}, page.list().rowRect(0));
+        };
+        QVERIFY(showsPin(Theme::withOpacity(Theme::tertiary(), 0.55)));
+        QVERIFY(!showsPin(orange));
         m_history->viewModel.togglePin(m_history->viewModel.items().front());
-        QVERIFY(hasColor(page, 0, Theme::pinOn()));
+        QVERIFY(showsPin(orange));
     }
 
     void actionsShowOnlyInTheRowThatIsPointedAtOrSelected()
@@ -208,19 +214,6 @@ private Q_SLOTS:
     }
 
 private:
-    static bool hasColor(const ClipboardPage& page, int row, const QColor& color)
-    {
-        const QImage image = page.list().viewport()->grab().toImage();
-        const QRect area = page.list().rowRect(row);
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x) {
-                if (image.pixelColor(x, y) == color)
-                    return true;
-            }
-        }
-        return false;
-    }
-
     std::unique_ptr<ClipboardHistory> m_history;
 };
 

@@ -75,11 +75,24 @@ private Q_SLOTS:
             QVERIFY(std::abs(progress(spring, elapsed) - 1.0) <= 0.004);
     }
 
-    void easeInIsSlowAtFirst()
+    void easingInFollowsItsCurve_data()
     {
+        QTest::addColumn<int>("milliseconds");
+        QTest::addColumn<double>("expected");
+        // Where the Bézier curve through (0.42, 0) and (1, 1) stands then.
+        QTest::newRow("an eighth") << 20 << 0.02598;
+        QTest::newRow("a quarter") << 40 << 0.09346;
+        QTest::newRow("half") << 80 << 0.31536;
+        QTest::newRow("three quarters") << 120 << 0.62186;
+        QTest::newRow("all") << 160 << 1.0;
+    }
+    void easingInFollowsItsCurve()
+    {
+        QFETCH(const int, milliseconds);
+        QFETCH(const double, expected);
         QCOMPARE(duration(easeIn), std::chrono::duration<double>(0.16));
-        const double half = progress(easeIn, 80ms);
-        QVERIFY(half > 0.25 && half < 0.40);
+        const double shown = progress(easeIn, std::chrono::milliseconds(milliseconds));
+        QVERIFY2(std::abs(shown - expected) < 0.0005, qPrintable(QString::number(shown)));
     }
 };
 

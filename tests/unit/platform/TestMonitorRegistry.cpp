@@ -67,12 +67,17 @@ private Q_SLOTS:
 
     void aTokenMayOutliveItsMonitor()
     {
+        auto captured = std::make_shared<int>();
+        const std::weak_ptr<int> watched = captured;
         std::unique_ptr<MonitorToken> token;
         {
             FakeKeyEventMonitor monitor;
-            token = monitor.addMonitor(KeyEventScope::local, [](const KeyEvent&) {});
+            token = monitor.addMonitor(KeyEventScope::local,
+                                       [kept = std::move(captured)](const KeyEvent&) {});
         }
+        QVERIFY(!watched.expired());
         token.reset();
+        QVERIFY(watched.expired());
     }
 };
 

@@ -290,20 +290,6 @@ private Q_SLOTS:
         QCOMPARE(panel.window.focusWidget(), panel.page(u"notes"_s)->focusProxy());
     }
 
-    void theCardLiesOnItsShadow()
-    {
-        RootViewPanel panel;
-        const QImage picture = panel.picture();
-        QCOMPARE(picture.pixelColor(300, 300), Theme::panelBackground());
-        QCOMPARE(picture.pixelColor(30, 30).alpha() < 60, true); // outside the round corner
-        // The shadow is deeper under the card than over it, and ends within the window.
-        QVERIFY(picture.pixelColor(276, 625).alpha() > picture.pixelColor(276, 22).alpha());
-        QCOMPARE(picture.pixelColor(276, 0).alpha(), 0);
-        QVERIFY(picture.pixelColor(276, 647).alpha() <= 1);
-        QCOMPARE(picture.pixelColor(0, 300).alpha(), 0);
-        QCOMPARE(picture.pixelColor(551, 300).alpha(), 0);
-    }
-
     void theCardFollowsLightAndDark()
     {
         RootViewPanel panel;

@@ -1,6 +1,7 @@
 #include "support/main/TestMain.h"
 #include "unit/settings/SettingsDesk.h"
 
+#include "core/AppConfig.h"
 #include "settings/view/AboutSettingsView.h"
 #include "settings/view/ActionButton.h"
 #include "settings/view/CapacityStepper.h"
@@ -11,7 +12,6 @@
 #include "settings/view/StatusLine.h"
 #include "settings/view/SwatchButton.h"
 #include "settings/view/SystemColors.h"
-#include "settings/view/TipPicture.h"
 #include "settings/view/ToggleRow.h"
 #include "ui/theme/Theme.h"
 #include "unit/ui/theme/ShownSymbols.h"
@@ -278,12 +278,10 @@ private Q_SLOTS:
             QCOMPARE(swatch.isChecked(), i == 0);
         }
         auto& pink = shown.at<SwatchButton>(3);
-        const QImage before = pink.grab().toImage();
         QTest::mouseClick(&pink, Qt::LeftButton);
         QCOMPARE(shown.desk.settings.noteDefaultColor(), NoteColor::pink);
         QVERIFY(pink.isChecked());
         QVERIFY(!shown.at<SwatchButton>(0).isChecked());
-        QVERIFY(pink.grab().toImage() != before);
         QTest::mouseClick(&pink, Qt::LeftButton);
         QVERIFY(pink.isChecked());
         auto& blue = shown.at<SwatchButton>(1);
@@ -304,13 +302,11 @@ private Q_SLOTS:
         const QStringList labels = shown.labels();
         for (const auto& text :
              {u"Drift Box"_s, u"A minimal quick-panel for macOS."_s,
+              u"Version %1 (%2)"_s.arg(AppConfig::version(), AppConfig::buildNumber()),
               u"Buy me a coffee · 请作者喝咖啡"_s, u"WeChat · 微信"_s, u"Alipay · 支付宝"_s})
             QVERIFY2(labels.contains(text), qUtf8Printable(text));
-        QVERIFY(std::ranges::any_of(
-            labels, [](const QString& text) { return text.startsWith(u"Version 0."_s); }));
         shown.button(u"Send Feedback · 反馈"_s).click();
         QCOMPARE(shown.desk.feedbacks, 1);
-        QVERIFY(bundledImage(u"nothing of this name"_s).isNull());
     }
 
     // A page that is too narrow for its rows would cut them off.

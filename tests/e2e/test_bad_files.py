@@ -1,4 +1,4 @@
-"""Files that are broken, foreign or cannot be written: nothing saved is lost."""
+"""Broken, foreign and unwritable files: nothing saved is lost."""
 
 import resource
 import signal
@@ -6,8 +6,7 @@ import time
 
 import pytest
 
-from harness.failures import (
-    assert_goes_on, assert_opens_promptly, copy, wait_for_one_complaint)
+from harness.failures import assert_opens_promptly, copy, wait_for_one_complaint
 from harness.program import LogLine, entry
 from harness.settings import HOTKEY, LAUNCH, Settings
 from harness.waiting import wait_for
@@ -15,7 +14,7 @@ from harness.xclients import ClipboardOwner
 
 ID = '"id":"00000000-0000-4000-8000-000000000001"'
 
-# What is in the file, and what the program says of it.
+# The content of the file and the problem that is logged.
 _CORRUPT_MANIFESTS = {
     "empty": ("", "'[' or '{' expected near end of file at line 1, column 0"),
     "truncated": ("[", "']' expected near end of file at line 1, column 1"),
@@ -49,7 +48,7 @@ def test_a_corrupt_manifest_starts_empty_and_is_kept_aside(desktop, stopped_prog
     assert aside.read_text(encoding="utf-8") == text
 
 
-def test_a_manifest_that_names_files_elsewhere(desktop, stopped_program):
+def test_a_manifest_cannot_delete_files_outside_its_folder(desktop, stopped_program):
     victim = desktop.folder / "home/victim.png"
     victim.write_bytes(b"not yours")
     stopped_program.write_manifest_of([
@@ -74,7 +73,7 @@ _UNREADABLE_SETTINGS = {
 
 @pytest.mark.parametrize(("text", "problem"), _UNREADABLE_SETTINGS.values(),
                          ids=_UNREADABLE_SETTINGS.keys())
-def test_unreadable_settings_are_the_defaults_and_kept_aside(stopped_program, text, problem):
+def test_unreadable_settings_fall_back_to_defaults_and_are_kept_aside(stopped_program, text, problem):
     stopped_program.expect_complaint("^Settings unreadable, using defaults: ")
     stopped_program.defaults_path.parent.mkdir(parents=True)
     stopped_program.defaults_path.write_text(text, encoding="utf-8")
@@ -132,7 +131,7 @@ def test_a_full_disk(desktop, stopped_program):
     wait_for(lambda: len(stopped_program.panel.rows()) == 3, "the rows that memory keeps")
 
 
-def test_killed_at_any_moment(desktop, stopped_program, picture):
+def test_the_manifest_survives_a_kill_at_any_moment(desktop, stopped_program, picture):
     """The manifest is whole after every kill, and the pictures that it lists are there."""
     for round_number in range(12):
         stopped_program.start()
@@ -150,7 +149,7 @@ def test_killed_at_any_moment(desktop, stopped_program, picture):
                 assert stopped_program.image_path(item).read_bytes().endswith(b"IEND\xaeB`\x82")
 
 
-def test_a_history_of_another_hand_with_thousands_of_entries(desktop, stopped_program):
+def test_a_history_of_thousands_of_entries_opens_promptly(desktop, stopped_program):
     stopped_program.write_manifest_of(
         [entry(number, f"entry {number} " + "x" * 500) for number in range(3000)])
     stopped_program.start()

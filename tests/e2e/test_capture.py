@@ -1,4 +1,4 @@
-"""What is copied anywhere is on disk, in every form that there is, and nothing else is."""
+"""What other programs copy is captured in every format, and nothing else is."""
 
 import base64
 
@@ -23,19 +23,11 @@ def copy_with_html(desktop, text):
 
 def wait_until_captured(program, owner):
     """Waits until the program has read the text and decided whether it becomes an entry."""
-    owner.wait_until_asked("text/html")  # which it wants only once it has the text
+    owner.wait_until_asked("text/html")  # which it requests only after the text
     program.look_at_clipboard()
 
 
-def test_of_text_with_html_the_text_is_captured(desktop, program):
-    with copy_with_html(desktop, "words") as owner:
-        wait_until_captured(program, owner)
-        (captured,) = program.manifest()
-    assert captured["textContent"] == "words"
-    assert set(captured) == {"id", "kind", "textContent", "createdAt"}
-
-
-def test_text_is_captured_whole(desktop, program):
+def test_text_is_captured_unchanged(desktop, program):
     text = "Zwölf Boxkämpfer\n\t/ 漢字 👩‍👩‍👧 \"quoted\""
     with copy(desktop, text):
         (captured,) = program.wait_for_entries(1)
@@ -52,14 +44,22 @@ def test_rich_text_is_captured_beside_the_text(desktop, program, target):
     assert base64.b64decode(captured["rtfData"]) == RTF
 
 
-def test_rich_text_that_is_too_long_is_left_out(desktop, program):
+def test_html_beside_the_text_is_not_kept(desktop, program):
+    with copy_with_html(desktop, "words") as owner:
+        wait_until_captured(program, owner)
+        (captured,) = program.manifest()
+    assert captured["textContent"] == "words"
+    assert set(captured) == {"id", "kind", "textContent", "createdAt"}
+
+
+def test_rich_text_over_the_limit_is_dropped(desktop, program):
     with ClipboardOwner(desktop, {"UTF8_STRING": b"words", "text/rtf": b"{\\rtf1 " + b"x" * 70_000}):
         (captured,) = program.wait_for_entries(1)
     assert "rtfData" not in captured
 
 
 @pytest.mark.parametrize("target", ["text/plain;charset=utf-8", "STRING"])
-def test_text_under_its_other_names(desktop, program, target):
+def test_text_is_read_from_its_other_targets(desktop, program, target):
     with ClipboardOwner(desktop, {target: b"by another name"}):
         program.wait_for_texts(["by another name"])
 
@@ -67,7 +67,7 @@ def test_text_under_its_other_names(desktop, program, target):
 @pytest.mark.parametrize(("target", "kind", "tolerance"), [
     ("image/png", "PNG", 0), ("image/bmp", "BMP", 0), ("image/tiff", "TIFF", 0),
     ("image/webp", "WEBP", 0), ("image/jpeg", "JPEG", 40)])
-def test_pictures_of_every_kind_are_kept_as_png(desktop, program, target, kind, tolerance):
+def test_pictures_of_every_format_are_stored_as_png(desktop, program, target, kind, tolerance):
     picture = pictures.colorful()
     with ClipboardOwner(desktop, {target: pictures.encoded(picture, kind)}):
         (captured,) = program.wait_for_entries(1)
@@ -84,8 +84,8 @@ def test_a_picture_wins_over_text(desktop, program):
     assert captured["kind"] == "image"
 
 
-def test_what_a_password_manager_copies_is_not_even_asked_for(desktop, program):
-    offers = {"UTF8_STRING": b"correct horse", "text/html": b"correct horse", SECRET_HINT: b"secret"}
+def test_a_password_is_not_even_requested(desktop, program):
+    offers = {"UTF8_STRING": b"hunter2", "text/html": b"hunter2", SECRET_HINT: b"secret"}
     with ClipboardOwner(desktop, offers) as secret:
         secret.wait_until_asked("TARGETS")
         program.look_at_clipboard()
@@ -94,7 +94,7 @@ def test_what_a_password_manager_copies_is_not_even_asked_for(desktop, program):
         program.wait_for_texts(["harmless"])
 
 
-def test_a_repetition_is_no_new_entry(desktop, program):
+def test_a_repeated_copy_adds_no_entry(desktop, program):
     with copy(desktop, "one"):
         program.wait_for_texts(["one"])
     with copy_with_html(desktop, "one") as again:
@@ -106,7 +106,7 @@ def test_a_repetition_is_no_new_entry(desktop, program):
         program.wait_for_texts(["one", "two", "one"])
 
 
-def test_an_empty_copy_is_no_entry(desktop, program):
+def test_an_empty_copy_adds_no_entry(desktop, program):
     with copy_with_html(desktop, "") as empty:
         wait_until_captured(program, empty)
         assert program.texts() == []
@@ -117,14 +117,14 @@ def test_long_text_is_cut_to_4000_characters(desktop, program):
         program.wait_for_texts(["é" * 3999 + "x"])
 
 
-def test_what_was_there_before_the_start_is_no_entry(desktop, stopped_program):
+def test_content_at_start_adds_no_entry(desktop, stopped_program):
     with copy_with_html(desktop, "from before") as before:
         stopped_program.start()
         wait_until_captured(stopped_program, before)
         assert stopped_program.texts() == []
 
 
-def test_what_a_closed_application_had_copied_can_still_be_pasted(desktop, program):
+def test_the_copy_of_a_closed_application_can_still_be_pasted(desktop, program):
     owner = ClipboardOwner(desktop, {"UTF8_STRING": b"left behind", "text/rtf": RTF})
     program.wait_for_texts(["left behind"])
     owner.close()
@@ -146,7 +146,7 @@ def test_copying_in_a_real_editor(desktop, program, kind):
     program.wait_for_texts(["typed here"])
 
 
-def test_the_oldest_unpinned_entries_beyond_the_capacity_leave(desktop, stopped_program):
+def test_the_oldest_unpinned_entries_over_capacity_are_dropped(desktop, stopped_program):
     stopped_program.write_defaults({"settings.clipboardCapacity": 3})
     stopped_program.start()
     for text in ("one", "two", "three", "four"):
@@ -155,14 +155,14 @@ def test_the_oldest_unpinned_entries_beyond_the_capacity_leave(desktop, stopped_
     stopped_program.wait_for_texts(["four", "three", "two"])
 
 
-def test_the_files_are_the_users_alone(desktop, program):
+def test_files_are_readable_by_their_owner_only(desktop, program):
     with copy(desktop, "private"):
         program.wait_for_texts(["private"])
     assert program.root.stat().st_mode & 0o777 == 0o700
     assert program.manifest_path.stat().st_mode & 0o777 == 0o600
 
 
-def test_a_manifest_by_another_hand_is_taken_over(desktop, stopped_program):
+def test_a_handwritten_manifest_is_accepted(desktop, stopped_program):
     image = pictures.encoded(pictures.colorful(), "PNG")
     stopped_program.write_manifest(
         '[{"createdAt": 700000000, "kind": "text", "pinnedAt": null, "later": {"a": [1]},'
@@ -181,7 +181,7 @@ def test_a_manifest_by_another_hand_is_taken_over(desktop, stopped_program):
     assert (stopped_program.images / "by name.png").read_bytes() == image
 
 
-def test_a_restart_finds_everything_again(desktop, program):
+def test_entries_survive_a_restart(desktop, program):
     with copy(desktop, "kept"):
         program.wait_for_texts(["kept"])
     picture = pictures.encoded(pictures.colorful(), "PNG")
@@ -194,7 +194,7 @@ def test_a_restart_finds_everything_again(desktop, program):
     assert program.image_path(before[0]).exists()
 
 
-def test_entries_are_made_like_the_ones_of_the_tests(desktop, stopped_program):
+def test_the_entries_of_the_tests_are_accepted(desktop, stopped_program):
     """The helper that writes manifests for other tests writes what the program can read."""
     stopped_program.write_manifest_of([entry(1, "first"), entry(2, "second")])
     stopped_program.start()

@@ -1,4 +1,4 @@
-"""A desktop whose parts end, freeze and come back: the program stays usable."""
+"""The window manager, the buses, the server or applications fail: the program stays usable."""
 
 import os
 import signal
@@ -11,7 +11,7 @@ from harness.waiting import wait_for, wait_for_equal
 PROMPT = 1.0  # seconds
 
 
-def test_a_window_manager_that_restarts(desktop, program):
+def test_pasting_works_after_the_window_manager_restarts(desktop, program):
     editor = GtkEditor(desktop)
     with copy(desktop, "alpha"):
         program.wait_for_texts(["alpha"])
@@ -23,7 +23,7 @@ def test_a_window_manager_that_restarts(desktop, program):
     wait_for_equal(editor.text, "alpha", "the editor's text")
 
 
-def test_a_desktop_without_a_window_manager(desktop, program):
+def test_the_panel_opens_without_a_window_manager(desktop, program):
     desktop.stop_window_manager()
     desktop.keyboard.double_tap()
     wait_for(program.panel.is_open, "the panel")
@@ -33,7 +33,7 @@ def test_a_desktop_without_a_window_manager(desktop, program):
     program.panel.open()
 
 
-def test_a_compositor_that_comes_and_goes(desktop, program):
+def test_the_panel_opens_while_compositors_come_and_go(desktop, program):
     program.panel.open()
     desktop.start_compositor()
     desktop.keyboard.tap("Escape")
@@ -45,7 +45,7 @@ def test_a_compositor_that_comes_and_goes(desktop, program):
     program.panel.open()
 
 
-def test_an_application_that_freezes_while_its_caret_is_asked_for(desktop, program):
+def test_a_frozen_application_does_not_delay_the_panel(desktop, program):
     editor = GtkEditor(desktop, "words")
     program.panel.open()  # at its caret, so that the focus is known
     desktop.keyboard.tap("Escape")
@@ -66,7 +66,7 @@ def test_an_application_that_freezes_while_its_caret_is_asked_for(desktop, progr
         os.killpg(editor.process.pid, signal.SIGCONT)
 
 
-def test_an_accessibility_bus_that_ends(desktop, program):
+def test_pasting_works_after_the_accessibility_bus_ends(desktop, program):
     with copy(desktop, "alpha"):
         program.wait_for_texts(["alpha"])
     # The toolkit says it for each key, in words of its own.
@@ -79,7 +79,7 @@ def test_an_accessibility_bus_that_ends(desktop, program):
     wait_for_equal(terminal.text, "alpha", "the terminal's text")
 
 
-def test_an_x_server_that_ends_takes_the_program_with_it(desktop, program):
+def test_the_program_ends_with_its_x_server(desktop, program):
     program.expect_complaint(
         "^(The X11 connection broke |The X server has closed the connection$)")
     with copy(desktop, "alpha"):

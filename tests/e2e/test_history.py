@@ -1,4 +1,4 @@
-"""The history as it is seen and worked on in the panel."""
+"""The history in the panel: shown, searched, pinned and deleted."""
 
 import pytest
 
@@ -74,7 +74,7 @@ def test_pinning_by_keyboard(desktop, panel, stopped_program):
     wait_for(lambda: "pinnedAt" in stopped_program.manifest()[1], "the pin on disk")
 
 
-def test_clearing_keeps_what_is_pinned(panel, stopped_program):
+def test_clearing_keeps_pinned_entries(panel, stopped_program):
     panel.click_action(GAMMA, PIN)
     wait_for(lambda: "pinnedAt" in stopped_program.manifest()[2], "the pin on disk")
     panel.click_button(CLEAR)

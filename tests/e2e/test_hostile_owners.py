@@ -1,4 +1,4 @@
-"""Owners of the clipboard that are slow, wrong or malicious: the program goes on, the log says why."""
+"""Slow, broken and malicious clipboard owners: the program stays responsive and logs why."""
 
 import os
 import resource
@@ -23,7 +23,7 @@ def test_an_owner_that_never_answers(desktop, program, tells_targets):
     assert_goes_on(desktop, program)
 
 
-def test_an_honest_copy_need_not_wait_for_a_silent_owner(desktop, program):
+def test_a_copy_need_not_wait_for_a_silent_owner(desktop, program):
     with NeverAnswers(desktop) as owner:
         owner.wait_until_asked("TARGETS")
         started = time.monotonic()

@@ -1,4 +1,4 @@
-"""Sticky notes and files that are broken, foreign or cannot be written: nothing saved is lost."""
+"""Sticky notes with broken, foreign and unwritable files: nothing saved is lost."""
 
 import json
 import resource
@@ -27,7 +27,7 @@ def frame(**changes):
     return saved_note(frame={"x": 1, "y": 2, "width": 300, "height": 200, **changes})
 
 
-# What is in the file, and what the program says of it.
+# The content of the file and the problem that is logged.
 _CORRUPT_MANIFESTS = {
     "truncated": ('[{"id"', "':' expected near end of file at line 1, column 6"),
     "torn within a text": ('[{"textContent":"hunter2',
@@ -69,7 +69,7 @@ _ODD_FRAMES = [
 
 
 @pytest.mark.parametrize("changes", _ODD_FRAMES)
-def test_a_strange_frame_makes_a_window_all_the_same(desktop, stopped, changes):
+def test_an_odd_frame_still_opens_a_usable_window(desktop, stopped, changes):
     stopped.write_manifest(json.dumps([{**frame(**changes), "zoom": 1e300}]))
     stopped.program.start()
     place = stopped.reopen().geometry()
@@ -78,7 +78,7 @@ def test_a_strange_frame_makes_a_window_all_the_same(desktop, stopped, changes):
     stopped.wait_for_texts(["text!"])
 
 
-def test_a_note_whose_screen_is_gone_comes_back(stopped):
+def test_a_note_of_a_missing_screen_opens_on_another(stopped):
     place = {"x": 5000, "y": 400, "width": 260, "height": 180}
     stopped.write_manifest(json.dumps([saved_note(frame=place)]))
     stopped.program.start()
@@ -86,7 +86,7 @@ def test_a_note_whose_screen_is_gone_comes_back(stopped):
     assert stopped.manifest()[0]["frame"] == place
 
 
-def test_a_picture_that_is_missing_shows_nothing_and_breaks_nothing(desktop, stopped):
+def test_a_note_without_its_picture_can_be_edited(desktop, stopped):
     stopped.write_manifest(json.dumps([
         saved_note(1, kind="image", textContent="", imageFileName="../../../../etc/hostname"),
         saved_note(2, kind="image", textContent="")]))
@@ -102,7 +102,7 @@ def test_a_picture_that_is_missing_shows_nothing_and_breaks_nothing(desktop, sto
 
 
 @pytest.mark.parametrize("kind", ["PNG", "JPEG", "WebP"])
-def test_pictures_of_every_kind_are_shown_and_kept_as_they_are(desktop, stopped, kind):
+def test_pictures_of_every_format_are_shown_and_left_unchanged(desktop, stopped, kind):
     data = pictures.encoded(pictures.colorful(), kind)
     stopped.write_manifest(json.dumps([saved_note(
         kind="image", textContent="", frame={"x": 300, "y": 300, "width": 400, "height": 360})]))
@@ -162,7 +162,7 @@ def test_a_full_disk(desktop, stopped):
     stopped.wait_for_texts([text + "b" * 100])
 
 
-def test_killed_while_typing_the_manifest_is_whole(desktop, stopped):
+def test_the_manifest_survives_a_kill_while_typing(desktop, stopped):
     stopped.write_manifest(json.dumps([saved_note(textContent="")]))
     written = ""
     for round_number in range(8):
@@ -179,7 +179,7 @@ def test_killed_while_typing_the_manifest_is_whole(desktop, stopped):
     assert written
 
 
-def test_killed_after_typing_nothing_is_missing(desktop, stopped):
+def test_a_kill_after_typing_loses_nothing(desktop, stopped):
     stopped.program.start()
     note = stopped.make_saved("a")
     desktop.keyboard.type("bcdefgh")

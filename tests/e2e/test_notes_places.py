@@ -1,4 +1,4 @@
-"""Notes stand where they were put, to the pixel, whoever manages the windows."""
+"""Notes keep their place to the pixel under every window manager."""
 
 import json
 
@@ -21,7 +21,7 @@ def assert_stays_after_restart(notes, place):
 
 @pytest.mark.parametrize("composited", [False, True], ids=["plain", "composited"])
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_dragged_resized_closed_and_restarted(manager, composited, make_desktop, make_program):
+def test_a_note_keeps_its_place_when_reopened_and_after_a_restart(manager, composited, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager, compositor=composited)
     notes = Notes(make_program(desktop).start())
     note = notes.make_saved("here")
@@ -44,7 +44,7 @@ def test_dragged_resized_closed_and_restarted(manager, composited, make_desktop,
     assert_stays_after_restart(notes, resized)
 
 
-def test_blending_comes_and_goes(make_desktop, make_program):
+def test_a_note_keeps_its_place_when_a_compositor_comes_and_goes(make_desktop, make_program):
     desktop = make_desktop()
     notes = Notes(make_program(desktop).start())
     note = notes.make_saved("here")
@@ -66,7 +66,7 @@ def test_blending_comes_and_goes(make_desktop, make_program):
 
 
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_a_click_on_a_note_brings_the_keyboard(manager, make_desktop, make_program):
+def test_a_click_focuses_a_note(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager)
     notes = Notes(make_program(desktop).start())
     note = notes.make("one")
@@ -82,7 +82,7 @@ def test_a_click_on_a_note_brings_the_keyboard(manager, make_desktop, make_progr
 
 # Xfce's window manager tells monitors by their outputs, of which the virtual server has one.
 @pytest.mark.parametrize("manager", ["openbox", "kwin_x11"])
-def test_on_a_second_screen(manager, make_desktop, make_program):
+def test_a_note_keeps_its_place_on_a_second_screen(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager, monitors=LEFT_OF_PRIMARY)
     notes = Notes(make_program(desktop).start())
     note = notes.make_saved("far left")
@@ -97,7 +97,7 @@ def test_on_a_second_screen(manager, make_desktop, make_program):
 
 @pytest.mark.parametrize("composited", [False, True], ids=["plain", "composited"])
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_between_the_points_of_a_large_scale(manager, composited, make_desktop, make_program):
+def test_a_note_keeps_odd_pixels_at_scale_two(manager, composited, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager, compositor=composited)
     desktop.environment["QT_SCREEN_SCALE_FACTORS"] = "2"
     notes = Notes(make_program(desktop))
@@ -120,7 +120,7 @@ def test_between_the_points_of_a_large_scale(manager, composited, make_desktop, 
     assert_stays_after_restart(notes, resized)
 
 
-def test_a_note_cannot_be_made_too_small(make_desktop, make_program):
+def test_a_note_has_a_minimum_size(make_desktop, make_program):
     notes = Notes(make_program(make_desktop()).start())
     note = notes.make_saved("small")
     first = note.geometry()

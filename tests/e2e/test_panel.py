@@ -1,4 +1,4 @@
-"""The panel comes where it is wanted, takes the keyboard, and goes."""
+"""The panel opens in the right place, takes the keyboard, and closes."""
 
 import pytest
 
@@ -48,7 +48,7 @@ def test_the_panel_opens_below_the_caret_of_a_qt_editor(desktop, history):
     assert_at_caret(history.panel, caret)
 
 
-def test_the_panel_opens_below_the_caret_of_a_page(desktop, history):
+def test_the_panel_opens_below_the_caret_of_a_web_page(desktop, history):
     browser = Firefox(desktop)
     move_to_top(desktop, browser)
     desktop.keyboard.type("words")
@@ -59,7 +59,7 @@ def test_the_panel_opens_below_the_caret_of_a_page(desktop, history):
     assert_at_caret(history.panel, caret)
 
 
-def test_the_panel_goes_above_a_caret_near_the_bottom(desktop, history):
+def test_the_panel_opens_above_a_caret_near_the_bottom(desktop, history):
     editor = GtkEditor(desktop, "words")
     move(desktop, editor, 100, desktop.primary.height - 160)
     caret = editor.caret()
@@ -67,7 +67,7 @@ def test_the_panel_goes_above_a_caret_near_the_bottom(desktop, history):
     assert abs(history.panel.geometry().y - (caret.y - GAP - HEIGHT)) <= 1
 
 
-def test_without_a_caret_the_panel_is_in_the_middle_of_the_screen(desktop, history):
+def test_without_a_caret_the_panel_is_centered(desktop, history):
     terminal = XTerm(desktop)
     assert terminal.has_keyboard()
     history.panel.open()
@@ -76,7 +76,7 @@ def test_without_a_caret_the_panel_is_in_the_middle_of_the_screen(desktop, histo
 
 @pytest.mark.desktop(monitors=LEFT_OF_PRIMARY)
 @pytest.mark.parametrize("index", [0, 1])
-def test_without_a_caret_the_screen_under_the_mouse_counts(desktop, history, index):
+def test_without_a_caret_the_panel_opens_on_the_screen_of_the_pointer(desktop, history, index):
     XTerm(desktop)
     monitor = desktop.monitors[index]
     desktop.pointer.move(monitor.x + 200, monitor.y + 300)
@@ -128,7 +128,7 @@ def test_the_panel_stays_on_the_screen_of_its_caret(desktop, history):
     assert geometry.x + geometry.width == left.x + left.width
 
 
-def test_the_typing_goes_to_the_search_field_and_nowhere_else(desktop, history):
+def test_typing_goes_to_the_search_field_only(desktop, history):
     editor = GtkEditor(desktop, "untouched")
     history.panel.open()
     history.panel.search("alp")
@@ -184,7 +184,7 @@ def test_a_click_elsewhere_closes(desktop, history):
     history.panel.wait_until_closed()
 
 
-def test_other_programs_keep_the_keys_of_their_menus(desktop, history):
+def test_menus_of_other_programs_keep_working(desktop, history):
     viewer = PictureViewer(desktop, pictures.harbour())
     viewer.open_edit_menu()
     for _ in range(2):
@@ -197,7 +197,7 @@ def test_other_programs_keep_the_keys_of_their_menus(desktop, history):
         viewer.open_edit_menu()
 
 
-def test_two_slow_taps_do_nothing(desktop, history):
+def test_two_slow_taps_do_not_open(desktop, history):
     terminal = XTerm(desktop)
     desktop.keyboard.double_tap(interval_ms=350)
     assert_reached(desktop, terminal)
@@ -205,7 +205,7 @@ def test_two_slow_taps_do_nothing(desktop, history):
     history.assert_showed_panel(1)
 
 
-def test_a_letter_between_two_taps_does_nothing_but_arrive(desktop, history):
+def test_a_letter_between_two_taps_prevents_opening(desktop, history):
     terminal = XTerm(desktop)
     desktop.keyboard.double_tap(between="q")
     assert_reached(desktop, terminal, "q")
@@ -213,7 +213,7 @@ def test_a_letter_between_two_taps_does_nothing_but_arrive(desktop, history):
     history.assert_showed_panel(1)
 
 
-def test_another_modifier_opens_when_it_is_chosen(desktop, stopped_program):
+def test_only_the_chosen_modifier_opens(desktop, stopped_program):
     stopped_program.write_defaults({"settings.hotkeyModifier": "option"})
     stopped_program.start()
     terminal = XTerm(desktop)
@@ -223,7 +223,7 @@ def test_another_modifier_opens_when_it_is_chosen(desktop, stopped_program):
     stopped_program.assert_showed_panel(1)
 
 
-def test_a_disabled_hotkey_does_nothing(desktop, stopped_program):
+def test_a_disabled_hotkey_does_not_open(desktop, stopped_program):
     stopped_program.write_defaults({"settings.hotkeyEnabled": False})
     stopped_program.start(ready=False)
     stopped_program.wait_for_log("Hotkey disabled in settings; not starting monitors")
@@ -235,14 +235,14 @@ def test_a_disabled_hotkey_does_nothing(desktop, stopped_program):
     stopped_program.assert_showed_panel(1)
 
 
-def test_the_window_stays_out_of_task_bars(desktop, history):
+def test_the_panel_stays_above_and_out_of_the_taskbar(desktop, history):
     history.panel.open()
     states = desktop.windows.states(history.panel.window())
     assert {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR",
             "_NET_WM_STATE_SKIP_PAGER"} <= states
 
 
-def test_the_log_tells_the_showing_but_no_content(desktop, history):
+def test_showing_is_logged_without_content(desktop, history):
     XTerm(desktop)
     history.panel.open()
     history.wait_for_log("^Panel show: captured target XTerm pid ")
@@ -255,7 +255,7 @@ def test_a_second_start_opens_the_panel_of_the_first(desktop, history):
     history.panel.wait_until_open()
 
 
-def test_the_panel_opens_again_and_again(desktop, history):
+def test_the_panel_opens_repeatedly(desktop, history):
     editor = GtkEditor(desktop)
     for _ in range(8):
         history.panel.open()
@@ -281,6 +281,6 @@ def assert_in_middle_of(panel, monitor):
 
 
 def assert_reached(desktop, terminal, before=""):
-    """The keys pressed after those that could have opened the panel reach the terminal."""
+    """Types into the terminal after keys that could have opened the panel."""
     desktop.keyboard.type("end")
     wait_for_equal(terminal.text, before + "end", "the terminal's text")

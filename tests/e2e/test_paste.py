@@ -1,4 +1,4 @@
-"""What is picked arrives where the user was typing."""
+"""What is picked is pasted where the user was typing."""
 
 import pytest
 
@@ -49,7 +49,7 @@ def test_picking_with_the_keyboard(desktop, history, kind):
     assert history.texts() == ["gamma", "alpha", "beta"]
 
 
-def test_pasting_goes_on_where_the_typing_was(desktop, history):
+def test_typing_continues_after_a_paste(desktop, history):
     editor = GtkEditor(desktop, "before ")
     history.panel.open()
     desktop.keyboard.tap("Return")
@@ -59,14 +59,14 @@ def test_pasting_goes_on_where_the_typing_was(desktop, history):
     wait_for_equal(editor.text, "before alpha after", "the editor's text")
 
 
-def test_picking_by_place(desktop, history):
+def test_picking_by_number(desktop, history):
     editor = GtkEditor(desktop)
     history.panel.open()
     desktop.keyboard.tap("3", ["Control_L"])
     assert_pasted(history, editor, "gamma")
 
 
-def test_searching_and_picking_without_looking(desktop, history):
+def test_keys_typed_ahead_search_and_pick(desktop, history):
     editor = GtkEditor(desktop)
     history.panel.open()
     desktop.keyboard.type("BET\n")
@@ -112,7 +112,7 @@ def test_rich_text_is_offered_with_its_formatting(desktop, history):
             assert reader.read(target) == rb"{\rtf1 {}}"
 
 
-def test_a_picture_goes_back_to_the_clipboard_as_it_was(desktop, program):
+def test_a_picked_picture_is_offered_unchanged(desktop, program):
     picture = pictures.colorful()
     with ClipboardOwner(desktop, {"image/png": pictures.encoded(picture, "PNG")}):
         program.wait_for_entries(1)
@@ -129,7 +129,7 @@ def test_a_picture_goes_back_to_the_clipboard_as_it_was(desktop, program):
     wait_for(lambda: program.texts() == [None, "later"], "the picture in front")
 
 
-def test_a_pick_is_no_new_entry(desktop, history):
+def test_a_pick_adds_no_entry(desktop, history):
     editor = GtkEditor(desktop)
     history.panel.open()
     history.panel.click(BETA)
@@ -140,7 +140,7 @@ def test_a_pick_is_no_new_entry(desktop, history):
 
 @pytest.mark.parametrize("held", ["Shift_L", "Alt_L", "Super_L"])
 @pytest.mark.parametrize("kind", [GtkEditor, XTerm])
-def test_modifiers_still_held_do_not_spoil_the_paste(desktop, history, kind, held):
+def test_held_modifiers_do_not_affect_the_paste(desktop, history, kind, held):
     application = kind(desktop)
     history.panel.open()
     row = history.panel.row(ALPHA)
@@ -152,7 +152,7 @@ def test_modifiers_still_held_do_not_spoil_the_paste(desktop, history, kind, hel
         desktop.keyboard.release(held)
 
 
-def test_the_programs_own_keystroke_is_no_tap(desktop, stopped_program):
+def test_the_paste_keystroke_does_not_count_as_a_tap(desktop, stopped_program):
     stopped_program.write_defaults({"settings.hotkeyThresholdMs": 5000})
     stopped_program.write_manifest_of([entry(1, "alpha")])
     stopped_program.start()
@@ -166,7 +166,7 @@ def test_the_programs_own_keystroke_is_no_tap(desktop, stopped_program):
     stopped_program.assert_showed_panel(2)
 
 
-def test_what_was_copied_a_moment_ago_stands_first(desktop, history):
+def test_a_copy_just_before_opening_is_listed_first(desktop, history):
     editor = GtkEditor(desktop, "")
     with ClipboardOwner(desktop, {"UTF8_STRING": b"just now"}) as owner:
         owner.wait_until_asked("UTF8_STRING")
@@ -176,7 +176,7 @@ def test_what_was_copied_a_moment_ago_stands_first(desktop, history):
         assert_pasted(history, editor, "just now")
 
 
-def test_a_target_that_quits_costs_nothing(desktop, history):
+def test_picking_after_the_target_quit_only_copies(desktop, history):
     application = XTerm(desktop)
     history.panel.open()
     application.close()
@@ -193,7 +193,7 @@ def test_a_target_that_quits_costs_nothing(desktop, history):
     assert_pasted(history, editor, "alpha")
 
 
-def test_a_target_that_quits_after_the_pick_costs_nothing(desktop, history):
+def test_a_target_that_quits_after_the_pick_gets_no_keystroke(desktop, history):
     history.expect_complaint("^Paste keystroke not sent: the target has gone$")
     witness = GtkEditor(desktop)
     application = XTerm(desktop)
@@ -208,7 +208,7 @@ def test_a_target_that_quits_after_the_pick_costs_nothing(desktop, history):
     assert_pasted(history, witness, "alpha")
 
 
-def test_everything_survives_a_restart(desktop, history):
+def test_picking_works_after_a_restart(desktop, history):
     history.restart()
     editor = GtkEditor(desktop)
     history.panel.open()

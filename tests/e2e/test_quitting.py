@@ -43,7 +43,7 @@ def test_a_clipboard_manager_keeps_what_was_picked(desktop, history):
 
 
 @pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
-def test_it_ends_in_order_when_it_is_asked_to_end(desktop, history, number):
+def test_signals_quit_in_order(desktop, history, number):
     with ClipboardManager(desktop) as manager:
         history.process.send_signal(number)
         assert history.process.wait(10) == 0
@@ -51,14 +51,14 @@ def test_it_ends_in_order_when_it_is_asked_to_end(desktop, history, number):
         assert pasted(desktop) == "alpha"
 
 
-def test_a_frozen_clipboard_manager_does_not_keep_it_from_quitting(desktop, history):
+def test_a_frozen_clipboard_manager_does_not_prevent_quitting(desktop, history):
     history.expect_complaint("The clipboard manager does not answer")
     with ClipboardManager(desktop, frozen=True) as manager:
         quit_by_menu(history)
         assert manager.questions == 1
 
 
-def test_what_others_have_copied_is_left_to_them(desktop, history):
+def test_the_clipboard_of_another_program_is_left_alone(desktop, history):
     with ClipboardManager(desktop) as manager, ClipboardOwner(desktop, {"UTF8_STRING": b"beta"}):
         history.wait_for_texts(["beta", "alpha"])
         quit_by_menu(history)
@@ -66,5 +66,5 @@ def test_what_others_have_copied_is_left_to_them(desktop, history):
         assert pasted(desktop) == "beta"
 
 
-def test_without_a_clipboard_manager_it_just_quits(desktop, history):
+def test_quitting_works_without_a_clipboard_manager(desktop, history):
     quit_by_menu(history)

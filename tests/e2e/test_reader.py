@@ -28,7 +28,7 @@ def document(folder):
     return path
 
 
-def test_a_second_start_hands_its_markdown_files_over(program, folder, document):
+def test_a_second_start_hands_over_its_markdown_files(program, folder, document):
     capitals = folder / "a.MD"
     capitals.write_text("# Capitals\n", encoding="utf-8")
     notes = folder / "notes.txt"
@@ -52,7 +52,7 @@ def test_the_first_start_opens_the_files_it_is_given(stopped_program, document):
     assert (geometry.width, geometry.height) == (780, 640)
 
 
-def test_the_same_file_comes_to_the_front(desktop, program, document):
+def test_opening_a_file_again_raises_its_window(desktop, program, document):
     program.expect_complaint("kAEOpenDocuments")
     program.start_again(str(document))
     reader = Reader(program, document)
@@ -105,7 +105,7 @@ def test_closing_saves_without_asking_and_leaves_no_process(desktop, program, do
     program.panel.open()
 
 
-def test_a_folder_that_vanishes_costs_only_the_save(desktop, program, folder, document):
+def test_saving_fails_while_the_folder_is_missing(desktop, program, folder, document):
     program.expect_complaint("kAEOpenDocuments")
     program.expect_complaint("Save failed for doc.md: ")
     program.start_again(str(document))
@@ -126,7 +126,7 @@ def test_a_folder_that_vanishes_costs_only_the_save(desktop, program, folder, do
     assert document.read_text(encoding="utf-8") == "x# The title\n\nSome text.\n"
 
 
-# What a file holds, and what the program complains of when it opens it.
+# The content of each file and the complaint that opening it causes.
 FILES = {
     "latin.md": (b"caf\xe9", r"^Read latin.md as Latin-1 \(not UTF-8\)$"),
     "binary.md": (bytes(range(256)) * 64, r"^Read binary.md as Latin-1 \(not UTF-8\)$"),
@@ -138,7 +138,7 @@ FILES = {
 
 
 @pytest.mark.parametrize("name", FILES)
-def test_every_file_opens(program, folder, name):
+def test_files_of_every_kind_open(program, folder, name):
     content, complaint = FILES[name]
     path = folder / name
     if content == "folder":
@@ -177,7 +177,7 @@ def resident(pid, library):
     return sum(map(int, sizes))
 
 
-def test_the_engine_rests_after_the_last_document(program, document):
+def test_the_memory_of_the_engine_is_released_after_the_last_document(program, document):
     pid = program.process.pid
     program.expect_complaint("kAEOpenDocuments")
     program.start_again(str(document))
@@ -190,7 +190,7 @@ def test_the_engine_rests_after_the_last_document(program, document):
     Reader(program, document).wait_for_text("The title")
 
 
-def test_a_crash_of_the_page_brings_the_document_back(program, document):
+def test_a_crashed_page_is_rendered_again(program, document):
     program.expect_complaint("kAEOpenDocuments")
     program.expect_complaint("The web process crashed")
     program.start_again(str(document))
@@ -202,7 +202,7 @@ def test_a_crash_of_the_page_brings_the_document_back(program, document):
     reader.wait_for_text("The title")
 
 
-def test_quitting_saves_what_is_open(desktop, stopped_program, document):
+def test_quitting_saves_open_documents(desktop, stopped_program, document):
     bar = StatusBar(desktop)
     program = stopped_program.start()
     item = bar.item()
@@ -218,7 +218,7 @@ def test_quitting_saves_what_is_open(desktop, stopped_program, document):
     assert document.read_text(encoding="utf-8").startswith("x# The title")
 
 
-def test_quitting_with_a_page_open_ends_everything(desktop, stopped_program, document):
+def test_quitting_ends_the_processes_of_pages(desktop, stopped_program, document):
     bar = StatusBar(desktop)
     program = stopped_program.start()
     item = bar.item()
@@ -231,7 +231,7 @@ def test_quitting_with_a_page_open_ends_everything(desktop, stopped_program, doc
     wait_for(lambda: not os.path.exists(f"/proc/{page}"), "the process of the page to end")
 
 
-def test_a_file_is_picked_in_the_dialog(desktop, stopped_program, document):
+def test_the_dialog_opens_the_chosen_file(desktop, stopped_program, document):
     bar = StatusBar(desktop)
     program = stopped_program.start()
     bar.item().choose("Open Markdown…")

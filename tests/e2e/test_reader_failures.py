@@ -1,4 +1,4 @@
-"""What readers do without the parts that they are made of, and with files that cannot be saved."""
+"""Readers without their modules or pages, and with files that cannot be saved."""
 
 import os
 import shutil
@@ -92,7 +92,7 @@ def assert_save_fails(program, document):
     assert document.read_bytes() == before
 
 
-def test_a_file_on_a_disk_that_is_read_only(program, document):
+def test_saving_to_a_read_only_disk_fails(program, document):
     """Even root may not write into the kernel's own file system."""
     document.unlink()
     document.symlink_to("/proc/version")
@@ -101,6 +101,6 @@ def test_a_file_on_a_disk_that_is_read_only(program, document):
 
 
 @pytest.mark.skipif(os.geteuid() == 0, reason="root may write every file")
-def test_a_file_that_is_read_only(program, document):
+def test_saving_to_a_read_only_file_fails(program, document):
     document.chmod(0o444)
     assert_save_fails(program, document)

@@ -1,4 +1,4 @@
-"""Readers show the part of a document that was asked for, and come back to the one that was read."""
+"""Links scroll to their fragment, and the preview returns to its scroll position."""
 
 import pytest
 
@@ -23,7 +23,7 @@ def follow_link(reader, name):
     reader.desktop.pointer.click(place.x + place.width // 2, place.y + place.height // 2)
 
 
-def test_a_link_opens_a_document_at_the_part_that_it_names(program, desktop):
+def test_a_link_opens_a_document_at_its_fragment(program, desktop):
     document, other = desktop.folder / "doc.md", desktop.folder / "other.md"
     other.write_text(f"# Other\n\n{PARAGRAPHS}# Über uns\n\n{PARAGRAPHS}", encoding="utf-8")
     document.write_text("[to the part](other.md#über-uns)\n", encoding="utf-8")
@@ -47,7 +47,7 @@ def test_a_link_opens_a_document_at_the_part_that_it_names(program, desktop):
     assert len(second.windows()) == 1
 
 
-def test_the_preview_comes_back_where_it_was(program, desktop):
+def test_the_preview_returns_to_its_scroll_position(program, desktop):
     document = desktop.folder / "doc.md"
     document.write_text(f"# Title\n\n{PARAGRAPHS}# Part\n\n{PARAGRAPHS}", encoding="utf-8")
     program.expect_complaint("kAEOpenDocuments")

@@ -1,4 +1,4 @@
-"""The text in a picture, pasted."""
+"""The text in a picture is recognized and pasted."""
 
 import pytest
 from PIL import Image, ImageDraw, ImageFont
@@ -48,7 +48,7 @@ def wait_for_text(application, text):
 
 
 @pytest.mark.parametrize("kind", [GtkEditor, XTerm])
-def test_the_text_is_pasted(desktop, program, copy_picture, kind):
+def test_recognized_text_is_pasted(desktop, program, copy_picture, kind):
     copy_picture(picture_of(WORDS))
     application = kind(desktop)
     program.panel.open()
@@ -58,7 +58,7 @@ def test_the_text_is_pasted(desktop, program, copy_picture, kind):
     assert [entry["kind"] for entry in program.manifest()] == ["image"]
 
 
-def test_the_action_is_busy_while_the_picture_is_read(desktop, program, copy_picture):
+def test_the_action_is_disabled_during_recognition(desktop, program, copy_picture):
     copy_picture(picture_of(WORDS, times=40))
     editor = GtkEditor(desktop)
     program.panel.open()
@@ -66,7 +66,7 @@ def test_the_action_is_busy_while_the_picture_is_read(desktop, program, copy_pic
     wait_for_text(editor, "\n".join([WORDS] * 40))
 
 
-def test_reading_goes_on_when_the_panel_hides(desktop, program, copy_picture):
+def test_recognition_continues_when_the_panel_hides(desktop, program, copy_picture):
     copy_picture(picture_of(WORDS, times=20))
     editor = GtkEditor(desktop)
     program.panel.open()
@@ -76,7 +76,7 @@ def test_reading_goes_on_when_the_panel_hides(desktop, program, copy_picture):
     wait_for_text(editor, "\n".join([WORDS] * 20))
 
 
-def test_a_picture_without_text_ends_the_busy_state(desktop, program, copy_picture):
+def test_the_action_is_enabled_again_after_finding_no_text(desktop, program, copy_picture):
     noise = Image.effect_noise((400, 300), 90).convert("RGB")
     copy_picture(pictures.encoded(noise, "PNG"))
     editor = GtkEditor(desktop)
@@ -89,7 +89,7 @@ def test_a_picture_without_text_ends_the_busy_state(desktop, program, copy_pictu
     assert editor.text() == ""
 
 
-def test_a_picture_whose_file_is_gone_has_no_text(desktop, program, copy_picture):
+def test_recognition_of_a_missing_file_does_nothing(desktop, program, copy_picture):
     copy_picture(picture_of(WORDS))
     (item,) = program.manifest()
     program.panel.open()

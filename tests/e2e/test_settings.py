@@ -1,4 +1,4 @@
-"""Every control of the settings acts at once and is stored."""
+"""Every control of the settings takes effect at once and is stored."""
 
 import pytest
 
@@ -17,7 +17,7 @@ def settings(program):
 
 
 def install(desktop, name):
-    """A program of that name that writes its arguments to the file that is returned."""
+    """Installs a program that writes its arguments to a file, which is returned."""
     folder = desktop.folder / "bin"
     folder.mkdir(exist_ok=True)
     said = desktop.folder / f"{name}.said"
@@ -49,7 +49,7 @@ def test_the_hotkey_can_be_switched_off_and_on(desktop, settings):
     settings.program.assert_showed_panel(2)  # the first time to open the settings
 
 
-def test_another_modifier_acts_at_once(desktop, settings):
+def test_a_new_modifier_takes_effect_at_once(desktop, settings):
     settings.open_from_panel()
     settings.program.panel.wait_until_closed()
     settings.pick(settings.find("combo box"), 1)
@@ -59,7 +59,7 @@ def test_another_modifier_acts_at_once(desktop, settings):
     settings.program.panel.open(key="Alt_L")
 
 
-def test_the_speed_goes_in_steps(desktop, settings):
+def test_the_speed_is_set_in_steps(desktop, settings):
     settings.open_from_panel()
     slider = settings.find("slider", "Double-tap speed")
     assert slider.value() == 300
@@ -74,7 +74,7 @@ def test_the_speed_goes_in_steps(desktop, settings):
     settings.wait_for_stored("hotkeyThresholdMs", 200)
 
 
-def test_the_launch_at_login_makes_and_removes_its_entry(desktop, settings):
+def test_launch_at_login_adds_and_removes_the_autostart_entry(desktop, settings):
     settings.open_from_panel()
     launch = settings.find("check box", LAUNCH)
     assert not settings.autostart.exists()
@@ -88,7 +88,7 @@ def test_the_launch_at_login_makes_and_removes_its_entry(desktop, settings):
     settings.wait_for_stored("launchAtLogin", False)
 
 
-def test_a_launch_at_login_that_cannot_be_is_logged(settings):
+def test_a_failure_of_launch_at_login_is_logged(settings):
     settings.autostart.parent.write_text("in the way", encoding="utf-8")
     settings.open_from_panel()
     complaint = "^Launch-at-login toggle failed: .*/app.driftbox.desktop: Not a directory$"
@@ -98,7 +98,7 @@ def test_a_launch_at_login_that_cannot_be_is_logged(settings):
     settings.wait_for_stored("launchAtLogin", True)
 
 
-def test_the_permission_is_shown_and_its_settings_open(desktop, stopped_program):
+def test_the_permission_is_shown_and_its_settings_can_be_opened(desktop, stopped_program):
     said = install(desktop, "gnome-control-center")
     settings = Settings(stopped_program.start()).open_from_panel()
     assert "Granted — the global hotkey is active." in settings.labels()
@@ -112,7 +112,7 @@ def test_the_permission_is_shown_and_its_settings_open(desktop, stopped_program)
 # Clipboard
 
 
-def test_the_capacity_is_stepped_and_acts_at_the_next_copy(desktop, stopped_program):
+def test_a_new_capacity_takes_effect_at_the_next_copy(desktop, stopped_program):
     stopped_program.write_manifest_of([entry(i, str(i)) for i in range(20)])
     settings = Settings(stopped_program.start()).open_from_panel()
     settings.choose("Clipboard")
@@ -129,7 +129,7 @@ def test_the_capacity_is_stepped_and_acts_at_the_next_copy(desktop, stopped_prog
     settings.wait_for_stored("clipboardCapacity", 100)
 
 
-def test_the_history_is_cleared_but_for_what_is_pinned(desktop, stopped_program):
+def test_clearing_keeps_pinned_entries(desktop, stopped_program):
     stopped_program.write_manifest_of(
         [entry(1, "pinned", pinnedAt=1), entry(2, "unpinned")])
     settings = Settings(stopped_program.start()).open_from_panel()
@@ -146,7 +146,7 @@ def test_the_history_is_cleared_but_for_what_is_pinned(desktop, stopped_program)
 # Notes
 
 
-def test_new_notes_have_the_color_of_the_swatch(settings):
+def test_new_notes_have_the_chosen_color(settings):
     settings.open_from_panel()
     settings.choose("Notes")
     assert settings.find("radio button", "Yellow").has_state("checked")
@@ -158,7 +158,7 @@ def test_new_notes_have_the_color_of_the_swatch(settings):
     assert notes.manifest()[0]["color"] == "pink"
 
 
-def test_all_notes_are_closed(settings):
+def test_all_notes_can_be_closed(settings):
     notes = Notes(settings.program)
     notes.make("a draft")
     notes.make("another")
@@ -171,7 +171,7 @@ def test_all_notes_are_closed(settings):
 # About
 
 
-def test_the_about_page_names_the_version_and_leads_to_the_makers(desktop, stopped_program):
+def test_the_about_page_shows_the_version_and_opens_the_feedback_page(desktop, stopped_program):
     said = install(desktop, "xdg-open")
     settings = Settings(stopped_program.start()).open_from_panel()
     settings.choose("About")
@@ -188,7 +188,7 @@ def test_the_about_page_names_the_version_and_leads_to_the_makers(desktop, stopp
 # Failures
 
 
-def test_stored_values_of_the_wrong_kind_are_defaults(stopped_program):
+def test_stored_values_of_the_wrong_type_fall_back_to_defaults(stopped_program):
     stopped_program.write_defaults({
         "settings.clipboardCapacity": "many", "settings.hotkeyEnabled": 1,
         "settings.hotkeyModifier": "Option", "settings.hotkeyThresholdMs": [300],
@@ -204,7 +204,7 @@ def test_stored_values_of_the_wrong_kind_are_defaults(stopped_program):
     assert settings.stored("clipboardCapacity") == "many"  # until it is assigned
 
 
-def test_settings_that_cannot_be_written_act_all_the_same(settings):
+def test_settings_that_cannot_be_stored_still_take_effect(settings):
     settings.program.defaults_path.parent.write_text("in the way", encoding="utf-8")
     settings.open_from_panel()
     complaint = "^Failed to store settings: .*/defaults.json: Not a directory$"

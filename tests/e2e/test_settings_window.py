@@ -1,4 +1,4 @@
-"""The settings window comes, goes and moves like others, and everybody can use it."""
+"""The settings window behaves like an ordinary one and is accessible."""
 
 import pytest
 
@@ -19,7 +19,7 @@ def settings(program):
     return Settings(program)
 
 
-def test_it_is_an_ordinary_window_in_the_middle(desktop, settings):
+def test_the_window_is_ordinary_and_centered(desktop, settings):
     settings.open_from_panel()
     settings.program.panel.wait_until_closed()
     geometry = settings.geometry()
@@ -33,7 +33,7 @@ def test_it_is_an_ordinary_window_in_the_middle(desktop, settings):
 
 
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_it_opens_as_and_where_it_was_left(manager, make_desktop, make_program):
+def test_the_window_reopens_with_its_place_page_and_search(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager)
     settings = Settings(make_program(desktop).start())
     settings.open_from_panel()
@@ -54,7 +54,7 @@ def test_it_opens_as_and_where_it_was_left(manager, make_desktop, make_program):
     assert settings.find("text", "Search").text() == "no"
 
 
-def test_asked_for_twice_it_is_one_window(desktop, settings):
+def test_the_window_opens_only_once(desktop, settings):
     item = StatusBar(desktop).item()
     settings.open_from(item)
     terminal = XTerm(desktop)
@@ -63,7 +63,7 @@ def test_asked_for_twice_it_is_one_window(desktop, settings):
     assert len(settings.windows()) == 1
 
 
-def test_it_can_be_dragged_by_its_top(desktop, settings):
+def test_the_window_can_be_dragged_by_its_header(desktop, settings):
     settings.open_from_panel()
     before = settings.geometry()
     screenshot.take_still(desktop.display)
@@ -73,7 +73,7 @@ def test_it_can_be_dragged_by_its_top(desktop, settings):
     assert abs(settings.geometry().y - before.y - 80) <= 8
 
 
-def test_a_click_on_its_top_leaves_it_where_it_is(desktop, settings):
+def test_a_click_on_the_header_does_not_move_the_window(desktop, settings):
     settings.open_from_panel()
     before = settings.geometry()
     screenshot.take_still(desktop.display)
@@ -97,7 +97,7 @@ def fill_the_screen_and_come_back(settings, before):
 
 
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_a_double_click_on_its_top_fills_the_screen_and_back(manager, make_desktop, make_program):
+def test_a_double_click_on_the_header_maximizes_and_restores(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager)
     settings = Settings(make_program(desktop).start()).open_from_panel()
     before = settings.geometry()
@@ -106,7 +106,7 @@ def test_a_double_click_on_its_top_fills_the_screen_and_back(manager, make_deskt
 
 
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4", "kwin_x11"])
-def test_a_double_click_as_soon_as_it_is_there_counts(manager, make_desktop, make_program):
+def test_a_double_click_right_after_opening_maximizes(manager, make_desktop, make_program):
     desktop = make_desktop(window_manager=manager)
     settings = Settings(make_program(desktop).start())
     item = StatusBar(desktop).item()
@@ -121,7 +121,7 @@ def test_a_double_click_as_soon_as_it_is_there_counts(manager, make_desktop, mak
 
 
 @pytest.mark.desktop(monitors=(Monitor("only", 0, 0, 1800, 1300, primary=True),))
-def test_everything_is_where_it_is_seen_at_twice_the_size(desktop, stopped_program):
+def test_controls_respond_at_scale_two(desktop, stopped_program):
     desktop.environment["QT_SCALE_FACTOR"] = "2"
     settings = Settings(stopped_program.start()).open_from(StatusBar(desktop).item())
     assert settings.geometry().width == 2 * (760 + 2 * SHADOW)
@@ -135,7 +135,7 @@ def test_everything_is_where_it_is_seen_at_twice_the_size(desktop, stopped_progr
     settings.wait_until_closed()
 
 
-def test_it_is_closed_by_keys_and_by_the_window_manager(desktop, settings):
+def test_keys_and_the_window_manager_close_the_window(desktop, settings):
     settings.open_from_panel()
     desktop.keyboard.tap("w", ["Control_L"])
     settings.wait_until_closed()
@@ -146,7 +146,7 @@ def test_it_is_closed_by_keys_and_by_the_window_manager(desktop, settings):
     settings.open_from_panel()
 
 
-def test_the_search_finds_titles(desktop, settings):
+def test_the_search_filters_pages_by_title(desktop, settings):
     settings.open_from_panel()
     desktop.keyboard.tap("f", ["Control_L"])
     for query, found in (("CLIP", ["Clipboard"]), (" notes ", ["Notes"]), ("capacity", [])):
@@ -157,7 +157,7 @@ def test_the_search_finds_titles(desktop, settings):
         wait_for_equal(settings.pages, PAGES, "the pages")
 
 
-def test_the_keyboard_reaches_everything(desktop, settings):
+def test_tab_reaches_every_control(desktop, settings):
     settings.open_from_panel()
     wanted = {"General", "Search", HOTKEY, "⌃ Control", "Double-tap speed", LAUNCH,
               "Open System Settings…", "Re-check", "Show system prompt again", "Minimize", "Close"}
@@ -173,7 +173,7 @@ def test_the_keyboard_reaches_everything(desktop, settings):
 
 
 @COMPOSITED
-def test_it_turns_dark_with_the_desktop(desktop, stopped_program):
+def test_the_window_follows_the_color_scheme(desktop, stopped_program):
     portal = Portal(desktop, "light")
     settings = Settings(stopped_program.start()).open_from_panel()
     geometry = settings.geometry()
@@ -189,7 +189,7 @@ def test_it_turns_dark_with_the_desktop(desktop, stopped_program):
     wait_for(lambda: brightness() > 240, "the window to be light")
 
 
-def test_it_comes_back_after_it_was_minimized(desktop, program):
+def test_opening_restores_a_minimized_window(desktop, program):
     item = StatusBar(desktop).item()
     settings = Settings(program).open_from(item)
     before = settings.geometry()
@@ -200,7 +200,7 @@ def test_it_comes_back_after_it_was_minimized(desktop, program):
     settings.choose("About")
 
 
-def test_every_window_is_read_as_one(desktop, program):
+def test_every_window_is_accessible_as_a_frame(desktop, program):
     document = desktop.folder / "document.md"
     document.write_text("# Title\n", encoding="utf-8")
     program.expect_complaint("^kAEOpenDocuments: ")

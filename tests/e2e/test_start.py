@@ -1,4 +1,4 @@
-"""One program a session, whatever is started how often; answers that need no desktop."""
+"""One program per session, however often it is started; options that need no desktop."""
 
 import os
 import subprocess
@@ -21,7 +21,7 @@ def test_options_are_answered_without_a_display(option, beginning):
     assert not answer.stderr
 
 
-def test_without_a_display_there_is_an_answer_and_no_dump(desktop):
+def test_starting_without_a_display_fails_with_a_message(desktop):
     environment = {name: value for name, value in desktop.environment.items() if name != "DISPLAY"}
     answer = subprocess.run([PROGRAM], env=environment, capture_output=True, text=True, timeout=20)
     assert answer.returncode != 0
@@ -46,7 +46,7 @@ def test_a_second_start_hands_over_its_files(desktop, program):
     program.assert_showed_panel(1)
 
 
-def test_without_a_bus_there_is_one_program_all_the_same(desktop, stopped_program):
+def test_only_one_program_runs_without_a_bus(desktop, stopped_program):
     desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nowhere"
     stopped_program.expect_complaint(ALREADY_RUNNING)
     stopped_program.start()
@@ -62,7 +62,7 @@ def test_without_a_bus_there_is_one_program_all_the_same(desktop, stopped_progra
     stopped_program.start()
 
 
-def test_many_starts_at_once_make_one_program(desktop):
+def test_simultaneous_starts_leave_one_program(desktop):
     bar = StatusBar(desktop)
     started = [desktop.processes.start(PROGRAM, name=f"driftbox-{i}") for i in range(5)]
     wait_for(lambda: sum(process.poll() is None for process in started) == 1,

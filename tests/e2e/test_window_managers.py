@@ -1,4 +1,4 @@
-"""The same under every window manager: it opens, has the keyboard, pastes."""
+"""Opening, typing and pasting work under every window manager."""
 
 import pytest
 

@@ -31,7 +31,7 @@ def assert_opens_promptly(desktop, program):
 
 
 def assert_goes_on(desktop, program, before=()):
-    """Nothing but `before` has been captured, and the next honest copy is."""
+    """Only `before` has been captured so far, and the next honest copy is captured too."""
     program.look_at_clipboard()
     assert program.texts() == [*before]
     with copy(desktop, "honest"):

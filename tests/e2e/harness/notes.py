@@ -1,4 +1,4 @@
-"""Sticky notes, used like a person does: by keys, by the mouse, by what can be read on them."""
+"""Sticky notes, used as a person would: by keys, by the mouse, by what can be read on them."""
 
 import json
 

@@ -1,4 +1,4 @@
-"""The quick panel, used like a person does: by keys, by the mouse, by what can be read on it."""
+"""The quick panel, used as a person would: by keys, by the mouse, by what can be read on it."""
 
 from .waiting import wait_for, wait_for_equal
 

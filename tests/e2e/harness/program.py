@@ -61,7 +61,7 @@ class Program:
         return self
 
     def start_again(self, *arguments):
-        """What a second start beside the running one does: its exit code."""
+        """Starts the program once more beside the running one; returns its exit code."""
         second = self.desktop.processes.start(PROGRAM, *arguments, name="driftbox-second")
         return second.wait(20)
 
@@ -101,7 +101,7 @@ class Program:
         self._expected.append(re.compile(pattern))
 
     def tolerate_complaint(self, pattern):
-        """A notice or error that may come or not, depending on the machine."""
+        """A notice or error that depends on timing and need not appear."""
         self._tolerated.append(re.compile(pattern))
 
     def complaints(self):
@@ -113,14 +113,14 @@ class Program:
                            for pattern in self._expected + self._tolerated)]
 
     def missing_complaints(self):
-        """The patterns of the expected complaints that no line matches."""
+        """The patterns of expected complaints that no line matches."""
         return [pattern.pattern for pattern in self._expected
                 if not any(pattern.search(line.message) for line in self.complaints())]
 
     # Clipboard
 
     def look_at_clipboard(self):
-        """Has it capture what it has read by now, as it does whenever the panel opens."""
+        """Makes it capture what it has read so far, which it does whenever the panel opens."""
         self.panel.open()
         self.desktop.keyboard.tap("Escape")
         self.panel.wait_until_closed()
@@ -128,7 +128,7 @@ class Program:
     # Panel
 
     def assert_showed_panel(self, times):
-        """That it has brought the panel up so often, or has begun to, since it exists."""
+        """Fails unless it has shown the panel, or begun to, this many times."""
         shown = [line for line in self.log() if line.message.startswith("Panel show: ")]
         assert len(shown) == times, shown
 

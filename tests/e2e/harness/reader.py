@@ -1,4 +1,4 @@
-"""Reader windows, used like a person does: started with a file, read, edited, closed."""
+"""Reader windows, used as a person would: started with a file, read, edited, closed."""
 
 from pathlib import Path
 

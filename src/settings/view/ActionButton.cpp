@@ -15,7 +15,7 @@ namespace {
 
 constexpr int actionButtonSymbolSize = 13;
 constexpr int actionButtonSymbolSpacing = 7;
-constexpr int actionButtonSidePadding = 14;
+constexpr int actionButtonSidePadding = 12;
 constexpr int minHeight = 30;
 constexpr int actionButtonVerticalPadding = 6;
 

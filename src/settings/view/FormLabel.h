@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QtWidgets/QLabel>
 
 namespace driftbox {
@@ -14,17 +16,22 @@ public:
 
     FormLabel(const QString& text, const QFont& font, Tone tone, QWidget* parent);
 
-    /// Digits take the same room each, so that a number that changes does not jump.
-    void setDigitsOfFixedWidth() { m_hasFixedDigits = true; }
+    /// Digits take the same room each, and the label a column of its own, so that a number that
+    /// changes does not jump. Text that needs more makes the column wider.
+    void setDigitsOfFixedWidth(int column);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] int widthOf(QChar character) const;
     void paintWithFixedDigits(QPainter& painter) const;
 
     Tone m_tone;
-    bool m_hasFixedDigits = false;
+    std::optional<int> m_digitsColumn;
 };
 
 } // namespace driftbox

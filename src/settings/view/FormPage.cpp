@@ -31,11 +31,14 @@ FormPage::FormPage(QWidget* parent)
 
     auto* page = new QWidget;
     page->setAutoFillBackground(false);
-    m_column = new QVBoxLayout(page);
+    auto* whole = new QVBoxLayout(page);
+    whole->setContentsMargins({});
+    m_column = new QVBoxLayout;
+    whole->addLayout(m_column);
+    whole->addStretch(1); // aligned to the top, the column would get no room for lines that wrap
     m_column->setContentsMargins(formPageSidePadding, formPageTopPadding, formPageSidePadding,
                                  bottomPadding);
     m_column->setSpacing(formPageSectionSpacing);
-    m_column->setAlignment(Qt::AlignTop);
     setWidget(page);
     page->setAutoFillBackground(false); // setWidget() has enabled it
 }

@@ -1,6 +1,7 @@
 #include "settings/view/FormSection.h"
 
 #include "settings/view/FormLabel.h"
+#include "settings/view/WrappingLayout.h"
 #include "ui/theme/CardShape.h"
 #include "ui/theme/Theme.h"
 
@@ -16,6 +17,13 @@ constexpr int formSectionVerticalPadding = 6;
 constexpr int partSpacing = 10;
 constexpr int formSectionTitleSpacing = 8;
 constexpr qreal formSectionCornerRadius = 10.0;
+
+void padRow(QLayout& layout)
+{
+    layout.setContentsMargins(FormSection::sidePadding, formSectionVerticalPadding,
+                              FormSection::sidePadding, formSectionVerticalPadding);
+    layout.setSpacing(partSpacing);
+}
 
 } // namespace
 
@@ -54,15 +62,21 @@ QWidget* FormSection::addRow(std::initializer_list<QWidget*> parts, const QWidge
 {
     auto* row = new QWidget(m_card);
     auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(sidePadding, formSectionVerticalPadding, sidePadding,
-                               formSectionVerticalPadding);
-    layout->setSpacing(partSpacing);
+    padRow(*layout);
     for (QWidget* part : parts)
         layout->addWidget(part, part == stretching ? 1 : 0);
-    if (!stretching)
-        layout->addStretch();
     addRow(row);
     return row;
+}
+
+void FormSection::addWrappingRow(std::initializer_list<QWidget*> parts)
+{
+    auto* row = new QWidget(m_card);
+    auto* layout = new WrappingLayout(row);
+    padRow(*layout);
+    for (QWidget* part : parts)
+        layout->addWidget(part);
+    addRow(row);
 }
 
 void FormSection::paintEvent(QPaintEvent*)

@@ -23,9 +23,13 @@ public:
     /// Adds a row with a single widget in its preferred size.
     void addRow(QWidget* part, Qt::Alignment alignment);
 
-    /// Adds a row of these parts, which need no padding of their own. A part that stretches takes
-    /// the room that is left; with none the room is at the end.
+    /// Adds a row of these parts, which need no padding of their own. The one that stretches takes
+    /// the room that is left.
     QWidget* addRow(std::initializer_list<QWidget*> parts, const QWidget* stretching);
+
+    /// Adds a row of these parts, each as large as it wants to be, that goes on in further lines
+    /// where it is too long for one.
+    void addWrappingRow(std::initializer_list<QWidget*> parts);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -25,13 +25,11 @@ namespace {
 
 constexpr int pickerWidth = 124;
 constexpr int valueColumn = 56;
-constexpr int minSliderWidth = 140;
+constexpr int minSliderWidth = 72;
 
 FormLabel* makeLabel(const QString& text, FormLabel::Tone tone, QWidget* parent)
 {
-    auto* label = new FormLabel(text, Theme::systemFont(13), tone, parent);
-    label->setWordWrap(false);
-    return label;
+    return new FormLabel(text, Theme::systemFont(13), tone, parent);
 }
 
 } // namespace
@@ -96,9 +94,8 @@ void GeneralSettingsView::addSpeedRow(FormSection& section)
     connect(m_speed, &QSlider::valueChanged, this, &GeneralSettingsView::applySpeed);
 
     m_speedValue = makeLabel({}, FormLabel::Tone::primary, &section);
-    m_speedValue->setDigitsOfFixedWidth();
+    m_speedValue->setDigitsOfFixedWidth(valueColumn);
     m_speedValue->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_speedValue->setFixedWidth(valueColumn);
     m_speedRow =
         section.addRow({label, makeLabel(u"Slow"_s, FormLabel::Tone::secondary, &section), m_speed,
                         makeLabel(u"Fast"_s, FormLabel::Tone::secondary, &section), m_speedValue},
@@ -125,11 +122,10 @@ FormSection* GeneralSettingsView::makeAccessibilitySection()
         connect(button, &QAbstractButton::clicked, &m_model, action);
         return button;
     };
-    section->addRow(
+    section->addWrappingRow(
         {makeButton(u"Open System Settings…"_s, &GeneralSettings::openAccessibilitySettings),
          makeButton(u"Re-check"_s, &GeneralSettings::recheckAccessibility),
-         makeButton(u"Show system prompt again"_s, &GeneralSettings::requestAccessibility)},
-        nullptr);
+         makeButton(u"Show system prompt again"_s, &GeneralSettings::requestAccessibility)});
     return section;
 }
 

@@ -19,11 +19,6 @@ constexpr int captionSpacing = 6;
 constexpr int captionSize = 12;
 constexpr qreal quaternaryOpacity = 0.08;
 
-QFont captionFont()
-{
-    return Theme::systemFont(captionSize);
-}
-
 } // namespace
 
 QImage bundledImage(const QString& name)
@@ -35,12 +30,13 @@ TipPicture::TipPicture(const QString& name, const QString& caption, QWidget* par
     : QLabel(caption, parent)
     , m_image(bundledImage(name))
 {
+    setFont(Theme::systemFont(captionSize));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize TipPicture::sizeHint() const
 {
-    const QFontMetrics caption(captionFont());
+    const QFontMetrics caption = fontMetrics();
     return {std::max(pictureSize.width(), caption.horizontalAdvance(text())),
             pictureSize.height() + captionSpacing + caption.height()};
 }
@@ -62,7 +58,7 @@ void TipPicture::paintEvent(QPaintEvent*)
         painter.drawImage(frame, m_image);
         painter.restore();
     }
-    painter.setFont(captionFont());
+    painter.setFont(font());
     painter.setPen(Theme::secondary());
     painter.drawText(rect(), Qt::AlignHCenter | Qt::AlignBottom, text());
 }

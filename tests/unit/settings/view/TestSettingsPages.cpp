@@ -13,13 +13,16 @@
 #include "settings/view/SwatchButton.h"
 #include "settings/view/SystemColors.h"
 #include "settings/view/ToggleRow.h"
+#include "ui/theme/QuietStyle.h"
 #include "ui/theme/Theme.h"
 #include "unit/ui/theme/ShownSymbols.h"
 
 #include <algorithm>
 
 #include <QtGui/QAccessible>
+#include <QtGui/QFontDatabase>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QSlider>
 
@@ -29,6 +32,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize pageSize(551, 420);
+constexpr int narrowestPage = 491;
 
 template <typename Page>
 struct Shown
@@ -71,6 +75,51 @@ QAccessibleInterface& accessible(QWidget& widget)
     return *QAccessible::queryAccessibleInterface(&widget);
 }
 
+class ApplicationFont
+{
+public:
+    explicit ApplicationFont(const QString& family) { QApplication::setFont(QFont(family)); }
+    ~ApplicationFont() { QApplication::setFont(m_previous); }
+    Q_DISABLE_COPY_MOVE(ApplicationFont)
+
+private:
+    QFont m_previous = QApplication::font();
+};
+
+void enlargeText(const QWidget& page, qreal factor)
+{
+    for (QWidget* widget : page.findChildren<QWidget*>()) {
+        QFont font = widget->font();
+        if (!widget->testAttribute(Qt::WA_SetFont))
+            continue;
+        font.setPixelSize(qRound(font.pixelSize() * factor));
+        widget->setFont(font);
+    }
+}
+
+bool isCutOff(const QWidget& widget)
+{
+    const QSize least = widget.minimumSizeHint();
+    return !widget.parentWidget()->rect().contains(widget.geometry()) ||
+           widget.width() < least.width() || widget.height() < least.height() ||
+           widget.height() < widget.heightForWidth(widget.width());
+}
+
+/// The widgets of the page that have not got the room they need, a line each.
+QString cutOffIn(const QWidget& page)
+{
+    QString found;
+    for (const QWidget* widget : page.findChildren<QWidget*>()) {
+        const bool isPart = qobject_cast<const QAbstractSpinBox*>(widget->parentWidget());
+        if (widget->isVisible() && !isPart && isCutOff(*widget)) {
+            QDebug(&found) << widget << "of" << widget->size() << "needs"
+                           << widget->minimumSizeHint() << "and, as wide as it is, the height"
+                           << widget->heightForWidth(widget->width()) << "\n";
+        }
+    }
+    return found;
+}
+
 } // namespace
 
 class TestSettingsPages : public QObject
@@ -78,6 +127,8 @@ class TestSettingsPages : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QApplication::setStyle(new QuietStyle); }
+
     void theHotkeyIsSwitchedByItsRow()
     {
         const Shown<GeneralSettingsView> shown;
@@ -309,16 +360,53 @@ private Q_SLOTS:
         QCOMPARE(shown.desk.feedbacks, 1);
     }
 
-    // A page that is too narrow for its rows would cut them off.
-    void nothingIsWiderThanThePage()
+    void itsButtonsShareALineWhereThereIsRoom()
     {
-        const Shown<GeneralSettingsView> general;
-        const Shown<ClipboardSettingsView> clipboard;
-        const Shown<NotesSettingsView> notes;
-        const Shown<AboutSettingsView> about;
-        for (const FormPage* page : std::initializer_list<const FormPage*>{
-                 &general.page, &clipboard.page, &notes.page, &about.page})
-            QVERIFY(page->widget()->minimumSizeHint().width() <= pageSize.width());
+        QVERIFY(QFontDatabase::hasFamily(u"Inter"_s));
+        const ApplicationFont font(u"Inter"_s);
+        Shown<GeneralSettingsView> shown;
+        const auto& first = shown.button(u"Open System Settings…"_s);
+        const auto& last = shown.button(u"Show system prompt again"_s);
+        QCOMPARE(last.y(), first.y());
+        shown.page.resize(narrowestPage, pageSize.height());
+        QTRY_VERIFY(last.y() > first.geometry().bottom());
+        QCOMPARE(last.x(), first.x());
+    }
+
+    void nothingIsCutOff_data()
+    {
+        QTest::addColumn<QString>("family");
+        QTest::addColumn<qreal>("enlargement");
+        QTest::addColumn<int>("width");
+        for (const auto& family : {u"Inter"_s, u"DejaVu Sans"_s, u"DejaVu Sans Mono"_s}) {
+            for (const qreal enlargement : {1.0, 1.5}) {
+                for (const int width : {pageSize.width(), narrowestPage})
+                    QTest::addRow("%s, %g times, %d wide", qUtf8Printable(family), enlargement,
+                                  width)
+                        << family << enlargement << width;
+            }
+        }
+    }
+
+    void nothingIsCutOff()
+    {
+        QFETCH(QString, family);
+        QFETCH(qreal, enlargement);
+        QFETCH(int, width);
+        QVERIFY(QFontDatabase::hasFamily(family));
+        const ApplicationFont font(family);
+        Shown<GeneralSettingsView> general;
+        Shown<ClipboardSettingsView> clipboard;
+        Shown<NotesSettingsView> notes;
+        Shown<AboutSettingsView> about;
+        for (FormPage* page : std::initializer_list<FormPage*>{&general.page, &clipboard.page,
+                                                               &notes.page, &about.page}) {
+            page->resize(width, pageSize.height());
+            enlargeText(*page, enlargement);
+            QTRY_VERIFY2_WITH_TIMEOUT(cutOffIn(*page->widget()).isEmpty(),
+                                      qUtf8Printable(cutOffIn(*page->widget())), 1000);
+            QVERIFY(page->widget()->width() <= width);
+        }
     }
 };
 

@@ -51,7 +51,7 @@ ALLOWED = {
 }
 
 # The sources of src/app that choose the back-ends; no others may include one.
-COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop|FreedesktopServices)\.(cpp|h)")
+COMPOSITION_ROOT = re.compile(r"app/(main|X11Desktop|FreedesktopServices|SessionClipboard)\.(cpp|h)")
 BACK_END = re.compile(r"platform/.+")
 
 # Records only hold data. Services build on records, never the other way round.

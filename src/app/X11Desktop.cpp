@@ -1,14 +1,13 @@
 #include "app/X11Desktop.h"
 
 #include "app/FreedesktopServices.h"
+#include "app/SessionClipboard.h"
 #include "platform/desktop/caret/AtSpiCaretLookup.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/keys/X11KeyEventMonitor.h"
 #include "platform/x11/keys/X11Keyboard.h"
 #include "platform/x11/keys/X11PasteKeystroke.h"
-#include "platform/x11/selection/X11Pasteboard.h"
 #include "platform/x11/selection/X11PrimarySelection.h"
-#include "platform/x11/selection/X11SelectedText.h"
 #include "platform/x11/windows/X11ActiveWindow.h"
 #include "platform/x11/windows/X11FloatingSurfaceFactory.h"
 #include "platform/x11/windows/X11Screens.h"
@@ -40,9 +39,8 @@ struct X11Desktop::BackEnds
     X11Screens screens{*connection};
     X11ActiveWindow activeWindow{*connection};
     AtSpiCaretLookup caretLookup{session.sessionBus, session.tasks, activeWindow, screens};
-    X11Pasteboard pasteboard{*connection, session.clock, session.tasks};
-    X11SelectedText selectedText{*connection, session.clock, session.tasks};
-    X11PrimarySelection primarySelection{*connection, session.clock, pasteboard};
+    SessionClipboard clipboard{*connection, session.clock, session.tasks};
+    X11PrimarySelection primarySelection{*connection, session.clock, clipboard.pasteboard()};
     X11Keyboard keyboard{*connection};
     X11KeyEventMonitor keyEvents{*connection, keyboard};
     X11Workspace workspace{*connection};
@@ -70,7 +68,7 @@ X11Desktop::X11Desktop(std::unique_ptr<BackEnds> backEnds)
 
 X11Desktop::~X11Desktop()
 {
-    m_backEnds->pasteboard.handOver();
+    m_backEnds->clipboard.handOver();
 }
 
 Desktop X11Desktop::services()
@@ -85,8 +83,8 @@ Desktop X11Desktop::services()
             .localKeys = own.session.localKeys,
             .screens = own.screens,
             .caretLookup = own.caretLookup,
-            .pasteboard = own.pasteboard,
-            .selectedText = own.selectedText,
+            .pasteboard = own.clipboard.pasteboard(),
+            .selectedText = own.clipboard.selectedText(),
             .keyboard = own.keyEvents,
             .workspace = own.workspace,
             .pasteKeystroke = own.pasteKeystroke,

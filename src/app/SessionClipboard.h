@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/x11/selection/X11Pasteboard.h"
+
+#include <memory>
+#include <optional>
+
+#include <QtCore/QtClassHelperMacros>
+
+namespace driftbox {
+
+class ClipboardThread;
+class SelectedText;
+
+/// The clipboard and the selected text of the session: the compositor's where it shows them to
+/// clipboard managers, otherwise the X server's. A Wayland compositor passes on to the X server
+/// only what is copied while an X11 window has the keyboard. Main thread only.
+class SessionClipboard
+{
+public:
+    /// All of them must outlive the clipboard.
+    SessionClipboard(X11Connection& connection, Clock& clock, TaskRunner& taskRunner);
+    ~SessionClipboard();
+    Q_DISABLE_COPY_MOVE(SessionClipboard)
+
+    [[nodiscard]] Pasteboard& pasteboard() const { return *m_pasteboard; }
+    [[nodiscard]] SelectedText& selectedText() const { return *m_selectedText; }
+
+    /// Lets the desktop's clipboard manager take what this program offers, where it has to be asked
+    /// to. For the end of the program; takes 300 ms at most.
+    void handOver();
+
+private:
+    std::unique_ptr<ClipboardThread> m_thread;
+    std::unique_ptr<Pasteboard> m_pasteboard;
+    std::unique_ptr<SelectedText> m_selectedText;
+    X11Pasteboard* m_x11Pasteboard = nullptr; ///< the pasteboard, where it is the X server's
+};
+
+} // namespace driftbox

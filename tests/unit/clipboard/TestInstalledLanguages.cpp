@@ -60,7 +60,7 @@ private Q_SLOTS:
         for (int i = 0; i < 100; ++i)
             installed.push_back(u"a%1"_s.arg(i));
         const QStringList languages = preferredLanguages(installed, QLocale(u"de_DE"_s), usual);
-        QVERIFY(languages.size() < 10);
+        QCOMPARE(languages.size(), 8);
         QCOMPARE(languages.first(2), (QStringList{u"deu"_s, u"eng"_s}));
     }
 

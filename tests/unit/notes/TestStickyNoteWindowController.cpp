@@ -61,8 +61,8 @@ private Q_SLOTS:
         for (int steps = 0; steps < 5; ++steps)
             controller.zoom(1 / 1.1);
         QCOMPARE(surface().frame().width(), 160.0);
-        QVERIFY(surface().frame().height() > 120);
-        QVERIFY(controller.viewModel().zoom() > 0.6);
+        QVERIFY(qAbs(surface().frame().height() - 200 / std::pow(1.1, 5)) < 1e-6);
+        QVERIFY(qAbs(controller.viewModel().zoom() - 1 / std::pow(1.1, 5)) < 1e-9);
         controller.zoom(1 / 1.1);
         QCOMPARE(surface().frame().size(), QSizeF(160, 120));
         QCOMPARE(controller.viewModel().zoom(), 0.6);

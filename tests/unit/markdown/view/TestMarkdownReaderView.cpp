@@ -109,7 +109,9 @@ private Q_SLOTS:
         view.resize(400, 300);
         view.show();
         QCOMPARE(view.width(), 400);
-        for (const auto* each : view.findChildren<SymbolButton*>())
+        const auto buttons = view.findChildren<SymbolButton*>();
+        QVERIFY(!buttons.isEmpty());
+        for (const auto* each : buttons)
             QVERIFY(view.rect().contains(QRect(each->mapTo(&view, QPoint()), each->size())));
     }
 

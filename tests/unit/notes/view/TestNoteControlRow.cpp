@@ -59,6 +59,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_row->isVisible());
         QRect last;
         QList<QAbstractButton*> controls = m_row->findChildren<QAbstractButton*>();
+        QCOMPARE(controls.size(), 8);
         std::ranges::sort(controls, {}, [](const QWidget* control) { return control->x(); });
         for (const QAbstractButton* control : controls) {
             QVERIFY(!control->geometry().intersects(last));

@@ -54,7 +54,7 @@ private Q_SLOTS:
         f.press(10);
         QCOMPARE(f.scrollBar.value(), 0);
         f.moveTo(46);
-        QVERIFY(f.scrollBar.value() > 100 && f.scrollBar.value() < 200);
+        QCOMPARE(f.scrollBar.value(), 159); // 36 of the 68 points that the thumb can move
         f.moveTo(500);
         QCOMPARE(f.scrollBar.value(), 300);
         f.moveTo(-500);

@@ -35,9 +35,11 @@ private Q_SLOTS:
         FakeAppearance appearance;
         const ThemeFollower follower(appearance);
         QWidget widget;
-        QTRY_COMPARE(widget.palette().color(QPalette::Window), Theme::panelBackground());
+        const QColor light = Theme::panelBackground();
+        QTRY_COMPARE(widget.palette().color(QPalette::Window), light);
         appearance.setColorScheme(ColorScheme::dark);
-        QTRY_COMPARE(widget.palette().color(QPalette::Window), Theme::panelBackground());
+        QTRY_VERIFY(widget.palette().color(QPalette::Window) != light);
+        QCOMPARE(widget.palette().color(QPalette::Window), Theme::panelBackground());
     }
 
     void everyTextCanBeRead_data()

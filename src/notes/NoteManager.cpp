@@ -34,7 +34,13 @@ NoteManager::NoteManager(const Services& services, QObject* parent)
 {
 }
 
-NoteManager::~NoteManager() = default;
+NoteManager::~NoteManager()
+{
+    for (const StickyNote& note : m_notes) {
+        if (!note.isSaved)
+            m_services.store.remove(note.id);
+    }
+}
 
 void NoteManager::restore()
 {

@@ -45,6 +45,7 @@ public:
     };
 
     explicit NoteManager(const Services& services, QObject* parent = nullptr);
+    /// Drafts do not outlive it, nor do their pictures.
     ~NoteManager() override;
 
     /// Every known note, the newest in front.

@@ -175,6 +175,19 @@ private Q_SLOTS:
         QCOMPARE(desk().windows.count, 0);
     }
 
+    void draftsEndWithTheManager()
+    {
+        manager().createNote(picture({10, 10}));
+        const QString draft = desk().imagePath(manager().notes().front().id);
+        manager().createNote(picture({10, 10}));
+        desk().windows.last->viewModel.toggleSaved();
+        const QString saved = desk().imagePath(manager().notes().front().id);
+        desk().manager.reset();
+        QVERIFY(!desk().files.exists(draft));
+        QVERIFY(desk().files.exists(saved));
+        QCOMPARE(desk().manifest().size(), size_t(1));
+    }
+
     void closingASavedNoteOnlyHidesIt()
     {
         const StickyNoteId id = desk().openSaved(u"kept"_s).note().id;

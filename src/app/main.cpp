@@ -1,5 +1,6 @@
 #include "app/AppCoordinator.h"
 #include "app/AppDelegate.h"
+#include "app/Application.h"
 #include "app/CommandLine.h"
 #include "app/MenuBarItem.h"
 #include "app/X11Desktop.h"
@@ -15,7 +16,6 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
-#include <QtWidgets/QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +64,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     describeApplication();
-    const QApplication application(argc, argv);
+    const driftbox::Application application(argc, argv);
 
     driftbox::DBusInstanceLink link(
         QDBusConnection::sessionBus(),

@@ -6,9 +6,12 @@ import pytest
 
 from harness.apps import XTerm
 from harness.clipboard_manager import ClipboardManager
+from harness.notes import Notes
 from harness.program import entry
+from harness.reader import Reader
+from harness.settings import Settings
 from harness.statusbar import StatusBar
-from harness.waiting import wait_for_equal
+from harness.waiting import wait_for, wait_for_equal
 from harness.xclients import ClipboardOwner, ClipboardReader
 
 
@@ -27,6 +30,11 @@ def history(stopped_program):
 
 def quit_by_menu(program):
     StatusBar(program.desktop).item().choose("Quit Drift Box")
+    assert program.process.wait(10) == 0
+
+
+def quit_by_signal(program):
+    program.process.terminate()
     assert program.process.wait(10) == 0
 
 
@@ -64,6 +72,28 @@ def test_the_clipboard_of_another_program_is_left_alone(desktop, history):
         quit_by_menu(history)
         assert manager.questions == 0
         assert pasted(desktop) == "beta"
+
+
+@pytest.mark.parametrize("quit_program", [quit_by_menu, quit_by_signal])
+def test_it_ends_whatever_is_open(desktop, program, quit_program):
+    file = desktop.folder / "read.md"
+    file.write_text("Once upon a time", encoding="utf-8")
+    program.expect_complaint("^kAEOpenDocuments: ")
+    bar = StatusBar(desktop)
+    assert program.start_again(file) == 0
+    reader = Reader(program, file)
+    source = reader.edit()
+    source.act("SetFocus")
+    desktop.keyboard.type("New: ")
+    wait_for(reader.has_unsaved_dot, "the change to be noticed")
+    notes = Notes(program)
+    notes.make_saved("kept")
+    notes.make("a draft")
+    Settings(program).open_from(bar.item())
+    program.panel.open()
+    quit_program(program)
+    assert "New: " in file.read_text(encoding="utf-8")
+    assert notes.texts() == ["kept"]
 
 
 def test_quitting_works_without_a_clipboard_manager(desktop, history):

@@ -11,9 +11,9 @@ namespace driftbox {
 
 namespace {
 
-// A spring counts as settled when what is left of its swing moves an edge of the panel by a
+// A spring counts as settled when its remaining amplitude moves an edge of the panel by only a
 // fraction of a pixel.
-constexpr double settled = 0.004;
+constexpr double settledAmplitude = 0.004;
 
 struct SpringMotion
 {
@@ -26,15 +26,15 @@ struct SpringMotion
 
     [[nodiscard]] double at(double seconds) const
     {
-        const double swing =
+        const double oscillation =
             std::cos(frequency * seconds) + decay / frequency * std::sin(frequency * seconds);
-        return 1.0 - std::exp(-decay * seconds) * swing;
+        return 1.0 - std::exp(-decay * seconds) * oscillation;
     }
 
     [[nodiscard]] double settlingTime() const
     {
         const double amplitude = std::hypot(1.0, decay / frequency);
-        return std::log(amplitude / settled) / decay;
+        return std::log(amplitude / settledAmplitude) / decay;
     }
 
     double decay;     // per second

@@ -5,9 +5,8 @@
 
 namespace driftbox {
 
-/// A damped oscillation about the end value. `response` is the period that it would have undamped,
-/// in seconds; `dampingFraction`, below 1, is the share of the damping at which it would not
-/// overshoot any more.
+/// A damped oscillation about the end value. `response` is its period without damping, in seconds;
+/// `dampingFraction`, below 1, is the damping relative to critical damping.
 struct SpringCurve
 {
     double response;
@@ -16,7 +15,7 @@ struct SpringCurve
     bool operator==(const SpringCurve&) const = default;
 };
 
-/// Starts at rest and is fastest at the end, after `duration` seconds.
+/// Accelerates from rest to the end, which is reached after `duration` seconds.
 struct EaseInCurve
 {
     double duration;
@@ -24,14 +23,13 @@ struct EaseInCurve
     bool operator==(const EaseInCurve&) const = default;
 };
 
-/// How a value moves from one end of an animation to the other.
+/// The timing function of an animation.
 using AnimationCurve = std::variant<SpringCurve, EaseInCurve>;
 
-/// How far the value has come after `elapsed`: 0 at the start, 1 at the end, more while a spring
-/// overshoots.
+/// The progress after `elapsed`: 0 at the start, 1 at the end, more while a spring overshoots.
 [[nodiscard]] double progress(const AnimationCurve& curve, std::chrono::duration<double> elapsed);
 
-/// When the value has arrived for every eye; from then on `progress` may be taken as 1.
+/// The time after which the value has visibly settled; from then on `progress` can be taken as 1.
 [[nodiscard]] std::chrono::duration<double> duration(const AnimationCurve& curve);
 
 } // namespace driftbox

@@ -13,9 +13,9 @@ namespace driftbox {
 namespace {
 
 constexpr qreal gap = 6.0;              // between the caret and the panel
-constexpr qreal degenerateExtent = 1.0; // what applications answer when they cannot tell
+constexpr qreal degenerateExtent = 1.0; // reported by applications that do not know the caret
 
-// A caret is often no wider than a point, but a line high.
+// A caret is often at most one point wide, but as high as a line.
 bool isDegenerate(const QRectF& caret)
 {
     return !(caret.width() > degenerateExtent || caret.height() > degenerateExtent);

@@ -16,25 +16,26 @@ class CaretLookup;
 class Screens;
 struct Screen;
 
-/// Finds the place for the panel beside the text caret. Main thread only; all lengths in points.
+/// Computes the position of the panel next to the text caret. All lengths are in points. Main
+/// thread only.
 class CursorLocator
 {
 public:
-    /// The panel's lower left corner in screen space; none when there is no caret to be had or it
-    /// is on no screen.
+    /// Receives the panel's lower left corner in screen space; nullopt if the caret is unknown or
+    /// not on any screen.
     using Answer = std::function<void(std::optional<QPointF>)>;
 
     /// Both arguments must outlive the locator.
     CursorLocator(CaretLookup& caretLookup, const Screens& screens);
 
-    /// Calls `answer` once, within the time that the caret lookup promises, perhaps before this
-    /// returns. Nothing is called once `owner` has been destroyed.
+    /// Calls `answer` once, within the caret lookup's timeout and possibly before this returns,
+    /// unless `owner` is destroyed first.
     void panelOrigin(QSizeF panelSize, QObject* owner, Answer answer) const;
 
-    /// The place for a caret rectangle that has its origin at the top left corner of the primary
-    /// screen, y growing downwards: under the caret, left edges aligned, and moved as far as it
-    /// takes to stay on the visible part of the caret's screen; above the caret where there is no
-    /// room under it.
+    /// The panel's position for a caret rectangle whose origin is the top left corner of the
+    /// primary screen, with y pointing down: below the caret with left edges aligned, or above it
+    /// if there is not enough space below, and moved to stay within the visible area of the caret's
+    /// screen.
     [[nodiscard]] static std::optional<QPointF>
     originFromCaretRect(const QRectF& caret, QSizeF panelSize, const std::vector<Screen>& screens);
 

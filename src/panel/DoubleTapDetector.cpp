@@ -7,8 +7,8 @@ namespace driftbox {
 bool DoubleTapDetector::registerModifierDown(EventTime now, Threshold threshold)
 {
     const auto before = std::exchange(m_lastTap, now);
-    const bool interrupted = std::exchange(m_commandUsedSinceLastTap, false);
-    return before && !interrupted && Threshold(now - *before) <= threshold;
+    const bool isInterrupted = std::exchange(m_commandUsedSinceLastTap, false);
+    return before && !isInterrupted && Threshold(now - *before) <= threshold;
 }
 
 } // namespace driftbox

@@ -7,21 +7,21 @@
 
 namespace driftbox {
 
-/// Tells a double tap of a modifier key from other uses of it. It is not disarmed by a double tap:
-/// a third quick tap completes another one.
+/// Distinguishes a double tap of a modifier key from other uses of the key. A third quick tap
+/// completes another double tap.
 class DoubleTapDetector
 {
 public:
     using Threshold = std::chrono::duration<double>;
 
-    /// The modifier went down at `now`. True when this completes a double tap: the tap before it is
-    /// no more than `threshold` ago and no ordinary key was pressed in between.
+    /// Call when the modifier is pressed at `now`. Returns whether this completes a double tap: the
+    /// previous tap is at most `threshold` ago and no other key was pressed in between.
     bool registerModifierDown(EventTime now, Threshold threshold);
 
-    /// An ordinary key was pressed: the tap before it counts no more.
+    /// Call when any other key is pressed: invalidates the previous tap.
     void registerKeyPress() { m_commandUsedSinceLastTap = true; }
 
-    /// Forgets what was seen.
+    /// Discards the previous tap.
     void reset() { *this = {}; }
 
 private:

@@ -12,32 +12,32 @@ namespace driftbox {
 class AppSettings;
 class UserDefaults;
 
-/// Calls back when the modifier key chosen in the settings is tapped twice, anywhere in the
-/// session. Which modifier and how quick is looked up in the settings at every event; whether at
-/// all only by `start`. Main thread only.
+/// Invokes a callback when the modifier key chosen in the settings is double-tapped anywhere in the
+/// session. The modifier and the threshold are read from the settings at every event; whether the
+/// hotkey is enabled, only by `start`. Main thread only.
 class HotkeyManager
 {
 public:
-    /// Nothing is watched yet. Both arguments must outlive the manager.
+    /// Does not start monitoring. Both arguments must outlive the manager.
     HotkeyManager(const AppSettings& settings, KeyEventMonitor& keyboard);
 
-    /// Starts watching if the settings want it; does nothing when it watches already.
+    /// Starts monitoring if the settings enable it. Calling it again has no effect.
     void start();
 
-    /// Stops watching. What was seen so far is remembered.
+    /// Stops monitoring. The state of the double tap is kept.
     void uninstall();
 
-    /// Takes up a changed switch or modifier: forgets what was seen so far and starts anew.
+    /// Applies changed settings: discards the state of the double tap and starts again.
     void restart();
 
-    /// Whether the keys of other applications can be seen.
+    /// Whether key events of other applications can be received.
     [[nodiscard]] bool isTrusted() const { return m_keyboard.isTrusted(); }
 
-    /// Replaces what a double tap does; an empty function does nothing.
+    /// Sets the callback of a double tap; an empty function disables it.
     void setOnTrigger(std::function<void()> onTrigger) { m_onTrigger = std::move(onTrigger); }
 
-    /// Asks the desktop to let this program see other applications' keys, once per user: never
-    /// again, whatever the answer was.
+    /// Asks the desktop for permission to receive other applications' key events, only once per
+    /// user, whatever the answer is.
     static void promptForAccessibilityIfNeeded(KeyEventMonitor& keyboard, UserDefaults& defaults);
 
 private:

@@ -26,7 +26,7 @@ Q_LOGGING_CATEGORY(magicPanelControllerLog, "MagicPanelController")
 
 constexpr SpringCurve showCurve{.response = 0.34, .dampingFraction = 0.7};
 constexpr EaseInCurve hideCurve{.duration = 0.16};
-// Just after the animation has ended.
+// Slightly longer than the animation.
 constexpr auto orderOutDelay = 170ms;
 constexpr auto reactivationDelay = 100ms;
 constexpr auto keystrokeDelay = 100ms;
@@ -46,7 +46,7 @@ MagicPanelController::MagicPanelController(PanelAnimator& animator, FloatingSurf
     , m_panel(panel)
     , m_services(services)
 {
-    connect(&m_panel, &FloatingSurface::resignedKey, this, &MagicPanelController::takeAway);
+    connect(&m_panel, &FloatingSurface::resignedKey, this, &MagicPanelController::startHiding);
     connect(&m_services.notificationCenter, &NotificationCenter::posted, this,
             [this](const QString& name) {
                 if (name == Notification::magicPanelPaste)
@@ -70,15 +70,16 @@ void MagicPanelController::show()
 
     m_isAwaitingCaret = true;
     m_services.cursorLocator.panelOrigin(
-        m_panel.frame().size(), this, [this, showing = ++m_showing](std::optional<QPointF> origin) {
-            if (m_isAwaitingCaret && showing == m_showing)
+        m_panel.frame().size(), this,
+        [this, generation = ++m_generation](std::optional<QPointF> origin) {
+            if (m_isAwaitingCaret && generation == m_generation)
                 present(origin);
         });
 }
 
 void MagicPanelController::captureTarget()
 {
-    // While the panel itself has the keyboard the user is still in the application captured before.
+    // While the panel itself has the focus, the target is still the application captured before.
     if (!m_panel.isKey())
         m_frontmostApp = m_services.workspace.frontmostApplication();
 
@@ -123,15 +124,15 @@ bool MagicPanelController::handleKeyPress(const KeyPress& press)
 void MagicPanelController::hide()
 {
     m_isAwaitingCaret = false;
-    takeAway();
+    startHiding();
 }
 
-void MagicPanelController::takeAway()
+void MagicPanelController::startHiding()
 {
     if (!m_panel.isVisible() || m_isHiding)
         return;
     m_isHiding = true;
-    // For the user it is gone already.
+    // Clicks during the animation go to the windows below.
     m_panel.setClickThrough(true);
     m_escapeMonitor.reset();
     m_animator.setVisible(false, hideCurve);
@@ -142,7 +143,7 @@ void MagicPanelController::orderOut()
 {
     m_panel.orderOut();
     m_isHiding = false;
-    // A showing during the hide has undone these.
+    // `show` may have been called during the animation.
     m_escapeMonitor.reset();
     m_animator.setVisible(false, hideCurve);
 }

@@ -21,14 +21,14 @@ class Screens;
 class Workspace;
 struct KeyPress;
 
-/// Brings the panel up by the text caret, takes it away again, and pastes what was picked in it
-/// into the application that the user was in. Main thread only.
+/// Shows the panel next to the text caret, hides it, and pastes what the user picks into the
+/// application that was active before. Main thread only.
 class MagicPanelController : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the controller works with; everything must outlive it.
+    /// The controller's dependencies, all of which must outlive it.
     struct Services
     {
         Workspace& workspace;
@@ -40,32 +40,31 @@ public:
         Clock& clock;
     };
 
-    /// `panel` is the panel's window, hidden. From now on paste requests are obeyed.
+    /// `panel` is the panel's hidden window. Starts handling paste requests. `animator` and `panel`
+    /// must outlive the controller.
     MagicPanelController(PanelAnimator& animator, FloatingSurface& panel, const Services& services,
                          QObject* parent = nullptr);
     ~MagicPanelController() override;
 
-    /// Whether a toggle has to hide the panel: it is on the screen, even on its way out, or about
-    /// to be.
+    /// Whether a toggle should hide the panel: it is visible, possibly still being hidden, or about
+    /// to be shown.
     [[nodiscard]] bool isPanelVisible() const;
 
-    /// Remembers the application that the user is in as the target of pasting and brings the panel
-    /// up once the place of the caret is known. Does nothing while that is being found out. A hide
-    /// that is under way is not called off.
+    /// Captures the active application as the paste target and shows the panel once the caret
+    /// lookup has finished. Has no effect during the lookup. Does not cancel a hide in progress.
     void show();
 
-    /// Takes the panel away, at the end of its animation; a showing that still waits for the caret
-    /// is called off.
+    /// Hides the panel with an animation, and cancels a show that is waiting for the caret lookup.
     void hide();
 
 Q_SIGNALS:
-    /// The panel is about to be shown: what it shows should be brought up to date now.
+    /// Emitted before the panel is shown, so that its content can be updated.
     void aboutToShow();
 
 private:
     void captureTarget();
     void present(std::optional<QPointF> origin);
-    void takeAway();
+    void startHiding();
     void orderOut();
     void installEscapeMonitor();
     [[nodiscard]] bool handleKeyPress(const KeyPress& press);
@@ -78,7 +77,7 @@ private:
     std::unique_ptr<MonitorToken> m_escapeMonitor;
     bool m_isHiding = false;
     bool m_isAwaitingCaret = false;
-    quint64 m_showing = 0; ///< the generation of the caret's answer that is waited for
+    quint64 m_generation = 0; ///< of the pending caret lookup
     std::shared_ptr<RunningApplication> m_frontmostApp;
 };
 

@@ -16,14 +16,14 @@ public:
 
     /// Unique among the registered sections.
     [[nodiscard]] virtual QString id() const = 0;
-    /// The help of the section's button on the rail.
+    /// The tooltip of the section's button on the rail.
     [[nodiscard]] virtual QString title() const = 0;
     /// The symbol of the section's button on the rail.
     [[nodiscard]] virtual QString systemImage() const = 0;
 
-    /// Makes the section's content, owned by `parent`; called each time the section is made active.
-    /// The content fills the panel's content area and paints no background of its own. Its focus
-    /// proxy, where it has one, gets the typing whenever the panel is shown.
+    /// Creates the section's content, owned by `parent`; called each time the section becomes
+    /// active. The content fills the panel's content area and paints no background. It receives the
+    /// focus, through its focus proxy if it has one, whenever the panel is shown.
     [[nodiscard]] virtual QWidget* makeRootView(QWidget* parent) = 0;
 };
 

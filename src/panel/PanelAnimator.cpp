@@ -4,9 +4,9 @@ namespace driftbox {
 
 void PanelAnimator::setVisible(bool visible, const AnimationCurve& curve)
 {
-    if (m_visible == visible)
+    if (m_isVisible == visible)
         return;
-    m_visible = visible;
+    m_isVisible = visible;
     m_curve = curve;
     Q_EMIT visibleChanged(visible);
 }

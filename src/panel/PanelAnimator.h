@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// Whether the panel's content is in. The panel's root view animates its card from this flag; the
-/// controller changes it. Main thread only.
+/// Whether the panel's content should be visible. The controller sets this flag; the panel's root
+/// view animates its card accordingly. Main thread only.
 class PanelAnimator : public QObject
 {
     Q_OBJECT
@@ -15,20 +15,19 @@ class PanelAnimator : public QObject
 public:
     using QObject::QObject;
 
-    [[nodiscard]] bool visible() const { return m_visible; }
+    [[nodiscard]] bool visible() const { return m_isVisible; }
 
-    /// The curve of the last change: what follows the flag moves along it. Valid once the flag has
-    /// changed for the first time.
+    /// The animation curve of the last change. Valid once the flag has changed for the first time.
     [[nodiscard]] const AnimationCurve& curve() const { return m_curve; }
 
-    /// Observers are notified only when the value differs.
+    /// Emits `visibleChanged` only if the value changes.
     void setVisible(bool visible, const AnimationCurve& curve);
 
 Q_SIGNALS:
     void visibleChanged(bool visible);
 
 private:
-    bool m_visible = false;
+    bool m_isVisible = false;
     AnimationCurve m_curve;
 };
 

@@ -40,8 +40,8 @@ void SectionRegistry::selectNeighbor(int steps)
     if (active == m_sections.end())
         return;
     const auto count = std::ssize(m_sections);
-    const auto place = ((active - m_sections.begin() + steps) % count + count) % count;
-    setActiveID(m_sections[static_cast<std::size_t>(place)]->id());
+    const auto index = ((active - m_sections.begin() + steps) % count + count) % count;
+    setActiveID(m_sections[static_cast<std::size_t>(index)]->id());
 }
 
 void SectionRegistry::setActiveID(const QString& id)

@@ -10,7 +10,7 @@
 
 namespace driftbox {
 
-/// The panel's sections in the order of the rail, and which one is shown. Sections are never
+/// The panel's sections in the order of the rail, and which one is active. Sections are never
 /// removed. Main thread only.
 class SectionRegistry : public QObject
 {
@@ -23,17 +23,16 @@ public:
 
     [[nodiscard]] const Sections& sections() const { return m_sections; }
     [[nodiscard]] const std::optional<QString>& activeID() const { return m_activeID; }
-    /// The section that has the active id; null while there is none.
+    /// The section with the active id; null if there is none.
     [[nodiscard]] MagicPanelSection* activeSection() const;
 
-    /// Adds a section at the end; the first one becomes active. A section whose id is taken already
-    /// is destroyed instead.
+    /// Appends a section; the first one becomes active. A section with a duplicate id is discarded.
     void registerSection(std::unique_ptr<MagicPanelSection> added);
 
     /// Makes the section with this id active; an unknown id is ignored.
     void select(const QString& id);
 
-    /// Makes the section `steps` places after the active one active, counting around the ends.
+    /// Activates the section `steps` positions after the active one, wrapping around at the ends.
     void selectNeighbor(int steps);
 
 Q_SIGNALS:

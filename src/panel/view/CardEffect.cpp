@@ -12,13 +12,13 @@ namespace {
 
 constexpr double minScale = 0.88;
 
-// The toolkit keeps the source's picture in its cache of pixmaps, unless it is too large for that.
-void makeRoomFor(QSizeF size, qreal devicePixelRatio)
+// Qt keeps the source pixmap in its pixmap cache, but only if it fits.
+void ensureCacheLimit(QSizeF size, qreal devicePixelRatio)
 {
-    constexpr double bytesAPixel = 4.0;
-    constexpr double bytesAUnit = 1024.0;
+    constexpr double bytesPerPixel = 4.0;
+    constexpr double bytesPerUnit = 1024.0;
     const double pixels = size.width() * size.height() * devicePixelRatio * devicePixelRatio;
-    const int needed = qCeil(pixels * bytesAPixel / bytesAUnit * 1.1);
+    const int needed = qCeil(pixels * bytesPerPixel / bytesPerUnit * 1.1);
     if (QPixmapCache::cacheLimit() < needed)
         QPixmapCache::setCacheLimit(needed);
 }
@@ -35,7 +35,7 @@ void CardEffect::draw(QPainter* painter)
 {
     if (m_presence <= 0.0)
         return;
-    makeRoomFor(sourceBoundingRect().size(), painter->device()->devicePixelRatio());
+    ensureCacheLimit(sourceBoundingRect().size(), painter->device()->devicePixelRatio());
     QPoint corner;
     const QPixmap picture =
         m_frozen.isNull() ? sourcePixmap(Qt::LogicalCoordinates, &corner, NoPad) : m_frozen;

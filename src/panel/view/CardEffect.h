@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// Draws a widget smaller and fainter than it is, out of a picture of it that is made once and
-/// again only when the widget's content changes.
+/// Draws a widget scaled and faded. The widget is rendered to a pixmap, and again only when its
+/// content changes.
 class CardEffect final : public QGraphicsEffect
 {
     Q_OBJECT
@@ -14,11 +14,11 @@ class CardEffect final : public QGraphicsEffect
 public:
     using QGraphicsEffect::QGraphicsEffect;
 
-    /// 0 is out: small and invisible; 1 is in: as it is. A little more makes it a little larger, as
-    /// far as there is room within the widget's own rectangle.
+    /// From 0 (small and invisible) to 1 (unchanged). Values slightly above 1 enlarge the content
+    /// within the widget's own rectangle.
     void setPresence(double presence);
 
-    /// From now on draws `picture`, whatever becomes of the widget.
+    /// Draws `picture` instead of the widget from now on.
     void freeze(const QPixmap& picture) { m_frozen = picture; }
 
 protected:

@@ -27,7 +27,7 @@ FloatingPanel::FloatingPanel(FloatingSurfaceFactory& surfaces, PanelAnimator& an
     connect(m_rootView, &MagicPanelRootView::settingsRequested, this,
             &FloatingPanel::settingsRequested);
 
-    winId(); // makes the window that the surface adopts
+    winId(); // creates the native window that the surface adopts
     m_surface = surfaces.adopt(*windowHandle(), FloatingSurface::Role::panel);
     m_surface->setShape(m_rootView->cardRegion());
     connect(m_surface.get(), &FloatingSurface::compositedChanged, this,

@@ -12,14 +12,14 @@ class MagicPanelRootView;
 class PanelAnimator;
 class SectionRegistry;
 
-/// The panel's window: translucent, of a fixed size, filled by the root view. It is placed, shown
-/// and hidden through its surface only.
+/// The panel's window: translucent, of a fixed size, filled by the root view. Positioned, shown and
+/// hidden only through its surface.
 class FloatingPanel final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// All of it is built here, so that showing it has nothing left to do. The models must outlive
+    /// Creates the complete content, so that showing the panel is fast. All arguments must outlive
     /// the panel.
     FloatingPanel(FloatingSurfaceFactory& surfaces, PanelAnimator& animator,
                   SectionRegistry& registry);
@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] FloatingSurface& surface() { return *m_surface; }
 
-    /// Draws the panel once, unseen, so that the first showing finds fonts and symbols loaded.
-    /// Worth calling when the program has nothing else to do.
+    /// Renders the panel once offscreen, so that fonts and symbols are loaded before it is first
+    /// shown. Call it when the program is idle.
     void prepare();
 
 Q_SIGNALS:

@@ -89,7 +89,7 @@ void MagicPanelRootView::showActiveSection()
         return;
     m_shownSection = section;
 
-    // The old page may be in the middle of handling the event that led here.
+    // The old page may still be handling the event that triggered this.
     m_page->hide();
     m_page->deleteLater();
     m_page = section->makeRootView(m_contentArea);
@@ -114,7 +114,7 @@ void MagicPanelRootView::handleVisibleChanged(bool visible)
 
 void MagicPanelRootView::setComposited(bool composited)
 {
-    m_composited = composited;
+    m_isComposited = composited;
     m_transition->setAnimated(composited);
     update();
 }
@@ -133,7 +133,7 @@ QRegion MagicPanelRootView::cardRegion() const
 void MagicPanelRootView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    if (!m_composited)
+    if (!m_isComposited)
         painter.fillRect(event->rect(), Theme::panelBackground());
 
     const QRect card = rect().marginsRemoved(shadowMargins());
@@ -142,7 +142,7 @@ void MagicPanelRootView::paintEvent(QPaintEvent* event)
         painter.fillRect(event->rect(), Theme::panelBackground());
         return;
     }
-    if (m_composited)
+    if (m_isComposited)
         m_shadow.paint(painter, QRectF(card).translated(0, shadowOffset));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(continuousRoundedRect(card, panelCornerRadius), Theme::panelBackground());

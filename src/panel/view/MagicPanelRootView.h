@@ -13,20 +13,20 @@ class PanelAnimator;
 class PanelTransition;
 class SectionRegistry;
 
-/// What the panel's window shows: a card with the rail of the sections and the page of the active
-/// one, and around the card room for its shadow. Control and Tab change the section.
+/// The content of the panel's window: a card with the section rail and the page of the active
+/// section, surrounded by its shadow. Control+Tab switches sections.
 class MagicPanelRootView final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Both models must outlive the view.
+    /// `animator` and `registry` must outlive the view.
     MagicPanelRootView(PanelAnimator& animator, SectionRegistry& registry, QWidget* parent);
 
-    /// Without compositing there is nothing around the card, and it neither grows nor fades.
+    /// Without compositing the card has no shadow and is not animated.
     void setComposited(bool composited);
 
-    /// The room around the card.
+    /// The space around the card for its shadow.
     [[nodiscard]] static QMargins shadowMargins();
     /// The card in the view's coordinates.
     [[nodiscard]] QRegion cardRegion() const;
@@ -50,7 +50,7 @@ private:
     QPointer<QWidget> m_page;
     const MagicPanelSection* m_shownSection = nullptr;
     CardShadow m_shadow;
-    bool m_composited = true;
+    bool m_isComposited = true;
 };
 
 } // namespace driftbox

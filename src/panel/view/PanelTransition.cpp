@@ -15,54 +15,54 @@ PanelTransition::PanelTransition(PanelAnimator& animator, QWidget& content)
 {
     m_content.installEventFilter(this);
     connect(&m_animator, &PanelAnimator::visibleChanged, this,
-            [this](bool visible) { visible ? moveIn() : moveOut(); });
-    connect(&m_time, &QVariantAnimation::valueChanged, this, [this](const QVariant& seconds) {
-        const double way =
+            [this](bool visible) { visible ? animateIn() : animateOut(); });
+    connect(&m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& seconds) {
+        const double fraction =
             progress(m_animator.curve(), std::chrono::duration<double>(seconds.toDouble()));
-        setPresence(m_startPresence + (m_endPresence - m_startPresence) * way);
+        setPresence(m_startPresence + (m_endPresence - m_startPresence) * fraction);
     });
-    connect(&m_time, &QVariantAnimation::finished, this, &PanelTransition::finish);
+    connect(&m_animation, &QVariantAnimation::finished, this, &PanelTransition::finish);
 }
 
-void PanelTransition::moveIn()
+void PanelTransition::animateIn()
 {
     m_content.setEnabled(true);
-    if (m_animated) {
+    if (m_isAnimated) {
         removeEffect();
         installEffect();
-        startTowards(1.0);
+        startAnimation(1.0);
     } else {
-        m_time.stop();
+        m_animation.stop();
         m_presence = 1.0;
         removeEffect();
     }
 }
 
-void PanelTransition::moveOut()
+void PanelTransition::animateOut()
 {
     if (!m_content.isVisible())
-        return settleHidden();
+        return resetHidden();
     removeEffect();
     const QPixmap picture = m_content.grab();
     m_content.setEnabled(false);
     installEffect();
     m_effect->freeze(picture);
-    if (m_animated)
-        startTowards(0.0);
+    if (m_isAnimated)
+        startAnimation(0.0);
     else
         setPresence(1.0);
 }
 
-void PanelTransition::startTowards(double presence)
+void PanelTransition::startAnimation(double presence)
 {
-    m_time.stop();
+    m_animation.stop();
     m_startPresence = m_presence;
     m_endPresence = presence;
     const double seconds = duration(m_animator.curve()).count();
-    m_time.setStartValue(0.0);
-    m_time.setEndValue(seconds);
-    m_time.setDuration(qRound(seconds * 1000.0));
-    m_time.start();
+    m_animation.setStartValue(0.0);
+    m_animation.setEndValue(seconds);
+    m_animation.setDuration(qRound(seconds * 1000.0));
+    m_animation.start();
 }
 
 void PanelTransition::setPresence(double presence)
@@ -79,10 +79,10 @@ void PanelTransition::finish()
         removeEffect();
 }
 
-// Whatever the content went away in the middle of is over.
-void PanelTransition::settleHidden()
+// Ends any animation that was interrupted by hiding the content.
+void PanelTransition::resetHidden()
 {
-    m_time.stop();
+    m_animation.stop();
     m_presence = m_animator.visible() ? 1.0 : 0.0;
     removeEffect();
     m_content.setEnabled(true);
@@ -104,7 +104,7 @@ void PanelTransition::removeEffect()
 bool PanelTransition::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Hide)
-        settleHidden();
+        resetHidden();
     return QObject::eventFilter(watched, event);
 }
 

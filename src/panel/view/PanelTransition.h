@@ -10,10 +10,10 @@ namespace driftbox {
 class CardEffect;
 class PanelAnimator;
 
-/// Moves the panel's content in and out as the animator's flag says, along the curve of the change.
+/// Animates the panel's content when the animator's flag changes, along the curve of that change.
 ///
-/// While the content comes in it is alive already: typing and clicks reach it. From the moment that
-/// it goes it is a picture and takes no input, so that nothing is picked twice. Main thread only.
+/// The content accepts input as soon as it starts to appear. As soon as it starts to disappear, it
+/// is a static picture without input, so that nothing is picked twice. Main thread only.
 class PanelTransition final : public QObject
 {
     Q_OBJECT
@@ -22,26 +22,26 @@ public:
     /// `content` owns the transition. `animator` must outlive it.
     PanelTransition(PanelAnimator& animator, QWidget& content);
 
-    /// Whether the content can be scaled and faded: not on a desktop that does not blend windows.
-    void setAnimated(bool animated) { m_animated = animated; }
+    /// Whether the content is scaled and faded, which needs a compositing desktop.
+    void setAnimated(bool animated) { m_isAnimated = animated; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void moveIn();
-    void moveOut();
-    void startTowards(double presence);
+    void animateIn();
+    void animateOut();
+    void startAnimation(double presence);
     void setPresence(double presence);
     void finish();
-    void settleHidden();
+    void resetHidden();
     void installEffect();
     void removeEffect();
 
     PanelAnimator& m_animator;
     QWidget& m_content;
     QPointer<CardEffect> m_effect; ///< owned by the content while it is installed
-    QVariantAnimation m_time;      ///< the seconds since the movement began
-    bool m_animated = true;
+    QVariantAnimation m_animation; ///< the seconds since it started
+    bool m_isAnimated = true;
     double m_presence = 0.0;
     double m_startPresence = 0.0;
     double m_endPresence = 0.0;

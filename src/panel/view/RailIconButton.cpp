@@ -26,7 +26,7 @@ RailIconButton::RailIconButton(QString systemImage, const QString& help, QWidget
 {
     setCheckable(true);
     setFixedSize(side, side);
-    // A click must not take the typing away from the page.
+    // A click must not take the focus away from the page.
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(help);
     setTooltip(*this, help, Tooltip::Side::right);
@@ -62,7 +62,7 @@ void RailIconButton::leaveEvent(QEvent* event)
     setHovered(false);
 }
 
-// The pointer does not leave a button that is taken away beneath it.
+// Hiding a button under the pointer sends no leave event.
 void RailIconButton::hideEvent(QHideEvent* event)
 {
     QAbstractButton::hideEvent(event);

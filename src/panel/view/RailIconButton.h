@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// A button of the panel's rail. It is checked while what it stands for is shown; a click does not
-/// change that by itself.
+/// A button of the panel's rail, checked while its section is active. A click does not change the
+/// checked state by itself.
 class RailIconButton final : public QAbstractButton
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private:
     void setHovered(bool hovered);
 
     QString m_systemImage;
-    QVariantAnimation m_hover; ///< 0 without the pointer, 1 with it
+    QVariantAnimation m_hover; ///< from 0 (not hovered) to 1 (hovered)
 };
 
 } // namespace driftbox

@@ -25,7 +25,7 @@ SectionRail::SectionRail(SectionRegistry& registry, QWidget* parent)
     , m_settings(new RailIconButton(u"gearshape"_s, u"Settings"_s, this))
 {
     setFixedWidth(railWidth);
-    m_settings->setCheckable(false); // is never the one that is shown
+    m_settings->setCheckable(false); // it does not switch sections
     connect(m_settings, &RailIconButton::clicked, this, &SectionRail::settingsRequested);
 
     auto* column = new QVBoxLayout(this);
@@ -57,7 +57,7 @@ void SectionRail::addNewSections()
         setTabOrder(button, m_settings);
         m_sectionButtons->addWidget(button, 0, Qt::AlignHCenter);
     }
-    m_settings->raise(); // is read after the sections
+    m_settings->raise(); // keeps it after the sections in the accessible tree
     markActiveSection();
 }
 

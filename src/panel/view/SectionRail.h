@@ -9,7 +9,8 @@ namespace driftbox {
 class RailIconButton;
 class SectionRegistry;
 
-/// The panel's left edge: one button a section, and at its foot the button of the settings.
+/// The rail along the panel's left edge: one button per section and, at the bottom, the settings
+/// button.
 class SectionRail final : public QWidget
 {
     Q_OBJECT

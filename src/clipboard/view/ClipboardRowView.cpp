@@ -16,7 +16,7 @@ using Action = ClipboardRowAction;
 
 namespace {
 
-constexpr int rememberedPreviews = 64;
+constexpr int maxCachedPreviews = 64;
 constexpr qreal unpinnedOpacity = 0.55;
 constexpr qreal outlineOpacity = 0.14;
 constexpr QSize placeholderSize(107, 60);
@@ -51,7 +51,7 @@ QColor buttonColor(Action action, const ClipboardItem& item, bool hasPointer)
 ClipboardRowView::ClipboardRowView(const ClipboardListModel& rows, ClipboardRowActions& actions)
     : m_rows(rows)
     , m_actions(actions)
-    , m_previews(rememberedPreviews)
+    , m_previews(maxCachedPreviews)
 {
 }
 
@@ -105,7 +105,7 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelI
     const ClipboardItem& item = itemAt(index);
     const RowLayout layout(rect.size(), RowPainting::timeWidth());
     painter.save();
-    RowPainting::paintGround(painter, rect, layout, state);
+    RowPainting::paintBackground(painter, rect, layout, state);
     if (item.kind == ClipboardItem::Kind::image)
         paintPicture(painter, index, layout);
     else
@@ -126,11 +126,11 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& rect, const QModelI
 const PreviewText& ClipboardRowView::preview(const ClipboardItem& item, qreal width) const
 {
     const QFont font = Theme::Font::rowTitle();
-    if (const PreviewText* known = m_previews.object(item.id); known && known->fits(font, width))
-        return *known;
-    auto* made = new PreviewText(previewLines(previewText(item)), font, width);
-    m_previews.insert(item.id, made);
-    return *made;
+    if (const PreviewText* cached = m_previews.object(item.id); cached && cached->fits(font, width))
+        return *cached;
+    auto* created = new PreviewText(previewLines(previewText(item)), font, width);
+    m_previews.insert(item.id, created);
+    return *created;
 }
 
 void ClipboardRowView::paintText(QPainter& painter, const ClipboardItem& item,
@@ -150,7 +150,7 @@ void ClipboardRowView::paintPicture(QPainter& painter, const QModelIndex& index,
             : picture.deviceIndependentSize().toSize().boundedTo(ThumbnailCache::maxSize);
     constexpr qreal radius = RowLayout::cornerRadius;
     const QRectF area({}, size);
-    // The picture is a brush, not clipped: clips have no smooth edges.
+    // A brush instead of a clip path, because clipping is not antialiased.
     painter.save();
     painter.translate(layout.picture(size).topLeft());
     painter.setPen(Qt::NoPen);
@@ -178,7 +178,7 @@ void ClipboardRowView::paintButton(QPainter& painter, const QRect& area, Action 
 void ClipboardRowView::paintBusyIndicator(QPainter& painter, const QRect& area) const
 {
     constexpr qreal diameter = 12.0;
-    constexpr int sixteenths = 16; // the painter's angles
+    constexpr int sixteenths = 16; // QPainter's angles are in 1/16 degree
     constexpr int gap = 90;
     QRectF circle(0, 0, diameter, diameter);
     circle.moveCenter(QRectF(area).center());

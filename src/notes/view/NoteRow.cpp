@@ -16,7 +16,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int rememberedPreviews = 64;
+constexpr int maxCachedPreviews = 64;
 constexpr int rowSwatchDiameter = 12;
 constexpr qreal swatchOutlineOpacity = 0.25;
 constexpr int symbolSize = 13;
@@ -36,7 +36,7 @@ RowLayout layoutFor(QSize rowSize)
 NoteRow::NoteRow(const NotesListModel& rows, NoteManager& manager)
     : m_rows(rows)
     , m_manager(manager)
-    , m_previews(rememberedPreviews)
+    , m_previews(maxCachedPreviews)
 {
 }
 
@@ -82,7 +82,7 @@ void NoteRow::paint(QPainter& painter, const QRect& rect, const QModelIndex& ind
     const StickyNote& note = noteAt(index);
     const RowLayout layout = layoutFor(rect.size());
     painter.save();
-    RowPainting::paintGround(painter, rect, layout, state);
+    RowPainting::paintBackground(painter, rect, layout, state);
     paintNote(painter, note, layout.content());
     RowPainting::paintTime(painter, layout.time(), index.data(NotesListModel::TimeRole).toString());
     if (note.isSaved)
@@ -107,21 +107,21 @@ void NoteRow::paintNote(QPainter& painter, const StickyNote& note, const QRect& 
     Symbols::paint(painter, symbol, isImage ? u"photo"_s : u"doc.text"_s,
                    {.size = symbolSize, .color = Theme::secondary()});
 
-    const QRect room = area.adjusted(symbol.right() + 1 + symbolSpacing - area.left(), 0, 0, 0);
+    const QRect textArea = area.adjusted(symbol.right() + 1 + symbolSpacing - area.left(), 0, 0, 0);
     painter.setPen(Theme::primary());
-    preview(note, room.width()).paint(painter, room);
+    preview(note, textArea.width()).paint(painter, textArea);
 }
 
 const PreviewText& NoteRow::preview(const StickyNote& note, qreal width) const
 {
     const QFont font = Theme::Font::rowTitle();
     const QString text = note.textContent.value_or(QString());
-    const Preview* known = m_previews.object(note.id);
-    if (known && known->text == text && known->lines.fits(font, width))
-        return known->lines;
-    auto* made = new Preview{text, PreviewText(previewLines(previewText(note)), font, width)};
-    m_previews.insert(note.id, made);
-    return made->lines;
+    const Preview* cached = m_previews.object(note.id);
+    if (cached && cached->text == text && cached->lines.fits(font, width))
+        return cached->lines;
+    auto* created = new Preview{text, PreviewText(previewLines(previewText(note)), font, width)};
+    m_previews.insert(note.id, created);
+    return created->lines;
 }
 
 void NoteRow::paintActions(QPainter& painter, const RowLayout& layout, const RowState& state)

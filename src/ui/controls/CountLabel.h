@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A count at the bottom of a page, in the color that the theme has at the moment.
+/// A count in the footer of a page. Follows changes of the theme's colors.
 class CountLabel final : public QLabel
 {
     Q_OBJECT

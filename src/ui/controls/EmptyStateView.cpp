@@ -18,10 +18,10 @@ constexpr qreal emptyStateViewSymbolSpacing = 12.0;
 constexpr qreal lineSpacing = 4.0;
 constexpr qreal emptyStateViewSidePadding = 24.0;
 constexpr int emptyStateViewTextFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
-// The middle of what is seen is felt to be a little above the middle.
+// The optical center is slightly above the geometric one.
 constexpr qreal opticalCenter = 0.46;
 
-// Screen readers read it as a text, not as an area that might hold something.
+// Exposed to screen readers as text, not as a container.
 QAccessibleInterface* makeEmptyStateInterface(const QString&, QObject* object)
 {
     auto* view = qobject_cast<EmptyStateView*>(object);
@@ -33,7 +33,7 @@ QAccessibleInterface* makeEmptyStateInterface(const QString&, QObject* object)
 EmptyStateView::EmptyStateView(QWidget* parent)
     : QWidget(parent)
 {
-    QAccessible::installFactory(makeEmptyStateInterface); // does nothing when it is installed
+    QAccessible::installFactory(makeEmptyStateInterface); // no effect if installed already
 }
 
 void EmptyStateView::setContent(const QString& systemImage, const QString& title,

@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// Says in the middle of an area that there is nothing to show in it: a symbol, a title and, where
-/// it is not empty, a description. Its accessible name is the text.
+/// A centered placeholder for an empty area: a symbol, a title and an optional description. Its
+/// accessible name is the text.
 class EmptyStateView final : public QWidget
 {
     Q_OBJECT

@@ -48,10 +48,10 @@ qreal OverlayScrollBar::trackLength() const
 QRectF OverlayScrollBar::thumb() const
 {
     const int range = m_scrollBar.maximum();
-    const qreal all = range + m_scrollBar.pageStep();
+    const qreal contentLength = range + m_scrollBar.pageStep();
     const qreal length =
-        std::min(trackLength(),
-                 std::max(overlayScrollBarMinThumb, trackLength() * m_scrollBar.pageStep() / all));
+        std::min(trackLength(), std::max(overlayScrollBarMinThumb,
+                                         trackLength() * m_scrollBar.pageStep() / contentLength));
     const qreal top =
         range > 0 ? (trackLength() - length) * m_scrollBar.value() / qreal(range) : 0.0;
     const qreal thumbWidth = underMouse() || m_grip ? wideWidth : slimWidth;
@@ -71,10 +71,10 @@ void OverlayScrollBar::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const QRectF at = thumb();
+    const QRectF area = thumb();
     const qreal y = event->position().y();
-    const bool isOnThumb = y >= at.top() && y < at.bottom();
-    m_grip = isOnThumb ? y - at.top() : at.height() / 2;
+    const bool isOnThumb = y >= area.top() && y < area.bottom();
+    m_grip = isOnThumb ? y - area.top() : area.height() / 2;
     dragTo(y - *m_grip);
 }
 
@@ -92,7 +92,7 @@ void OverlayScrollBar::mouseReleaseEvent(QMouseEvent*)
 
 void OverlayScrollBar::wheelEvent(QWheelEvent* event)
 {
-    event->ignore(); // it is what lies beneath that scrolls
+    event->ignore(); // handled by the scrolled widget
 }
 
 void OverlayScrollBar::dragTo(qreal thumbTop)

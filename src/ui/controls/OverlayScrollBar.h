@@ -8,21 +8,22 @@ class QScrollBar;
 
 namespace driftbox {
 
-/// A slim scroll bar that lies over the right edge of what it scrolls and takes no room. It shows
-/// only when there is something to scroll, and follows the scroll bar that it stands for. Its
-/// color is that of text in its palette.
+/// A slim scroll bar that overlays the right edge of the scrolled area without taking space. It is
+/// visible only if there is something to scroll, and mirrors a hidden regular scroll bar. Painted
+/// in the text color of its palette.
 class OverlayScrollBar final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// How wide the bar is, in points.
+    /// The width of the bar, in points.
     static constexpr int thickness = 10;
 
-    /// Stands for `scrollBar`, which must outlive it.
+    /// Mirrors `scrollBar`, which must outlive it.
     OverlayScrollBar(QScrollBar& scrollBar, QWidget* parent);
 
-    /// Puts the bar along the right edge of `area`, in the parent's coordinates, above all else.
+    /// Positions the bar along the right edge of `area`, in the parent's coordinates, and raises
+    /// it.
     void placeIn(const QRect& area);
 
 protected:
@@ -40,7 +41,7 @@ private:
     void dragTo(qreal thumbTop);
 
     QScrollBar& m_scrollBar;
-    std::optional<qreal> m_grip; ///< where on the thumb the mouse holds it
+    std::optional<qreal> m_grip; ///< the dragged position within the thumb; set during a drag
 };
 
 } // namespace driftbox

@@ -28,7 +28,7 @@ QString PlainTextEditor::textOf(QString raw)
     return std::move(raw.replace(QChar::ParagraphSeparator, u'\n'));
 }
 
-// The document's own plain text would turn no-break spaces into ordinary ones.
+// QTextDocument::toPlainText would convert no-break spaces to ordinary ones.
 QString PlainTextEditor::text() const
 {
     return textOf(document()->toRawText());
@@ -51,37 +51,36 @@ void PlainTextEditor::keyPressEvent(QKeyEvent* event)
     } else if (event->matches(QKeySequence::Paste)) {
         insert(m_pasteboard.content().text.value_or(QString()), textCursor());
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
-        insert(u"\n"_s, textCursor()); // one kind of line is enough
+        insert(u"\n"_s, textCursor()); // always start a new paragraph
     } else {
         return QPlainTextEdit::keyPressEvent(event);
     }
     event->accept();
 }
 
-void PlainTextEditor::insert(const QString& text, QTextCursor place)
+void PlainTextEditor::insert(const QString& text, QTextCursor position)
 {
     if (text.isEmpty())
         return;
-    place.insertText(text);
-    setTextCursor(place);
+    position.insertText(text);
+    setTextCursor(position);
     ensureCursorVisible();
 }
 
 void PlainTextEditor::insertFromMimeData(const QMimeData* source)
 {
-    // The toolkit's own would crash on data without formats.
+    // The base class crashes on data without formats.
     if (source && source->hasText())
         QPlainTextEdit::insertFromMimeData(source);
 }
 
 void PlainTextEditor::mousePressEvent(QMouseEvent* event)
 {
-    // The toolkit would wait for the program in which something is selected.
+    // Qt would block on the application that owns the selection.
     if (event->button() != Qt::MiddleButton)
         return QPlainTextEdit::mousePressEvent(event);
-    m_selectedText.ask(this, [this, place = cursorForPosition(event->pos())](const QString& text) {
-        insert(text, place);
-    });
+    m_selectedText.ask(this, [this, position = cursorForPosition(event->pos())](
+                                 const QString& text) { insert(text, position); });
 }
 
 void PlainTextEditor::mouseReleaseEvent(QMouseEvent* event)

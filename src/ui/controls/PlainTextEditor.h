@@ -8,18 +8,18 @@ namespace driftbox {
 class Pasteboard;
 class SelectedText;
 
-/// A plain text to write in. Copying and pasting goes through the program's pasteboard, a click
-/// with the middle button pastes what is selected somewhere; there is no menu.
+/// An editor for plain text. It copies and pastes through the program's pasteboard; a middle click
+/// pastes the primary selection. It has no context menu.
 class PlainTextEditor : public QPlainTextEdit
 {
     Q_OBJECT
 
 public:
-    /// Both must outlive the editor.
+    /// `pasteboard` and `selectedText` must outlive the editor.
     PlainTextEditor(Pasteboard& pasteboard, SelectedText& selectedText, QWidget* parent);
 
     [[nodiscard]] QString text() const;
-    /// The text that a part of the document stands for.
+    /// Converts the document's raw text to plain text with line feeds.
     [[nodiscard]] static QString textOf(QString raw);
 
 protected:
@@ -30,7 +30,7 @@ protected:
 
 private:
     void copySelection();
-    void insert(const QString& text, QTextCursor place);
+    void insert(const QString& text, QTextCursor position);
 
     Pasteboard& m_pasteboard;
     SelectedText& m_selectedText;

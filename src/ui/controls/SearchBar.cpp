@@ -30,9 +30,9 @@ SearchBar::SearchBar(const QString& placeholder, const TextExchange& exchange, Q
 {
     setFixedHeight(searchBarBarHeight);
     setFocusProxy(m_field);
-    QSizePolicy keepsItsPlace = m_clearButton->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    m_clearButton->setSizePolicy(keepsItsPlace);
+    QSizePolicy policy = m_clearButton->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_clearButton->setSizePolicy(policy);
     m_clearButton->hide();
 
     auto* row = new QHBoxLayout(this);
@@ -59,7 +59,7 @@ void SearchBar::setQuery(const QString& query)
         m_field->setText(query);
 }
 
-// Not only what is typed: assistive technology sets the text.
+// Not `textEdited`, because assistive technology sets the text without typing.
 void SearchBar::handleTextChanged(const QString& text)
 {
     m_clearButton->setVisible(!text.isEmpty());
@@ -75,7 +75,7 @@ void SearchBar::paintEvent(QPaintEvent*)
                    {.size = searchBarSymbolSize, .color = Theme::secondary()});
 }
 
-// All of the bar is the field to whoever aims at it.
+// A click anywhere in the bar focuses the field.
 void SearchBar::mousePressEvent(QMouseEvent* event)
 {
     m_field->setFocus(Qt::MouseFocusReason);

@@ -6,8 +6,8 @@ namespace driftbox {
 
 class SymbolButton;
 
-/// The bar at the top of a page that narrows what the page lists: a magnifying glass, the field,
-/// and a button that empties it, there only while it holds something. Gives its focus to the field.
+/// The search bar at the top of a page: a magnifying glass, the field, and a button that clears the
+/// field and is visible only while there is text. The field is its focus proxy.
 class SearchBar final : public QWidget
 {
     Q_OBJECT
@@ -17,14 +17,14 @@ public:
 
     [[nodiscard]] SearchField& field() const { return *m_field; }
 
-    /// Puts a button of the page's behind the field; the bar then owns it.
+    /// Appends a page-specific button and takes ownership of it.
     void addButton(SymbolButton* button);
 
-    /// Shows a query; the field is left alone when it holds that already.
+    /// Sets the field's text without emitting `queryEdited`.
     void setQuery(const QString& query);
 
 Q_SIGNALS:
-    /// The user has changed what the field holds, by whatever means.
+    /// The user has changed the text, by any means.
     void queryEdited(const QString& query);
 
 protected:

@@ -50,7 +50,7 @@ void SearchField::mousePressEvent(QMouseEvent* event)
         QLineEdit::mousePressEvent(event);
 }
 
-// The toolkit would put the selected text on the primary selection, or paste from it.
+// The base class would copy to the primary selection, or paste from it.
 void SearchField::mouseReleaseEvent(QMouseEvent*)
 {
 }

@@ -6,14 +6,14 @@
 
 namespace driftbox {
 
-/// A line of text without a frame. It reaches the pasteboard only through the program, never
-/// through the toolkit, and opens no menu.
+/// A frameless line edit. It accesses the pasteboard only through the program, never through Qt,
+/// and has no context menu.
 class SearchField final : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// `placeholder` is the accessible name too.
+    /// `placeholder` is also the accessible name.
     SearchField(const QString& placeholder, TextExchange exchange, QWidget* parent);
 
 protected:

@@ -10,7 +10,7 @@ namespace driftbox {
 namespace {
 
 constexpr int pointsPerNotch = 72;
-constexpr int glideDurationMs = 140;
+constexpr int scrollDurationMs = 140;
 constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
 
 } // namespace
@@ -19,9 +19,9 @@ SmoothScroller::SmoothScroller(QScrollBar& scrollBar)
     : QObject(&scrollBar)
     , m_scrollBar(scrollBar)
 {
-    m_glide.setDuration(glideDurationMs);
-    m_glide.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&m_glide, &QVariantAnimation::valueChanged, this,
+    m_animation.setDuration(scrollDurationMs);
+    m_animation.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& value) { m_scrollBar.setValue(value.toInt()); });
 }
 
@@ -30,7 +30,7 @@ void SmoothScroller::handle(QWheelEvent& event)
     const int pixels = event.pixelDelta().y();
     const int angle = event.angleDelta().y();
     if (pixels == 0 && angle != 0 && angle % notch == 0) {
-        glideBy(-angle / notch * pointsPerNotch);
+        scrollBy(-angle / notch * pointsPerNotch);
     } else {
         stop();
         const int distance = pixels != 0 ? pixels : angle * pointsPerNotch / notch;
@@ -39,15 +39,16 @@ void SmoothScroller::handle(QWheelEvent& event)
     event.accept();
 }
 
-void SmoothScroller::glideBy(int distance)
+void SmoothScroller::scrollBy(int distance)
 {
-    const bool isGliding = m_glide.state() == QAbstractAnimation::Running;
+    const bool isScrolling = m_animation.state() == QAbstractAnimation::Running;
     const int start = m_scrollBar.value();
-    const int from = isGliding ? m_glide.endValue().toInt() : start;
+    const int from = isScrolling ? m_animation.endValue().toInt() : start;
     stop();
-    m_glide.setStartValue(start);
-    m_glide.setEndValue(std::clamp(from + distance, m_scrollBar.minimum(), m_scrollBar.maximum()));
-    m_glide.start();
+    m_animation.setStartValue(start);
+    m_animation.setEndValue(
+        std::clamp(from + distance, m_scrollBar.minimum(), m_scrollBar.maximum()));
+    m_animation.start();
 }
 
 } // namespace driftbox

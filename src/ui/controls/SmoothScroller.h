@@ -7,25 +7,25 @@ class QWheelEvent;
 
 namespace driftbox {
 
-/// Scrolls by the wheel: a notch of a mouse's wheel glides, a finger on a touchpad is followed at
-/// once.
+/// Handles wheel events: scrolls smoothly for the notches of a mouse wheel and follows a touchpad
+/// immediately.
 class SmoothScroller : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `scrollBar` counts points.
+    /// `scrollBar`, whose values are in points, owns the scroller.
     explicit SmoothScroller(QScrollBar& scrollBar);
 
     void handle(QWheelEvent& event);
-    /// Ends a gliding where it is.
-    void stop() { m_glide.stop(); }
+    /// Stops a running animation at its current position.
+    void stop() { m_animation.stop(); }
 
 private:
-    void glideBy(int distance);
+    void scrollBy(int distance);
 
     QScrollBar& m_scrollBar;
-    QVariantAnimation m_glide;
+    QVariantAnimation m_animation;
 };
 
 } // namespace driftbox

@@ -16,7 +16,7 @@ constexpr int symbolButtonSymbolSize = 12;
 constexpr int labelSpacing = 5;
 constexpr qreal symbolButtonCornerRadius = 5.0;
 constexpr qreal disabledOpacity = 0.45;
-constexpr qreal pressedOpacity = 1.8; // of the fill under the pointer
+constexpr qreal pressedOpacity = 1.8; // relative to the hover fill
 
 } // namespace
 

@@ -4,14 +4,13 @@
 
 namespace driftbox {
 
-/// A plain button: a symbol and, where there is one, a label behind it. Clicking it does not take
-/// the typing away from where it goes.
+/// A flat button with a symbol and an optional label. A click does not take the focus.
 class SymbolButton final : public QAbstractButton
 {
     Q_OBJECT
 
 public:
-    /// Around what is drawn.
+    /// The padding around the content, in points.
     static constexpr int padding = 5;
 
     /// `help` is the tooltip; without a label it is the accessible name too.

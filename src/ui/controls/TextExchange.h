@@ -9,14 +9,15 @@ namespace driftbox {
 class Pasteboard;
 class PasteboardWriter;
 
-/// The way that text goes which a field copies and pastes. Main thread only.
+/// The access of a text field to the pasteboard. Main thread only.
 struct TextExchange
 {
-    std::function<QString()> pasteboardText; ///< empty when there is none
+    std::function<QString()> pasteboardText; ///< empty if there is none
     std::function<void(const QString&)> copyText;
 };
 
-/// Over the program's pasteboard; what is copied is not captured. Both must outlive the exchange.
+/// Accesses the program's pasteboard; copied text is not captured. Both arguments must outlive the
+/// exchange.
 [[nodiscard]] TextExchange textExchange(const Pasteboard& pasteboard, PasteboardWriter& writer);
 
 } // namespace driftbox

@@ -68,21 +68,21 @@ void ListPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (event->spontaneous())
-        return; // the window comes back from where the desktop had put it
+        return; // the window manager has restored the window
     Q_EMIT queryEdited({});
     m_selection.selectFirst();
     m_list->scrollToTop();
-    m_rowIsAnnounced = false;
+    m_isRowAnnounced = false;
     setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void ListPage::handleQueryEdited(const QString& query)
 {
     Q_EMIT queryEdited(query);
-    if (!std::exchange(m_rowIsAnnounced, false))
+    if (!std::exchange(m_isRowAnnounced, false))
         return;
-    QAccessibleEvent backAtTheField(&m_searchBar->field(), QAccessible::Focus);
-    QAccessible::updateAccessibility(&backAtTheField);
+    QAccessibleEvent fieldFocused(&m_searchBar->field(), QAccessible::Focus);
+    QAccessible::updateAccessibility(&fieldFocused);
 }
 
 bool ListPage::eventFilter(QObject* watched, QEvent* event)
@@ -102,7 +102,7 @@ bool ListPage::filterKeyPress(const QKeyEvent& event)
         m_list->rowsPerPage());
     if (m_selectionHasChanged) {
         m_list->announceSelectedRow();
-        m_rowIsAnnounced = true;
+        m_isRowAnnounced = true;
     }
     return isHandled;
 }

@@ -15,9 +15,9 @@ class RowDelegate;
 class RowListView;
 class SearchBar;
 
-/// A page of the panel that lists rows: a search bar, the rows or what is said in their place, and
-/// a footer. Each time it is shown it begins with an empty query and the first row selected. The
-/// typing goes to the search field all the time; the keys that are the list's are taken from there.
+/// A page of the panel with a list: a search bar, the rows or an empty state, and a footer. Each
+/// time it is shown, it starts with an empty query and the first row selected. The search field
+/// always has the focus; the list's keys are intercepted there.
 class ListPage final : public QWidget
 {
     Q_OBJECT
@@ -32,27 +32,27 @@ public:
         RowDelegate& delegate;
     };
 
-    /// Whether the key press is the list's, and done; all others are the search field's.
+    /// Returns whether the list has handled the key press; all others go to the search field.
     using KeyPressHandler = std::function<bool(const KeyPress& press, int rowsPerPage)>;
 
     ListPage(const Content& content, QWidget* parent);
 
-    /// Without a handler all key presses are the search field's.
+    /// Without a handler all key presses go to the search field.
     void setKeyPressHandler(KeyPressHandler handler) { m_handleKeyPress = std::move(handler); }
 
-    /// To be called once; the page then owns the footer.
+    /// Takes ownership of the footer. Must be called at most once.
     void setFooter(QWidget* footer);
 
     [[nodiscard]] SearchBar& searchBar() const { return *m_searchBar; }
     [[nodiscard]] RowListView& list() const { return *m_list; }
     [[nodiscard]] RowSelection& selection() { return m_selection; }
 
-    /// What is said while there is no row.
+    /// The text shown while there are no rows.
     void setEmptyState(const QString& systemImage, const QString& title,
                        const QString& description = {});
 
 Q_SIGNALS:
-    /// The user has changed the query, or it begins anew.
+    /// The user has changed the query, or it is reset because the page is shown.
     void queryEdited(const QString& query);
 
 protected:
@@ -69,9 +69,9 @@ private:
     SearchBar* m_searchBar;
     RowListView* m_list;
     EmptyStateView* m_emptyState;
-    RowSelection m_selection;           ///< hears of changes of the rows after the list
+    RowSelection m_selection;           ///< connected to the model after the list
     bool m_selectionHasChanged = false; ///< since the last key press
-    bool m_rowIsAnnounced = false; ///< assistive technology takes a row for what the user is at
+    bool m_isRowAnnounced = false; ///< assistive technology has been told that a row is focused
 };
 
 } // namespace driftbox

@@ -38,7 +38,7 @@ CountLabel* PageFooter::addCount()
 {
     auto* count = new CountLabel(this);
     m_counts->addWidget(count);
-    m_button->raise(); // is read after the counts
+    m_button->raise(); // keeps it after the counts in the accessible tree
     return count;
 }
 

@@ -9,8 +9,8 @@ namespace driftbox {
 class CountLabel;
 class SymbolButton;
 
-/// The bottom of a page: counts from the left on, and a button for all that the page lists at the
-/// right.
+/// The footer of a page: counts at the left and, at the right, a button that applies to the whole
+/// list.
 class PageFooter : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     PageFooter(const QString& systemImage, const QString& label, const QString& help,
                QWidget* parent);
 
-    /// Adds a count behind those that are there.
+    /// Appends a count.
     [[nodiscard]] CountLabel* addCount();
     [[nodiscard]] SymbolButton& button() const { return *m_button; }
 

@@ -13,8 +13,8 @@ namespace {
 constexpr size_t maxLines = 2;
 constexpr int tabWidth = 4; // in spaces
 constexpr QChar ellipsis(0x2026);
-// More characters than nearly every line has room for: what follows need not be looked at.
-constexpr qsizetype usualLine = 100;
+// More characters than fit in nearly every line: the rest is laid out only if it is needed.
+constexpr qsizetype typicalLineLength = 100;
 
 QTextOption optionFor(const QFont& font, Qt::LayoutDirection direction)
 {
@@ -51,7 +51,7 @@ PreviewText::PreviewText(const PreviewLines& lines, const QFont& font, qreal wid
 {
     addParagraph(lines.first, !lines.second.isEmpty());
     if (m_lines.size() < maxLines && !lines.second.isEmpty())
-        addLine(cut(lines.second, lines.hasMore), directionOf(lines.second));
+        addLine(elided(lines.second, lines.hasMore), directionOf(lines.second));
 }
 
 bool PreviewText::fits(const QFont& font, qreal width) const
@@ -65,15 +65,15 @@ void PreviewText::addParagraph(const QString& text, bool continues)
     const qsizetype length = lengthOfFirstLine(text);
     addLine(text.first(length), direction);
     if (length < text.size())
-        addLine(cut(text.sliced(length), continues), direction);
+        addLine(elided(text.sliced(length), continues), direction);
 }
 
-// The part of `text` that a line has room for, with an ellipsis where something is missing.
-QString PreviewText::cut(const QString& text, bool continues) const
+// The part of `text` that fits in a line, with an ellipsis if some of it is missing.
+QString PreviewText::elided(const QString& text, bool continues) const
 {
     QString whole = continues ? trimmedAtEnd(text) + ellipsis : text;
     const QFontMetricsF metrics(m_font);
-    for (const qsizetype length : {std::min(whole.size(), usualLine), whole.size()}) {
+    for (const qsizetype length : {std::min(whole.size(), typicalLineLength), whole.size()}) {
         const QString beginning = whole.first(length);
         QString kept = metrics.elidedText(beginning, Qt::ElideRight, m_width);
         if (kept == beginning)
@@ -87,7 +87,7 @@ QString PreviewText::cut(const QString& text, bool continues) const
 
 qsizetype PreviewText::lengthOfFirstLine(const QString& text) const
 {
-    for (const qsizetype length : {std::min(text.size(), usualLine), text.size()}) {
+    for (const qsizetype length : {std::min(text.size(), typicalLineLength), text.size()}) {
         QTextLayout layout(text.first(length), m_font);
         layout.setTextOption(optionFor(m_font, directionOf(text)));
         layout.beginLayout();

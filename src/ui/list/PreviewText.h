@@ -12,28 +12,29 @@ class QPainter;
 
 namespace driftbox {
 
-/// The preview of a text, laid out once to be drawn often: at most two lines, cut at the tail. A
-/// right-to-left text keeps to the right. Lines are equally far apart whatever fonts they need.
+/// The preview of a text, laid out once and painted many times: at most two lines, elided at the
+/// end. Right-to-left text is aligned to the right. The line spacing does not depend on fallback
+/// fonts.
 class PreviewText
 {
 public:
     /// `width` is in points.
     PreviewText(const PreviewLines& lines, const QFont& font, qreal width);
 
-    /// Whether it was made for this font and width.
+    /// Whether it was laid out for this font and width.
     [[nodiscard]] bool fits(const QFont& font, qreal width) const;
 
     [[nodiscard]] qreal height() const;
-    /// What is drawn, line by line.
+    /// The painted lines.
     [[nodiscard]] QStringList texts() const;
 
-    /// In the pen's color, from the left edge of `area` on and in the middle of its height.
+    /// Paints in the pen's color, vertically centered in `area`.
     void paint(QPainter& painter, const QRect& area) const;
 
 private:
     void addParagraph(const QString& text, bool continues);
     void addLine(const QString& text, Qt::LayoutDirection direction);
-    [[nodiscard]] QString cut(const QString& text, bool continues) const;
+    [[nodiscard]] QString elided(const QString& text, bool continues) const;
     [[nodiscard]] qsizetype lengthOfFirstLine(const QString& text) const;
 
     QFont m_font;

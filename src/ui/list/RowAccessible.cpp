@@ -19,8 +19,8 @@ QRect PressableAccessible::rect() const
 {
     if (!isValid())
         return {};
-    const QRect here = place();
-    return {m_view.viewport()->mapToGlobal(here.topLeft()), here.size()};
+    const QRect inViewport = viewportRect();
+    return {m_view.viewport()->mapToGlobal(inViewport.topLeft()), inViewport.size()};
 }
 
 QAccessibleInterface* PressableAccessible::childAt(int x, int y) const
@@ -49,12 +49,12 @@ void PressableAccessible::doAction(const QString& name)
         press();
 }
 
-QAccessible::State PressableAccessible::placeState() const
+QAccessible::State PressableAccessible::visibilityState() const
 {
     QAccessible::State state;
     state.invalid = !isValid();
     state.invisible = !m_view.isVisible();
-    state.offscreen = !isValid() || !m_view.viewport()->rect().intersects(place());
+    state.offscreen = !isValid() || !m_view.viewport()->rect().intersects(viewportRect());
     return state;
 }
 
@@ -101,7 +101,7 @@ QString RowAccessible::text(QAccessible::Text kind) const
 
 QAccessible::State RowAccessible::state() const
 {
-    QAccessible::State state = placeState();
+    QAccessible::State state = visibilityState();
     state.selectable = true;
     state.focusable = true;
     state.selected = isValid() && row() == view().selectedRow();
@@ -109,7 +109,7 @@ QAccessible::State RowAccessible::state() const
     return state;
 }
 
-QRect RowAccessible::place() const
+QRect RowAccessible::viewportRect() const
 {
     return view().rowRect(row());
 }
@@ -144,7 +144,7 @@ QString RowButtonAccessible::text(QAccessible::Text kind) const
 
 QAccessible::State RowButtonAccessible::state() const
 {
-    QAccessible::State state = placeState();
+    QAccessible::State state = visibilityState();
     if (!isValid())
         return state;
     const RowButton button = description();
@@ -154,7 +154,7 @@ QAccessible::State RowButtonAccessible::state() const
     return state;
 }
 
-QRect RowButtonAccessible::place() const
+QRect RowButtonAccessible::viewportRect() const
 {
     return description().rect.translated(view().rowRect(row()).topLeft());
 }

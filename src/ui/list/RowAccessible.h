@@ -9,13 +9,13 @@ namespace driftbox {
 
 class RowListView;
 
-/// What a row and the buttons in it have in common for assistive technology: they can be pressed.
+/// The common accessible interface of rows and of the buttons in them, which can be pressed.
 class PressableAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
     PressableAccessible(RowListView& view, QPersistentModelIndex index);
 
-    /// Minus one once the row has left the list.
+    /// -1 once the row has been removed.
     [[nodiscard]] int row() const { return m_index.isValid() ? m_index.row() : -1; }
 
     [[nodiscard]] bool isValid() const override { return m_index.isValid(); }
@@ -31,11 +31,10 @@ public:
     [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 protected:
-    /// In the list's viewport.
-    [[nodiscard]] virtual QRect place() const = 0;
+    /// The element's rectangle in the list's viewport.
+    [[nodiscard]] virtual QRect viewportRect() const = 0;
     virtual void press() = 0;
-    /// Where it is, and whether that can be seen.
-    [[nodiscard]] QAccessible::State placeState() const;
+    [[nodiscard]] QAccessible::State visibilityState() const;
 
     [[nodiscard]] RowListView& view() const { return m_view; }
     [[nodiscard]] const QPersistentModelIndex& index() const { return m_index; }
@@ -60,7 +59,7 @@ public:
     [[nodiscard]] QAccessible::State state() const override;
 
 protected:
-    [[nodiscard]] QRect place() const override;
+    [[nodiscard]] QRect viewportRect() const override;
     void press() override;
 
 private:
@@ -83,7 +82,7 @@ public:
     [[nodiscard]] QAccessible::State state() const override;
 
 protected:
-    [[nodiscard]] QRect place() const override;
+    [[nodiscard]] QRect viewportRect() const override;
     void press() override;
 
 private:

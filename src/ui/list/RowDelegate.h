@@ -15,7 +15,7 @@ struct RowButton
 {
     enum class Visibility {
         always,
-        revealed, ///< only while the row has the pointer or is selected
+        revealed, ///< only while the row is hovered or selected
     };
 
     QRect rect;   ///< within the row
@@ -24,22 +24,21 @@ struct RowButton
     bool isEnabled = true;
 };
 
-/// How a row shows at the moment. Buttons are counted as in `RowDelegate::buttons`; minus one means
-/// none.
+/// The visual state of a row. Buttons are indices into `RowDelegate::buttons`; -1 means none.
 struct RowState
 {
     bool hasPointer = false;
     bool isSelected = false;
-    bool isPressed = false; ///< a click on the row itself is under way
+    bool isPressed = false; ///< the row itself is being clicked
     int buttonUnderPointer = -1;
     int pressedButton = -1;
 
-    /// Whether the buttons show that do not always.
+    /// Whether buttons with `Visibility::revealed` are shown.
     [[nodiscard]] bool isRevealed() const { return hasPointer || isSelected; }
 };
 
-/// What the rows of a `RowListView` look like and what clicks on them do. The rows' accessible
-/// names are their model's `Qt::AccessibleTextRole`.
+/// Paints the rows of a `RowListView` and handles clicks on them. The model's
+/// `Qt::AccessibleTextRole` provides the rows' accessible names.
 class RowDelegate
 {
 public:
@@ -47,9 +46,9 @@ public:
     Q_DISABLE_COPY_MOVE(RowDelegate)
     virtual ~RowDelegate() = default;
 
-    /// The row's height in points; it must not change while the row is in the list.
+    /// The row's height in points. Must not change while the row is in the list.
     [[nodiscard]] virtual int heightOfRow(int row) const = 0;
-    /// The help of a row as a whole.
+    /// The tooltip and accessible description of a row.
     [[nodiscard]] virtual QString help() const = 0;
     [[nodiscard]] virtual std::vector<RowButton> buttons(const QModelIndex& index,
                                                          QSize rowSize) const = 0;
@@ -57,9 +56,9 @@ public:
     virtual void paint(QPainter& painter, const QRect& rect, const QModelIndex& index,
                        const RowState& state) const = 0;
 
-    /// A click on the row.
+    /// Called for a click on the row.
     virtual void pick(const QModelIndex& index) = 0;
-    /// A click on one of its buttons.
+    /// Called for a click on one of the row's buttons.
     virtual void press(const QModelIndex& index, int button) = 0;
 };
 

@@ -23,7 +23,7 @@ RowLayout::RowLayout(QSize size, int timeWidth)
 {
 }
 
-// The time and the actions beneath it are in the middle of the row's height.
+// The time and the actions below it are vertically centered together.
 int RowLayout::trailingTop() const
 {
     return (m_size.height() - 2 * buttonSide) / 2;

@@ -7,29 +7,29 @@
 
 namespace driftbox {
 
-/// Where the parts of a row of a page's list lie, in points within the row.
+/// The geometry of a list row, in points relative to the row.
 class RowLayout
 {
 public:
     static constexpr int textRowHeight = 52;
     static constexpr int imageRowHeight = 76;
-    static constexpr int dividerHeight = 1; ///< beneath every row, and part of its size here
+    static constexpr int dividerHeight = 1; ///< at the bottom of every row, included in its size
     static constexpr int cornerRadius = 6;  ///< of pictures
 
-    /// `size` includes the divider. `timeWidth` is what the time needs.
+    /// `size` includes the divider. `timeWidth` is the width of the time.
     RowLayout(QSize size, int timeWidth);
 
     /// The text or the picture.
     [[nodiscard]] QRect content() const;
-    /// A picture of that size, in the middle of the row's height.
+    /// The rectangle for a picture of this size, vertically centered.
     [[nodiscard]] QRect picture(QSize size) const;
     [[nodiscard]] QRect time() const;
-    /// What stands behind the time.
+    /// The mark to the right of the time.
     [[nodiscard]] QRect mark() const;
-    /// The actions beneath the time, from left to right.
+    /// The actions below the time, from left to right.
     [[nodiscard]] std::vector<QRect> actions(size_t count) const;
     [[nodiscard]] QRect divider() const;
-    /// What is filled while the row is selected or has the pointer.
+    /// The area that is filled while the row is selected or hovered.
     [[nodiscard]] QRect highlight() const;
 
 private:

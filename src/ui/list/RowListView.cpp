@@ -28,11 +28,11 @@ RowListView::RowListView(QAbstractItemModel& rows, RowDelegate& delegate, QWidge
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
-    followRows();
+    connectRows();
     handleRowsChanged();
 }
 
-void RowListView::followRows()
+void RowListView::connectRows()
 {
     connect(&m_rows, &QAbstractItemModel::rowsInserted, this, &RowListView::handleRowsChanged);
     connect(&m_rows, &QAbstractItemModel::rowsRemoved, this, &RowListView::handleRowsChanged);
@@ -52,12 +52,12 @@ void RowListView::handleRowsChanged()
 {
     m_positions.assign(m_rows.rowCount(), [this](int row) { return m_delegate.heightOfRow(row); });
     m_selectedRow = std::min(m_selectedRow, m_positions.count() - 1);
-    // Taken before another range of the bar changes it.
+    // Read before a change of the scroll bar's range modifies its value.
     const int offset =
-        m_topRow.isValid() ? m_positions.top(m_topRow.row()) + m_overhang : scrollOffset();
+        m_topRow.isValid() ? m_positions.top(m_topRow.row()) + m_topRowOffset : scrollOffset();
     updateScrollBar();
     verticalScrollBar()->setValue(offset);
-    rememberTopRow();
+    saveTopRow();
     updateTarget();
     viewport()->update();
 }
@@ -74,12 +74,12 @@ int RowListView::scrollOffset() const
     return verticalScrollBar()->value();
 }
 
-void RowListView::rememberTopRow()
+void RowListView::saveTopRow()
 {
     const int offset = scrollOffset();
     const int row = offset > 0 ? m_positions.rowAt(offset) : -1;
     m_topRow = m_rows.index(row, 0);
-    m_overhang = row < 0 ? 0 : offset - m_positions.top(row);
+    m_topRowOffset = row < 0 ? 0 : offset - m_positions.top(row);
 }
 
 void RowListView::setSelectedRow(int row)
@@ -182,12 +182,12 @@ void RowListView::hideEvent(QHideEvent* event)
     QAbstractScrollArea::hideEvent(event);
     m_scroller->stop();
     m_press.reset();
-    setPointer({}); // it does not leave what is taken away beneath it
+    setPointer({}); // hiding sends no leave event
 }
 
 void RowListView::scrollContentsBy(int, int)
 {
-    rememberTopRow();
+    saveTopRow();
     updateTarget();
     viewport()->update();
 }
@@ -205,10 +205,10 @@ RowListView::Target RowListView::targetAt(QPoint position) const
     if (row < 0)
         return {};
     const QPoint inRow = position - rowRect(row).topLeft();
-    const std::vector<RowButton> all = buttons(row);
+    const std::vector<RowButton> rowButtons = buttons(row);
     const auto found = std::ranges::find_if(
-        all, [inRow](const RowButton& button) { return button.rect.contains(inRow); });
-    return {row, found == all.end() ? -1 : static_cast<int>(found - all.begin())};
+        rowButtons, [inRow](const RowButton& button) { return button.rect.contains(inRow); });
+    return {row, found == rowButtons.end() ? -1 : static_cast<int>(found - rowButtons.begin())};
 }
 
 void RowListView::setPointer(std::optional<QPoint> position)
@@ -217,7 +217,7 @@ void RowListView::setPointer(std::optional<QPoint> position)
     updateTarget();
 }
 
-// Rows may move beneath a pointer that rests.
+// The target also changes when rows move under a resting pointer.
 void RowListView::updateTarget()
 {
     const Target target = m_pointer ? targetAt(*m_pointer) : Target();
@@ -233,7 +233,7 @@ void RowListView::mousePressEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
     const Target target = targetAt(position);
-    // What was not there to be seen was not what the user meant: a finger comes out of nowhere.
+    // A touch has no hover before it, so it may hit a button that was not visible: ignore that.
     const bool wasVisible = target.button < 0 || isRevealed(target.row) ||
                             buttons(target.row)[static_cast<size_t>(target.button)].visibility ==
                                 RowButton::Visibility::always;
@@ -264,7 +264,7 @@ void RowListView::mouseReleaseEvent(QMouseEvent* event)
         m_delegate.press(press.row, press.button);
 }
 
-// The second click of a double click would hit the row that has moved there after the first.
+// Ignored, because after the first click another row may have moved to this position.
 void RowListView::mouseDoubleClickEvent(QMouseEvent*)
 {
 }

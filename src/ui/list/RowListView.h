@@ -12,10 +12,10 @@ namespace driftbox {
 class OverlayScrollBar;
 class SmoothScroller;
 
-/// A list that works only on the rows that are to be seen, however many there are. A row is clicked
-/// as a whole or on one of its buttons; the one that the keyboard acts on can be selected. The list
-/// never takes the typing. Rows that come or go above leave what is on show where it is. Assistive
-/// technology sees every row as an element with the row's buttons as its children.
+/// A list view that paints only the visible rows, however many there are. A click hits a row as a
+/// whole or one of its buttons; one row can be selected for the keyboard. The list never takes the
+/// focus. Inserting or removing rows above does not move the visible ones. Assistive technology
+/// sees each row as an element with the row's buttons as children.
 class RowListView final : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -28,20 +28,20 @@ public:
     [[nodiscard]] RowDelegate& delegate() const { return m_delegate; }
 
     [[nodiscard]] int selectedRow() const { return m_selectedRow; }
-    /// Scrolls the row into view. Minus one selects none.
+    /// Selects a row and scrolls it into view; -1 clears the selection.
     void setSelectedRow(int row);
-    /// Tells assistive technology of the selected row, as of what the user is at.
+    /// Reports the selected row to assistive technology as focused.
     void announceSelectedRow();
 
     void scrollToTop();
-    /// How many of the rows that are on show now fit the view; at least one.
+    /// The number of rows that fit in the view at the current scroll position; at least one.
     [[nodiscard]] int rowsPerPage() const;
 
-    /// In the viewport, wherever it is scrolled to.
+    /// The row's rectangle in the viewport, even if it is scrolled out of view.
     [[nodiscard]] QRect rowRect(int row) const;
     [[nodiscard]] std::vector<RowButton> buttons(int row) const;
     [[nodiscard]] bool isRevealed(int row) const;
-    /// Draws the row again.
+    /// Schedules a repaint of the row.
     void updateRow(int row);
 
 protected:
@@ -57,11 +57,11 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    /// A place that can be clicked.
+    /// A clickable element.
     struct Target
     {
         int row = -1;
-        int button = -1; ///< minus one is the row itself
+        int button = -1; ///< -1 for the row itself
 
         bool operator==(const Target&) const = default;
     };
@@ -71,12 +71,12 @@ private:
         int button;
     };
 
-    void followRows();
+    void connectRows();
     void handleRowsChanged();
     void updateScrollBar();
     void updateRows(int first, int last);
     [[nodiscard]] int scrollOffset() const;
-    void rememberTopRow();
+    void saveTopRow();
     [[nodiscard]] Target targetAt(QPoint position) const;
     void setPointer(std::optional<QPoint> position);
     void updateTarget();
@@ -88,11 +88,11 @@ private:
     RowPositions m_positions;
     SmoothScroller* m_scroller;
     OverlayScrollBar* m_scrollBar;
-    QPersistentModelIndex m_topRow; ///< the first row on show; none at the very top
-    int m_overhang = 0;             ///< how much of it is scrolled out of view
+    QPersistentModelIndex m_topRow; ///< the first visible row; invalid if scrolled to the top
+    int m_topRowOffset = 0;         ///< the height of its part that is scrolled out of view
     int m_selectedRow = -1;
     std::optional<QPoint> m_pointer; ///< in the viewport
-    Target m_target;                 ///< what is beneath the pointer
+    Target m_target;                 ///< the element under the pointer
     std::optional<Press> m_press;
 };
 

@@ -19,16 +19,15 @@ constexpr int rowPaintingSymbolSize = 13;
 constexpr qreal highlightRadius = 7.0;
 constexpr qreal buttonRadius = 5.0;
 constexpr qreal selectedOpacity = 0.16;
-constexpr qreal pointerOpacity = 0.6; // of the usual fill, which is for smaller areas
+constexpr qreal rowHoverOpacity = 0.6; // of the standard fill, which is for smaller areas
 
-// Of a digit of the time. All digits are given the widest one's room, for the times to stand
-// exactly beneath each other.
+// The advance of every digit of a time: that of the widest one, so that the times are aligned.
 qreal digitWidth(const QFontMetricsF& metrics)
 {
-    qreal widest = 0;
+    qreal maxWidth = 0;
     for (const QChar digit : u"0123456789"_s)
-        widest = std::max(widest, metrics.horizontalAdvance(digit));
-    return widest;
+        maxWidth = std::max(maxWidth, metrics.horizontalAdvance(digit));
+    return maxWidth;
 }
 
 void paintHighlight(QPainter& painter, const QRect& area, const RowState& state)
@@ -37,7 +36,7 @@ void paintHighlight(QPainter& painter, const QRect& area, const RowState& state)
         return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(state.isSelected ? Theme::withOpacity(Theme::accent(), selectedOpacity)
-                                      : Theme::withOpacity(Theme::hoverFill(), pointerOpacity));
+                                      : Theme::withOpacity(Theme::hoverFill(), rowHoverOpacity));
     painter.drawRoundedRect(area, highlightRadius, highlightRadius);
     if (state.isPressed) {
         painter.setBrush(Theme::hoverFill());
@@ -47,11 +46,11 @@ void paintHighlight(QPainter& painter, const QRect& area, const RowState& state)
 
 } // namespace
 
-void paintGround(QPainter& painter, const QRect& rect, const RowLayout& layout,
-                 const RowState& state)
+void paintBackground(QPainter& painter, const QRect& rect, const RowLayout& layout,
+                     const RowState& state)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(rect); // marks may be piled up to any height
+    painter.setClipRect(rect); // stacked combining marks may be arbitrarily high
     painter.translate(rect.topLeft());
     painter.fillRect(layout.divider(), Theme::divider());
     paintHighlight(painter, layout.highlight(), state);
@@ -69,14 +68,14 @@ void paintTime(QPainter& painter, const QRectF& area, const QString& time)
     painter.setFont(Theme::Font::rowMeta());
     painter.setPen(Theme::tertiary());
     const QFontMetricsF metrics(painter.font());
-    const qreal digitRoom = digitWidth(metrics);
+    const qreal digitAdvance = digitWidth(metrics);
     const qreal baseline = qRound((area.height() - metrics.height()) / 2 + metrics.ascent());
-    QPointF place(area.left(), area.top() + baseline);
+    QPointF position(area.left(), area.top() + baseline);
     for (const QChar character : time) {
         const qreal width = metrics.horizontalAdvance(character);
-        const qreal room = character.isDigit() ? digitRoom : width;
-        painter.drawText(place + QPointF((room - width) / 2, 0), QString(character));
-        place.rx() += room;
+        const qreal advance = character.isDigit() ? digitAdvance : width;
+        painter.drawText(position + QPointF((advance - width) / 2, 0), QString(character));
+        position.rx() += advance;
     }
 }
 

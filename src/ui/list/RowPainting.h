@@ -5,22 +5,21 @@
 
 #include <QtGui/QColor>
 
-/// What the rows of all lists have in common to the eye.
+/// The painting shared by the rows of all lists.
 namespace driftbox::RowPainting {
 
-/// What lies behind all else in a row: the line beneath it, and what shows that it has the pointer
-/// or is selected. From then on the painter's origin is that of the row, outside of which nothing
-/// is drawn. To be called between `save` and `restore`.
-void paintGround(QPainter& painter, const QRect& rect, const RowLayout& layout,
-                 const RowState& state);
+/// Paints the divider and the highlight of a hovered or selected row. Then translates the painter
+/// to the row's origin and clips to the row: call it between `save` and `restore`.
+void paintBackground(QPainter& painter, const QRect& rect, const RowLayout& layout,
+                     const RowState& state);
 
-/// `button` is counted as the delegate does.
+/// `button` is an index into the delegate's buttons.
 void paintButton(QPainter& painter, const QRect& area, const QString& systemImage,
                  const QColor& color, const RowState& state, int button);
 
-/// What a time takes: the same for every one, so that all rows agree on the place of their texts.
+/// The width of a time, the same for all times, so that the rows' texts are aligned.
 [[nodiscard]] int timeWidth();
-/// `time` is as "12-31 23:59:59".
+/// `time` is formatted as "12-31 23:59:59".
 void paintTime(QPainter& painter, const QRectF& area, const QString& time);
 
 } // namespace driftbox::RowPainting

@@ -5,11 +5,12 @@
 
 namespace driftbox {
 
-/// Where rows of different heights lie, one beneath the other from 0 on. Lengths in points.
+/// The vertical positions of stacked rows with different heights, starting at 0. Lengths are in
+/// points.
 class RowPositions
 {
 public:
-    /// `heightOf` gives the height of each of `count` rows.
+    /// `heightOf` returns the height of a row, for each of `count` rows.
     template <typename HeightOf>
     void assign(int count, HeightOf heightOf)
     {
@@ -23,14 +24,14 @@ public:
     }
 
     [[nodiscard]] int count() const { return static_cast<int>(m_bottoms.size()); }
-    /// Of all rows together.
+    /// The total height.
     [[nodiscard]] int height() const { return m_bottoms.empty() ? 0 : m_bottoms.back(); }
 
-    /// `row` must exist; the row's last line is the one above `bottom`.
+    /// `row` must exist. `bottom` is exclusive.
     [[nodiscard]] int top(int row) const { return row == 0 ? 0 : bottom(row - 1); }
     [[nodiscard]] int bottom(int row) const { return m_bottoms[static_cast<std::size_t>(row)]; }
 
-    /// The row at `y`; minus one above the first and beneath the last row.
+    /// The row at `y`; -1 above the first row and below the last one.
     [[nodiscard]] int rowAt(int y) const;
 
 private:

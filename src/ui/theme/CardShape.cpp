@@ -11,10 +11,10 @@ namespace driftbox {
 
 namespace {
 
-// How far along the sides a corner reaches, in radii. An arc reaches exactly one.
+// How far a corner extends along the sides, in radii. A circular arc extends exactly one.
 constexpr qreal cornerReach = 1.4;
 
-/// A blur of three box averages, which the eye cannot tell from a Gaussian one.
+/// Three passes of a box blur, visually indistinguishable from a Gaussian blur.
 class BoxBlur
 {
 public:
@@ -62,8 +62,8 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, qreal radius)
     const qreal reach =
         std::min({radius * cornerReach, rectangle.width() / 2.0, rectangle.height() / 2.0});
     const qreal effectiveRadius = reach / cornerReach;
-    // The control points lie on the sides. Their distance from the corner is such that the middle
-    // of the curve is where the middle of an arc would be.
+    // The control points lie on the sides, at a distance from the corner that puts the middle of
+    // the curve where the middle of an arc would be.
     const qreal diagonal = effectiveRadius * (1.0 - 1.0 / std::sqrt(2.0));
     const qreal control = (8.0 * diagonal - reach) / 3.0;
 
@@ -90,7 +90,7 @@ CardShadow::CardShadow(qreal cornerRadius, qreal blurRadius, const QColor& color
 
 void CardShadow::render(qreal devicePixelRatio)
 {
-    // Outside the card the blur fades out; inside it the corner's influence does.
+    // The distances at which the blur, and inside the card the influence of a corner, vanish.
     const qreal outside = 2.0 * m_blurRadius;
     const qreal inside = m_cornerRadius * cornerReach + outside;
     const int side = 2 * qCeil((outside + inside) * devicePixelRatio) + 1;
@@ -123,7 +123,7 @@ void CardShadow::paint(QPainter& painter, const QRectF& card)
     if (m_picture.isNull() || m_picture.devicePixelRatio() != ratio)
         render(ratio);
 
-    // Nine parts: the corners as they are, the one row and column between them stretched.
+    // A nine-patch: the corners are copied, the row and column of pixels between them stretched.
     const qreal outside = 2.0 * m_blurRadius;
     const QRectF frame = card.adjusted(-outside, -outside, outside, outside);
     const int corner = m_picture.width() / 2;

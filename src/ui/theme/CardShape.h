@@ -8,19 +8,19 @@ class QPainter;
 
 namespace driftbox {
 
-/// A rectangle whose corners run into its sides without a jump in curvature; at the diagonal they
-/// are as round as arcs of `radius`.
+/// A rounded rectangle with continuous curvature where the corners meet the sides. Halfway, its
+/// corners coincide with circular arcs of `radius`.
 [[nodiscard]] QPainterPath continuousRoundedRect(const QRectF& rectangle, qreal radius);
 
-/// The soft shadow of a continuous rounded rectangle. Its picture is made once for every scale and
-/// size of corner, and drawn stretched.
+/// The soft shadow of a continuous rounded rectangle. Rendered once per device pixel ratio and
+/// painted as a nine-patch.
 class CardShadow
 {
 public:
-    /// The corners are those of the card. The shadow reaches twice `blurRadius` beyond it.
+    /// `cornerRadius` is the card's. The shadow extends beyond the card by twice `blurRadius`.
     CardShadow(qreal cornerRadius, qreal blurRadius, const QColor& color);
 
-    /// Draws the shadow that lies straight beneath `card`.
+    /// Paints the shadow of `card`, without an offset.
     void paint(QPainter& painter, const QRectF& card);
 
 private:
@@ -29,7 +29,7 @@ private:
     qreal m_cornerRadius;
     qreal m_blurRadius;
     QColor m_color;
-    QImage m_picture; ///< of the smallest card that has four whole corners
+    QImage m_picture; ///< the shadow of the smallest card with four complete corners
 };
 
 } // namespace driftbox

@@ -33,10 +33,10 @@ double contrast(const QColor& one, const QColor& other)
 
 QColor withContrast(const QColor& color, const QColor& background, double minimum)
 {
-    const bool towardsWhite = contrast(Qt::white, background) > contrast(Qt::black, background);
+    const bool isTowardsWhite = contrast(Qt::white, background) > contrast(Qt::black, background);
     QColor result = color;
     for (int step = 1; step <= steps && contrast(result, background) < minimum; ++step)
-        result = Theme::mixed(color, towardsWhite ? Qt::white : Qt::black, step / double(steps));
+        result = Theme::mixed(color, isTowardsWhite ? Qt::white : Qt::black, step / double(steps));
     return result;
 }
 

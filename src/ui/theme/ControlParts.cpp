@@ -42,8 +42,8 @@ QPen outlinePen(const QPalette& palette, QStyle::State state)
     return {Theme::withOpacity(textColor(palette, state), controlPartsOutlineOpacity), 1.0};
 }
 
-// Presses and the pointer darken a light control and lighten a dark one.
-QColor touched(const QColor& fill, const QPalette& palette, QStyle::State state)
+// Hovering and pressing darken a light control and lighten a dark one.
+QColor withFeedback(const QColor& fill, const QPalette& palette, QStyle::State state)
 {
     if (!(state & QStyle::State_Enabled))
         return Theme::withOpacity(fill, 0.5);
@@ -69,7 +69,7 @@ void drawButton(QPainter& painter, const QRectF& frame, const QPalette& palette,
                 QStyle::State state)
 {
     drawBody(painter, frame, controlPartsCornerRadius,
-             touched(palette.color(QPalette::Active, QPalette::Button), palette, state),
+             withFeedback(palette.color(QPalette::Active, QPalette::Button), palette, state),
              outlinePen(palette, state));
 }
 
@@ -83,7 +83,8 @@ void drawCheckBox(QPainter& painter, const QRectF& frame, const QPalette& palett
                   QStyle::State state)
 {
     if (!(state & (QStyle::State_On | QStyle::State_NoChange))) {
-        drawBody(painter, frame, boxRadius, touched(palette.color(QPalette::Base), palette, state),
+        drawBody(painter, frame, boxRadius,
+                 withFeedback(palette.color(QPalette::Base), palette, state),
                  outlinePen(palette, state));
         return;
     }
@@ -107,7 +108,7 @@ void drawRadioButton(QPainter& painter, const QRectF& frame, const QPalette& pal
     const qreal inset = outline.widthF() / 2.0;
     painter.setPen(outline);
     painter.setBrush(isOn ? accentColor(palette, state)
-                          : touched(palette.color(QPalette::Base), palette, state));
+                          : withFeedback(palette.color(QPalette::Base), palette, state));
     painter.drawEllipse(frame.adjusted(inset, inset, -inset, -inset));
     if (!isOn)
         return;
@@ -131,17 +132,16 @@ void drawKnob(QPainter& painter, QPointF center, const QPalette& palette, QStyle
 {
     painter.setPen(state & QStyle::State_HasFocus ? outlinePen(palette, state)
                                                   : QPen(QColor(0, 0, 0, 60), 1.0));
-    painter.setBrush(
-        QColor(0xfd, 0xfd, 0xfe)); // in the dark, too, a knob is what catches the light
+    painter.setBrush(QColor(0xfd, 0xfd, 0xfe)); // light in the dark color scheme, too
     painter.drawEllipse(center, knobRadius, knobRadius);
 }
 
 void drawThumb(QPainter& painter, const QRectF& thumb, const QPalette& palette, QStyle::State state)
 {
-    const bool isTouched = state & (QStyle::State_Sunken | QStyle::State_MouseOver);
+    const bool isActive = state & (QStyle::State_Sunken | QStyle::State_MouseOver);
     const qreal radius = std::min(thumb.width(), thumb.height()) / 2.0;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::withOpacity(textColor(palette, state), isTouched ? 0.45 : 0.25));
+    painter.setBrush(Theme::withOpacity(textColor(palette, state), isActive ? 0.45 : 0.25));
     painter.drawRoundedRect(thumb, radius, radius);
 }
 

@@ -36,8 +36,8 @@ QBitmap roundMask(const QSize& size)
     return mask;
 }
 
-/// Cuts the corners off whenever the popup gets another size. The list of a picker has no part of
-/// its own that could draw what is behind the entries.
+/// Updates the mask for rounded corners when the popup is resized, and paints the background of a
+/// combo box list, which has no style primitive for it.
 class PopupFilter final : public QObject
 {
 public:
@@ -70,7 +70,7 @@ void drawSeparator(QPainter& painter, const QRect& frame)
                      Theme::divider());
 }
 
-// The icon, in the color of the text on a chosen entry.
+// The icon, tinted with the text color on a selected entry.
 QPixmap pictureOf(const QIcon& icon, qreal ratio, const QColor* tint)
 {
     QPixmap picture = icon.pixmap(QSize(iconSide, iconSide), ratio);
@@ -86,10 +86,10 @@ QPixmap pictureOf(const QIcon& icon, qreal ratio, const QColor* tint)
 
 void adopt(QWidget& popup)
 {
-    constexpr auto hasFilter = "driftboxPopup";
-    if (popup.property(hasFilter).toBool())
+    constexpr auto filterProperty = "driftboxPopup";
+    if (popup.property(filterProperty).toBool())
         return;
-    popup.setProperty(hasFilter, true);
+    popup.setProperty(filterProperty, true);
     popup.installEventFilter(new PopupFilter(popup));
     if (!qobject_cast<QMenu*>(&popup))
         popup.setContentsMargins(1, 1, 1, 1); // for the outline
@@ -108,23 +108,24 @@ void drawPanel(QPainter& painter, const QRect& frame, const QPalette& palette)
 
 void drawEntry(QPainter& painter, const QStyleOptionMenuItem& entry, Icons icons)
 {
-    const int inset = icons == Icons::some ? 0 : margin; // the list of a picker has no margin
+    const int inset = icons == Icons::some ? 0 : margin; // a combo box list has no margin
     const QRect frame = entry.rect.adjusted(inset, 0, -inset, 0);
     if (entry.menuItemType == QStyleOptionMenuItem::Separator)
         return drawSeparator(painter, frame);
 
     const bool isEnabled = entry.state & QStyle::State_Enabled;
-    const bool isChosen = isEnabled && entry.state & QStyle::State_Selected;
-    if (isChosen)
+    const bool isSelected = isEnabled && entry.state & QStyle::State_Selected;
+    if (isSelected)
         painter.fillPath(continuousRoundedRect(frame, entryRadius),
                          entry.palette.color(QPalette::Active, QPalette::Highlight));
-    const QColor color = isChosen ? entry.palette.color(QPalette::Active, QPalette::HighlightedText)
+    const QColor color = isSelected
+                             ? entry.palette.color(QPalette::Active, QPalette::HighlightedText)
                          : isEnabled ? Theme::primary()
                                      : Theme::secondary();
     QRect inside = entry.rect.adjusted(popupPartsSidePadding, 0, -popupPartsSidePadding, 0);
     if (icons == Icons::some) {
         const QPixmap picture = pictureOf(entry.icon, painter.device()->devicePixelRatio(),
-                                          isChosen ? &color : nullptr);
+                                          isSelected ? &color : nullptr);
         painter.drawPixmap(QPoint(inside.left(), frame.center().y() + 1 - iconSide / 2), picture);
         inside.setLeft(inside.left() + iconSide + iconSpacing);
     }
@@ -149,7 +150,7 @@ QSize entrySize(const QStyleOptionMenuItem& entry, QSize size, Icons icons)
     if (icons == Icons::some)
         width += iconSide + iconSpacing;
     if (tab >= 0)
-        width += shortcutSpacing; // the menu adds the width of the longest shortcut
+        width += shortcutSpacing; // QMenu adds the width of the widest shortcut
     return {width, std::max(entryHeight, metrics.height() + 8)};
 }
 

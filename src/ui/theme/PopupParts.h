@@ -8,25 +8,25 @@ class QPalette;
 class QStyleOptionMenuItem;
 class QWidget;
 
-/// What menus and the lists of pickers are made of.
+/// Paints menus and the lists of combo boxes.
 namespace driftbox::PopupParts {
 
-/// Between the edge of a menu and its entries, in points.
+/// The margin between the edge of a menu and its entries, in points.
 inline constexpr int margin = 5;
 
-/// Gives a menu or the list of a picker round corners from now on, on desktops that blend windows
-/// and on those that do not.
+/// Gives a menu or a combo box list rounded corners, with and without compositing. Calling it again
+/// has no effect.
 void adopt(QWidget& popup);
 
-/// What is behind the entries.
+/// The background of the entries.
 void drawPanel(QPainter& painter, const QRect& frame, const QPalette& palette);
 
 /// Whether the entries of a popup have icons.
 enum class Icons { none, some };
 
-/// An entry of a menu or a picker, or a line between entries.
+/// An entry of a menu or a combo box list, or a separator.
 void drawEntry(QPainter& painter, const QStyleOptionMenuItem& entry, Icons icons);
-/// How large an entry is that the toolkit would make `size` large.
+/// The size of an entry; `size` is the size that the base style would give it.
 [[nodiscard]] QSize entrySize(const QStyleOptionMenuItem& entry, QSize size, Icons icons);
 
 } // namespace driftbox::PopupParts

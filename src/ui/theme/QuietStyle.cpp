@@ -25,24 +25,24 @@ constexpr qreal grooveThickness = 4.0;
 constexpr int buttonMargin = 10;
 constexpr int fieldPadding = 4; // between the outline of a field and its text
 
-/// Draws with smooth edges for as long as it lives.
-class SmoothPainting
+/// Enables antialiasing and restores the painter's state when destroyed.
+class AntialiasedPainting
 {
 public:
-    explicit SmoothPainting(QPainter& painter)
+    explicit AntialiasedPainting(QPainter& painter)
         : m_painter(painter)
     {
         m_painter.save();
         m_painter.setRenderHint(QPainter::Antialiasing);
     }
-    ~SmoothPainting() { m_painter.restore(); }
-    Q_DISABLE_COPY_MOVE(SmoothPainting)
+    ~AntialiasedPainting() { m_painter.restore(); }
+    Q_DISABLE_COPY_MOVE(AntialiasedPainting)
 
 private:
     QPainter& m_painter;
 };
 
-// What a scroll bar lies on: the edge of the area that it scrolls.
+// The background of a scroll bar is that of the viewport it scrolls.
 void drawScrolledBackground(QPainter& painter, const QRect& frame, const QWidget* bar)
 {
     const QWidget* container = bar ? bar->parentWidget() : nullptr;
@@ -53,14 +53,14 @@ void drawScrolledBackground(QPainter& painter, const QRect& frame, const QWidget
         painter.fillRect(frame, viewport->palette().brush(viewport->backgroundRole()));
 }
 
-// Pickers reserve room for icons whether there are any or not.
+// Combo boxes reserve space for icons even if there are none.
 PopupParts::Icons iconsOf(const QStyleOptionMenuItem& entry, const QWidget* widget)
 {
     return entry.maxIconWidth > 0 && qobject_cast<const QMenu*>(widget) ? PopupParts::Icons::some
                                                                         : PopupParts::Icons::none;
 }
 
-// The pointer and presses count for the part of a control that they are on.
+// Hovering and pressing apply only to the active part of a control.
 QStyle::State stateOfPart(const QStyleOptionComplex& option, QStyle::SubControl part)
 {
     QStyle::State state = option.state;
@@ -79,7 +79,7 @@ QuietStyle::QuietStyle()
 void QuietStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    // The thumb lies on whatever is beneath the scroll bar.
+    // Only the thumb is painted, over whatever is below the scroll bar.
     if (qobject_cast<QScrollBar*>(widget))
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
     if (qobject_cast<QMenu*>(widget) || widget->inherits("QComboBoxPrivateContainer"))
@@ -157,8 +157,8 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 
     const bool isHorizontal = bar->orientation == Qt::Horizontal;
     const int length = isHorizontal ? bar->rect.width() : bar->rect.height();
-    const qint64 wholeLength = qint64(bar->maximum) - bar->minimum + bar->pageStep;
-    const qint64 thumbLength = length * qint64(bar->pageStep) / std::max<qint64>(wholeLength, 1);
+    const qint64 contentLength = qint64(bar->maximum) - bar->minimum + bar->pageStep;
+    const qint64 thumbLength = length * qint64(bar->pageStep) / std::max<qint64>(contentLength, 1);
     const int thumb = static_cast<int>(
         std::clamp<qint64>(thumbLength, std::min(quietStyleMinThumb, length), length));
     const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
@@ -185,7 +185,7 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const
 {
-    const SmoothPainting smooth(*painter);
+    const AntialiasedPainting smooth(*painter);
     switch (element) {
     case PE_PanelButtonCommand:
         ControlParts::drawButton(*painter, option->rect, option->palette, option->state);
@@ -208,8 +208,8 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_PanelMenu:
         PopupParts::drawPanel(*painter, option->rect, option->palette);
         break;
-    case PE_FrameMenu:      // a part of the panel
-    case PE_FrameFocusRect: // every control shows the focus by its own outline
+    case PE_FrameMenu:      // painted with the panel
+    case PE_FrameFocusRect: // controls show the focus by their outline
         break;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -221,7 +221,7 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
 {
     const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_MenuItem && entry) {
-        const SmoothPainting smooth(*painter);
+        const AntialiasedPainting smooth(*painter);
         PopupParts::drawEntry(*painter, *entry, iconsOf(*entry, widget));
     } else if (element == CE_PushButtonBevel)
         proxy()->drawPrimitive(PE_PanelButtonCommand, option, painter, widget);
@@ -232,7 +232,7 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
 void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const
 {
-    const SmoothPainting smooth(*painter);
+    const AntialiasedPainting smooth(*painter);
     switch (control) {
     case CC_ScrollBar:
         drawScrollBar(*option, *painter, widget);

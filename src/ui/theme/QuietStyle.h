@@ -4,9 +4,8 @@
 
 namespace driftbox {
 
-/// How the toolkit's own controls look in this program: flat, with round corners, in the colors of
-/// the palette; scroll bars are a thin thumb without buttons. What it does not draw itself it
-/// leaves to the Fusion style.
+/// The style of Qt's own controls in this program: flat, with rounded corners, in the colors of the
+/// palette; scroll bars are a thin thumb without buttons. Everything else is left to Fusion.
 class QuietStyle final : public QProxyStyle
 {
     Q_OBJECT

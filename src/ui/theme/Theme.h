@@ -5,42 +5,41 @@
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 
-/// The program's colors and fonts. Colors are those of the application's palette at the moment of
-/// asking, so ask while painting and never keep one: every widget is repainted when the desktop
-/// turns light or dark. Sizes of fonts are in points of this program, of which one is one pixel on
-/// a screen of scale 1.
+/// The program's colors and fonts. Colors depend on the application's current palette, so get them
+/// while painting and do not store them: all widgets are repainted when the color scheme changes.
+/// Font sizes are in device-independent pixels.
 namespace driftbox::Theme {
 
-/// Whether text is light and lies on something dark.
+/// Whether the background is dark.
 [[nodiscard]] bool isDark();
 
-/// The desktop's accent color, or the program's own where the desktop has none.
+/// The desktop's accent color, or the program's own if the desktop has none.
 [[nodiscard]] QColor accent();
-/// What is pinned.
+/// The color of the pin of pinned items.
 [[nodiscard]] QColor pinOn();
-/// What is destructive.
+/// The color of destructive actions.
 [[nodiscard]] QColor destructive();
 [[nodiscard]] QColor panelBackground();
 
-/// Text and symbols, from the most to the least important.
+/// Text and symbol colors, from most to least important.
 [[nodiscard]] QColor primary();
 [[nodiscard]] QColor secondary();
 [[nodiscard]] QColor tertiary();
 
 /// Lines between parts of a view.
 [[nodiscard]] QColor divider();
-/// The area under the pointer.
+/// The fill of hovered areas.
 [[nodiscard]] QColor hoverFill();
 
 /// `color` at `opacity`, from 0 to 1.
 [[nodiscard]] QColor withOpacity(QColor color, qreal opacity);
-/// `from` at a `share` of 0, `to` at 1, opacity included.
+/// Interpolates linearly, including opacity: `from` at a `share` of 0, `to` at 1.
 [[nodiscard]] QColor mixed(const QColor& from, const QColor& to, qreal share);
 
-/// The background of a note of that color, the same in light and dark.
+/// The background of a note of this color, the same in both color schemes.
 [[nodiscard]] QColor noteSwatch(NoteColor color);
 
-/// The system font at a size in points.
+/// The system font at a size in device-independent pixels.
 [[nodiscard]] QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
 
 namespace Font {

@@ -15,7 +15,7 @@ namespace driftbox {
 namespace {
 
 constexpr int textSize = 13;
-constexpr double legible = 3.0; // the contrast that large text and symbols need
+constexpr double minContrast = 3.0; // of large text and symbols
 
 struct Colors
 {
@@ -27,7 +27,7 @@ struct Colors
     QColor placeholder;
     QColor disabledText;
     QColor accent;    ///< of symbols
-    QColor highlight; ///< beneath text
+    QColor highlight; ///< the background of selected text
 };
 
 const Colors lightColors{
@@ -59,10 +59,10 @@ QPalette paletteOf(const Colors& colors)
     QPalette palette(colors.text, colors.button, colors.button.lighter(120),
                      colors.button.darker(140), colors.button.darker(115), colors.text, colors.text,
                      colors.base, colors.window);
-    const bool whiteCanBeRead = contrast(Qt::white, colors.highlight) >= legible;
+    const bool isWhiteLegible = contrast(Qt::white, colors.highlight) >= minContrast;
     palette.setColor(QPalette::AlternateBase, colors.alternateBase);
     palette.setColor(QPalette::Highlight, colors.highlight);
-    palette.setColor(QPalette::HighlightedText, whiteCanBeRead ? Qt::white : Qt::black);
+    palette.setColor(QPalette::HighlightedText, isWhiteLegible ? Qt::white : Qt::black);
     palette.setColor(QPalette::Link, colors.accent);
     palette.setColor(QPalette::LinkVisited, colors.accent);
     palette.setColor(QPalette::PlaceholderText, colors.placeholder);
@@ -73,15 +73,15 @@ QPalette paletteOf(const Colors& colors)
     return palette;
 }
 
-// A desktop's theme replaces the highlight of the toolkit's own palette by its accent color.
-std::optional<QColor> accentOfTheToolkitsTheme()
+// A platform theme replaces the default palette's highlight color by the desktop's accent color.
+std::optional<QColor> platformThemeAccent()
 {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
-    const QColor toolkits = QApplication::style()->standardPalette().color(QPalette::Highlight);
-    return highlight == toolkits ? std::nullopt : std::optional(highlight);
+    const QColor standard = QApplication::style()->standardPalette().color(QPalette::Highlight);
+    return highlight == standard ? std::nullopt : std::optional(highlight);
 }
 
-// The font that the desktop has been given, unless that is only the generic one.
+// The desktop's font, or a better one if that is only the generic sans-serif.
 QFont applicationFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
@@ -89,7 +89,7 @@ QFont applicationFont()
     const bool isGeneric = font.family().startsWith(u"Sans"_s, Qt::CaseInsensitive);
     if (isGeneric && QFontDatabase::hasFamily(inter))
         font.setFamily(inter);
-    // Text fonts draw some emoji too, in black and without their combinations.
+    // Some text fonts have monochrome emoji without combined sequences.
     const QString emoji = u"Noto Color Emoji"_s;
     if (QFontDatabase::hasFamily(emoji))
         font.setFamilies({font.family(), emoji});
@@ -104,8 +104,8 @@ ThemeFollower::ThemeFollower(const Appearance& appearance, QObject* parent)
     , m_appearance(appearance)
 {
     QApplication::setStyle(new QuietStyle);
-    QApplication::setPalette(QPalette()); // back to the desktop's
-    m_themeAccent = accentOfTheToolkitsTheme();
+    QApplication::setPalette(QPalette()); // resets it to the platform theme's
+    m_themeAccent = platformThemeAccent();
     QApplication::setFont(applicationFont());
     apply();
     connect(&m_appearance, &Appearance::colorSchemeChanged, this, &ThemeFollower::apply);
@@ -118,7 +118,7 @@ void ThemeFollower::apply() const
     const auto desktopAccent = m_appearance.accentColor();
     if (const auto accent = desktopAccent ? desktopAccent : m_themeAccent) {
         colors.highlight = *accent;
-        colors.accent = withContrast(*accent, colors.window, legible);
+        colors.accent = withContrast(*accent, colors.window, minContrast);
     }
     QApplication::setPalette(paletteOf(colors));
 }

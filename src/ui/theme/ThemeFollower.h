@@ -9,8 +9,8 @@
 
 namespace driftbox {
 
-/// Gives the application its widget style, its font and, whenever the desktop turns light or dark
-/// or changes its accent color, its palette. Needs a QApplication.
+/// Sets the application's style, font and palette, and updates the palette when the desktop's color
+/// scheme or accent color changes. Needs a QApplication.
 class ThemeFollower : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private:
     void apply() const;
 
     const Appearance& m_appearance;
-    std::optional<QColor> m_themeAccent; ///< what the toolkit knows of the desktop's
+    std::optional<QColor> m_themeAccent; ///< the accent color of Qt's platform theme
 };
 
 } // namespace driftbox

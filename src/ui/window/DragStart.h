@@ -7,23 +7,23 @@
 
 namespace driftbox {
 
-/// Tells a press that becomes a drag from a click with a trembling hand. Places are in points of
-/// whatever the mouse is used on.
+/// Distinguishes the start of a drag from a click with a slightly moved mouse. Positions are in
+/// points, relative to any fixed origin.
 class DragStart
 {
 public:
-    void press(QPoint place) { m_press = place; }
+    void press(QPoint position) { m_press = position; }
     void release() { m_press.reset(); }
 
-    /// From the press until it is a drag or let go.
+    /// True from the press until it becomes a drag or is released.
     [[nodiscard]] bool isPressed() const { return m_press.has_value(); }
 
-    /// The pointer is at `place` now. Gives the place of the press when that makes it a drag: once
-    /// a press, because whoever takes a window over takes the release, too.
-    [[nodiscard]] std::optional<QPoint> move(QPoint place)
+    /// Call when the mouse moves to `position`. Returns the position of the press if this starts a
+    /// drag, at most once per press: a window that is moved by the desktop gets no release.
+    [[nodiscard]] std::optional<QPoint> move(QPoint position)
     {
         constexpr int minDistance = 4;
-        if (!m_press || (place - *m_press).manhattanLength() < minDistance)
+        if (!m_press || (position - *m_press).manhattanLength() < minDistance)
             return std::nullopt;
         return std::exchange(m_press, std::nullopt);
     }

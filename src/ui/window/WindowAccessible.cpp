@@ -20,7 +20,7 @@ QAccessibleInterface* makeWindowInterface(const QString&, QObject* object)
 
 void readAsWindow(QWidget& window)
 {
-    QAccessible::installFactory(makeWindowInterface); // does nothing when it is installed
+    QAccessible::installFactory(makeWindowInterface); // no effect if installed already
     window.setProperty(property, true);
 }
 

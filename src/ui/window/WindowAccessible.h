@@ -4,9 +4,8 @@ class QWidget;
 
 namespace driftbox {
 
-/// Has assistive technology read `window`, which has no parent, as the window that it is. The
-/// toolkit says so only of its own kinds of windows. To be called before the window is given a
-/// name: what has been read once stays as it is.
+/// Exposes `window`, a top-level widget, to assistive technology as a window; Qt does so only for
+/// its own window classes. Call it before setting the accessible name, which creates the interface.
 void readAsWindow(QWidget& window);
 
 } // namespace driftbox

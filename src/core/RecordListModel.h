@@ -9,9 +9,9 @@
 
 namespace driftbox {
 
-/// Records, plain values with an `id`, as rows. A new list of them arrives as insertions, removals,
-/// moves and changes of the rows concerned; one that leaves almost nothing in place, or in which
-/// several records have the same id, resets the model.
+/// A list model of records, plain values with an `id`. A new list of records is applied as
+/// insertions, removals, moves and changes of individual rows; if it differs in too many rows or
+/// contains duplicate ids, the model is reset instead.
 template <typename Record>
 class RecordListModel : public QAbstractListModel
 {
@@ -30,7 +30,7 @@ public:
         return m_records[static_cast<size_t>(row)];
     }
 
-    /// Minus one when no row shows the record.
+    /// -1 if there is no row with this record.
     [[nodiscard]] int rowOf(const Id& id) const
     {
         const auto found = std::ranges::find(m_records, id, &Record::id);
@@ -44,7 +44,7 @@ protected:
     {
     }
 
-    /// Starts over with other records.
+    /// Replaces all records by resetting the model.
     void resetRecords(Records records)
     {
         beginResetModel();
@@ -52,14 +52,14 @@ protected:
         endResetModel();
     }
 
-    /// Takes over a changed list of records. `looksSame(old, new)` tells whether a record still
-    /// shows the same in its row.
+    /// Applies a changed list of records. `looksSame(old, new)` returns whether a record's row
+    /// looks the same as before.
     template <typename LooksSame>
     void setRecords(const Records& records, LooksSame looksSame)
     {
         const QSet<Id> known = idsOf(m_records);
         const QSet<Id> wanted = idsOf(records);
-        if (hasTwins(known, m_records) || hasTwins(wanted, records) ||
+        if (hasDuplicates(known, m_records) || hasDuplicates(wanted, records) ||
             countNotIn(wanted, m_records) + countNotIn(known, records) > maxRowChanges) {
             resetRecords(records);
             return;
@@ -70,7 +70,7 @@ protected:
     }
 
 private:
-    // With more rows than this to take out or put in, telling each costs more than starting over.
+    // Beyond this number of insertions and removals, a reset is cheaper.
     static constexpr auto maxRowChanges = 64;
 
     static QSet<Id> idsOf(const Records& records)
@@ -82,8 +82,8 @@ private:
         return ids;
     }
 
-    // Only a foreign manifest has them. Which of the two has moved cannot be told.
-    static bool hasTwins(const QSet<Id>& ids, const Records& records)
+    // Only a foreign manifest has duplicate ids. They make it impossible to match old and new rows.
+    static bool hasDuplicates(const QSet<Id>& ids, const Records& records)
     {
         return static_cast<size_t>(ids.size()) < records.size();
     }
@@ -129,11 +129,11 @@ private:
     void updateRows(const Records& records, LooksSame looksSame)
     {
         for (int row = 0; row < rowCount(); ++row) {
-            Record& mine = m_records[static_cast<size_t>(row)];
+            Record& current = m_records[static_cast<size_t>(row)];
             const Record& wanted = records[static_cast<size_t>(row)];
-            if (looksSame(mine, wanted))
+            if (looksSame(current, wanted))
                 continue;
-            mine = wanted;
+            current = wanted;
             Q_EMIT dataChanged(index(row), index(row));
         }
     }

@@ -8,7 +8,7 @@ namespace driftbox {
 
 namespace {
 
-// The end of the first `count` characters of `text`, or its end.
+// The index after the first `count` characters of `text`, or its size if it has fewer.
 qsizetype endOfCharacters(QStringView text, qsizetype count)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
@@ -25,8 +25,8 @@ QString firstCharacters(const QString& text, qsizetype count)
         return text;
     if (count <= 0)
         return {};
-    // The finder examines all that it is given. A character that reaches the end of the window may
-    // go on behind it: then a larger one is needed.
+    // QTextBoundaryFinder analyzes the whole text up front, so give it a window only. A character
+    // that ends at the window's end may continue beyond it: retry with a larger window.
     for (qsizetype window = std::min(4 * count, text.size());;
          window = std::min(4 * window, text.size())) {
         const qsizetype end = endOfCharacters(QStringView(text).first(window), count);

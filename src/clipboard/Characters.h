@@ -4,8 +4,8 @@
 
 namespace driftbox {
 
-/// The first `count` user-perceived characters of `text`; all of it when it has no more. The cost
-/// does not depend on how much longer the text is.
+/// The first `count` user-perceived characters (grapheme clusters) of `text`, or all of it if it
+/// has fewer. The cost does not depend on the length of the rest.
 [[nodiscard]] QString firstCharacters(const QString& text, qsizetype count);
 
 } // namespace driftbox

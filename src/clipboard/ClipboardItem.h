@@ -12,8 +12,8 @@ namespace driftbox {
 
 using ClipboardItemId = Identifier<struct ClipboardItemTag>;
 
-/// One entry of the clipboard history: a piece of text, with its rich-text form when the source
-/// offered one, or an image, whose bytes lie in a file of their own. A plain value.
+/// One entry of the clipboard history: text, with its RTF form if the source offered one, or an
+/// image, whose bytes are stored in a separate file. A plain value.
 struct ClipboardItem
 {
     enum class Kind { text, image };
@@ -21,17 +21,17 @@ struct ClipboardItem
     ClipboardItemId id = ClipboardItemId::random();
     Kind kind = Kind::text;
     std::optional<QString> textContent = {};
-    std::optional<QString> imageFileName = {}; ///< set only by other versions; see `imageFile`
+    std::optional<QString> imageFileName = {}; ///< written by other versions only; see `imageFile`
     std::optional<QByteArray> rtfData = {};
     Instant createdAt = {};
-    std::optional<Instant> pinnedAt = {}; ///< present exactly when pinned; all else never changes
+    std::optional<Instant> pinnedAt = {}; ///< set if pinned; the only member that ever changes
 
     bool operator==(const ClipboardItem&) const = default;
 
     [[nodiscard]] bool isPinned() const { return pinnedAt.has_value(); }
 
-    /// The name of the file that holds the bytes of an image: `imageFileName` when it is one, else
-    /// the id followed by ".png".
+    /// The name of the image file: `imageFileName` if it is a plain file name, else the id followed
+    /// by ".png".
     [[nodiscard]] QString imageFile() const;
 };
 

@@ -79,7 +79,7 @@ void ClipboardListModel::notifyRow(const ClipboardItemId& id, int role)
 
 void ClipboardListModel::update()
 {
-    // Pinning is the only thing about an item that changes.
+    // An item's pin is all that ever changes.
     setRecords(m_viewModel.visibleItems(),
                [](const ClipboardItem& one, const ClipboardItem& other) {
                    return one.pinnedAt == other.pinnedAt;

@@ -8,7 +8,7 @@ namespace driftbox {
 class ClipboardViewModel;
 class Clock;
 
-/// The visible items of the clipboard history as rows. Every other query resets the model.
+/// The visible items of the clipboard history as rows. A change of the query resets the model.
 class ClipboardListModel : public RecordListModel<ClipboardItem>
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private:
     const Clock& m_clock;
 };
 
-/// What a row shows of a text item: its text without the white space around it, unless there is
+/// The preview of a text item: its text without surrounding white space, unless it consists of
 /// nothing else.
 [[nodiscard]] QString previewText(const ClipboardItem& item);
 

@@ -38,7 +38,7 @@ bool isShared(const std::optional<Content>& one, const std::optional<Content>& o
     return one->constData() == other->constData() && one->size() == other->size();
 }
 
-// Copies of an item share their content, which saves comparing megabytes.
+// Copies of an item share their content implicitly, so comparing pointers is enough.
 bool isCopy(const ClipboardItem& one, const ClipboardItem& other)
 {
     return one.id == other.id && one.kind == other.kind && one.createdAt == other.createdAt &&
@@ -76,7 +76,7 @@ QByteArray Writer::encode(const std::vector<ClipboardItem>& items)
     objects.reserve(items.size());
     for (const ClipboardItem& item : items) {
         const auto known = m_elements.constFind(item.id);
-        // A foreign manifest may have given one id to several items.
+        // A foreign manifest may contain the same id several times.
         if (known != m_elements.cend() && isCopy(known->item, item))
             objects.push_back(known->text);
         else

@@ -8,17 +8,17 @@
 
 #include <QtCore/QHash>
 
-/// The clipboard history as JSON: one array of items, front first, compact, members in a fixed
-/// order, absent members left out, instants as seconds since 2001-01-01T00:00:00Z. Reading takes
-/// members in any order and ignores unknown ones, but one bad item makes the whole manifest
+/// The clipboard history as JSON: a compact array of items, front first, with members in a fixed
+/// order, absent ones omitted, and instants as seconds since 2001-01-01T00:00:00Z. Decoding accepts
+/// members in any order and ignores unknown ones, but one malformed item makes the whole manifest
 /// unreadable.
 namespace driftbox::ClipboardManifest {
 
 /// One element of the array.
 [[nodiscard]] QByteArray encode(const ClipboardItem& item);
 
-/// Writes manifests. Remembers the text of each item between two of them, because a change concerns
-/// one item and most of a manifest stays as it was.
+/// Encodes manifests. Caches the encoded text of each item, because most items do not change from
+/// one manifest to the next.
 class Writer
 {
 public:

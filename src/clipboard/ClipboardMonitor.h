@@ -14,9 +14,9 @@ namespace driftbox {
 class Pasteboard;
 struct PasteboardContent;
 
-/// Watches the pasteboard for what the user copies and hands on each new capture, except what
-/// repeats the last one and what was there when the program started. Main thread only; failures of
-/// the pasteboard show as nothing to capture.
+/// Polls the pasteboard and reports each new capture, except repetitions of the last one and the
+/// content that was there when the program started. If the pasteboard fails, there is nothing to
+/// capture. Main thread only.
 class ClipboardMonitor : public QObject
 {
     Q_OBJECT
@@ -36,22 +36,22 @@ public:
     /// `pasteboard` and `clock` must outlive the monitor.
     ClipboardMonitor(Pasteboard& pasteboard, Clock& clock, QObject* parent = nullptr);
 
-    /// Begins polling, for the life of the monitor. Again: nothing.
+    /// Starts polling, for the monitor's lifetime. Calling it again has no effect.
     void start();
 
     void setOnCapture(CaptureCallback onCapture) { m_onCapture = std::move(onCapture); }
 
-    /// What is on the pasteboard, as it would be captured: an image before text.
+    /// The pasteboard's content as it would be captured: an image takes precedence over text.
     [[nodiscard]] std::optional<CapturedContent> read() const;
 
-    /// What two captures have in common when the second repeats the first. Images are compared by
-    /// size and first bytes alone, deliberately: it is cheap.
+    /// Captures with equal signatures count as repetitions. For speed, an image's signature
+    /// consists only of its size and first bytes.
     [[nodiscard]] static QString signature(const CapturedContent& content);
 
-    /// What is on the pasteboard now is known and will not be captured.
+    /// Marks the pasteboard's current content as known, so that it is not captured.
     void markSeen();
 
-    /// Looks once; capturing happens before this returns.
+    /// Checks the pasteboard once; a capture is reported before this returns.
     void tick();
 
 private:

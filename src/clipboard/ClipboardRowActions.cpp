@@ -18,7 +18,7 @@ std::vector<Action> ClipboardRowActions::hoverActions(const ClipboardItem& item)
 {
     if (item.kind == ClipboardItem::Kind::image)
         return {Action::recognizeText, Action::makeNote, Action::remove};
-    // Without rich text, picking pastes plain text anyway.
+    // An item without rich text is pasted as plain text anyway.
     if (!item.rtfData)
         return {Action::makeNote, Action::remove};
     return {Action::pastePlain, Action::makeNote, Action::remove};

@@ -11,8 +11,8 @@ class ClipboardViewModel;
 
 enum class ClipboardRowAction { pastePlain, recognizeText, makeNote, remove, togglePin };
 
-/// What a row of the history offers to do with its item. The item may be one of the list that an
-/// action replaces.
+/// The actions that a row of the history offers for its item. The item passed in may belong to a
+/// list that the action replaces.
 class ClipboardRowActions
 {
 public:
@@ -21,20 +21,20 @@ public:
     /// `viewModel` must outlive this.
     ClipboardRowActions(ClipboardViewModel& viewModel, MakeNote onMakeNote);
 
-    /// The actions that show while the row has the pointer, in order.
+    /// The actions shown while the pointer is over the row, in order.
     [[nodiscard]] static std::vector<ClipboardRowAction> hoverActions(const ClipboardItem& item);
 
     [[nodiscard]] static QString systemImage(ClipboardRowAction action);
     [[nodiscard]] static QString help(ClipboardRowAction action, const ClipboardItem& item);
 
-    /// The text in the item's picture is being recognized: the action shows that it is busy.
+    /// Whether the action is in progress: the text in the item's picture is being recognized.
     [[nodiscard]] bool isBusy(ClipboardRowAction action, const ClipboardItem& item) const;
 
-    /// A busy action does nothing.
+    /// Has no effect while the action is busy.
     void perform(ClipboardRowAction action, const ClipboardItem& item);
-    /// What a click on the row does.
+    /// The action of a click on the row.
     void pick(const ClipboardItem& item);
-    /// Pastes text without its looks, of a picture the text in it.
+    /// Pastes a text item without formatting, or the recognized text of an image item.
     void pasteAsText(const ClipboardItem& item);
 
 private:

@@ -11,62 +11,63 @@ namespace driftbox {
 
 namespace {
 
-// Enough to go back through a few words; each may be as long as the history.
-constexpr size_t maxRemembered = 32;
+// Enough to delete a few words; each result may be as long as the history.
+constexpr size_t maxCachedResults = 32;
 
-// So many texts are worth a second thread.
-constexpr std::ptrdiff_t worthSharing = 500;
+// From this number of texts on, a second thread pays off.
+constexpr std::ptrdiff_t parallelThreshold = 500;
 
-using Places = ClipboardSearch::Places;
+using Indices = ClipboardSearch::Indices;
 
-Places allPlaces(size_t count)
+Indices allIndices(size_t count)
 {
-    Places places(count);
-    std::iota(places.begin(), places.end(), 0);
-    return places;
+    Indices indices(count);
+    std::iota(indices.begin(), indices.end(), 0);
+    return indices;
 }
 
-Places matching(const std::vector<ClipboardItem>& items, const Places& candidates,
-                const QString& wanted)
+Indices matching(const std::vector<ClipboardItem>& items, const Indices& candidates,
+                 const QString& query)
 {
-    const CaseInsensitiveMatcher matcher(wanted, QLocale());
-    using Candidate = Places::const_iterator;
+    const CaseInsensitiveMatcher matcher(query, QLocale());
+    using Candidate = Indices::const_iterator;
     const auto search = [&](Candidate begin, Candidate end) {
-        Places found;
-        std::copy_if(begin, end, std::back_inserter(found), [&](std::uint32_t place) {
-            const ClipboardItem& item = items[place];
+        Indices found;
+        std::copy_if(begin, end, std::back_inserter(found), [&](std::uint32_t index) {
+            const ClipboardItem& item = items[index];
             return item.kind == ClipboardItem::Kind::text && item.textContent &&
                    matcher.isIn(*item.textContent);
         });
         return found;
     };
-    if (std::ssize(candidates) < worthSharing)
+    if (std::ssize(candidates) < parallelThreshold)
         return search(candidates.begin(), candidates.end());
 
     const auto middle = candidates.begin() + std::ssize(candidates) / 2;
-    // Where no thread can be had, this one searches the second half, too.
-    std::future<Places> second =
+    // If no thread can be created, `get` searches the second half on this one.
+    std::future<Indices> second =
         std::async(std::launch::async | std::launch::deferred, search, middle, candidates.end());
-    Places found = search(candidates.begin(), middle);
-    const Places rest = second.get();
+    Indices found = search(candidates.begin(), middle);
+    const Indices rest = second.get();
     found.insert(found.end(), rest.begin(), rest.end());
     return found;
 }
 
 } // namespace
 
-const Places& ClipboardSearch::find(const std::vector<ClipboardItem>& items, const QString& wanted)
+const Indices& ClipboardSearch::find(const std::vector<ClipboardItem>& items, const QString& query)
 {
-    while (!m_found.empty() && !wanted.contains(m_found.back().wanted))
-        m_found.pop_back();
-    if (!m_found.empty() && m_found.back().wanted == wanted)
-        return m_found.back().places;
+    while (!m_results.empty() && !query.contains(m_results.back().query))
+        m_results.pop_back();
+    if (!m_results.empty() && m_results.back().query == query)
+        return m_results.back().indices;
 
-    const Places candidates = m_found.empty() ? allPlaces(items.size()) : m_found.back().places;
-    m_found.push_back({wanted, matching(items, candidates, wanted)});
-    if (m_found.size() > maxRemembered)
-        m_found.pop_front();
-    return m_found.back().places;
+    const Indices candidates =
+        m_results.empty() ? allIndices(items.size()) : m_results.back().indices;
+    m_results.push_back({query, matching(items, candidates, query)});
+    if (m_results.size() > maxCachedResults)
+        m_results.pop_front();
+    return m_results.back().indices;
 }
 
 } // namespace driftbox

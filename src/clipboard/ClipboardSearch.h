@@ -8,29 +8,30 @@
 
 namespace driftbox {
 
-/// Searches the history while a query is being typed: a query that contains an earlier one is
-/// looked for only where that was found, and going back to an earlier one looks nowhere.
+/// Incremental search of the history while a query is being typed: a query that contains an earlier
+/// one searches only that one's matches, and returning to an earlier query reuses its result.
 class ClipboardSearch
 {
 public:
-    using Places = std::vector<std::uint32_t>;
+    using Indices = std::vector<std::uint32_t>;
 
-    /// The places in `items`, in order, of the texts that contain `wanted` in whatever case under
-    /// the user's locale. The items must be those of the calls before, since `forget`.
-    [[nodiscard]] const Places& find(const std::vector<ClipboardItem>& items,
-                                     const QString& wanted);
+    /// The ascending indices of the texts in `items` that contain `query`, ignoring case according
+    /// to the user's locale. Call `reset` before searching other items. The result is valid until
+    /// the next call.
+    [[nodiscard]] const Indices& find(const std::vector<ClipboardItem>& items,
+                                      const QString& query);
 
-    /// The items are others, or the search is over.
-    void forget() { m_found.clear(); }
+    /// Discards the cached results, because the items change or the search ends.
+    void reset() { m_results.clear(); }
 
 private:
-    struct Found
+    struct Result
     {
-        QString wanted;
-        Places places;
+        QString query;
+        Indices indices;
     };
 
-    std::deque<Found> m_found; ///< each is contained in the next one
+    std::deque<Result> m_results; ///< each query contains the one before
 };
 
 } // namespace driftbox

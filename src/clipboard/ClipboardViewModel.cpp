@@ -51,7 +51,7 @@ void ClipboardViewModel::handleCapture(const ClipboardMonitor::CapturedContent& 
 void ClipboardViewModel::refresh()
 {
     m_items = m_services.store.allItems();
-    m_search.forget();
+    m_search.reset();
     Q_EMIT itemsChanged();
 }
 
@@ -75,14 +75,14 @@ std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
 {
     const QString wanted = m_query.trimmed();
     if (wanted.isEmpty()) {
-        m_search.forget();
+        m_search.reset();
         return m_items;
     }
-    const ClipboardSearch::Places& places = m_search.find(m_items, wanted);
+    const ClipboardSearch::Indices& indices = m_search.find(m_items, wanted);
     std::vector<ClipboardItem> visible;
-    visible.reserve(places.size());
-    for (const auto place : places)
-        visible.push_back(m_items[place]);
+    visible.reserve(indices.size());
+    for (const auto index : indices)
+        visible.push_back(m_items[index]);
     return visible;
 }
 

@@ -22,7 +22,7 @@ class TaskRunner;
 class TextRecognizer;
 class ThumbnailCache;
 
-/// What the clipboard history stands on; all of it outlives the view model.
+/// The dependencies of the clipboard history, all of which must outlive the view model.
 struct ClipboardServices
 {
     ClipboardStore& store;
@@ -37,9 +37,9 @@ struct ClipboardServices
     const Clock& clock;
 };
 
-/// The clipboard history as views see it, and all its actions. Takes the monitor's captures. What
-/// an action cannot do it does not do, without a report; the store logs its own failures. Main
-/// thread only.
+/// The clipboard history as shown by views, and all its actions. Adds the monitor's captures to the
+/// store. An action that fails has no effect and reports nothing; the store logs its own errors.
+/// Main thread only.
 class ClipboardViewModel : public QObject
 {
     Q_OBJECT
@@ -55,36 +55,35 @@ public:
     [[nodiscard]] const QString& query() const { return m_query; }
     void setQuery(const QString& query);
 
-    /// The items that match the query, in order: all of them while it is blank, else the texts that
-    /// contain it in whatever case.
+    /// The items that match the query, in order: all of them if it is blank, else the texts that
+    /// contain it, ignoring case.
     [[nodiscard]] std::vector<ClipboardItem> visibleItems() const;
 
-    /// The item whose text is being recognized.
+    /// The image item whose text is being recognized, if any.
     [[nodiscard]] const std::optional<ClipboardItemId>& ocrProcessingId() const
     {
         return m_ocrProcessingId;
     }
 
-    /// Puts the item on the pasteboard, with all its forms, and moves it to the front. An image
-    /// whose file cannot be read changes nothing.
+    /// Puts the item on the pasteboard in all its formats and moves it to the front. Has no effect
+    /// if the file of an image cannot be read.
     void copyBack(const ClipboardItem& item);
-    /// Puts the item's text alone on the pasteboard, moves it to the front and asks for it to be
-    /// pasted.
+    /// Puts the item on the pasteboard as plain text, moves it to the front and requests a paste.
     void copyBackAsPlain(const ClipboardItem& item);
     /// Recognizes the text in an image item in the background, then puts it on the pasteboard and
-    /// asks for it to be pasted. An image without text pastes nothing.
+    /// requests a paste. Has no effect if the image contains no text.
     void pasteImageText(const ClipboardItem& item);
-    /// `copyBack`, then asks for it to be pasted.
+    /// Calls `copyBack` and requests a paste.
     void pick(const ClipboardItem& item);
 
     void togglePin(const ClipboardItem& item);
     void remove(const ClipboardItem& item);
     void clearUnpinned();
 
-    /// The picture of an image item at the size at which rows show it; null while it is being
-    /// loaded, when it cannot be, and for text. `imageChanged` tells when it has come.
+    /// The thumbnail of an image item; null for text, while it is being loaded (`imageChanged` is
+    /// emitted once it is available) and if it cannot be loaded.
     [[nodiscard]] QImage image(const ClipboardItem& item) const;
-    /// Device pixels a point of the screen that shows the pictures. Another one drops them all.
+    /// The device pixel ratio of the screen that shows the thumbnails. A change discards them all.
     void setImagePixelRatio(qreal ratio);
 
 Q_SIGNALS:

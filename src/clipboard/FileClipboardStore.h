@@ -9,9 +9,9 @@ namespace driftbox {
 class Clock;
 class FileSystem;
 
-/// The history in memory, mirrored to "manifest.json" in the root folder after every change, with
-/// the bytes of image items in its folder "images". A manifest that cannot be decoded is logged and
-/// the history starts empty.
+/// Keeps the history in memory and writes it to "manifest.json" in the root folder after every
+/// change; image files are in the subfolder "images". If the manifest cannot be decoded, this is
+/// logged and the history starts empty.
 class FileClipboardStore final : public ClipboardStore
 {
 public:
@@ -33,7 +33,7 @@ private:
     void writeFile(const QByteArray& bytes, const QString& path);
     void removeImageFile(const ClipboardItem& item);
     [[nodiscard]] std::vector<ClipboardItem>::iterator find(const ClipboardItemId& id);
-    /// Removes what lies behind the first `keeping` unpinned items.
+    /// Removes all unpinned items except the first `keeping`.
     void dropUnpinned(size_t keeping);
 
     FileSystem& m_fileSystem;

@@ -12,13 +12,13 @@ namespace {
 
 constexpr qsizetype maxLanguages = 8;
 
-/// Orientation, mathematics, and vertical writing: no languages of their own.
+/// Excludes the data for orientation, equations and vertical writing.
 bool isLanguage(const QString& name)
 {
     return name != u"osd"_s && name != u"equ"_s && !name.endsWith(u"_vert"_s);
 }
 
-/// Tesseract's name of the language of `locale`.
+/// Tesseract's name for the language of `locale`.
 QString nameOf(const QLocale& locale)
 {
     switch (locale.language()) {

@@ -27,7 +27,7 @@ const QStringList& usualLanguages()
 
 const PageTextReader* loadedModule()
 {
-    // Loaded once, even if two threads are the first.
+    // The initialization of a static variable is thread-safe.
     static const PageTextReader* const reader = [] {
         QPluginLoader loader(AppConfig::modulesFolder() + u"/driftbox_ocr.so"_s);
         const auto* loaded = qobject_cast<PageTextReader*>(loader.instance());

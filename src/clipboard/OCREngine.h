@@ -16,31 +16,31 @@ namespace driftbox {
 class PageTextReader;
 class ReadingLimit;
 
-/// Reads the text in pictures by Tesseract.
+/// Recognizes the text in pictures with Tesseract.
 ///
-/// A picture is read in five languages. If one of them is not installed, it is read instead in
-/// those that are, the user's own first. Stateless: calls may run side by side. What a call takes
-/// in memory it gives back.
+/// A picture is read in five languages. If any of them is not installed, it is read in the
+/// installed ones instead, the user's own first. Stateless: calls may run concurrently. A call
+/// releases all the memory it takes.
 class OCREngine final : public TextRecognizer
 {
 public:
-    /// Gives the recognizer, or null when it cannot be had. Called on any thread.
+    /// Returns the recognizer, or null if it is not available. Called on any thread.
     using ReaderSource = std::function<const PageTextReader*()>;
 
-    /// Loads the recognizer's module when the first picture is read. A picture that takes longer
-    /// than `limit` has no text.
+    /// Loads the recognizer's module when the first picture is read. The result for a picture that
+    /// takes longer than `limit` is empty.
     explicit OCREngine(std::chrono::milliseconds limit = std::chrono::seconds(15));
 
-    /// Takes the recognizer from `source` instead.
+    /// Uses the recognizer from `source` instead of the module's.
     OCREngine(ReaderSource source, std::chrono::milliseconds limit);
 
     [[nodiscard]] QString recognizeText(const QByteArray& image) const override;
 
-    /// Ends calls that are under way and all later ones soon, without text. Thread-safe.
+    /// Makes running and future calls return soon, with an empty result. Thread-safe.
     void stop() { m_stop.request_stop(); }
 
 private:
-    /// One pass: none when a language is not installed, or there is none to read in.
+    /// One pass; nullopt if `languages` is empty or one of them is not installed.
     [[nodiscard]] static std::optional<QString> run(const PageTextReader& reader,
                                                     const QImage& picture,
                                                     const QStringList& languages,

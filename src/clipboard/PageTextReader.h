@@ -9,8 +9,8 @@
 
 namespace driftbox {
 
-/// Reads the text of a picture in the languages that are installed. The recognizer stays out of the
-/// program until it is needed: this is what its module has to offer. Thread-safe.
+/// The interface of the text recognition module, which is loaded on demand. Recognizes the text in
+/// a picture in the installed languages. Thread-safe.
 class PageTextReader
 {
 public:
@@ -18,12 +18,11 @@ public:
     Q_DISABLE_COPY_MOVE(PageTextReader)
     virtual ~PageTextReader() = default;
 
-    /// The names of the languages as Tesseract has them ("eng", "chi_sim"), in no order.
+    /// Tesseract's names of the installed languages ("eng", "chi_sim"), in no particular order.
     [[nodiscard]] virtual QStringList installedLanguages() const = 0;
 
-    /// The text in `picture`, which is opaque and of the format RGB32; empty when there is none or
-    /// the limit is reached. Languages that are as likely are preferred in the order of
-    /// `languages`.
+    /// The text in `picture`, which must be opaque (Format_RGB32); empty if there is none or the
+    /// limit is reached. Among equally likely languages the first in `languages` is preferred.
     [[nodiscard]] virtual QString read(const QImage& picture, const QStringList& languages,
                                        const ReadingLimit& limit) const = 0;
 };

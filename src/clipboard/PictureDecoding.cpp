@@ -10,8 +10,8 @@ namespace driftbox {
 
 namespace {
 
-/// White or black, whichever what is visible of `image` stands out from.
-QColor groundFor(const QImage& image)
+/// White or black, whichever contrasts with the visible pixels of `image`.
+QColor backgroundFor(const QImage& image)
 {
     const QImage small = image.scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                              .convertToFormat(QImage::Format_ARGB32);
@@ -32,7 +32,7 @@ QImage opaque(const QImage& image)
     if (!image.hasAlphaChannel())
         return image.convertToFormat(QImage::Format_RGB32);
     QImage result(image.size(), QImage::Format_RGB32);
-    result.fill(groundFor(image));
+    result.fill(backgroundFor(image));
     QPainter(&result).drawImage(0, 0, image);
     return result;
 }

@@ -5,8 +5,8 @@
 
 namespace driftbox {
 
-/// The first picture in the bytes of an image file, upright and opaque (RGB32), for reading. Null
-/// when they are no picture, and when it is larger than any screen: decoding is then not tried.
+/// Decodes the first picture of an image file for text recognition: upright and opaque
+/// (Format_RGB32). Null if `bytes` are not a picture or it has more than `maxPicturePixels` pixels.
 [[nodiscard]] QImage decodedPicture(const QByteArray& bytes);
 
 } // namespace driftbox

@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// When reading a picture has to end: at a time, or as soon as it is told to.
+/// When text recognition must end: at a deadline, or as soon as a stop is requested. Thread-safe.
 class ReadingLimit
 {
 public:
@@ -22,7 +22,7 @@ public:
         return m_deadline.hasExpired() || m_stop.stop_requested();
     }
 
-    /// Milliseconds; 0 when the limit is reached.
+    /// In milliseconds; 0 once the limit is reached.
     [[nodiscard]] int timeLeft() const
     {
         return m_stop.stop_requested() ? 0 : static_cast<int>(m_deadline.remainingTime());

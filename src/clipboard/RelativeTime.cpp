@@ -26,7 +26,7 @@ constexpr std::array units = {
     Unit{1, UDAT_REL_UNIT_SECOND},
 };
 
-const Unit& largestUnitIn(double seconds)
+const Unit& unitFor(double seconds)
 {
     for (const Unit& unit : units) {
         if (std::abs(seconds) >= unit.seconds)
@@ -40,7 +40,7 @@ const Unit& largestUnitIn(double seconds)
 QString relativeTime(Instant then, Instant now, const QLocale& locale)
 {
     const double seconds = then.referenceSeconds() - now.referenceSeconds();
-    const Unit& unit = largestUnitIn(seconds);
+    const Unit& unit = unitFor(seconds);
 
     UErrorCode status = U_ZERO_ERROR;
     const icu::RelativeDateTimeFormatter formatter(icu::Locale(locale.name().toUtf8().constData()),

@@ -7,7 +7,8 @@
 
 namespace driftbox {
 
-/// How long ago `then` was, as one would say it at `now`: "now", "5 minutes ago", "yesterday".
+/// Formats `then` relative to `now`, in the locale's language: "now", "5 minutes ago", "yesterday".
+/// Empty if formatting fails.
 [[nodiscard]] QString relativeTime(Instant then, Instant now, const QLocale& locale);
 
 } // namespace driftbox

@@ -5,7 +5,7 @@
 
 namespace driftbox {
 
-/// Reads the text in a picture.
+/// Recognizes the text in pictures.
 class TextRecognizer
 {
 public:
@@ -13,9 +13,9 @@ public:
     Q_DISABLE_COPY_MOVE(TextRecognizer)
     virtual ~TextRecognizer() = default;
 
-    /// The text in the picture whose file bytes are `image`, lines separated by a line feed; empty
-    /// when there is none and for anything that goes wrong. May take long: never on the main
-    /// thread. Thread-safe.
+    /// The text in `image`, the contents of a picture file, with lines separated by line feeds;
+    /// empty if there is none and on any error. Slow: do not call it on the main thread.
+    /// Thread-safe.
     [[nodiscard]] virtual QString recognizeText(const QByteArray& image) const = 0;
 };
 

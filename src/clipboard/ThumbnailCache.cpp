@@ -13,12 +13,12 @@ namespace driftbox {
 
 namespace {
 
-QImage decoded(QByteArray bytes, QSize largest, qreal pixelRatio)
+QImage decoded(QByteArray bytes, QSize maxSize, qreal pixelRatio)
 {
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    const QSizeF box = QSizeF(largest) * pixelRatio;
+    const QSizeF box = QSizeF(maxSize) * pixelRatio;
     if (size.width() > box.width() || size.height() > box.height()) {
         const QSize scaled = size.scaled(box.toSize(), Qt::KeepAspectRatio);
         reader.setScaledSize(scaled.expandedTo(QSize(1, 1)));
@@ -61,7 +61,7 @@ void ThumbnailCache::load(const ClipboardItemId& id, const QString& path)
     };
     const auto done = [this, image, id, generation] {
         if (m_loading.value(id) != generation)
-            return; // removed meanwhile
+            return; // removed in the meantime
         m_loading.remove(id);
         if (image->isNull())
             return;

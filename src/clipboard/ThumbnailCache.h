@@ -11,27 +11,26 @@ namespace driftbox {
 class FileSystem;
 class TaskRunner;
 
-/// Pictures of the history, decoded off the main thread and kept at the size at which they are
-/// shown. Main thread only.
+/// Thumbnails of the history's pictures, decoded on a background thread. Main thread only.
 class ThumbnailCache : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The largest size at which a picture is shown, in points.
+    /// The maximum size of a thumbnail, in points.
     static constexpr QSize maxSize{220, 60};
 
     /// `fileSystem` and `tasks` must outlive the cache.
     ThumbnailCache(const FileSystem& fileSystem, TaskRunner& tasks, QObject* parent = nullptr);
 
-    /// The picture if it is here. Otherwise a null image, and the file at `path` is read and
-    /// decoded: `imageLoaded` tells when it is here. Nothing is told or remembered of a failure.
+    /// The thumbnail if it is cached. Otherwise starts loading the file at `path`, returns a null
+    /// image and emits `imageLoaded` on success. Failures are not reported or cached.
     [[nodiscard]] QImage image(const ClipboardItemId& id, const QString& path);
 
     void remove(const ClipboardItemId& id);
     void clear();
 
-    /// Device pixels a point of the screen that shows the pictures. A change empties the cache.
+    /// The device pixel ratio of the screen that shows the thumbnails. A change clears the cache.
     void setPixelRatio(qreal ratio);
 
 Q_SIGNALS:
@@ -44,7 +43,7 @@ private:
     TaskRunner& m_tasks;
     qreal m_pixelRatio = 1.0;
     QHash<ClipboardItemId, QImage> m_images;
-    QHash<ClipboardItemId, quint64> m_loading; ///< the generation of the load that is under way
+    QHash<ClipboardItemId, quint64> m_loading; ///< the generations of the pending loads
     quint64 m_generation = 0;
 };
 

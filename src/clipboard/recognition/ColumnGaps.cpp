@@ -6,8 +6,8 @@ namespace driftbox {
 
 namespace {
 
-constexpr uchar lightestInk = 200;
-constexpr int lagShare = 3; // of the height
+constexpr uchar maxInkValue = 200; // of 255, which is white
+constexpr int lagDivisor = 3;      // of the line's height
 
 std::vector<bool> inkedColumns(const QImage& line)
 {
@@ -15,7 +15,7 @@ std::vector<bool> inkedColumns(const QImage& line)
     for (int y = 0; y < line.height(); ++y) {
         const uchar* pixels = line.constScanLine(y);
         for (size_t x = 0; x < inked.size(); ++x) {
-            if (pixels[x] <= lightestInk)
+            if (pixels[x] <= maxInkValue)
                 inked[x] = true;
         }
     }
@@ -25,7 +25,7 @@ std::vector<bool> inkedColumns(const QImage& line)
 } // namespace
 
 ColumnGaps::ColumnGaps(const QImage& line)
-    : m_lag(line.height() / lagShare)
+    : m_lag(line.height() / lagDivisor)
 {
     const std::vector<bool> inked = inkedColumns(line);
     for (auto begin = inked.begin(); begin != inked.end();) {

@@ -6,28 +6,28 @@
 
 namespace driftbox {
 
-/// Where in the picture of a line there is no ink from top to bottom.
+/// The runs of columns without any ink in the picture of a line.
 class ColumnGaps
 {
 public:
     struct Gap
     {
         int begin = 0; ///< the first column without ink
-        int end = 0;   ///< the first column with ink again
+        int end = 0;   ///< the first column after the gap
 
         [[nodiscard]] int width() const { return end - begin; }
     };
 
-    /// `line` is black on white (Grayscale8).
+    /// `line` is black on white (Format_Grayscale8).
     explicit ColumnGaps(const QImage& line);
 
-    /// The gap before a word that Tesseract has begin at column `x`, which is where it was sure of
-    /// its first character: some way into it. Empty where there is none.
+    /// The gap before a word that begins at column `x` according to Tesseract, whose bounding boxes
+    /// start somewhat inside the first character. Empty if there is none.
     [[nodiscard]] Gap before(int x) const;
 
 private:
     std::vector<Gap> m_gaps;
-    int m_lag; ///< columns
+    int m_lag; ///< how far before `x` a gap may end, in columns
 };
 
 } // namespace driftbox

@@ -9,7 +9,7 @@ ConnectedComponents::ConnectedComponents(const QImage& mask)
 {
     findRuns(mask);
     joinTouchingRuns();
-    gatherComponents();
+    collectComponents();
 }
 
 void ConnectedComponents::findRuns(const QImage& mask)
@@ -33,25 +33,25 @@ void ConnectedComponents::joinTouchingRuns()
     std::iota(m_parents.begin(), m_parents.end(), 0);
 
     size_t above = 0; // the first run of the row above that may touch
-    for (size_t here = 0; here < m_runs.size(); ++here) {
-        const Run& run = m_runs[here];
+    for (size_t current = 0; current < m_runs.size(); ++current) {
+        const Run& run = m_runs[current];
         while (m_runs[above].y < run.y - 1 ||
                (m_runs[above].y == run.y - 1 && m_runs[above].right < run.left))
             ++above;
         for (size_t i = above; m_runs[i].y == run.y - 1 && m_runs[i].left <= run.right; ++i)
-            join(static_cast<int>(i), static_cast<int>(here));
+            join(static_cast<int>(i), static_cast<int>(current));
     }
 }
 
 int ConnectedComponents::root(int run)
 {
-    auto at = static_cast<size_t>(run);
-    while (m_parents[at] != static_cast<int>(at)) {
-        const auto parent = static_cast<size_t>(m_parents[at]);
-        m_parents[at] = m_parents[parent];
-        at = parent;
+    auto node = static_cast<size_t>(run);
+    while (m_parents[node] != static_cast<int>(node)) {
+        const auto parent = static_cast<size_t>(m_parents[node]);
+        m_parents[node] = m_parents[parent];
+        node = parent;
     }
-    return static_cast<int>(at);
+    return static_cast<int>(node);
 }
 
 void ConnectedComponents::join(int first, int second)
@@ -60,9 +60,9 @@ void ConnectedComponents::join(int first, int second)
     m_parents[static_cast<size_t>(high)] = low;
 }
 
-void ConnectedComponents::gatherComponents()
+void ConnectedComponents::collectComponents()
 {
-    // The root of a tree is its lowest run, so it is met first.
+    // The root of a tree is its run with the smallest index, so it is visited first.
     for (size_t i = 0; i < m_runs.size(); ++i) {
         Run& run = m_runs[i];
         const int tree = root(static_cast<int>(i));

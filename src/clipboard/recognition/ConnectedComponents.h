@@ -7,8 +7,7 @@
 
 namespace driftbox {
 
-/// The marked pixels of a mask, gathered into components: sets of pixels that touch each other,
-/// diagonally too. Thread-safe once made.
+/// Labels the 8-connected components of a mask's marked pixels. Immutable once constructed.
 class ConnectedComponents
 {
 public:
@@ -18,7 +17,7 @@ public:
         int pixels = 0;
     };
 
-    /// Marked pixels side by side: from `left` up to, not including, `right`.
+    /// A horizontal run of marked pixels, from `left` up to but not including `right`.
     struct Run
     {
         int y = 0;
@@ -27,7 +26,7 @@ public:
         int component = 0; ///< index into `components()`
     };
 
-    /// `mask` has the format Grayscale8; every value but 0 is a mark.
+    /// `mask` has Format_Grayscale8; every nonzero pixel is marked.
     explicit ConnectedComponents(const QImage& mask);
 
     [[nodiscard]] const std::vector<Component>& components() const { return m_components; }
@@ -38,12 +37,12 @@ public:
 private:
     void findRuns(const QImage& mask);
     void joinTouchingRuns();
-    void gatherComponents();
+    void collectComponents();
     [[nodiscard]] int root(int run);
     void join(int first, int second);
 
     std::vector<Run> m_runs;
-    std::vector<int> m_parents; ///< of each run, in the forest of runs that touch
+    std::vector<int> m_parents; ///< the parent of each run in a union-find forest
     std::vector<Component> m_components;
 };
 

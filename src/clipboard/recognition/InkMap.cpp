@@ -11,18 +11,17 @@ namespace {
 
 using Component = ConnectedComponents::Component;
 
-// Differences are sums over the three color channels.
+// Color differences are summed over the three channels.
 constexpr int channels = 3;
 constexpr int minContrast = 20 * channels;
 constexpr int contrastOverNoise = 6;
 
-// Of the map of edges: where there is none, where one belongs to what is no text, and where one may
-// belong to text.
+// The values of the edge map.
 constexpr uchar noEdge = 0;
-constexpr uchar barredEdge = 1;
-constexpr uchar edge = 255;
+constexpr uchar nonTextEdge = 1;
+constexpr uchar edge = 255; // may belong to text
 
-constexpr int tallestText = 200; // pixels
+constexpr int maxTextHeight = 200; // pixels
 constexpr int minFrameHeight = 12;
 
 int difference(QRgb a, QRgb b)
@@ -36,20 +35,20 @@ const QRgb* pixels(const QImage& picture, int y)
     return reinterpret_cast<const QRgb*>(picture.constScanLine(y));
 }
 
-/// How much a pixel differs from the one on its right and the one below, whichever is more.
-int steepness(const QRgb* line, const QRgb* below, int x)
+/// The larger of a pixel's differences from its right and lower neighbors.
+int gradient(const QRgb* line, const QRgb* below, int x)
 {
     return std::max(difference(line[x], line[x + 1]), difference(line[x], below[x]));
 }
 
-/// The least steepness of an edge: well above that of the picture's noise.
+/// The minimum gradient of an edge, well above the picture's noise.
 int edgeThreshold(const QImage& picture)
 {
     std::array<qint64, 255 * channels + 1> histogram{};
     qint64 count = 0;
     for (int y = 0; y + 1 < picture.height(); y += 2) {
         for (int x = 0; x + 1 < picture.width(); x += 2) {
-            const int value = steepness(pixels(picture, y), pixels(picture, y + 1), x);
+            const int value = gradient(pixels(picture, y), pixels(picture, y + 1), x);
             ++histogram[static_cast<size_t>(value)];
             ++count;
         }
@@ -68,7 +67,7 @@ QImage edgesOf(const QImage& picture)
     for (int y = 0; y + 1 < picture.height(); ++y) {
         uchar* out = edges.scanLine(y);
         for (int x = 0; x + 1 < picture.width(); ++x) {
-            if (steepness(pixels(picture, y), pixels(picture, y + 1), x) >= threshold)
+            if (gradient(pixels(picture, y), pixels(picture, y + 1), x) >= threshold)
                 out[x] = edge;
         }
     }
@@ -82,7 +81,7 @@ bool isRule(const Component& component)
     return (height <= 4 && width > 16 * height) || (width <= 4 && height > 12 * width);
 }
 
-/// How much of each side of its box a component marks without a break.
+/// The lengths of a component's unbroken marks along the sides of its bounding box.
 struct Sides
 {
     int top = 0;
@@ -103,8 +102,8 @@ struct Sides
             ++right;
     }
 
-    /// Whether they look like the frame of a field or a panel, round corners allowed for. Square
-    /// ones of the size of a character may be one.
+    /// Whether they look like the frame of a field or a panel, possibly with rounded corners, and
+    /// not like a square character.
     [[nodiscard]] bool areFrame(const QSize& size) const
     {
         const bool mayBeCharacter = size.height() < 64 && size.width() * 5 < size.height() * 8;
@@ -114,8 +113,8 @@ struct Sides
     }
 };
 
-/// Which shapes are text as far as their form tells.
-std::vector<bool> writtenOnes(const ConnectedComponents& shapes)
+/// Which shapes may be text, judging by their form.
+std::vector<bool> textCandidates(const ConnectedComponents& shapes)
 {
     const std::vector<Component>& components = shapes.components();
     std::vector<Sides> sides(components.size());
@@ -123,34 +122,34 @@ std::vector<bool> writtenOnes(const ConnectedComponents& shapes)
         const auto i = static_cast<size_t>(run.component);
         sides[i].add(run, components[i].box);
     }
-    std::vector<bool> written(components.size(), true);
+    std::vector<bool> isCandidate(components.size(), true);
     for (size_t i = 0; i < components.size(); ++i) {
         const QRect& box = components[i].box;
-        if (box.height() > tallestText || isRule(components[i])) {
-            written[i] = false;
+        if (box.height() > maxTextHeight || isRule(components[i])) {
+            isCandidate[i] = false;
         } else if (sides[i].areFrame(box.size())) {
-            written[i] = std::ranges::none_of(components, [&](const Component& other) {
+            isCandidate[i] = std::ranges::none_of(components, [&](const Component& other) {
                 return &other != &components[i] && box.contains(other.box, true);
             });
         }
     }
-    return written;
+    return isCandidate;
 }
 
-/// What lies around a shape.
+/// The pixels around a shape.
 struct Surroundings
 {
-    QRgb ground = 0;    ///< the median color
-    bool isInk = false; ///< the shape is the inside of a character, such as that of an o
+    QRgb background = 0; ///< the median color
+    bool isInk = false;  ///< the shape is the inside of a character, such as an o
 };
 
-/// Looks at the edgeless pixels around `box`.
+/// Samples the pixels along the border of `box` that are not on an edge.
 Surroundings surroundingsOf(const QRect& box, const QImage& picture, const QImage& edges,
                             const QImage& marks)
 {
     std::array<std::vector<int>, channels> values;
     size_t marked = 0;
-    const auto look = [&](int x, int y) {
+    const auto sample = [&](int x, int y) {
         if (edges.constScanLine(y)[x] != noEdge)
             return;
         const QRgb pixel = pixels(picture, y)[x];
@@ -160,28 +159,28 @@ Surroundings surroundingsOf(const QRect& box, const QImage& picture, const QImag
         marked += marks.constScanLine(y)[x] != 0 ? 1 : 0;
     };
     for (int x = box.left(); x <= box.right(); ++x) {
-        look(x, box.top());
-        look(x, box.bottom());
+        sample(x, box.top());
+        sample(x, box.bottom());
     }
     for (int y = box.top(); y <= box.bottom(); ++y) {
-        look(box.left(), y);
-        look(box.right(), y);
+        sample(box.left(), y);
+        sample(box.right(), y);
     }
     if (values[0].empty())
-        return {.ground = pixels(picture, box.top())[box.left()]};
+        return {.background = pixels(picture, box.top())[box.left()]};
     const auto median = [](std::vector<int>& channel) {
         const auto middle = channel.begin() + static_cast<std::ptrdiff_t>(channel.size() / 2);
         std::ranges::nth_element(channel, middle);
         return *middle;
     };
-    return {.ground = qRgb(median(values[0]), median(values[1]), median(values[2])),
+    return {.background = qRgb(median(values[0]), median(values[1]), median(values[2])),
             .isInk = 2 * marked > values[0].size()};
 }
 
-/// Puts what `box` differs from its ground into the map, but for the barred edges of other shapes.
-void take(const QRect& box, const QImage& picture, const QImage& edges, InkMap& map)
+/// Adds the pixels in `box` that differ from their background to the map, except non-text edges.
+void addInk(const QRect& box, const QImage& picture, const QImage& edges, InkMap& map)
 {
-    const auto [ground, isInk] =
+    const auto [background, isInk] =
         surroundingsOf(box.adjusted(-2, -2, 2, 2) & picture.rect(), picture, edges, map.marks);
     if (isInk)
         return;
@@ -190,17 +189,17 @@ void take(const QRect& box, const QImage& picture, const QImage& edges, InkMap& 
     int contrast = 0;
     for (int y = area.top(); y <= area.bottom(); ++y) {
         for (int x = area.left(); x <= area.right(); ++x) {
-            if (edges.constScanLine(y)[x] != barredEdge)
-                contrast = std::max(contrast, difference(pixels(picture, y)[x], ground));
+            if (edges.constScanLine(y)[x] != nonTextEdge)
+                contrast = std::max(contrast, difference(pixels(picture, y)[x], background));
         }
     }
     for (int y = area.top(); y <= area.bottom(); ++y) {
         uchar* strength = map.strength.scanLine(y);
         uchar* marks = map.marks.scanLine(y);
         for (int x = area.left(); x <= area.right(); ++x) {
-            if (edges.constScanLine(y)[x] == barredEdge)
+            if (edges.constScanLine(y)[x] == nonTextEdge)
                 continue;
-            const int value = difference(pixels(picture, y)[x], ground);
+            const int value = difference(pixels(picture, y)[x], background);
             strength[x] = std::max(strength[x], static_cast<uchar>(value / channels));
             if (value * 5 >= contrast * 2)
                 marks[x] = 255;
@@ -219,21 +218,21 @@ InkMap inkOf(const QImage& picture)
 
     QImage edges = edgesOf(picture);
     const ConnectedComponents shapes(edges);
-    const std::vector<bool> written = writtenOnes(shapes);
+    const std::vector<bool> isCandidate = textCandidates(shapes);
     for (const ConnectedComponents::Run& run : shapes.runs()) {
-        if (!written[static_cast<size_t>(run.component)])
+        if (!isCandidate[static_cast<size_t>(run.component)])
             std::fill(edges.scanLine(run.y) + run.left, edges.scanLine(run.y) + run.right,
-                      barredEdge);
+                      nonTextEdge);
     }
     std::vector<QRect> boxes;
-    for (size_t i = 0; i < written.size(); ++i) {
-        if (written[i])
+    for (size_t i = 0; i < isCandidate.size(); ++i) {
+        if (isCandidate[i])
             boxes.push_back(shapes.components()[i].box);
     }
-    // What contains others comes before them.
+    // Enclosing boxes are processed before those they contain.
     std::ranges::sort(boxes, std::ranges::greater(), &QRect::height);
     for (const QRect& box : boxes)
-        take(box, picture, edges, map);
+        addInk(box, picture, edges, map);
     return map;
 }
 

@@ -4,20 +4,20 @@
 
 namespace driftbox {
 
-/// What is written in a picture, freed of the grounds on which it is written.
+/// The text of a picture, separated from its background.
 ///
-/// A ground may be light or dark, and a picture may have many: panels, buttons, selected rows.
-/// Rules, frames and large shapes are left out.
+/// A picture may have many backgrounds, light and dark: panels, buttons, selected rows. Rules,
+/// frames and large shapes are excluded.
 struct InkMap
 {
-    /// Grayscale8: how much a pixel differs from the ground around it; 0 where nothing is written.
+    /// Format_Grayscale8: a pixel's difference from the background around it; 0 if it is not ink.
     QImage strength;
 
-    /// Grayscale8: 255 where a pixel belongs to a mark, else 0.
+    /// Format_Grayscale8: 255 if a pixel belongs to a mark, else 0.
     QImage marks;
 };
 
-/// The ink of `picture`, which is opaque and of the format RGB32. Of the same size.
+/// The ink map of `picture`, which must be opaque (Format_RGB32); of the same size.
 [[nodiscard]] InkMap inkOf(const QImage& picture);
 
 } // namespace driftbox

@@ -7,12 +7,12 @@ namespace driftbox {
 
 namespace {
 
-constexpr double textHeight = 40; // pixels; the recognizer's own lines are 36 high
-constexpr double maxEnlarged = 4;
-constexpr int marginShare = 5; // of the height
-constexpr int minMargin = 2;   // pixels
+constexpr double textHeight = 40; // pixels; Tesseract scales lines to a height of 36
+constexpr double maxScale = 4;
+constexpr int marginDivisor = 5; // of the height
+constexpr int minMargin = 2;     // pixels
 
-/// The strength of full ink: nearly the strongest, so that a few odd pixels do not matter.
+/// The strength of full ink: a high percentile, so that a few outliers do not matter.
 int fullStrength(const InkMap& ink, const QRect& box)
 {
     std::array<int, 256> histogram{};
@@ -39,7 +39,7 @@ QImage lineImage(const InkMap& ink, const QRect& box)
 {
     const QRect area = box.adjusted(-1, -1, 1, 1) & ink.strength.rect();
     const int full = fullStrength(ink, area);
-    const int margin = std::max(minMargin, box.height() / marginShare);
+    const int margin = std::max(minMargin, box.height() / marginDivisor);
     QImage line(area.size() + QSize(2 * margin, 2 * margin), QImage::Format_Grayscale8);
     line.fill(Qt::white);
     for (int y = 0; y < area.height(); ++y) {
@@ -48,7 +48,7 @@ QImage lineImage(const InkMap& ink, const QRect& box)
         for (int x = 0; x < area.width(); ++x)
             out[x] = static_cast<uchar>(255 - std::min(255, strength[x] * 255 / full));
     }
-    const double scale = std::min(textHeight / box.height(), maxEnlarged);
+    const double scale = std::min(textHeight / box.height(), maxScale);
     return line.scaled((QSizeF(line.size()) * scale).toSize().expandedTo(QSize(1, 1)),
                        Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }

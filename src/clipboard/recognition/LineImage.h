@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// The piece of text in `box` as a recognizer reads it best: black on white (Grayscale8), of full
-/// contrast, of one size whatever the size in the picture, and with a margin.
+/// Renders the piece of text in `box` for the recognizer: black on white (Format_Grayscale8), with
+/// full contrast and a margin, scaled to a fixed text height.
 [[nodiscard]] QImage lineImage(const InkMap& ink, const QRect& box);
 
 } // namespace driftbox

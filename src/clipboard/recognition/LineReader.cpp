@@ -11,7 +11,7 @@ namespace driftbox {
 
 namespace {
 
-// Of print of the size to which lines are scaled; Tesseract guesses when it is not told.
+// The resolution of print with the height that lines are scaled to; Tesseract would guess it.
 constexpr int dotsPerInch = 200;
 
 std::vector<Reading::Word> wordsOf(tesseract::TessBaseAPI& api)
@@ -36,7 +36,7 @@ std::vector<Reading::Word> wordsOf(tesseract::TessBaseAPI& api)
                            .box = QRect(left, top, right - left, bottom - top),
                            .confidence = static_cast<int>(it->Confidence(tesseract::RIL_WORD))};
         const qsizetype begin = std::max(end, whole.indexOf(word.text, end));
-        word.isAfterBlank = begin > end;
+        word.isAfterSpace = begin > end;
         end = begin + word.text.size();
         words.push_back(std::move(word));
     } while (it->Next(tesseract::RIL_WORD));
@@ -49,7 +49,7 @@ QString Reading::text() const
 {
     QString text;
     for (const Word& word : words) {
-        if (word.isAfterBlank)
+        if (word.isAfterSpace)
             text += u' ';
         text += word.text;
     }

@@ -15,15 +15,15 @@ namespace driftbox {
 
 class ReadingLimit;
 
-/// What one language makes of one line. Confidences run from 0 to 100.
+/// The reading of a line in one language. Confidences range from 0 to 100.
 struct Reading
 {
     struct Word
     {
         QString text;
-        QRect box; ///< in the picture of the line
+        QRect box; ///< in pixels of the line's picture
         int confidence = 0;
-        bool isAfterBlank = false;
+        bool isAfterSpace = false;
     };
 
     QString language;
@@ -33,8 +33,8 @@ struct Reading
     [[nodiscard]] QString text() const;
 };
 
-/// Reads pictures of single lines with Tesseract. Loads a language when it is first wanted and
-/// keeps it. One thread at a time.
+/// Reads pictures of single lines with Tesseract. A language is loaded when it is first needed and
+/// stays loaded. Not thread-safe.
 class LineReader
 {
 public:
@@ -42,8 +42,8 @@ public:
     ~LineReader();
     Q_DISABLE_COPY_MOVE(LineReader)
 
-    /// `line` has the format Grayscale8, black on white. A language that cannot be loaded and a
-    /// limit that is reached give a reading without text.
+    /// `line` is black on white (Format_Grayscale8). The reading is empty if the language cannot be
+    /// loaded or the limit is reached.
     [[nodiscard]] Reading read(const QImage& line, const QString& language,
                                const ReadingLimit& limit);
 

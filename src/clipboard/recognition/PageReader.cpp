@@ -18,9 +18,9 @@ namespace driftbox {
 namespace {
 
 constexpr size_t sampleCount = 6;
-constexpr int sampleLength = 24; // heights
+constexpr int maxSampleLength = 24; // times the height
 constexpr int minSampleLength = 3;
-constexpr size_t manyPieces = 30;
+constexpr size_t minNoisePieces = 30;
 constexpr qsizetype minWordLength = 3;
 
 /// Reads the pieces of one page.
@@ -51,23 +51,23 @@ public:
     }
 
 private:
-    /// Finds out by a few pieces what the page is written in. The languages with an alphabet are
-    /// asked first: they are quick, and never sure of what is written in another script.
+    /// Determines the page's languages from a few samples. Alphabetic languages are tried first:
+    /// they are fast, and never confident about text in another script.
     void chooseLanguages()
     {
         const std::vector<QImage> samples = sampleImages();
         QStringList alphabetic;
-        QStringList eastern;
+        QStringList eastAsian;
         for (const QString& language : m_languages)
-            (isEastAsian(language) ? eastern : alphabetic).push_back(language);
+            (isEastAsian(language) ? eastAsian : alphabetic).push_back(language);
 
         std::vector<SampleReadings> readings = readSamples(samples, alphabetic);
-        const bool mayBeEastern = !explainAll(readings);
-        if (mayBeEastern)
-            std::ranges::move(readSamples(samples, eastern), std::back_inserter(readings));
+        const bool mayBeEastAsian = !explainAll(readings);
+        if (mayBeEastAsian)
+            std::ranges::move(readSamples(samples, eastAsian), std::back_inserter(readings));
         m_choice = languagesOf(std::move(readings));
-        if (!mayBeEastern)
-            m_choice.unlikely += eastern;
+        if (!mayBeEastAsian)
+            m_choice.unlikely += eastAsian;
     }
 
     [[nodiscard]] std::vector<SampleReadings> readSamples(const std::vector<QImage>& samples,
@@ -98,16 +98,16 @@ private:
         const size_t count = std::min(sampleCount, candidates.size());
         for (size_t i = 0; i < count; ++i) {
             QRect piece = candidates[(2 * i + 1) * candidates.size() / (2 * count)];
-            piece.setWidth(std::min(piece.width(), sampleLength * piece.height()));
+            piece.setWidth(std::min(piece.width(), maxSampleLength * piece.height()));
             images.push_back(lineImage(m_ink, piece));
         }
         return images;
     }
 
-    /// Among many specks some look like letters, but hardly any like a word.
+    /// Some of many specks may look like letters, but hardly any like a word.
     static bool isNoise(const std::vector<PieceReading>& readings)
     {
-        return readings.size() >= manyPieces &&
+        return readings.size() >= minNoisePieces &&
                std::ranges::none_of(readings, [](const PieceReading& reading) {
                    return reading.confidence >= sureConfidence &&
                           reading.text.size() >= minWordLength;

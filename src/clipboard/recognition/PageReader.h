@@ -8,12 +8,11 @@ namespace driftbox {
 
 class ReadingLimit;
 
-/// The text in `picture`, which is opaque and of the format RGB32; empty when there is none or the
-/// limit is reached.
+/// The text in `picture`, which must be opaque (Format_RGB32); empty if there is none or the limit
+/// is reached.
 ///
-/// A picture may be written in several of the `languages`. Each line is read in the one whose
-/// reading is the surest; of equally sure ones in the first. Works on threads of its own
-/// while the caller waits.
+/// A picture may contain several of the `languages`. Each line is read in the one with the highest
+/// confidence; among equals, in the first. Works on its own threads and blocks until they are done.
 [[nodiscard]] QString readPage(const QImage& picture, const QStringList& languages,
                                const ReadingLimit& limit);
 

@@ -15,9 +15,10 @@ namespace {
 using Word = Reading::Word;
 using Words = std::span<const Word>;
 
-constexpr int pieceMarginShare = 12; // of the height; Tesseract takes a wide margin for characters
+// Of the height; Tesseract finds characters in wider margins.
+constexpr int pieceMarginDivisor = 12;
 
-constexpr int blankShare = 8; // of the height is a blank at least
+constexpr int minSpaceDivisor = 8; // of the height
 
 bool isForeign(const Word& word)
 {
@@ -47,7 +48,7 @@ public:
         const auto alphabetic = firstAlphabetic(languages);
         if (isEastAsian(m_best.language) && alphabetic) {
             if (std::ranges::all_of(m_best.words, isForeign))
-                preferIn(*alphabetic);
+                preferReadingIn(*alphabetic);
             else
                 rereadForeignWords(*alphabetic);
         }
@@ -74,31 +75,31 @@ private:
         }
     }
 
-    /// The eastern languages read Latin letters too, but not as well as they think.
-    void preferIn(const QString& alphabetic)
+    /// The East Asian languages read Latin letters too, but with too much confidence.
+    void preferReadingIn(const QString& alphabetic)
     {
         Reading reading = m_reader.read(m_image, alphabetic, m_limit);
         if (reading.confidence + likelinessMargin >= m_best.confidence)
             m_best = std::move(reading);
     }
 
-    /// Where the script changes the eastern languages overlook blanks.
-    void findBlanks(const ColumnGaps& gaps)
+    /// The East Asian languages miss spaces where the script changes.
+    void findSpaces(const ColumnGaps& gaps)
     {
         std::vector<Word>& words = m_best.words;
         for (size_t i = 1; i < words.size(); ++i) {
             if (isForeign(words[i]) != isForeign(words[i - 1]) &&
                 words[i - 1].text.back().isLetterOrNumber() &&
-                gaps.before(words[i].box.left()).width() * blankShare >= m_image.height())
-                words[i].isAfterBlank = true;
+                gaps.before(words[i].box.left()).width() * minSpaceDivisor >= m_image.height())
+                words[i].isAfterSpace = true;
         }
     }
 
-    /// Reads the words that stand in an eastern line in another script anew, on their own.
+    /// Rereads the words of an East Asian line that are in another script, separately.
     void rereadForeignWords(const QString& alphabetic)
     {
         const ColumnGaps gaps(m_image);
-        findBlanks(gaps);
+        findSpaces(gaps);
         const std::vector<Word> words = std::exchange(m_best.words, {});
         for (auto first = words.begin(); first != words.end();) {
             const auto last = std::find_if_not(first, words.end(), isForeign);
@@ -109,7 +110,7 @@ private:
             const int left = first == words.begin() ? 0 : gaps.before(first->box.left()).end;
             const int right =
                 last == words.end() ? m_image.width() : gaps.before(last->box.left()).begin;
-            addBetter({first, last}, readBetween(left, right, alphabetic));
+            appendBetter({first, last}, readBetween(left, right, alphabetic));
             first = last;
         }
     }
@@ -118,7 +119,7 @@ private:
     {
         if (left >= right)
             return {};
-        const int margin = m_image.height() / pieceMarginShare;
+        const int margin = m_image.height() / pieceMarginDivisor;
         const QRect part(left, 0, right - left, m_image.height());
         QImage image(part.size() + QSize(2 * margin, 0), m_image.format());
         image.fill(Qt::white);
@@ -127,13 +128,13 @@ private:
         return m_reader.read(image, language, m_limit);
     }
 
-    void addBetter(Words words, const Reading& reading)
+    void appendBetter(Words words, const Reading& reading)
     {
         const bool isBetter = !reading.words.empty() &&
                               reading.confidence + likelinessMargin >= minConfidenceOf(words);
         const Words better = isBetter ? Words(reading.words) : words;
         m_best.words.insert(m_best.words.end(), better.begin(), better.end());
-        m_best.words[m_best.words.size() - better.size()].isAfterBlank = words[0].isAfterBlank;
+        m_best.words[m_best.words.size() - better.size()].isAfterSpace = words[0].isAfterSpace;
     }
 
     const QImage& m_image;

@@ -7,11 +7,11 @@ namespace driftbox {
 
 struct PieceReading
 {
-    QString text; ///< empty when the piece is no text, or the limit is reached
+    QString text; ///< empty if the piece is not text or the limit is reached
     int confidence = 0;
 };
 
-/// Reads one piece, whose picture is `image`, in the best of the page's languages.
+/// Reads one piece, given as `image`, in the page language that suits it best.
 [[nodiscard]] PieceReading readPiece(const QImage& image, const LanguageChoice& languages,
                                      LineReader& reader, const ReadingLimit& limit);
 

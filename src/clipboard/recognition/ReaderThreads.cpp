@@ -27,7 +27,7 @@ void ReaderThreads::run(size_t count, const Task& task)
         if (threads.size() == count)
             break;
         threads.emplace_back([&] {
-            // Tesseract's own threads are slower than none on pictures as small as lines.
+            // For pictures as small as lines, Tesseract's own threads slow it down.
             omp_set_max_active_levels(0);
             for (size_t i = next++; i < count; i = next++)
                 task(reader, i);

@@ -7,8 +7,8 @@
 
 namespace driftbox {
 
-/// A few threads that read lines, each with a reader of its own. Their priority is the usual one:
-/// with a low one a few lines take more than the time limit while the machine is busy.
+/// A few threads that read lines, each with its own reader. They run at normal priority: at a low
+/// one, a few lines would exceed the time limit while the machine is busy.
 class ReaderThreads
 {
 public:
@@ -16,8 +16,8 @@ public:
 
     ReaderThreads();
 
-    /// Calls `task` once for every index below `count`, on several threads at a time, and returns
-    /// when all are done.
+    /// Calls `task` once for every index below `count`, concurrently, and blocks until all calls
+    /// have returned.
     void run(size_t count, const Task& task);
 
 private:

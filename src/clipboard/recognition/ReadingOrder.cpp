@@ -10,55 +10,54 @@ namespace {
 
 using Pieces = std::vector<QRect>;
 
-/// An empty strip across a region.
+/// An empty strip through a region.
 struct Gap
 {
     int width = 0;
     int position = 0; ///< its first pixel
 };
 
-/// Of a direction across the page: where a piece begins and ends.
-struct Direction
+/// The accessors of a piece's extent along one axis.
+struct Axis
 {
     int (QRect::*begin)() const;
     int (QRect::*end)() const;
 };
 
-constexpr Direction across{&QRect::left, &QRect::right};
-constexpr Direction down{&QRect::top, &QRect::bottom};
+constexpr Axis horizontal{&QRect::left, &QRect::right};
+constexpr Axis vertical{&QRect::top, &QRect::bottom};
 
-std::vector<Gap> gaps(Pieces pieces, const Direction& direction)
+std::vector<Gap> gaps(Pieces pieces, const Axis& axis)
 {
-    std::ranges::sort(pieces, {}, direction.begin);
+    std::ranges::sort(pieces, {}, axis.begin);
     std::vector<Gap> found;
-    int end = (pieces.front().*direction.end)();
+    int end = (pieces.front().*axis.end)();
     for (const QRect& piece : pieces) {
-        const int begin = (piece.*direction.begin)();
+        const int begin = (piece.*axis.begin)();
         if (begin > end + 1)
             found.push_back({.width = begin - end - 1, .position = end + 1});
-        end = std::max(end, (piece.*direction.end)());
+        end = std::max(end, (piece.*axis.end)());
     }
     return found;
 }
 
-/// The parts of `pieces` between the gaps, in their order.
-std::vector<Pieces> cutAtAll(const std::vector<Gap>& gaps, const Pieces& pieces,
-                             const Direction& direction)
+/// The groups of `pieces` between the gaps, in order.
+std::vector<Pieces> cutAtAll(const std::vector<Gap>& gaps, const Pieces& pieces, const Axis& axis)
 {
     std::vector<Pieces> parts(gaps.size() + 1);
     for (const QRect& piece : pieces) {
-        const int begin = (piece.*direction.begin)();
+        const int begin = (piece.*axis.begin)();
         const auto next = std::ranges::upper_bound(gaps, begin, {}, &Gap::position);
         parts[static_cast<size_t>(next - gaps.begin())].push_back(piece);
     }
     return parts;
 }
 
-std::pair<Pieces, Pieces> cutAt(const Gap& gap, const Pieces& pieces, const Direction& direction)
+std::pair<Pieces, Pieces> cutAt(const Gap& gap, const Pieces& pieces, const Axis& axis)
 {
     std::pair<Pieces, Pieces> parts;
     for (const QRect& piece : pieces)
-        ((piece.*direction.begin)() < gap.position ? parts.first : parts.second).push_back(piece);
+        ((piece.*axis.begin)() < gap.position ? parts.first : parts.second).push_back(piece);
     return parts;
 }
 
@@ -80,26 +79,27 @@ int meanWidth(const Pieces& pieces)
     return sum / static_cast<int>(pieces.size());
 }
 
-bool onOneRow(const QRect& a, const QRect& b)
+bool isSameRow(const QRect& a, const QRect& b)
 {
     const int overlap = std::min(a.bottom(), b.bottom()) - std::max(a.top(), b.top()) + 1;
     return overlap * 2 > std::min(a.height(), b.height());
 }
 
-/// Whether the two sides are read row by row: the pieces of one have their neighbors on the other,
+/// Whether the two columns are read row by row: the pieces of one have counterparts in the other,
 /// and they are too short to be lines of running text.
 bool isTable(const Pieces& left, const Pieces& right)
 {
-    const bool leftIsSmaller = left.size() < right.size();
-    const Pieces& fewer = leftIsSmaller ? left : right;
-    const Pieces& more = leftIsSmaller ? right : left;
+    const bool isLeftSmaller = left.size() < right.size();
+    const Pieces& fewer = isLeftSmaller ? left : right;
+    const Pieces& more = isLeftSmaller ? right : left;
     const auto paired = std::ranges::count_if(fewer, [&](const QRect& piece) {
         return std::ranges::any_of(more,
-                                   [&](const QRect& other) { return onOneRow(piece, other); });
+                                   [&](const QRect& other) { return isSameRow(piece, other); });
     });
-    constexpr int runningText = 16; // heights
+    constexpr int minRunningTextLength = 16; // times the height
     const int shorter = std::min(meanWidth(left), meanWidth(right));
-    return paired * 5 >= std::ssize(fewer) * 4 && shorter < runningText * medianHeight(fewer);
+    return paired * 5 >= std::ssize(fewer) * 4 &&
+           shorter < minRunningTextLength * medianHeight(fewer);
 }
 
 std::optional<Gap> widest(const std::vector<Gap>& all)
@@ -108,15 +108,15 @@ std::optional<Gap> widest(const std::vector<Gap>& all)
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
-/// The widest gap between two columns, each of two lines at least.
+/// The widest gap between two columns of at least two lines each.
 std::optional<Gap> columnGap(const Pieces& pieces)
 {
     std::vector<Gap> possible;
-    const int least = medianHeight(pieces) * 6 / 5;
-    for (const Gap& gap : gaps(pieces, across)) {
-        if (gap.width < least)
+    const int minWidth = medianHeight(pieces) * 6 / 5;
+    for (const Gap& gap : gaps(pieces, horizontal)) {
+        if (gap.width < minWidth)
             continue;
-        const auto [left, right] = cutAt(gap, pieces, across);
+        const auto [left, right] = cutAt(gap, pieces, horizontal);
         if (left.size() > 1 && right.size() > 1 && !isTable(left, right))
             possible.push_back(gap);
     }
@@ -130,7 +130,7 @@ void addRows(Pieces pieces, std::vector<TextLine>& lines)
     for (const QRect& piece : pieces) {
         const bool isNext =
             std::ssize(lines) > first && std::ranges::any_of(lines.back(), [&](const QRect& other) {
-                return onOneRow(piece, other);
+                return isSameRow(piece, other);
             });
         if (!isNext)
             lines.emplace_back();
@@ -140,12 +140,12 @@ void addRows(Pieces pieces, std::vector<TextLine>& lines)
         std::ranges::sort(*line, {}, &QRect::left);
 }
 
-/// The widest of the gaps between rows, with those that are as wide.
+/// The gaps between rows that are about as wide as the widest.
 std::vector<Gap> rowGaps(const Pieces& pieces)
 {
-    std::vector<Gap> found = gaps(pieces, down);
-    if (const auto most = widest(found))
-        std::erase_if(found, [&](const Gap& gap) { return 10 * gap.width < 9 * most->width; });
+    std::vector<Gap> found = gaps(pieces, vertical);
+    if (const auto max = widest(found))
+        std::erase_if(found, [&](const Gap& gap) { return 10 * gap.width < 9 * max->width; });
     return found;
 }
 
@@ -154,11 +154,11 @@ void addInOrder(const Pieces& pieces, std::vector<TextLine>& lines)
     const std::vector<Gap> rows = rowGaps(pieces);
     const std::optional<Gap> column = columnGap(pieces);
     if (column && (rows.empty() || column->width >= widest(rows)->width)) {
-        const auto [left, right] = cutAt(*column, pieces, across);
+        const auto [left, right] = cutAt(*column, pieces, horizontal);
         addInOrder(left, lines);
         addInOrder(right, lines);
     } else if (!rows.empty()) {
-        for (const Pieces& part : cutAtAll(rows, pieces, down))
+        for (const Pieces& part : cutAtAll(rows, pieces, vertical))
             addInOrder(part, lines);
     } else {
         addRows(pieces, lines);

@@ -24,17 +24,17 @@ bool isUnspacedLetter(QChar character)
 
 bool isEastAsianLetter(QChar character)
 {
-    // Parts of syllables do not stand alone but where other letters are taken for them.
-    const bool isPart = character.unicode() >= 0x3131 && character.unicode() <= 0x318e;
-    return isUnspacedLetter(character) || (character.script() == QChar::Script_Hangul && !isPart);
+    // A lone jamo is a misread letter of another script.
+    const bool isJamo = character.unicode() >= 0x3131 && character.unicode() <= 0x318e;
+    return isUnspacedLetter(character) || (character.script() == QChar::Script_Hangul && !isJamo);
 }
 
-/// What the character at `index` is in a line without blanks between words.
-QChar wideSign(const QString& line, qsizetype index)
+/// The character at `index`, corrected for text written without spaces.
+QChar corrected(const QString& line, qsizetype index)
 {
     if (line[index] == u',')
         return wideComma;
-    // The small circle in the middle of its square, as in Taiwan.
+    // The full stop used in Taiwan, a small centered circle, is misread as an equals sign.
     if (line[index] == u'=' && index + 1 == line.size())
         return fullStop;
     return line[index];
@@ -70,9 +70,9 @@ QString tidied(const QString& text)
     QString result;
     for (qsizetype i = 0; i < spaced.size(); ++i) {
         const bool isAfterUnspaced = !result.isEmpty() && isUnspaced(result.back());
-        if (isAfterUnspaced && spaced[i] == u' ' && isUnspaced(wideSign(spaced, i + 1)))
+        if (isAfterUnspaced && spaced[i] == u' ' && isUnspaced(corrected(spaced, i + 1)))
             continue;
-        result += isAfterUnspaced ? wideSign(spaced, i) : spaced[i];
+        result += isAfterUnspaced ? corrected(spaced, i) : spaced[i];
     }
     return result;
 }

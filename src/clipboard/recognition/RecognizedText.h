@@ -4,17 +4,17 @@
 
 namespace driftbox {
 
-/// Whether `character` is written without blanks between words: Han, kana and their punctuation.
+/// Whether `character` belongs to writing without spaces: Han, kana and their punctuation.
 [[nodiscard]] bool isUnspaced(QChar character);
 
-/// Whether most letters and digits of `text`, and one at least, are of other scripts.
+/// Whether most letters and digits of `text`, and at least one, are not East Asian.
 [[nodiscard]] bool isAlphabetic(const QString& text);
 
-/// Whether Tesseract's language `name` is Chinese, Japanese or Korean.
+/// Whether `name` is one of Tesseract's names for Chinese, Japanese or Korean.
 [[nodiscard]] bool isEastAsian(const QString& name);
 
-/// The line `text` as a person would type it: no blanks at its ends, none between characters that
-/// are written without, and after these the comma and the full stop that go with them.
+/// Cleans up a recognized line: removes spaces at its ends and between unspaced characters, and
+/// corrects the comma and the full stop that follow such characters.
 [[nodiscard]] QString tidied(const QString& text);
 
 } // namespace driftbox

@@ -13,8 +13,8 @@ namespace {
 
 constexpr int minHeight = 4;         // pixels, of a mark that can start a piece
 constexpr int bandHeight = 16;       // pixels
-constexpr size_t maxMarks = 300'000; // a large screen full of dense text has a third of it
-constexpr size_t maxPieces = 6'000;  // a large screen full of small cells has half of it
+constexpr size_t maxMarks = 300'000; // a large screen full of dense text has about 100,000
+constexpr size_t maxPieces = 6'000;  // a large screen full of small cells has about 3,000
 
 int gapBetween(const QRect& left, const QRect& right)
 {
@@ -39,11 +39,11 @@ public:
 
     [[nodiscard]] const QRect& box() const { return m_box; }
 
-    /// The widest gap that a piece of this height bridges.
-    [[nodiscard]] int reach() const { return m_height; }
+    /// The maximum gap that a piece of this height bridges.
+    [[nodiscard]] int maxGap() const { return m_height; }
 
-    /// The rows in which the next mark is to stand: those of the last few marks, so that a line
-    /// may lean.
+    /// The rows in which the next mark is expected: those of the last few marks, because a line may
+    /// be skewed.
     [[nodiscard]] QRect tail() const
     {
         QRect tail;
@@ -52,17 +52,17 @@ public:
         return tail;
     }
 
-    [[nodiscard]] bool takes(const QRect& mark) const
+    [[nodiscard]] bool accepts(const QRect& mark) const
     {
         const int slack = 2 * mark.height() <= m_height ? m_height / 4 : 0;
         const QRect rows = tail().adjusted(0, -slack, 0, slack);
         const int smaller = std::min(rows.height(), mark.height());
         return 2 * verticalOverlap(rows, mark) >= smaller &&
-               gapBetween(m_box, mark) <= std::max(reach(), mark.height()) &&
+               gapBetween(m_box, mark) <= std::max(maxGap(), mark.height()) &&
                mark.height() * 2 <= m_height * 5;
     }
 
-    [[nodiscard]] bool takesSmall(const QRect& mark) const
+    [[nodiscard]] bool acceptsSmall(const QRect& mark) const
     {
         const int slack = m_height / 4;
         const QRect rows = m_box.adjusted(-m_height, -slack, m_height * 3 / 4, slack);
@@ -89,7 +89,7 @@ private:
     std::vector<QRect> m_tail;
 };
 
-/// Finds the pieces near a row without looking at all of them.
+/// A spatial index of the pieces by row.
 class PiecesByRow
 {
 public:
@@ -128,7 +128,7 @@ public:
     /// `marks` from left to right.
     std::vector<QRect> find(std::span<const QRect> marks)
     {
-        std::vector<QRect> early; // small ones that stand left of their piece
+        std::vector<QRect> early; // small marks to the left of their piece
         for (const QRect& mark : marks) {
             if (mark.height() >= minHeight)
                 addToNearest(mark);
@@ -150,10 +150,10 @@ private:
         for (int y = mark.top() / bandHeight; y <= mark.bottom() / bandHeight; ++y) {
             auto& band = m_index.bandAt(y * bandHeight);
             std::erase_if(band, [&](size_t i) {
-                return gapBetween(m_pieces[i].box(), mark) > bandHeight + 8 * m_pieces[i].reach();
+                return gapBetween(m_pieces[i].box(), mark) > bandHeight + 8 * m_pieces[i].maxGap();
             });
             for (const size_t i : band) {
-                if (m_pieces[i].takes(mark) &&
+                if (m_pieces[i].accepts(mark) &&
                     (!nearest || verticalOverlap(m_pieces[i].tail(), mark) >
                                      verticalOverlap(m_pieces[*nearest].tail(), mark)))
                     nearest = i;
@@ -171,7 +171,7 @@ private:
     bool addSmall(const QRect& mark)
     {
         for (const size_t i : m_index.bandAt(mark.center().y())) {
-            if (m_pieces[i].takesSmall(mark)) {
+            if (m_pieces[i].acceptsSmall(mark)) {
                 m_pieces[i].addSmall(mark);
                 return true;
             }
@@ -183,7 +183,7 @@ private:
     std::vector<GrowingPiece> m_pieces;
 };
 
-/// Whether two pieces are one: on one row, and no wide gap between them.
+/// Whether two pieces are in the same row without a wide gap between them.
 bool belongTogether(const QRect& a, const QRect& b)
 {
     if (2 * verticalOverlap(a, b) <= std::min(a.height(), b.height()))
@@ -192,22 +192,22 @@ bool belongTogether(const QRect& a, const QRect& b)
     return gap <= std::max(a.height(), b.height());
 }
 
-/// Joins the pieces that met only as they grew.
+/// Joins pieces that became neighbors only as they grew.
 std::vector<QRect> joined(std::vector<QRect> boxes)
 {
     size_t before = 0;
     do {
         before = boxes.size();
-        std::vector<QRect> apart;
+        std::vector<QRect> separate;
         for (const QRect& box : boxes) {
             const auto other = std::ranges::find_if(
-                apart, [&](const QRect& piece) { return belongTogether(piece, box); });
-            if (other == apart.end())
-                apart.push_back(box);
+                separate, [&](const QRect& piece) { return belongTogether(piece, box); });
+            if (other == separate.end())
+                separate.push_back(box);
             else
                 *other |= box;
         }
-        boxes = std::move(apart);
+        boxes = std::move(separate);
     } while (boxes.size() < before);
     return boxes;
 }

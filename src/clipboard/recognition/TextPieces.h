@@ -7,9 +7,9 @@
 
 namespace driftbox {
 
-/// The boxes of the pieces of text in `marks` (of an `InkMap`), in no order. A piece is a run of
-/// characters without a wide gap: a line of a paragraph, a cell of a table, a label. Marks that
-/// cannot be text and pictures that are mere noise give none.
+/// The bounding boxes of the pieces of text in `marks` (of an `InkMap`), in no particular order. A
+/// piece is a run of characters without a wide gap: a line of a paragraph, a table cell, a label.
+/// Marks that cannot be text are ignored; a picture that is mere noise has no pieces.
 [[nodiscard]] std::vector<QRect> textPieces(const QImage& marks);
 
 } // namespace driftbox

@@ -26,9 +26,9 @@ ClipboardFooter::ClipboardFooter(ClipboardViewModel& viewModel, QWidget* parent)
     , m_pinned(addCount())
 {
     m_pinned->setContentsMargins(Symbols::extent(symbolSize) + symbolSpacing, 0, 0, 0);
-    QSizePolicy keepsItsPlace = m_pinned->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    m_pinned->setSizePolicy(keepsItsPlace);
+    QSizePolicy policy = m_pinned->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_pinned->setSizePolicy(policy);
 
     connect(&button(), &QAbstractButton::clicked, &viewModel, &ClipboardViewModel::clearUnpinned);
     connect(&viewModel, &ClipboardViewModel::itemsChanged, this, &ClipboardFooter::showCounts);

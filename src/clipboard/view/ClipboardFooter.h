@@ -6,8 +6,8 @@ namespace driftbox {
 
 class ClipboardViewModel;
 
-/// The bottom of the clipboard's page: how many items there are, how many are pinned, and a button
-/// that clears the others.
+/// The footer of the clipboard page: the total number of items, the number of pinned ones, and a
+/// button that clears the others.
 class ClipboardFooter final : public PageFooter
 {
     Q_OBJECT

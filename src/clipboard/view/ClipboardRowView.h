@@ -11,15 +11,15 @@ namespace driftbox {
 class ClipboardListModel;
 class RowLayout;
 
-/// A row of the history: its text or its picture, when it was captured, the pin, and the actions
-/// that show while the row has the pointer or is selected.
+/// A row of the history: its text or picture, the capture time, the pin, and the actions that are
+/// shown while the row is hovered or selected.
 class ClipboardRowView final : public RowDelegate
 {
 public:
     /// Both arguments must outlive this.
     ClipboardRowView(const ClipboardListModel& rows, ClipboardRowActions& actions);
 
-    /// How far busy indicators are turned, in degrees.
+    /// The rotation of busy indicators, in degrees.
     void setBusyAngle(int degrees) { m_busyAngle = degrees; }
 
     [[nodiscard]] int heightOfRow(int row) const override;
@@ -44,7 +44,7 @@ private:
     const ClipboardListModel& m_rows;
     ClipboardRowActions& m_actions;
     int m_busyAngle = 0;
-    mutable QCache<ClipboardItemId, PreviewText> m_previews; ///< of the rows seen last
+    mutable QCache<ClipboardItemId, PreviewText> m_previews; ///< of recently painted rows
 };
 
 } // namespace driftbox

@@ -6,7 +6,7 @@
 
 using namespace driftbox;
 using namespace Qt::StringLiterals;
-using Places = ClipboardSearch::Places;
+using Indices = ClipboardSearch::Indices;
 
 namespace {
 
@@ -31,7 +31,7 @@ private Q_SLOTS:
         items.push_back({.kind = ClipboardItem::Kind::image, .textContent = u"one"_s});
         items.push_back({.textContent = std::nullopt});
         ClipboardSearch search;
-        QVERIFY(search.find(items, u"ONE"_s) == Places({0, 2}));
+        QVERIFY(search.find(items, u"ONE"_s) == Indices({0, 2}));
         QVERIFY(search.find(items, u"three"_s).empty());
     }
 
@@ -39,13 +39,13 @@ private Q_SLOTS:
     {
         const auto items = texts({u"a"_s, u"ab"_s, u"abc"_s, u"b"_s, u"cab"_s});
         ClipboardSearch search;
-        QVERIFY(search.find(items, u"a"_s) == Places({0, 1, 2, 4}));
-        QVERIFY(search.find(items, u"ab"_s) == Places({1, 2, 4}));
-        QVERIFY(search.find(items, u"abc"_s) == Places({2}));
-        QVERIFY(search.find(items, u"ab"_s) == Places({1, 2, 4}));
-        QVERIFY(search.find(items, u"b"_s) == Places({1, 2, 3, 4}));
-        QVERIFY(search.find(items, u"cab"_s) == Places({4}));
-        QVERIFY(search.find(items, u"c"_s) == Places({2, 4}));
+        QVERIFY(search.find(items, u"a"_s) == Indices({0, 1, 2, 4}));
+        QVERIFY(search.find(items, u"ab"_s) == Indices({1, 2, 4}));
+        QVERIFY(search.find(items, u"abc"_s) == Indices({2}));
+        QVERIFY(search.find(items, u"ab"_s) == Indices({1, 2, 4}));
+        QVERIFY(search.find(items, u"b"_s) == Indices({1, 2, 3, 4}));
+        QVERIFY(search.find(items, u"cab"_s) == Indices({4}));
+        QVERIFY(search.find(items, u"c"_s) == Indices({2, 4}));
     }
 
     void anEarlierQueryIsNotSearchedForAgain()
@@ -55,9 +55,9 @@ private Q_SLOTS:
         (void)search.find(items, u"a"_s);
         (void)search.find(items, u"ab"_s);
         items[0].textContent = u"unlike before"_s; // as nobody may do: it shows what is looked at
-        QVERIFY(search.find(items, u"a"_s) == Places({0, 1}));
-        search.forget();
-        QVERIFY(search.find(items, u"b"_s) == Places({0, 1}));
+        QVERIFY(search.find(items, u"a"_s) == Indices({0, 1}));
+        search.reset();
+        QVERIFY(search.find(items, u"b"_s) == Indices({0, 1}));
     }
 
     void aLongWayOfTypingIsNoMatter()

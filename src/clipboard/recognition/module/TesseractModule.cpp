@@ -12,14 +12,14 @@ namespace driftbox {
 
 TesseractModule::TesseractModule()
 {
-    // What Tesseract remarks on pictures is of no use to the user. The setting is a global one.
+    // Tesseract's messages are of no use to the user. The setting is global.
     tesseract::TessBaseAPI().SetVariable("debug_file", "/dev/null");
 }
 
 QStringList TesseractModule::installedLanguages() const
 {
     tesseract::TessBaseAPI api;
-    // Without a language nothing is loaded: the folder of the languages is all that is wanted.
+    // Without a language this only sets the folder to list.
     api.Init(nullptr, "");
     std::vector<std::string> names;
     api.GetAvailableLanguagesAsVector(&names);
@@ -33,7 +33,7 @@ QString TesseractModule::read(const QImage& picture, const QStringList& language
                               const ReadingLimit& limit) const
 {
     QString text = readPage(picture, languages, limit);
-    // The program lives on for days: nothing stays behind of what reading took.
+    // The program runs for days: release all the memory that reading took.
     tesseract::TessBaseAPI::ClearPersistentCache();
     malloc_trim(0);
     releaseLibraryPages();

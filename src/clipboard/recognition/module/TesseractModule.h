@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// What the module driftbox_ocr.so offers to the program.
+/// The plugin in the module driftbox_ocr.so.
 class TesseractModule final : public QObject, public PageTextReader
 {
     Q_OBJECT

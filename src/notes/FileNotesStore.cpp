@@ -70,18 +70,18 @@ void FileNotesStore::saveImage(const QByteArray& data, const StickyNote& note)
 
 void FileNotesStore::unsave(const StickyNoteId& id)
 {
-    if (forget(id))
+    if (erase(id))
         persist();
 }
 
 void FileNotesStore::remove(const StickyNoteId& id)
 {
-    if (forget(id))
+    if (erase(id))
         persist();
     m_fileSystem.remove(m_imagesURL + u'/' + ownImageFile(id));
 }
 
-bool FileNotesStore::forget(const StickyNoteId& id)
+bool FileNotesStore::erase(const StickyNoteId& id)
 {
     const auto note = std::ranges::find(m_notes, id, &StickyNote::id);
     if (note == m_notes.end())

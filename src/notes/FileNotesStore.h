@@ -7,9 +7,9 @@ namespace driftbox {
 
 class FileSystem;
 
-/// The saved notes in memory, mirrored to "manifest.json" in the root folder after every change,
-/// with the bytes of image notes in its folder "images". A manifest that cannot be decoded is
-/// logged and the notes start empty.
+/// Keeps the saved notes in memory and writes them to "manifest.json" in the root folder after
+/// every change; image files are in the subfolder "images". If the manifest cannot be decoded, this
+/// is logged and the store starts empty.
 class FileNotesStore final : public NotesStore
 {
 public:
@@ -25,8 +25,8 @@ public:
 
 private:
     void bootstrap();
-    /// Returns whether there was a note to forget.
-    bool forget(const StickyNoteId& id);
+    /// Removes the note from memory. Returns whether there was one.
+    bool erase(const StickyNoteId& id);
     void persist();
     void encodeMissing();
 
@@ -35,8 +35,8 @@ private:
     QString m_imagesURL;
     ManifestFile m_manifest;
     std::vector<StickyNote> m_notes;
-    /// Each note's element of the manifest, in the same order; empty until it is needed. A key
-    /// press changes one note, and so costs the encoding of one.
+    /// The cached manifest element of each note, in the same order; empty if it must be encoded
+    /// again. A key press changes, and reencodes, only one note.
     std::vector<QByteArray> m_encoded;
 };
 

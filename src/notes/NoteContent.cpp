@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-// The largest note at two device pixels a point.
+// The maximum size of a note at a device pixel ratio of 2.
 constexpr QSize maxImageSize{3200, 4000};
 
 } // namespace
@@ -31,8 +31,8 @@ std::optional<QSizeF> noteImageSize(const QByteArray& bytes)
     const QSize size = reader.size();
     if (size.isEmpty())
         return std::nullopt;
-    const bool lies = reader.transformation() & QImageIOHandler::TransformationRotate90;
-    return lies ? size.transposed() : size;
+    const bool isRotated = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return isRotated ? size.transposed() : size;
 }
 
 QImage decodedNoteImage(const QByteArray& bytes)

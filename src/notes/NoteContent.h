@@ -13,17 +13,17 @@ namespace driftbox {
 class FileSystem;
 class NotesStore;
 
-/// What copying a note puts on the pasteboard: its text, or the bytes of its image as they are on
-/// disk; nothing when those cannot be read.
+/// The content that copying a note puts on the pasteboard: its text, or the bytes of its image
+/// file; empty if the file cannot be read.
 [[nodiscard]] PasteboardContent pasteboardContent(const StickyNote& note, const NotesStore& store,
                                                   const FileSystem& fileSystem);
 
-/// The size in pixels, upright, of the image that `bytes` are the file of; none when they are no
-/// image. Looks at the beginning of the file only.
+/// The upright size, in pixels, of the image file `bytes`; nullopt if it is not an image. Reads
+/// only the header.
 [[nodiscard]] std::optional<QSizeF> noteImageSize(const QByteArray& bytes);
 
-/// The image, upright, no larger than a note can show it; null when `bytes` are no image.
-/// Thread-safe.
+/// Decodes an image file, upright and scaled down to the maximum size of a note; null if `bytes`
+/// are not an image. Thread-safe.
 [[nodiscard]] QImage decodedNoteImage(const QByteArray& bytes);
 
 } // namespace driftbox

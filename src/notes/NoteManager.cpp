@@ -56,7 +56,7 @@ NoteManager::Notes::iterator NoteManager::find(StickyNoteId id)
     return std::ranges::find(m_notes, id, &StickyNote::id);
 }
 
-// Making notes
+// Creating notes
 
 StickyNote NoteManager::draft()
 {
@@ -100,7 +100,7 @@ void NoteManager::add(const StickyNote& note)
     openWindow(note);
 }
 
-// What windows report
+// Changes
 
 void NoteManager::upsert(const StickyNote& note)
 {
@@ -153,7 +153,7 @@ void NoteManager::closeWindow(StickyNoteId id)
     if (!controller)
         return;
     controller->orderOut();
-    controller->deleteLater(); // one of its own controls may be asking
+    controller->deleteLater(); // the call may come from one of its own controls
     Q_EMIT windowsChanged();
 }
 
@@ -178,16 +178,16 @@ void NoteManager::close(StickyNoteId id)
     const bool isKept = note != m_notes.end() && note->isSaved;
     closeWindow(id);
     if (!isKept)
-        forget(id);
+        erase(id);
 }
 
 void NoteManager::remove(StickyNoteId id)
 {
     closeWindow(id);
-    forget(id);
+    erase(id);
 }
 
-void NoteManager::forget(StickyNoteId id)
+void NoteManager::erase(StickyNoteId id)
 {
     const auto removed =
         std::erase_if(m_notes, [id](const StickyNote& note) { return note.id == id; });
@@ -226,9 +226,9 @@ bool NoteManager::handleKeyPress(const KeyPress& press)
 {
     if (!(press.modifiers & (Qt::ControlModifier | Qt::MetaModifier)))
         return false;
-    // A key held down for too long must not close one note after the other.
-    const bool actsOnce = press.key == Qt::Key_W || press.key == Qt::Key_N;
-    if (actsOnce && press.isRepeated)
+    // Auto-repeat must not close or create one note after another.
+    const bool ignoresRepeat = press.key == Qt::Key_W || press.key == Qt::Key_N;
+    if (ignoresRepeat && press.isRepeated)
         return keyWindow() != nullptr;
     switch (press.key) {
     case Qt::Key_W:
@@ -240,7 +240,7 @@ bool NoteManager::handleKeyPress(const KeyPress& press)
     case Qt::Key_Underscore: // the same key with Shift
         return zoomActive(1 / zoomStep);
     case Qt::Key_N:
-        return makeNoteBesideActive();
+        return createNoteFromActive();
     default:
         return false;
     }
@@ -268,7 +268,7 @@ bool NoteManager::closeActive()
     return active != nullptr;
 }
 
-bool NoteManager::makeNoteBesideActive()
+bool NoteManager::createNoteFromActive()
 {
     const bool isActive = keyWindow() != nullptr;
     if (isActive)

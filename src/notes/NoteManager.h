@@ -20,17 +20,17 @@ class Screens;
 class StickyNoteWindowController;
 struct KeyPress;
 
-/// The life of every sticky note: the saved ones, open or closed, and the open drafts; what of them
-/// reaches the store; their windows and the keys that act on the one that has the keyboard.
+/// Manages all sticky notes: the saved ones, open or closed, and the open drafts. Writes saved
+/// notes to the store, owns the windows, and handles the keyboard shortcuts of the active one.
 ///
-/// Closing the window of a saved note keeps the note; closing a draft deletes it. Operations on an
-/// unknown id change nothing in the list. Main thread only.
+/// Closing the window of a saved note keeps the note; closing a draft deletes it. An unknown id
+/// leaves the list unchanged. Main thread only.
 class NoteManager : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the manager works with; everything must outlive it.
+    /// The manager's dependencies, all of which must outlive it.
     struct Services
     {
         NotesStore& store;
@@ -48,26 +48,27 @@ public:
     /// Drafts do not outlive it, nor do their pictures.
     ~NoteManager() override;
 
-    /// Every known note, the newest in front.
+    /// All notes, newest first.
     [[nodiscard]] const std::vector<StickyNote>& notes() const { return m_notes; }
     /// Whether the note has a window.
     [[nodiscard]] bool isOpen(StickyNoteId id) const { return m_windows.contains(id); }
 
-    /// Called once at launch. Saved notes stay closed; from now on the keys of note windows work.
+    /// Enables the keyboard shortcuts of note windows. Called once at launch; saved notes stay
+    /// closed.
     void restore();
 
-    /// Each makes a draft of the default color and opens it. `imageData` is stored as it is, even
-    /// if it is no image.
+    /// Creates a draft in the default color and opens it. `imageData` is stored unchanged, even if
+    /// it is not an image.
     void newBlankNote();
     void createNote(const QString& text);
     void createNote(const QByteArray& imageData);
 
-    /// Brings the note's window to the front, opening it when it is closed.
+    /// Brings the note's window to the front, opening it if it is closed.
     void focus(StickyNoteId id);
     void close(StickyNoteId id);
-    /// Named `delete` in the interface's vocabulary, which the language reserves.
+    /// Closes the note's window and deletes the note.
     void remove(StickyNoteId id);
-    /// Closes every note; saved ones stay in the list.
+    /// Closes all notes; saved ones stay in the list.
     void closeAll();
     /// Puts the note's text, or the bytes of its image, on the pasteboard.
     void copyToClipboard(StickyNoteId id);
@@ -86,18 +87,18 @@ private:
     void upsert(const StickyNote& note);
     void openWindow(const StickyNote& note);
     void closeWindow(StickyNoteId id);
-    void forget(StickyNoteId id);
+    void erase(StickyNoteId id);
 
     void installZoomMonitor();
     [[nodiscard]] bool handleKeyPress(const KeyPress& press);
     [[nodiscard]] StickyNoteWindowController* keyWindow() const;
     [[nodiscard]] bool zoomActive(double factor);
     [[nodiscard]] bool closeActive();
-    [[nodiscard]] bool makeNoteBesideActive();
+    [[nodiscard]] bool createNoteFromActive();
 
     Services m_services;
     QHash<StickyNoteId, StickyNoteWindowController*> m_windows; ///< children of this
-    qint64 m_cascadeCount = 0;                                  ///< frames handed out since launch
+    qint64 m_cascadeCount = 0;                                  ///< frames assigned since launch
     std::unique_ptr<MonitorToken> m_zoomMonitor;
     Notes m_notes;
 };

@@ -8,9 +8,9 @@ namespace driftbox::NotePlacement {
 namespace {
 
 constexpr QSizeF plainSize{240, 200};
-constexpr double narrowestImage = 300;
+constexpr double minImageWidth = 300;
 constexpr double maxImageWidth = 520;
-constexpr double roomForControls = 96; // above and below an image
+constexpr double controlsHeight = 96; // above and below an image
 constexpr double margin = 40;
 constexpr double step = 26;
 constexpr qint64 stepCount = 8;
@@ -25,12 +25,11 @@ QSizeF sizeFor(const std::optional<QSizeF>& imageSize)
     if (!imageSize)
         return plainSize;
     const double aspect = imageSize->width() / std::max(imageSize->height(), 1.0);
-    const double width = std::clamp(imageSize->width(), narrowestImage, maxImageWidth);
-    return {width, width / aspect + roomForControls};
+    const double width = std::clamp(imageSize->width(), minImageWidth, maxImageWidth);
+    return {width, width / aspect + controlsHeight};
 }
 
-// The size of the largest window that makes sense: zooming stops at one limit, and dragging may
-// cover all screens.
+// The maximum size that zooming can reach, or all screens together, which dragging can cover.
 QSizeF maxWindowSize(const std::vector<Screen>& screens)
 {
     QRectF desktop;
@@ -70,8 +69,8 @@ QRectF windowRect(const NoteFrame& frame, const std::vector<Screen>& screens)
     if (std::isfinite(kept.y()) && isVisible(NoteFrame::fromRect(kept), screens))
         return kept;
     const QRectF visible = mainScreen(screens).visibleFrame;
-    const double rightmost = std::max(visible.x(), visible.x() + visible.width() - size.width());
-    const double x = std::clamp(wanted.x(), visible.x(), rightmost);
+    const double maxX = std::max(visible.x(), visible.x() + visible.width() - size.width());
+    const double x = std::clamp(wanted.x(), visible.x(), maxX);
     return {QPointF(x, visible.y() + visible.height() - size.height()), size};
 }
 

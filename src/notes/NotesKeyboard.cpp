@@ -33,7 +33,7 @@ bool NotesKeyboard::act(const KeyPress& press)
     return row && withNote(press, *row, &NoteManager::focus);
 }
 
-// Whatever the key is held down for, it acts once; and where there is no note it does nothing.
+// Handled, but without effect, on auto-repeat and for a row that does not exist.
 bool NotesKeyboard::withNote(const KeyPress& press, int row, Action action)
 {
     if (!press.isRepeated && row >= 0 && row < m_rows.rowCount())

@@ -9,17 +9,16 @@ class NoteManager;
 class NotesListModel;
 class RowSelection;
 
-/// The list of notes by keyboard, while the typing goes to the search field: the arrows and the
-/// page keys move the selection, Enter brings the note to the front, Control and a digit do so by
-/// place. Home, End and Delete are the list's only while the field is empty.
+/// Keyboard control of the list of notes while the search field has the focus: the arrow and page
+/// keys move the selection, Enter brings the note to the front, Control and a digit do so by row
+/// number. Home, End and Delete apply to the list only while the field is empty.
 class NotesKeyboard
 {
 public:
     /// All arguments must outlive this.
     NotesKeyboard(NoteManager& manager, const NotesListModel& rows, RowSelection& selection);
 
-    /// Whether the key press is the list's, and done; all others are the search field's. A page has
-    /// `rowsPerPage` rows.
+    /// Returns whether the key press was handled; all others belong to the search field.
     bool handle(const KeyPress& press, int rowsPerPage);
 
 private:

@@ -15,10 +15,10 @@ namespace {
 
 bool isSameText(const std::optional<QString>& one, const std::optional<QString>& other)
 {
-    // Copies of one text share its characters, which saves comparing long ones.
-    const bool shared =
+    // Copies of a string share its data implicitly, so comparing pointers is usually enough.
+    const bool isShared =
         one && other && one->constData() == other->constData() && one->size() == other->size();
-    return shared || one == other;
+    return isShared || one == other;
 }
 
 bool looksSame(const StickyNote& one, const StickyNote& other)

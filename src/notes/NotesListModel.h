@@ -7,8 +7,8 @@ namespace driftbox {
 
 class NoteManager;
 
-/// The notes that match a query as rows, in the manager's order: all of them while the query is
-/// blank, else those whose text contains it in whatever case. Every other query resets the model.
+/// The notes that match a query as rows, in the manager's order: all of them if the query is blank,
+/// else those whose text contains it, ignoring case. A change of the query resets the model.
 class NotesListModel : public RecordListModel<StickyNote>
 {
     Q_OBJECT
@@ -39,8 +39,8 @@ private:
     QString m_query;
 };
 
-/// What a row shows of a note: its text without the white space around it, or a word for what it is
-/// instead.
+/// The preview of a note: its text without surrounding white space, or a placeholder if it is empty
+/// or an image.
 [[nodiscard]] QString previewText(const StickyNote& note);
 
 /// "1 note", "3 notes".

@@ -7,9 +7,9 @@
 
 #include <QtCore/QByteArray>
 
-/// The saved notes as JSON: one array of notes, compact, members in a fixed order, absent members
-/// left out, instants as seconds since 2001-01-01T00:00:00Z. Reading takes members in any order and
-/// ignores unknown ones, but one bad note makes the whole manifest unreadable.
+/// The saved notes as JSON: a compact array of notes with members in a fixed order, absent ones
+/// omitted, and instants as seconds since 2001-01-01T00:00:00Z. Decoding accepts members in any
+/// order and ignores unknown ones, but one malformed note makes the whole manifest unreadable.
 namespace driftbox::NotesManifest {
 
 /// One element of the array.

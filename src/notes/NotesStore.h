@@ -8,9 +8,8 @@
 
 namespace driftbox {
 
-/// The saved notes. Main thread only. Every change is on disk when the operation returns; failures
-/// are logged, and memory keeps the change. What is given to it is saved: that drafts stay away is
-/// the callers' business.
+/// The saved notes. Every change is on disk when the operation returns; write errors are logged,
+/// and the change is kept in memory. Callers must not pass drafts to `save`. Main thread only.
 class NotesStore
 {
 public:
@@ -20,21 +19,20 @@ public:
 
     [[nodiscard]] virtual const std::vector<StickyNote>& notes() const = 0;
 
-    /// Replaces the note with the same id in its place, or puts `note` in front.
+    /// Replaces the note with the same id, keeping its position, or adds `note` at the front.
     virtual void save(const StickyNote& note) = 0;
 
-    /// Writes the bytes of an image note, unchanged; nothing for a text note. The note need not be
-    /// saved.
+    /// Stores the image file of an image note unchanged, even if the note itself is not saved. Has
+    /// no effect for a text note.
     virtual void saveImage(const QByteArray& data, const StickyNote& note) = 0;
 
-    /// Removes the note and leaves its image file. Nothing for an unknown id.
+    /// Removes the note but keeps its image file. Has no effect for an unknown id.
     virtual void unsave(const StickyNoteId& id) = 0;
 
-    /// Removes the note, when there is one with this id, and in any case the image file named after
-    /// the id. Named `delete` in the interface's vocabulary, which the language reserves.
+    /// Removes the note, if it is saved, and in any case the image file named after its id.
     virtual void remove(const StickyNoteId& id) = 0;
 
-    /// The path of the file that holds the bytes of an image note.
+    /// The path of an image note's file.
     [[nodiscard]] virtual QString imageURL(const StickyNote& note) const = 0;
 };
 

@@ -13,8 +13,8 @@ namespace driftbox {
 
 using StickyNoteId = Identifier<struct StickyNoteTag>;
 
-/// The frame of a note's window in screen space: x and y are its lower left corner. Any numbers may
-/// come from a manifest.
+/// The frame of a note's window in screen space; x and y are its lower left corner. A manifest may
+/// contain any values.
 struct NoteFrame
 {
     double x = 0;
@@ -35,11 +35,11 @@ struct NoteFrame
     }
 };
 
-/// What zooming stops at.
+/// The limits of zooming.
 inline constexpr double minNoteZoom = 0.6;
 inline constexpr double maxNoteZoom = 2.0;
 
-/// One note: a piece of text, or an image, whose bytes lie in a file of their own. A plain value.
+/// A note: a text, or an image, whose bytes are stored in a separate file. A plain value.
 struct StickyNote
 {
     enum class Kind { text, image };
@@ -50,21 +50,20 @@ struct StickyNote
     std::optional<QString> imageFileName = {}; ///< images only
     NoteColor color = NoteColor::yellow;
     NoteFrame frame = {};
-    double zoom = 1.0;    ///< scale of the text
-    bool isSaved = false; ///< kept on disk; otherwise a draft, which ends when its window closes
+    double zoom = 1.0;    ///< the scale of the text
+    bool isSaved = false; ///< stored on disk; else a draft, which is deleted when its window closes
     Instant createdAt = {};
-    Instant updatedAt = {}; ///< last change of anything but the frame
+    Instant updatedAt = {}; ///< the last change of anything but the frame
 
     bool operator==(const StickyNote&) const = default;
 
-    /// The name of the file that holds the bytes of an image: `imageFileName` when it is one, else
-    /// `ownImageFile`.
+    /// The name of the image file: `imageFileName` if it is a plain file name, else `ownImageFile`.
     [[nodiscard]] QString imageFile() const;
 };
 
 [[nodiscard]] size_t qHash(const StickyNote& note, size_t seed = 0);
 
-/// The name under which the image of the note with this id is stored: the id followed by ".png".
+/// The file name under which this program stores a note's image: the id followed by ".png".
 [[nodiscard]] QString ownImageFile(const StickyNoteId& id);
 
 } // namespace driftbox

@@ -53,10 +53,10 @@ void StickyNoteViewModel::setZoom(double zoom)
 
 double StickyNoteViewModel::textSize() const
 {
-    constexpr double smallest = 9;
+    constexpr double minSize = 9;
     const double unzoomed = m_note.kind == StickyNote::Kind::image ? 12 : 14;
-    // A foreign manifest may hold any zoom.
-    return std::max(unzoomed * std::clamp(zoom(), minNoteZoom, maxNoteZoom), smallest);
+    // A foreign manifest may contain any zoom.
+    return std::max(unzoomed * std::clamp(zoom(), minNoteZoom, maxNoteZoom), minSize);
 }
 
 void StickyNoteViewModel::toggleSaved()
@@ -70,7 +70,7 @@ void StickyNoteViewModel::updateFrame(const NoteFrame& frame)
 {
     const double sum = frame.x + frame.y + frame.width + frame.height;
     if (!std::isfinite(sum))
-        return; // no manifest could hold it
+        return; // JSON cannot represent it
     m_note.frame = frame;
     report();
 }

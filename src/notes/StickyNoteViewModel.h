@@ -15,7 +15,7 @@ class NotesStore;
 class PasteboardWriter;
 class TaskRunner;
 
-/// What an open note stands on; all of it outlives the note.
+/// The dependencies of an open note, all of which must outlive its view model.
 struct StickyNoteServices
 {
     const NotesStore& store;
@@ -25,8 +25,8 @@ struct StickyNoteServices
     const Clock& clock;
 };
 
-/// One open note as its window sees it. Every change is reported at once, as the whole note. Main
-/// thread only.
+/// An open note as shown by its window. Every change is reported immediately, as the whole note.
+/// Main thread only.
 class StickyNoteViewModel : public QObject
 {
     Q_OBJECT
@@ -47,27 +47,29 @@ public:
     void setColor(NoteColor color);
     [[nodiscard]] double zoom() const { return m_note.zoom; }
     void setZoom(double zoom);
-    /// The size of the text at this zoom, in points.
+    /// The font size at the current zoom, in points.
     [[nodiscard]] double textSize() const;
 
     /// Turns a draft into a saved note and back.
     void toggleSaved();
-    /// Where the window is now, in screen space. Not an update of the note's content.
+    /// Reports the window's current frame, in screen space. Does not change `updatedAt`.
     void updateFrame(const NoteFrame& frame);
 
-    /// Puts the note on the pasteboard: its text, or the bytes of its image. Leaves the pasteboard
-    /// empty when those cannot be read.
+    /// Puts the note on the pasteboard: its text, or the bytes of its image file. Clears the
+    /// pasteboard if the file cannot be read.
     void copyToClipboard();
 
-    /// The image of an image note; null while it is being loaded, when it cannot be, and for text.
-    /// `imageChanged` tells when it has come. Each call that finds none tries again.
+    /// The image of an image note; null for text, while it is being loaded (`imageChanged` is
+    /// emitted once it is available) and if it cannot be loaded. A failed load is retried on the
+    /// next call.
     [[nodiscard]] QImage image();
 
     void setOnClose(Callback onClose) { m_onClose = std::move(onClose); }
     void setOnNewNote(Callback onNewNote) { m_onNewNote = std::move(onNewNote); }
-    /// Closes this note; it may be gone when the event loop runs next.
+    /// Requests closing this note; the view model may be deleted once control returns to the event
+    /// loop.
     void close();
-    /// Makes another, empty note.
+    /// Requests a new, empty note.
     void newNote();
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@ namespace driftbox {
 
 namespace {
 
-QMarginsF around(double margin)
+QMarginsF margins(double margin)
 {
     return {margin, margin, margin, margin};
 }
@@ -61,12 +61,12 @@ void StickyNoteWindowController::zoom(double factor)
 
 QRectF StickyNoteWindowController::frame() const
 {
-    return m_window->surface().frame().marginsRemoved(around(m_window->shadowMargin()));
+    return m_window->surface().frame().marginsRemoved(margins(m_window->shadowMargin()));
 }
 
 void StickyNoteWindowController::setFrame(const QRectF& frame)
 {
-    m_window->surface().setFrame(frame.marginsAdded(around(m_window->shadowMargin())));
+    m_window->surface().setFrame(frame.marginsAdded(margins(m_window->shadowMargin())));
 }
 
 void StickyNoteWindowController::zoomWindow(double factor)

@@ -21,12 +21,12 @@ public:
     virtual ~NoteWindow() = default;
 
     [[nodiscard]] virtual FloatingSurface& surface() = 0;
-    /// How much larger than the note the surface is on each side, for the note's shadow. It changes
-    /// only together with the surface's frame.
+    /// The space for the note's shadow on each side of the surface, in points. Changes only
+    /// together with the surface's frame.
     [[nodiscard]] virtual double shadowMargin() const = 0;
 };
 
-/// Makes the windows of notes. Main thread only.
+/// Creates the windows of notes. Main thread only.
 class NoteWindowFactory
 {
 public:
@@ -34,19 +34,19 @@ public:
     Q_DISABLE_COPY_MOVE(NoteWindowFactory)
     virtual ~NoteWindowFactory() = default;
 
-    /// A window that shows `viewModel`, which outlives it. Not on the screen yet.
+    /// Creates a hidden window that shows `viewModel`, which must outlive it.
     [[nodiscard]] virtual std::unique_ptr<NoteWindow>
     makeWindow(StickyNoteViewModel& viewModel) = 0;
 };
 
-/// Owns the view model and the window of one open note, tells the note where the user has put the
-/// window, and zooms both together. Main thread only.
+/// Owns the view model and the window of an open note, reports the frames set by the user to the
+/// view model, and zooms window and text together. Main thread only.
 class StickyNoteWindowController : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The window is made at `frame`, in screen space, and not shown yet.
+    /// Creates the window at `frame`, in screen space, without showing it.
     StickyNoteWindowController(std::unique_ptr<StickyNoteViewModel> viewModel,
                                NoteWindowFactory& windows, const QRectF& frame,
                                QObject* parent = nullptr);
@@ -55,13 +55,14 @@ public:
     [[nodiscard]] const StickyNoteId& noteID() const;
     [[nodiscard]] StickyNoteViewModel& viewModel() { return *m_viewModel; }
 
-    /// Brings the window to the front; typing goes to it.
+    /// Shows the window in front of others and gives it the keyboard focus.
     void showWindow();
-    /// Takes the window off the screen.
+    /// Hides the window.
     void orderOut();
+    /// Whether the window has the keyboard focus.
     [[nodiscard]] bool isKey() const;
 
-    /// Scales window and text together, each within its own limits; the window keeps its center.
+    /// Scales the window, around its center, and the text, each within its own limits.
     void zoom(double factor);
 
 private:

@@ -46,7 +46,7 @@ void NoteButton::leaveEvent(QEvent* event)
     update();
 }
 
-void NoteButton::paintAttention(QPainter& painter) const
+void NoteButton::paintHoverAndFocus(QPainter& painter) const
 {
     if (underMouse()) {
         painter.setPen(Qt::NoPen);
@@ -80,7 +80,7 @@ void NoteSymbolButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintAttention(painter);
+    paintHoverAndFocus(painter);
     Symbols::paint(painter, rect(), m_systemImage,
                    {.size = m_symbolSize,
                     .color = underMouse() ? NotePaper::ink() : NotePaper::symbol(),
@@ -100,7 +100,7 @@ void NoteSwatchButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintAttention(painter);
+    paintHoverAndFocus(painter);
     painter.setBrush(Theme::noteSwatch(m_color));
     painter.setPen(QPen(NotePaper::ink(noteButtonOutlineOpacity), 1.0));
     painter.drawEllipse(circle(rect(), noteButtonSwatchDiameter));

@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// A button on a note. A click does not take the typing away from the text.
+/// A button on a note. A click does not take the focus away from the text.
 class NoteButton : public QAbstractButton
 {
     Q_OBJECT
@@ -21,11 +21,10 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
-    /// What tells that the pointer or the keyboard is on the button.
-    void paintAttention(QPainter& painter) const;
+    void paintHoverAndFocus(QPainter& painter) const;
 };
 
-/// One that shows a symbol.
+/// A note button that shows a symbol.
 class NoteSymbolButton final : public NoteButton
 {
     Q_OBJECT
@@ -46,8 +45,8 @@ private:
     Symbols::Weight m_weight;
 };
 
-/// One that stands for a color of notes; it is checked when the note has that color. A click does
-/// not change that by itself.
+/// A note button for one of the note colors, checked if the note has that color. A click does not
+/// change the checked state by itself.
 class NoteSwatchButton final : public NoteButton
 {
     Q_OBJECT

@@ -18,14 +18,14 @@ namespace driftbox {
 
 namespace {
 
-constexpr int sidePadding = 10; // of the text
+constexpr int sidePadding = 10; // of the text, in points
 constexpr int controlPadding = 3;
 constexpr int gap = 3;
 constexpr int captionGap = 6; // between an image and its text
 constexpr int hintHeight = 15;
 constexpr int hintSize = 9;
 constexpr qreal hintOpacity = 0.5;
-constexpr int linesUnderImage = 2;
+constexpr int minLinesUnderImage = 2;
 
 QLabel* makeHint(QWidget* parent)
 {
@@ -79,10 +79,11 @@ void NoteContentView::arrange()
     QRect body(sidePadding, NoteControlRow::preferredHeight + gap, width() - 2 * sidePadding, 0);
     body.setBottom(height() - hintHeight - gap - 1);
     if (m_image) {
-        const int lines = linesUnderImage * m_editor->fontMetrics().lineSpacing();
-        const int room = std::max(body.height() - lines - captionGap, body.height() / 2);
-        const int wanted = m_image->heightForWidth(body.width());
-        m_image->setGeometry(QRect(body.topLeft(), QSize(body.width(), std::min(wanted, room))));
+        const int lines = minLinesUnderImage * m_editor->fontMetrics().lineSpacing();
+        const int maxHeight = std::max(body.height() - lines - captionGap, body.height() / 2);
+        const int preferredHeight = m_image->heightForWidth(body.width());
+        m_image->setGeometry(
+            QRect(body.topLeft(), QSize(body.width(), std::min(preferredHeight, maxHeight))));
         body.setTop(m_image->geometry().bottom() + 1 + captionGap);
     }
     m_editor->setGeometry(body.adjusted(0, 0, NoteEditor::rightMargin, 0));

@@ -15,14 +15,14 @@ class Pasteboard;
 class SelectedText;
 class StickyNoteViewModel;
 
-/// What a note shows on its paper: the controls while the pointer is over it, its image, its text,
-/// and a line with the keys. Gives its focus to the text.
+/// The content of a note: the controls while the pointer is over it, its image, its text, and a
+/// line that lists the keyboard shortcuts. The text is its focus proxy.
 class NoteContentView final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the view.
+    /// All arguments must outlive the view.
     NoteContentView(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
                     SelectedText& selectedText, QWidget* parent);
 
@@ -30,7 +30,7 @@ public:
     void setHovered(bool hovered);
 
 Q_SIGNALS:
-    /// The mouse is being dragged where there is no text and no control.
+    /// The user is dragging the mouse outside of text and controls.
     void backgroundDragged();
 
 protected:
@@ -44,9 +44,9 @@ private:
     void arrange();
 
     NoteControlRow* m_controls;
-    NoteImageView* m_image = nullptr; ///< of image notes only
+    NoteImageView* m_image = nullptr; ///< null for text notes
     NoteEditor* m_editor;
-    QLabel* m_hint; ///< the line with the keys
+    QLabel* m_hint; ///< the keyboard shortcuts
     DragStart m_drag;
 };
 

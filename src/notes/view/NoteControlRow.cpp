@@ -13,7 +13,7 @@ namespace driftbox {
 
 namespace {
 
-constexpr int fadingMs = 150;
+constexpr int fadeDurationMs = 150;
 constexpr int maxSwatchWidth = 20;
 constexpr int maxButtonWidth = 26;
 constexpr int plusSize = 12;
@@ -25,7 +25,7 @@ NoteControlRow::NoteControlRow(StickyNoteViewModel& viewModel, QWidget* parent)
     : QWidget(parent)
     , m_viewModel(viewModel)
     , m_effect(new QGraphicsOpacityEffect(this))
-    , m_fading(new QVariantAnimation(this))
+    , m_animation(new QVariantAnimation(this))
 {
     setGraphicsEffect(m_effect);
     addSwatches();
@@ -36,11 +36,11 @@ NoteControlRow::NoteControlRow(StickyNoteViewModel& viewModel, QWidget* parent)
     connect(&viewModel, &StickyNoteViewModel::isSavedChanged, this,
             &NoteControlRow::showSavedState);
 
-    m_fading->setStartValue(0.0);
-    m_fading->setEndValue(1.0);
-    m_fading->setDuration(fadingMs);
-    m_fading->setEasingCurve(QEasingCurve::InOutQuad);
-    connect(m_fading, &QVariantAnimation::valueChanged, this,
+    m_animation->setStartValue(0.0);
+    m_animation->setEndValue(1.0);
+    m_animation->setDuration(fadeDurationMs);
+    m_animation->setEasingCurve(QEasingCurve::InOutQuad);
+    connect(m_animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& value) { fade(value.toReal()); });
     fade(0.0);
 }
@@ -94,15 +94,15 @@ void NoteControlRow::showSavedState()
 
 void NoteControlRow::setPresent(bool present)
 {
-    m_fading->setDirection(present ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    if (m_fading->state() != QAbstractAnimation::Running)
-        m_fading->start();
+    m_animation->setDirection(present ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+    if (m_animation->state() != QAbstractAnimation::Running)
+        m_animation->start();
 }
 
 void NoteControlRow::fade(qreal opacity)
 {
     m_effect->setOpacity(opacity);
-    m_effect->setEnabled(opacity < 1.0); // it costs a picture of the row
+    m_effect->setEnabled(opacity < 1.0); // renders the row to a pixmap
     setVisible(opacity > 0.0);
 }
 

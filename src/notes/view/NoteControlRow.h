@@ -14,8 +14,8 @@ class NoteSwatchButton;
 class NoteSymbolButton;
 class StickyNoteViewModel;
 
-/// The controls of a note: its colors, saving, copying, a new note, closing. It fades in and out,
-/// and while it is out it is not there for clicks either.
+/// The controls of a note: colors, save, copy, new note, close. The row fades in and out; while it
+/// is faded out it is hidden and ignores clicks.
 class NoteControlRow final : public QWidget
 {
     Q_OBJECT
@@ -23,9 +23,10 @@ class NoteControlRow final : public QWidget
 public:
     static constexpr int preferredHeight = 24;
 
-    /// `viewModel` must outlive the row, which is out at first.
+    /// `viewModel` must outlive the row, which is hidden initially.
     NoteControlRow(StickyNoteViewModel& viewModel, QWidget* parent);
 
+    /// Fades the row in or out.
     void setPresent(bool present);
 
 protected:
@@ -40,10 +41,10 @@ private:
 
     StickyNoteViewModel& m_viewModel;
     std::vector<NoteSwatchButton*> m_swatches;
-    std::vector<NoteButton*> m_buttons; ///< the others, from left to right
+    std::vector<NoteButton*> m_buttons; ///< all but the swatches, from left to right
     NoteSymbolButton* m_saveButton = nullptr;
     QGraphicsOpacityEffect* m_effect;
-    QVariantAnimation* m_fading;
+    QVariantAnimation* m_animation;
 };
 
 } // namespace driftbox

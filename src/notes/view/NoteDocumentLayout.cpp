@@ -5,11 +5,11 @@
 
 namespace driftbox {
 
-// Every line is asked for here before it is drawn or clicked on. The side at which lines stand is
-// looked at only then, so it may be changed after they were broken.
+// Called for every block before it is painted or hit-tested. The alignment is evaluated only then,
+// so it can be changed after the lines have been laid out.
 QRectF NoteDocumentLayout::blockBoundingRect(const QTextBlock& block) const
 {
-    // Else the paragraph would be shaped once more for each look at it.
+    // Without the cache the paragraph would be shaped again for every query.
     if (block.isValid())
         block.layout()->setCacheEnabled(true);
     const QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);

@@ -4,8 +4,7 @@
 
 namespace driftbox {
 
-/// Lays plain text out as its superclass does, except that a paragraph written from right to left
-/// stands at the right.
+/// A plain text layout that aligns right-to-left paragraphs to the right.
 class NoteDocumentLayout final : public QPlainTextDocumentLayout
 {
     Q_OBJECT

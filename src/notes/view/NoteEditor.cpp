@@ -22,9 +22,9 @@ namespace driftbox {
 namespace {
 
 constexpr qreal pointsPerInch = 72.0;
-// Characters of a paragraph beyond which, and up to which again, its letters are set one by one.
-constexpr int longParagraph = 16'000;
-constexpr int usualParagraph = 12'000;
+// The paragraph lengths, in characters, at which simplified shaping is turned on and off again.
+constexpr int simplifiedShapingOnLength = 16'000;
+constexpr int simplifiedShapingOffLength = 12'000;
 
 QTextDocument* makeDocument(QObject* parent)
 {
@@ -45,7 +45,7 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
     , m_viewModel(viewModel)
     , m_scrollBar(new OverlayScrollBar(*verticalScrollBar(), this))
 {
-    NoteEditorAccessible::install(); // before anything asks
+    NoteEditorAccessible::install(); // before the first accessibility query
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(0, 0, rightMargin, 0);
@@ -58,35 +58,36 @@ NoteEditor::NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard,
     showZoom();
     showText();
     connect(this, &QPlainTextEdit::textChanged, this, &NoteEditor::report);
-    // What fades must not be moved along with the text.
+    // Scrolling copies pixels, but the faded last line must be repainted.
     connect(verticalScrollBar(), &QScrollBar::valueChanged, viewport(),
             qOverload<>(&QWidget::update));
     connect(&viewModel, &StickyNoteViewModel::colorChanged, this, &NoteEditor::showColor);
     connect(&viewModel, &StickyNoteViewModel::zoomChanged, this, &NoteEditor::showZoom);
 }
 
-// Every key press sets the whole paragraph anew. Ligatures and kerning make that five times as
-// long, which shows in a very long one. Scripts that need them have them all the same.
-void NoteEditor::chooseSetting()
+// Every key press shapes the whole paragraph again. Ligatures and kerning make that five times
+// slower, which is noticeable in very long paragraphs. Complex scripts are still shaped.
+void NoteEditor::updateShaping()
 {
-    int longest = 0;
+    int maxLength = 0;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        longest = std::max(longest, block.length());
-    if (std::exchange(m_isSetPlainly, longest > (m_isSetPlainly ? usualParagraph
-                                                                : longParagraph)) != m_isSetPlainly)
+        maxLength = std::max(maxLength, block.length());
+    const int threshold =
+        m_isShapingSimplified ? simplifiedShapingOffLength : simplifiedShapingOnLength;
+    if (std::exchange(m_isShapingSimplified, maxLength > threshold) != m_isShapingSimplified)
         showZoom();
 }
 
 void NoteEditor::report()
 {
-    chooseSetting();
+    updateShaping();
     m_viewModel.setText(text());
 }
 
 void NoteEditor::showText()
 {
     setPlainText(m_viewModel.text());
-    chooseSetting();
+    updateShaping();
     moveCursor(QTextCursor::End);
 }
 
@@ -103,9 +104,9 @@ void NoteEditor::showColor()
 void NoteEditor::showZoom()
 {
     QFont font = Theme::systemFont(qRound(m_viewModel.textSize()));
-    if (m_isSetPlainly)
+    if (m_isShapingSimplified)
         font.setStyleStrategy(QFont::PreferNoShaping);
-    // In pixels a font has whole sizes only.
+    // A size in points, because pixel sizes are integers.
     font.setPointSizeF(m_viewModel.textSize() * pointsPerInch / logicalDpiY());
     setFont(font);
 }
@@ -113,12 +114,12 @@ void NoteEditor::showZoom()
 void NoteEditor::showEvent(QShowEvent* event)
 {
     PlainTextEditor::showEvent(event);
-    // One writes on at the end of a text but begins to read at its beginning.
+    // The cursor starts at the end of the text, but the view at its beginning.
     if (!event->spontaneous())
         verticalScrollBar()->setValue(0);
 }
 
-QRectF NoteEditor::cutLine() const
+QRectF NoteEditor::clippedLine() const
 {
     const qreal edge = viewport()->height();
     QTextBlock block = firstVisibleBlock();
@@ -138,11 +139,11 @@ QRectF NoteEditor::cutLine() const
     return {};
 }
 
-// Text that goes on fades away rather than ending in half a line.
+// Fades out the last line if the lower edge clips it.
 void NoteEditor::paintEvent(QPaintEvent* event)
 {
     PlainTextEditor::paintEvent(event);
-    const QRectF line = cutLine();
+    const QRectF line = clippedLine();
     if (line.isEmpty())
         return;
     const QColor paper = Theme::noteSwatch(m_viewModel.color());
@@ -168,7 +169,7 @@ bool NoteEditor::isBelowText(QPoint position) const
 
 void NoteEditor::mousePressEvent(QMouseEvent* event)
 {
-    m_isHandedOver = false;
+    m_isMovingWindow = false;
     if (event->button() == Qt::LeftButton && isBelowText(event->pos()))
         m_drag.press(event->pos());
     PlainTextEditor::mousePressEvent(event);
@@ -176,18 +177,18 @@ void NoteEditor::mousePressEvent(QMouseEvent* event)
 
 void NoteEditor::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_isHandedOver)
+    if (m_isMovingWindow)
         return;
     if (!m_drag.isPressed())
         return PlainTextEditor::mouseMoveEvent(event);
-    m_isHandedOver = m_drag.move(event->pos()).has_value();
-    if (m_isHandedOver)
+    m_isMovingWindow = m_drag.move(event->pos()).has_value();
+    if (m_isMovingWindow)
         Q_EMIT backgroundDragged();
 }
 
 void NoteEditor::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_isHandedOver = false;
+    m_isMovingWindow = false;
     m_drag.release();
     PlainTextEditor::mouseReleaseEvent(event);
 }

@@ -8,21 +8,21 @@ namespace driftbox {
 
 class StickyNoteViewModel;
 
-/// The text of a note, editable, on a transparent ground.
+/// The editor for the text of a note, with a transparent background.
 class NoteEditor final : public PlainTextEditor
 {
     Q_OBJECT
 
 public:
-    /// Behind the text, for a scroll bar.
+    /// The space for the scroll bar beside the text, in points.
     static constexpr int rightMargin = OverlayScrollBar::thickness;
 
-    /// All must outlive the editor.
+    /// All arguments must outlive the editor.
     NoteEditor(StickyNoteViewModel& viewModel, Pasteboard& pasteboard, SelectedText& selectedText,
                QWidget* parent);
 
 Q_SIGNALS:
-    /// The mouse is being dragged where there is no text.
+    /// The user is dragging the mouse outside of the text.
     void backgroundDragged();
 
 protected:
@@ -36,18 +36,18 @@ protected:
 private:
     void report();
     void showText();
-    void chooseSetting();
+    void updateShaping();
     void showColor();
     void showZoom();
-    /// The line that the lower edge cuts, unless it is the first one.
-    [[nodiscard]] QRectF cutLine() const;
+    /// The line that is clipped by the lower edge, unless it is the first visible one.
+    [[nodiscard]] QRectF clippedLine() const;
     [[nodiscard]] bool isBelowText(QPoint position) const;
 
     StickyNoteViewModel& m_viewModel;
     OverlayScrollBar* m_scrollBar;
-    DragStart m_drag;            ///< of the window, where there is no text
-    bool m_isSetPlainly = false; ///< for the sake of a very long paragraph
-    bool m_isHandedOver = false; ///< the press has become a drag of the window
+    DragStart m_drag;                   ///< of the window, outside of the text
+    bool m_isShapingSimplified = false; ///< because of a very long paragraph
+    bool m_isMovingWindow = false;      ///< the press has become a drag of the window
 };
 
 } // namespace driftbox

@@ -21,7 +21,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object)
 
 void NoteEditorAccessible::install()
 {
-    QAccessible::installFactory(makeInterface); // does nothing when it is installed
+    QAccessible::installFactory(makeInterface); // has no effect if it is installed already
 }
 
 NoteEditorAccessible::NoteEditorAccessible(NoteEditor& editor)
@@ -73,7 +73,7 @@ QTextCursor NoteEditorAccessible::cursorAt(int start, int end) const
 
 int NoteEditorAccessible::characterCount() const
 {
-    return m_editor.document()->characterCount() - 1; // the last one is an end mark
+    return m_editor.document()->characterCount() - 1; // without the final paragraph separator
 }
 
 QString NoteEditorAccessible::text(int start, int end) const
@@ -88,13 +88,13 @@ QRect NoteEditorAccessible::characterRect(int offset) const
         return {};
     const QRect caret = m_editor.cursorRect(cursorAt(offset, offset));
     const QRect next = m_editor.cursorRect(cursorAt(offset + 1, offset + 1));
-    QRect place(caret.topLeft(), QSize(1, caret.height()));
+    QRect rect(caret.topLeft(), QSize(1, caret.height()));
     if (next.y() == caret.y()) {
-        place.setLeft(std::min(caret.x(), next.x()));
-        place.setWidth(std::max(1, std::abs(next.x() - caret.x())));
+        rect.setLeft(std::min(caret.x(), next.x()));
+        rect.setWidth(std::max(1, std::abs(next.x() - caret.x())));
     }
-    place.moveTopLeft(m_editor.viewport()->mapToGlobal(place.topLeft()));
-    return place;
+    rect.moveTopLeft(m_editor.viewport()->mapToGlobal(rect.topLeft()));
+    return rect;
 }
 
 int NoteEditorAccessible::offsetAtPoint(const QPoint& point) const
@@ -104,7 +104,7 @@ int NoteEditorAccessible::offsetAtPoint(const QPoint& point) const
 
 QString NoteEditorAccessible::attributes(int, int* start, int* end) const
 {
-    *start = 0; // the text looks the same everywhere
+    *start = 0; // all of the text has the same attributes
     *end = characterCount();
     return {};
 }
@@ -156,9 +156,9 @@ void NoteEditorAccessible::scrollToSubstring(int start, int end)
     const QTextCursor before = m_editor.textCursor();
     for (const int offset : {end, start})
         setCursorPosition(offset); // scrolls there
-    const int place = m_editor.verticalScrollBar()->value();
+    const int scrollPosition = m_editor.verticalScrollBar()->value();
     m_editor.setTextCursor(before); // scrolls back
-    m_editor.verticalScrollBar()->setValue(place);
+    m_editor.verticalScrollBar()->setValue(scrollPosition);
 }
 
 // Writing

@@ -7,15 +7,15 @@ namespace driftbox {
 
 class NoteEditor;
 
-/// The text of a note for assistive technology: one element, whose characters and caret have their
-/// true places. (The toolkit's own takes every paragraph of a plain text for the first, and warns
-/// of questions about the place behind the last character.)
+/// The accessible interface of a note's text: a single element with correct character and caret
+/// rectangles. (Qt's own maps every paragraph of a plain text editor to the first one, and warns
+/// when asked for the position after the last character.)
 class NoteEditorAccessible final : public QAccessibleWidget,
                                    public QAccessibleTextInterface,
                                    public QAccessibleEditableTextInterface
 {
 public:
-    /// Makes the toolkit use this for every editor of notes. May be called any number of times.
+    /// Registers this interface for all note editors. Calling it again has no effect.
     static void install();
 
     explicit NoteEditorAccessible(NoteEditor& editor);
@@ -36,7 +36,7 @@ public:
     void setCursorPosition(int position) override;
     [[nodiscard]] QString text(int start, int end) const override;
     [[nodiscard]] int characterCount() const override;
-    /// Behind the last character, the place of the caret there.
+    /// For the offset after the last character, the rectangle of the caret there.
     [[nodiscard]] QRect characterRect(int offset) const override;
     [[nodiscard]] int offsetAtPoint(const QPoint& point) const override;
     void scrollToSubstring(int start, int end) override;
@@ -47,7 +47,7 @@ public:
     void replaceText(int start, int end, const QString& text) override;
 
 private:
-    /// Offsets outside the text mean its nearest end.
+    /// Offsets are clamped to the text.
     [[nodiscard]] QTextCursor cursorAt(int start, int end) const;
 
     NoteEditor& m_editor;

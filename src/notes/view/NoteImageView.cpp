@@ -32,17 +32,18 @@ void NoteImageView::paintEvent(QPaintEvent*)
 {
     const QImage image = m_viewModel.image();
     const qreal ratio = devicePixelRatioF();
-    const QSize room = (QSizeF(size()) * ratio).toSize();
-    if (image.isNull() || room.isEmpty())
+    const QSize availableSize = (QSizeF(size()) * ratio).toSize();
+    if (image.isNull() || availableSize.isEmpty())
         return;
-    const QSize fitting = image.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
-    if (m_scaled.size() != fitting)
-        m_scaled = image.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QSize scaledSize =
+        image.size().scaled(availableSize, Qt::KeepAspectRatio).expandedTo({1, 1});
+    if (m_scaled.size() != scaledSize)
+        m_scaled = image.scaled(scaledSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     m_scaled.setDevicePixelRatio(ratio);
 
-    const QPoint corner((room.width() - fitting.width()) / 2,
-                        (room.height() - fitting.height()) / 2);
-    const QRectF area(QPointF(corner) / ratio, QSizeF(fitting) / ratio);
+    const QPoint corner((availableSize.width() - scaledSize.width()) / 2,
+                        (availableSize.height() - scaledSize.height()) / 2);
+    const QRectF area(QPointF(corner) / ratio, QSizeF(scaledSize) / ratio);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(QBrush(m_scaled));

@@ -7,8 +7,8 @@ namespace driftbox {
 
 class StickyNoteViewModel;
 
-/// The image of a note, as large as there is room, on whole pixels of the screen. Shows nothing
-/// when there is none.
+/// The image of a note, scaled to the available size and aligned to device pixels. Empty while
+/// there is no image.
 class NoteImageView final : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     /// `viewModel` must outlive the view.
     NoteImageView(StickyNoteViewModel& viewModel, QWidget* parent);
 
-    /// How high the image is when it fills this width; 0 when there is none.
+    /// The height of the image at this width; 0 while there is no image.
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
@@ -25,7 +25,7 @@ protected:
 
 private:
     StickyNoteViewModel& m_viewModel;
-    QImage m_scaled; ///< the image at the size at which it is drawn
+    QImage m_scaled; ///< the image at its painted size, in device pixels
 };
 
 } // namespace driftbox

@@ -4,17 +4,17 @@
 
 #include <QtGui/QColor>
 
-/// The colors of what lies on a note. The paper is as bright on a dark desktop as on a light one,
-/// so they are the same on both.
+/// The colors of a note's content. They do not depend on the color scheme, because the paper is as
+/// bright in the dark one as in the light one.
 namespace driftbox::NotePaper {
 
 /// Text.
 [[nodiscard]] QColor ink();
-/// The same, thinner.
+/// The text color with this opacity.
 [[nodiscard]] QColor ink(qreal opacity);
-/// Symbols that the pointer is not over.
+/// Symbols that are not hovered.
 [[nodiscard]] QColor symbol();
-/// Behind selected text on paper of this color.
+/// The background of selected text on paper of this color.
 [[nodiscard]] QColor selection(NoteColor color);
 
 } // namespace driftbox::NotePaper

@@ -12,17 +12,17 @@ class NoteManager;
 class NotesListModel;
 class RowLayout;
 
-/// A row of the list of notes: the note's color and kind, its text, when it was changed, whether
-/// it is saved, and the actions that show while the row has the pointer or is selected.
+/// A row of the list of notes: the note's color, kind and text, the time of its last change,
+/// whether it is saved, and the actions that are shown while the row is hovered or selected.
 class NoteRow final : public RowDelegate
 {
 public:
-    /// Both must outlive this.
+    /// Both arguments must outlive this.
     NoteRow(const NotesListModel& rows, NoteManager& manager);
 
     [[nodiscard]] int heightOfRow(int row) const override;
     [[nodiscard]] QString help() const override;
-    /// Copying, then deleting.
+    /// Copy, then delete.
     [[nodiscard]] std::vector<RowButton> buttons(const QModelIndex& index,
                                                  QSize rowSize) const override;
     void paint(QPainter& painter, const QRect& rect, const QModelIndex& index,
@@ -44,7 +44,7 @@ private:
 
     const NotesListModel& m_rows;
     NoteManager& m_manager;
-    mutable QCache<StickyNoteId, Preview> m_previews; ///< of the rows seen last
+    mutable QCache<StickyNoteId, Preview> m_previews; ///< of recently painted rows
 };
 
 } // namespace driftbox

@@ -22,13 +22,13 @@ constexpr qreal noteCornerRadius = 9.0;
 constexpr qreal shadowRadius = 8.0;
 constexpr qreal shadowOpacity = 0.22;
 constexpr int shadowOffset = 3;
-constexpr int roomForShadow = 20;
+constexpr int shadowExtent = 20;
 constexpr qreal noteOutlineOpacity = 0.10;
 constexpr qreal plainOutlineOpacity = 0.22; // without a shadow
 
-constexpr int innerGrip = 5;   // how far inside the paper an edge can be taken hold of
-constexpr int outerGrip = 4;   // and how far outside, over the shadow
-constexpr int cornerGrip = 12; // how far along an edge its corner reaches
+constexpr int innerGrip = 5;   // the width of a resize handle inside the paper
+constexpr int outerGrip = 4;   // and outside, over the shadow
+constexpr int cornerGrip = 12; // the length of a corner's handle along an edge
 
 } // namespace
 
@@ -42,13 +42,13 @@ StickyNotePanel::StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurface
     setWindowTitle(u"Sticky note"_s);
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_AlwaysShowToolTips); // the typing goes elsewhere most of the time
+    setAttribute(Qt::WA_AlwaysShowToolTips); // the window is inactive most of the time
     setMouseTracking(true);
     setFocusProxy(m_content);
     connect(&viewModel, &StickyNoteViewModel::colorChanged, this,
             qOverload<>(&StickyNotePanel::update));
 
-    winId(); // makes the window that the surface adopts
+    winId(); // creates the native window that the surface adopts
     m_surface = surfaces.adopt(*windowHandle(), FloatingSurface::Role::note);
     setComposited(m_surface->isComposited());
     connect(m_surface.get(), &FloatingSurface::compositedChanged, this,
@@ -64,7 +64,7 @@ StickyNotePanel::~StickyNotePanel() = default;
 
 double StickyNotePanel::shadowMargin() const
 {
-    return m_composited ? roomForShadow : 0;
+    return m_isComposited ? shadowExtent : 0;
 }
 
 void StickyNotePanel::followCompositing(bool composited)
@@ -77,7 +77,7 @@ void StickyNotePanel::followCompositing(bool composited)
 
 void StickyNotePanel::setComposited(bool composited)
 {
-    m_composited = composited;
+    m_isComposited = composited;
     const int margin = qRound(shadowMargin());
     setContentsMargins(margin, margin, margin, margin);
     setMinimumSize(NotePlacement::minWindowSize.toSize() + 2 * QSize(margin, margin));
@@ -85,7 +85,7 @@ void StickyNotePanel::setComposited(bool composited)
     update();
 }
 
-// Layout and looks
+// Layout and painting
 
 QRect StickyNotePanel::paper() const
 {
@@ -101,7 +101,7 @@ void StickyNotePanel::arrange()
 {
     m_content->setGeometry(paper().adjusted(innerGrip, innerGrip, -innerGrip, -innerGrip));
     if (m_surface)
-        m_surface->setShape(m_composited
+        m_surface->setShape(m_isComposited
                                 ? paper().adjusted(-outerGrip, -outerGrip, outerGrip, outerGrip)
                                 : QRect());
 }
@@ -112,9 +112,9 @@ void StickyNotePanel::paintEvent(QPaintEvent* event)
     const QColor color = Theme::noteSwatch(m_viewModel.color());
     constexpr int edge = static_cast<int>(noteCornerRadius);
     const bool isInside = paper().adjusted(edge, edge, -edge, -edge).contains(event->rect());
-    if (isInside || !m_composited)
+    if (isInside || !m_isComposited)
         painter.fillRect(event->rect(), color);
-    if (!m_composited) {
+    if (!m_isComposited) {
         painter.setPen(NotePaper::ink(plainOutlineOpacity));
         painter.drawRect(QRectF(paper()).adjusted(0.5, 0.5, -0.5, -0.5));
         return;
@@ -158,7 +158,7 @@ void StickyNotePanel::mousePressEvent(QMouseEvent* event)
         m_surface->startResize(edgesAt(event->pos()));
 }
 
-// The window manager was asked to close the window.
+// The window manager requests closing the window.
 void StickyNotePanel::closeEvent(QCloseEvent* event)
 {
     event->accept();

@@ -15,16 +15,15 @@ class Pasteboard;
 class SelectedText;
 class StickyNoteViewModel;
 
-/// The window of a note: a sheet of paper in the note's color, with a shadow around it where the
-/// desktop blends windows and a plain rectangle where it does not. It is resized at its edges and
-/// corners and moved by dragging anywhere that is not text. Placed, shown and hidden through its
-/// surface only.
+/// The window of a note: a sheet of paper in the note's color, with rounded corners and a shadow if
+/// the desktop is composited, else a plain rectangle. The user resizes it at its edges and corners
+/// and moves it by dragging outside of text. Positioned, shown and hidden only through its surface.
 class StickyNotePanel final : public QWidget, public NoteWindow
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the panel.
+    /// All arguments must outlive the panel.
     StickyNotePanel(StickyNoteViewModel& viewModel, FloatingSurfaceFactory& surfaces,
                     Pasteboard& pasteboard, SelectedText& selectedText);
     ~StickyNotePanel() override;
@@ -52,14 +51,14 @@ private:
     NoteContentView* m_content;
     CardShadow m_shadow;
     std::unique_ptr<FloatingSurface> m_surface;
-    bool m_composited = false;
+    bool m_isComposited = false;
 };
 
-/// Makes such windows.
+/// Creates sticky note panels.
 class StickyNotePanelFactory final : public NoteWindowFactory
 {
 public:
-    /// All must outlive the panels.
+    /// All arguments must outlive the panels.
     StickyNotePanelFactory(FloatingSurfaceFactory& surfaces, Pasteboard& pasteboard,
                            SelectedText& selectedText);
 

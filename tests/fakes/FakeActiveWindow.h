@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// An active window where a test puts it.
+/// An active window with a frame set by the test.
 class FakeActiveWindow final : public ActiveWindow
 {
 public:

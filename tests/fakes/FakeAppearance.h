@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A desktop that turns light or dark and changes its accent color when a test says so.
+/// A desktop whose color scheme and accent color are set by the test.
 class FakeAppearance final : public Appearance
 {
 public:

@@ -9,7 +9,7 @@
 
 namespace driftbox {
 
-/// A caret lookup that answers when a test says so, or at once.
+/// A caret lookup that answers immediately, or when the test calls `answerAll`.
 class FakeCaretLookup final : public CaretLookup
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
             answerAll(caret);
     }
 
-    /// Answers every request that waits, oldest first.
+    /// Answers all pending requests, oldest first.
     void answerAll(const std::optional<QRectF>& rectangle)
     {
         for (const auto& [owner, answer] : std::exchange(m_pending, {})) {
@@ -35,7 +35,7 @@ public:
     }
 
     bool answersAtOnce = true;
-    std::optional<QRectF> caret; ///< the answer that is given at once
+    std::optional<QRectF> caret; ///< the immediate answer
     int requests = 0;
 
 private:

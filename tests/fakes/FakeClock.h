@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// A clock that moves only when a test moves it.
+/// A clock that advances only when the test calls `advance`.
 class FakeClock final : public Clock
 {
 public:
@@ -18,17 +18,17 @@ public:
     [[nodiscard]] std::unique_ptr<Repetition> every(std::chrono::milliseconds interval,
                                                     std::function<void()> step) override;
 
-    /// Moves time on and runs, in order of time, every step that falls due on the way.
+    /// Advances the time and runs all steps that become due, in order.
     void advance(std::chrono::milliseconds duration);
 
-    /// How many repetitions run.
+    /// The number of active repetitions.
     [[nodiscard]] std::ptrdiff_t repetitions() const;
 
 private:
     struct Step
     {
         std::chrono::milliseconds due;
-        std::chrono::milliseconds interval; ///< zero for a single step
+        std::chrono::milliseconds interval; ///< zero for a step that is not repeated
         QPointer<QObject> owner;
         std::function<void()> run;
     };

@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// Keeps what it was asked for.
+/// Records the requested URLs.
 class FakeDocumentOpener final : public DocumentOpener
 {
 public:

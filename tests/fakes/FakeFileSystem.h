@@ -10,8 +10,8 @@
 
 namespace driftbox {
 
-/// Files in memory, with failures on demand. Like the real one it is thread-safe, and a file can
-/// only be written into a folder that exists.
+/// An in-memory file system that can simulate failures. Like the real one, it is thread-safe and
+/// writes files only into existing folders.
 class FakeFileSystem final : public FileSystem
 {
 public:
@@ -25,10 +25,10 @@ public:
     bool createFolder(const QString& path) override;
     bool remove(const QString& path) override;
 
-    /// Puts a file there, and the folders above it, without counting a write.
+    /// Creates a file and its parent folders without counting a write.
     void setFile(const QString& path, const QByteArray& bytes);
 
-    /// Lets every write, or the writes to `path` alone, fail with `error` from now on.
+    /// Makes all writes, or only those to `path`, fail with `error` from now on.
     void failWrites(const QString& error, const QString& path = {});
     void failReads(const QString& path);
     void failRemovals();
@@ -41,10 +41,10 @@ public:
     [[nodiscard]] bool exists(const QString& path) const;
     [[nodiscard]] bool folderExists(const QString& path) const;
 
-    /// The writes asked for, failed ones included.
+    /// The number of attempted writes, including failed ones.
     [[nodiscard]] int writeCount(const QString& path) const;
     [[nodiscard]] int writeCount() const;
-    /// The reads asked for, failed ones included.
+    /// The number of attempted reads, including failed ones.
     [[nodiscard]] int readCount(const QString& path) const;
 
 private:
@@ -56,7 +56,7 @@ private:
     QSet<QString> m_folders;
     QHash<QString, int> m_writes;
     mutable QHash<QString, int> m_reads;
-    QHash<QString, QString> m_writeErrors; ///< by path, the empty one standing for all
+    QHash<QString, QString> m_writeErrors; ///< by path; the empty path applies to all
     QSet<QString> m_unreadable;
     bool m_removalsFail = false;
     bool m_foldersFail = false;

@@ -16,7 +16,7 @@ FakeFloatingSurface::FakeFloatingSurface(QWindow& adopted, Role surfaceRole)
 void FakeFloatingSurface::present(Keyboard keyboard)
 {
     presentations.push_back(keyboard);
-    m_visible = true;
+    m_isVisible = true;
     if (keyboard == Keyboard::take)
         setKey(true);
 }
@@ -24,7 +24,7 @@ void FakeFloatingSurface::present(Keyboard keyboard)
 void FakeFloatingSurface::orderOut()
 {
     ++orderOuts;
-    m_visible = false;
+    m_isVisible = false;
     setKey(false);
 }
 
@@ -36,7 +36,7 @@ void FakeFloatingSurface::moveByUser(const QRectF& frame)
 
 void FakeFloatingSurface::setKey(bool key)
 {
-    if (std::exchange(m_key, key) == key)
+    if (std::exchange(m_isKey, key) == key)
         return;
     if (key)
         Q_EMIT becameKey();
@@ -46,7 +46,7 @@ void FakeFloatingSurface::setKey(bool key)
 
 void FakeFloatingSurface::setComposited(bool composited)
 {
-    if (std::exchange(m_composited, composited) != composited)
+    if (std::exchange(m_isComposited, composited) != composited)
         Q_EMIT compositedChanged(composited);
 }
 

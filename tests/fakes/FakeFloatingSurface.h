@@ -8,8 +8,8 @@
 
 namespace driftbox {
 
-/// A floating window that is nowhere to be seen: it remembers what it was asked for, and a test
-/// plays the user and the desktop.
+/// A floating surface without a visible window. Records requests; the test plays the user and the
+/// desktop.
 class FakeFloatingSurface final : public FloatingSurface
 {
     Q_OBJECT
@@ -19,24 +19,24 @@ public:
 
     [[nodiscard]] QRectF frame() const override { return m_frame; }
     void setFrame(const QRectF& frame) override { m_frame = frame; }
-    [[nodiscard]] bool isVisible() const override { return m_visible; }
-    [[nodiscard]] bool isKey() const override { return m_key; }
+    [[nodiscard]] bool isVisible() const override { return m_isVisible; }
+    [[nodiscard]] bool isKey() const override { return m_isKey; }
     void present(Keyboard keyboard) override;
     void orderOut() override;
-    [[nodiscard]] bool isComposited() const override { return m_composited; }
+    [[nodiscard]] bool isComposited() const override { return m_isComposited; }
     void setShape(const QRegion& newShape) override { shape = newShape; }
     void setClickThrough(bool clickThrough) override { isClickThrough = clickThrough; }
     void startMove() override { ++moves; }
     void startResize(Qt::Edges edges) override { resizes.push_back(edges); }
 
-    // What the user and the desktop do.
+    // Actions of the user and the desktop.
     void moveByUser(const QRectF& frame);
     void setKey(bool key);
     void setComposited(bool composited);
 
     QWindow& window;
     const Role role;
-    std::vector<Keyboard> presentations; ///< every `present`, in order
+    std::vector<Keyboard> presentations; ///< the calls of `present`, in order
     int orderOuts = 0;
     QRegion shape;
     bool isClickThrough = false;
@@ -45,9 +45,9 @@ public:
 
 private:
     QRectF m_frame;
-    bool m_visible = false;
-    bool m_key = false;
-    bool m_composited = true;
+    bool m_isVisible = false;
+    bool m_isKey = false;
+    bool m_isComposited = true;
 };
 
 class FakeFloatingSurfaceFactory final : public FloatingSurfaceFactory
@@ -56,7 +56,7 @@ public:
     [[nodiscard]] std::unique_ptr<FloatingSurface> adopt(QWindow& window,
                                                          FloatingSurface::Role role) override;
 
-    /// Every surface made so far, in order; null once its owner has destroyed it.
+    /// All surfaces created so far, in order; null once they are destroyed.
     std::vector<QPointer<FakeFloatingSurface>> surfaces;
 };
 

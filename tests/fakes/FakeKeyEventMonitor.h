@@ -7,7 +7,7 @@
 
 namespace driftbox {
 
-/// A keyboard that only a test types on.
+/// A key event monitor whose events are sent by the test.
 class FakeKeyEventMonitor final : public KeyEventMonitor
 {
 public:

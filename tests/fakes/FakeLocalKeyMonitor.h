@@ -5,7 +5,7 @@
 
 namespace driftbox {
 
-/// Key presses in this program's windows, made by a test.
+/// A monitor of key presses in this program's windows, which the test sends.
 class FakeLocalKeyMonitor final : public LocalKeyMonitor
 {
 public:
@@ -14,7 +14,7 @@ public:
         return m_registry.add(std::move(handler));
     }
 
-    /// Returns whether a monitor took the key press.
+    /// Returns whether a monitor handled the key press.
     bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                bool isRepeated = false)
     {

@@ -8,11 +8,11 @@ namespace driftbox {
 
 class FakeMarkdownReaderWindowFactory;
 
-/// A window that counts how often it is presented and closes when a test says so.
+/// A window that records requests and is closed by the test.
 class FakeMarkdownReaderWindow final : public MarkdownReaderWindow
 {
 public:
-    explicit FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& all);
+    explicit FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& factory);
     ~FakeMarkdownReaderWindow() override;
 
     void present() override { ++presented; }
@@ -25,10 +25,10 @@ public:
     std::function<void(const QUrl&)> openDocument;
 
 private:
-    FakeMarkdownReaderWindowFactory& m_all;
+    FakeMarkdownReaderWindowFactory& m_factory;
 };
 
-/// Makes such windows and knows the living ones, in the order in which they were made.
+/// Creates such windows and keeps track of the existing ones, in order of creation.
 class FakeMarkdownReaderWindowFactory final : public MarkdownReaderWindowFactory
 {
 public:
@@ -43,18 +43,18 @@ public:
     std::vector<FakeMarkdownReaderWindow*> windows;
 };
 
-inline FakeMarkdownReaderWindow::FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& all)
-    : m_all(all)
+inline FakeMarkdownReaderWindow::FakeMarkdownReaderWindow(FakeMarkdownReaderWindowFactory& factory)
+    : m_factory(factory)
 {
-    all.windows.push_back(this);
+    factory.windows.push_back(this);
 }
 
 inline FakeMarkdownReaderWindow::~FakeMarkdownReaderWindow()
 {
-    std::erase(m_all.windows, this);
+    std::erase(m_factory.windows, this);
 }
 
-/// A panel in which a test chooses.
+/// A file chooser in which the test chooses.
 class FakeMarkdownOpenPanel final : public FileChooser
 {
 public:

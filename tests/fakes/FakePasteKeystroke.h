@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// Keeps the applications that were sent the keystroke, in order.
+/// Records the applications that the keystroke was sent to, in order.
 class FakePasteKeystroke final : public PasteKeystroke
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A pasteboard on which a test copies in the name of other applications.
+/// A pasteboard to which the test copies on behalf of other applications.
 class FakePasteboard final : public Pasteboard
 {
 public:
@@ -24,7 +24,7 @@ public:
         m_content = content;
         ++m_changeCount;
     }
-    /// What was there before the program started arrives late.
+    /// Delivers the content from before the program's start.
     void deliverInitialContent(const PasteboardContent& content)
     {
         m_content = content;

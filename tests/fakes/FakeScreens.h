@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// The screens that a test puts up: at first one of 1440 x 900 points with a bar along its top.
+/// Screens set by the test; initially one of 1440 x 900 points with a bar at the top.
 class FakeScreens final : public Screens
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// Another program's selection, which it tells when the test says so.
+/// Another program's selection, delivered when the test calls `tell`.
 class FakeSelectedText final : public SelectedText
 {
 public:

@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// Shows windows where they are and keeps what it was asked for.
+/// Shows windows without moving them, and records requests.
 class FakeStandardWindows final : public StandardWindows
 {
 public:

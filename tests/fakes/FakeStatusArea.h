@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A place for symbols that is there when a test says so.
+/// A status area whose availability is set by the test.
 class FakeStatusArea final : public StatusArea
 {
 public:

@@ -8,16 +8,16 @@
 
 namespace driftbox {
 
-/// Runs work when the test says so, on the test's own thread.
+/// Runs tasks when the test says so, on the test's thread.
 class FakeTaskRunner final : public TaskRunner
 {
 public:
     void run(QObject* owner, std::function<void()> work, std::function<void()> done) override;
 
     [[nodiscard]] std::size_t pending() const { return m_tasks.size(); }
-    /// Does the oldest task's work and reports it done. There has to be one.
+    /// Runs the oldest task, which must exist, including its completion callback.
     void runNext();
-    /// Runs tasks, those included that the others bring about, until none is left.
+    /// Runs all tasks, including those that they start.
     void runAll();
 
 private:

@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// User defaults in memory that count what is written.
+/// In-memory user defaults that count writes.
 class FakeUserDefaults final : public UserDefaults
 {
 public:

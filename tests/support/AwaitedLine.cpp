@@ -4,13 +4,13 @@ namespace driftbox {
 
 namespace {
 
-AwaitedLine* theLine = nullptr; // handlers of messages are plain functions
+AwaitedLine* theLine = nullptr; // message handlers are plain functions
 
 } // namespace
 
 AwaitedLine::AwaitedLine(const QString& beginning)
     : m_beginning(beginning)
-    , m_others(qInstallMessageHandler(&handle))
+    , m_previousHandler(qInstallMessageHandler(&handle))
 {
     Q_ASSERT(!theLine);
     theLine = this;
@@ -18,7 +18,7 @@ AwaitedLine::AwaitedLine(const QString& beginning)
 
 AwaitedLine::~AwaitedLine()
 {
-    qInstallMessageHandler(m_others);
+    qInstallMessageHandler(m_previousHandler);
     theLine = nullptr;
 }
 
@@ -27,7 +27,7 @@ void AwaitedLine::handle(QtMsgType type, const QMessageLogContext& context, cons
     if (message.startsWith(theLine->m_beginning))
         ++theLine->m_count;
     else
-        theLine->m_others(type, context, message);
+        theLine->m_previousHandler(type, context, message);
 }
 
 } // namespace driftbox

@@ -5,25 +5,25 @@
 
 namespace driftbox {
 
-/// A line of the log that a test waits for; it is no complaint, however often it comes. One at a
-/// time. Main thread only.
+/// Counts log messages that a test expects, so that they do not fail the test. At most one instance
+/// at a time. Main thread only.
 class AwaitedLine
 {
 public:
-    /// Looks out for lines that begin like this for as long as it lives.
+    /// Counts messages that start with `beginning` during its lifetime.
     explicit AwaitedLine(const QString& beginning);
     ~AwaitedLine();
     AwaitedLine(const AwaitedLine&) = delete;
     AwaitedLine& operator=(const AwaitedLine&) = delete;
 
-    /// How often it has come.
+    /// The number of matching messages so far.
     [[nodiscard]] int count() const { return m_count; }
 
 private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
 
     QString m_beginning;
-    QtMessageHandler m_others;
+    QtMessageHandler m_previousHandler;
     int m_count = 0;
 };
 

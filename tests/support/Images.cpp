@@ -58,7 +58,7 @@ QByteArray pngThatClaims(const QSize& size)
     const QByteArray header = bigEndian(static_cast<quint32>(size.width())) +
                               bigEndian(static_cast<quint32>(size.height())) +
                               QByteArray("\x08\x06\x00\x00\x00", 5);
-    // What qCompress puts before the data is the size, which the file format does not have.
+    // qCompress prepends the size, which is not part of the PNG format.
     const QByteArray pixels = qCompress(QByteArray(100'000, '\0'), 9).mid(4);
     return QByteArray("\x89PNG\r\n\x1a\n") + chunk("IHDR", header) + chunk("IDAT", pixels) +
            chunk("IEND", {});

@@ -5,13 +5,13 @@
 
 namespace driftbox {
 
-/// A picture in which no two neighboring pixels are alike.
+/// A picture in which neighboring pixels always differ.
 [[nodiscard]] QImage colorfulImage(const QSize& size);
 
-/// The file of an image, of a kind as QImageWriter names it.
+/// Encodes an image; `kind` is a format name of QImageWriter.
 [[nodiscard]] QByteArray imageFile(const QImage& image, const char* kind);
 
-/// A few hundred bytes that claim to be a PNG file of that size, with honest check sums.
+/// A few hundred bytes that claim to be a PNG file of this size, with correct checksums.
 [[nodiscard]] QByteArray pngThatClaims(const QSize& size);
 
 } // namespace driftbox

@@ -4,7 +4,8 @@
 
 namespace driftbox {
 
-/// Gives the X server's keyboard other settings, those of setxkbmap, until the end of the scope.
+/// Changes the X server's keyboard settings, given as arguments of setxkbmap, until the end of the
+/// scope.
 class KeyboardLayout
 {
 public:

@@ -12,7 +12,7 @@ namespace driftbox {
 namespace {
 
 constexpr int programTimeoutMs = 20'000;
-constexpr int timeoutMs = 2000; ///< with a program that shall end
+constexpr int timeoutMs = 2000; ///< for a program to exit
 
 void xdotool(const QStringList& arguments)
 {
@@ -34,7 +34,7 @@ OtherProgram::OtherProgram(const QStringList& command, const QHash<QString, QStr
 OtherProgram::~OtherProgram()
 {
     m_process.terminate();
-    signal(SIGCONT); // a stopped one hears nothing else
+    signal(SIGCONT); // a stopped process handles no other signal
     if (!m_process.waitForFinished(timeoutMs)) {
         m_process.kill();
         m_process.waitForFinished();

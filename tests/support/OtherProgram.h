@@ -7,12 +7,12 @@
 
 namespace driftbox {
 
-/// A program beside the one under test. At the end it is asked to end, so that it can end what it
-/// started itself, and killed if it does not.
+/// Another process besides the one under test. The destructor terminates it, so that it can clean
+/// up its own child processes, and kills it after a timeout.
 class OtherProgram
 {
 public:
-    /// `environment` is added to that of the test.
+    /// `environment` is added to the test's environment.
     explicit OtherProgram(const QStringList& command,
                           const QHash<QString, QString>& environment = {});
     ~OtherProgram();
@@ -21,8 +21,9 @@ public:
 
     void signal(int number) const;
 
-    /// What one of the editors in programs/ prints of its caret, once that is the position among so
-    /// many characters. In the editor's own points; empty when it never is.
+    /// Waits until one of the editors in programs/ reports the caret at `position` in a text of
+    /// this many characters. Returns the caret's rectangle in the editor's points; empty on
+    /// timeout.
     [[nodiscard]] QRectF caretAt(int position, int characters);
 
     [[nodiscard]] static QStringList qtEditor();
@@ -30,10 +31,10 @@ public:
 
 private:
     QProcess m_process;
-    QList<QByteArray> m_line; ///< the fields of the last one printed
+    QList<QByteArray> m_line; ///< the fields of the last output line
 };
 
-/// Presses keys in the window that has the keyboard, in the spelling of xdotool.
+/// Presses keys, named as in xdotool, in the focused window.
 void pressKeys(const QStringList& keys);
 void typeText(const QString& text);
 

@@ -5,7 +5,7 @@
 
 namespace driftbox {
 
-/// Owns what XCB allocated.
+/// Owns memory allocated by XCB.
 template <typename T>
 [[nodiscard]] std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
 {

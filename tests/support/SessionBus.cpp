@@ -33,7 +33,7 @@ SessionBus::SessionBus(Services services)
 {
     makeFolders();
     QFile file(m_folder.filePath(u"bus.conf"_s));
-    const bool opened = file.open(QIODevice::WriteOnly);
+    const bool isOpen = file.open(QIODevice::WriteOnly);
     const auto directories =
         services == Services::installed ? u"<standard_session_servicedirs/>"_s : QString();
     file.write(QString::fromUtf8(configuration).arg(directories).toUtf8());
@@ -44,7 +44,7 @@ SessionBus::SessionBus(Services services)
                                       u"--nopidfile"_s, u"--print-address=1"_s});
     QByteArray line;
     while (!line.endsWith('\n')) {
-        if (!opened || !m_daemon.waitForReadyRead(busTimeoutMs))
+        if (!isOpen || !m_daemon.waitForReadyRead(busTimeoutMs))
             qFatal("The session bus does not start");
         line += m_daemon.readAllStandardOutput();
     }
@@ -72,7 +72,7 @@ void SessionBus::makeFolders()
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv(variable, path.toUtf8());
     }
-    // No settings of the machine, and no service that would keep ours.
+    // Neither the machine's settings nor a settings service.
     qputenv("GSETTINGS_BACKEND", "memory");
     qunsetenv("AT_SPI_BUS_ADDRESS");
 }

@@ -7,7 +7,7 @@
 namespace driftbox {
 
 /// A private session bus with private folders for configuration, data and run-time files. The
-/// environment points to all of them from construction on; the bus and what it started end with it.
+/// environment points to them once this is constructed. The bus ends with this object.
 class SessionBus
 {
 public:
@@ -16,7 +16,7 @@ public:
         none,
     };
 
-    /// Stops the test program when the bus does not come up.
+    /// Aborts the test program if the bus does not start.
     explicit SessionBus(Services services = Services::installed);
     ~SessionBus();
     SessionBus(const SessionBus&) = delete;

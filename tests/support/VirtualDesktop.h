@@ -11,25 +11,25 @@
 
 namespace driftbox {
 
-/// A real X server without a screen to look at, with a real window manager, for the tests of one
-/// executable. DISPLAY points to it from construction on; both programs end with it.
+/// A headless X server with a real window manager, for the tests of one executable. DISPLAY points
+/// to it once this is constructed. Both processes end with this object.
 class VirtualDesktop
 {
 public:
-    /// `screen` is the geometry and depth of the X server's screen. Stops the test program when a
-    /// part does not come up.
+    /// `screen` is the geometry and depth of the X server's screen. Aborts the test program if a
+    /// process does not start.
     /// The window manager is openbox unless DRIFTBOX_TEST_WINDOW_MANAGER names another.
     explicit VirtualDesktop(const QString& screen = QStringLiteral("1440x900x24"));
     ~VirtualDesktop();
     VirtualDesktop(const VirtualDesktop&) = delete;
     VirtualDesktop& operator=(const VirtualDesktop&) = delete;
 
-    /// Ends the window manager and starts another one; none for an empty name.
+    /// Ends the window manager and starts another one, or none if `name` is empty.
     void setWindowManager(const QString& name);
-    /// Has the window manager hear nothing until it is thawed.
+    /// Suspends the window manager until it is thawed.
     void freezeWindowManager() { m_windowManager->freeze(); }
     void thawWindowManager() { m_windowManager->thaw(); }
-    /// Kills the window manager, which leaves everything on the server as it is.
+    /// Kills the window manager without letting it clean up its windows.
     void crashWindowManager();
 
 private:
@@ -39,7 +39,7 @@ private:
     std::unique_ptr<WindowManager> m_windowManager;
 };
 
-/// Runs a test class on a display of its own.
+/// Runs a test class on its own display.
 template <typename TestClass>
 int runDisplayTest(int argc, char** argv)
 {

@@ -21,7 +21,7 @@ namespace driftbox {
 namespace {
 
 constexpr int startTimeoutMs = 12'000;
-constexpr int maxStarts = 4;
+constexpr int maxAttempts = 4;
 constexpr int firstProbeTimeoutMs = 400;
 
 struct Free
@@ -50,7 +50,7 @@ WindowManager::WindowManager(const QString& name)
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardOutputFile(m_home.filePath(u"log"_s));
-    // What it starts itself, its message bus above all, ends with it.
+    // A process group, so that its child processes, such as its message bus, can be ended with it.
     m_process.setChildProcessModifier([] { setpgid(0, 0); });
 
     QFile file(m_home.filePath(u"i3.config"_s));
@@ -58,16 +58,16 @@ WindowManager::WindowManager(const QString& name)
         file.write(i3Configuration);
     file.close();
 
-    // Now and then one crashes as it starts, or never looks after windows.
-    for (int attempt = 0; attempt < maxStarts; ++attempt) {
+    // Occasionally a window manager crashes on startup or never manages windows.
+    for (int attempt = 0; attempt < maxAttempts; ++attempt) {
         start(argumentsFor(name));
         if (becomesReady())
             return;
         crash();
     }
     QFile log(m_home.filePath(u"log"_s));
-    const QByteArray said = log.open(QFile::ReadOnly) ? log.readAll() : QByteArray();
-    qFatal("%s does not manage windows; it said: %s", qPrintable(name), said.constData());
+    const QByteArray output = log.open(QFile::ReadOnly) ? log.readAll() : QByteArray();
+    qFatal("%s does not manage windows; its output: %s", qPrintable(name), output.constData());
 }
 
 void WindowManager::start(const QStringList& command)
@@ -104,8 +104,8 @@ void WindowManager::crash()
     waitUntilGone();
 }
 
-// The server hears of the end in its own time. Until then the next window manager would believe
-// that it has to wait for this one to leave, and some wait for ever.
+// The server notices the end only later. Until then the next window manager would wait for this one
+// to give up the selection, some of them forever.
 void WindowManager::waitUntilGone()
 {
     constexpr std::string_view name = "WM_S0";
@@ -118,7 +118,7 @@ void WindowManager::waitUntilGone()
             xcb, xcb_get_selection_owner(xcb, selection->atom), nullptr));
         if (!owner || owner->owner == XCB_NONE)
             break;
-        QThread::msleep(5); // between two looks at a condition
+        QThread::msleep(5); // poll interval
     }
     xcb_disconnect(xcb);
 }
@@ -131,19 +131,19 @@ void WindowManager::signalAll(int signal) const
 
 QStringList WindowManager::argumentsFor(const QString& name) const
 {
-    const QStringList onABus = {u"dbus-run-session"_s, u"--"_s, name, u"--replace"_s};
+    const QStringList onBus = {u"dbus-run-session"_s, u"--"_s, name, u"--replace"_s};
     if (name == u"xfwm4")
-        return onABus + QStringList{u"--compositor=off"_s};
+        return onBus + QStringList{u"--compositor=off"_s};
     if (name == u"kwin_x11")
-        return onABus + QStringList{u"--no-kactivities"_s};
+        return onBus + QStringList{u"--no-kactivities"_s};
     if (name == u"i3")
         return {name, u"--replace"_s, u"-c"_s, m_home.filePath(u"i3.config"_s)};
     return {name, u"--replace"_s, u"--sm-disable"_s};
 }
 
-// Window managers announce themselves before they look after windows, so windows are shown until
-// one of them gets the keyboard: anew, as one may come too early, and for longer each time, as the
-// machine may be busy.
+// Window managers announce themselves before they manage windows, so probe windows are shown until
+// one gets the focus: repeatedly, because one may be shown too early, and with a growing timeout,
+// because the machine may be busy.
 bool WindowManager::becomesReady()
 {
     const QDeadlineTimer deadline(startTimeoutMs);
@@ -155,7 +155,7 @@ bool WindowManager::becomesReady()
                 return true;
             if (m_process.waitForFinished(0))
                 return false;
-            QThread::msleep(5); // between two looks at a condition
+            QThread::msleep(5); // poll interval
         }
     }
     return false;

@@ -8,12 +8,12 @@
 
 namespace driftbox {
 
-/// A real window manager on the X server that DISPLAY names; it ends with this object.
+/// A real window manager on the X server in DISPLAY. The process ends with this object.
 class WindowManager
 {
 public:
-    /// `name` is openbox, xfwm4, i3 or kwin_x11. Takes over from one that runs already. Returns
-    /// once it manages new windows; stops the test program when it does not come up.
+    /// `name` is openbox, xfwm4, i3 or kwin_x11. Replaces a running window manager. Returns once it
+    /// manages new windows; aborts the test program if it does not.
     explicit WindowManager(const QString& name);
     ~WindowManager();
     WindowManager(const WindowManager&) = delete;
@@ -21,7 +21,7 @@ public:
 
     void freeze();
     void thaw();
-    /// Ends it without a chance to tidy up.
+    /// Kills it without letting it clean up.
     void crash();
 
 private:
@@ -33,7 +33,7 @@ private:
 
     QTemporaryDir m_home;
     QProcess m_process;
-    pid_t m_group = 0; ///< everything it has started
+    pid_t m_group = 0; ///< the process group
 };
 
 } // namespace driftbox

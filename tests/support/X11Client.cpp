@@ -24,8 +24,8 @@ X11Client::X11Client(const Settings& settings)
     const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(m_xcb)).data;
     m_root = screen->root;
     m_window = xcb_generate_id(m_xcb);
-    // Clicks that a program does not want go on to the window manager, which acts on them once
-    // more.
+    // Button events that a client does not select propagate to the window manager's frame, which
+    // would handle them again.
     const std::uint32_t values[] = {
         screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
                                  XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE};
@@ -133,14 +133,14 @@ QRect X11Client::frame() const
 {
     const auto size =
         owned(xcb_get_geometry_reply(m_xcb, xcb_get_geometry(m_xcb, m_window), nullptr));
-    const auto place = owned(xcb_translate_coordinates_reply(
+    const auto origin = owned(xcb_translate_coordinates_reply(
         m_xcb, xcb_translate_coordinates(m_xcb, m_window, m_root, 0, 0), nullptr));
-    return {place->dst_x, place->dst_y, size->width, size->height};
+    return {origin->dst_x, origin->dst_y, size->width, size->height};
 }
 
 const std::vector<X11Client::Key>& X11Client::keys()
 {
-    // The answer comes after the events that the server had sent before.
+    // The reply arrives after all events that were sent before.
     (void)owned(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
     while (const auto event = owned(xcb_poll_for_event(m_xcb))) {
         const auto type = event->response_type & 0x7f;

@@ -11,8 +11,8 @@
 
 namespace driftbox {
 
-/// A plain program with one window, as another process would have it: it has a connection of its
-/// own and knows no toolkit. It shows its window at once and remembers the keys that reach it.
+/// A plain X11 client with one window, like another process: it has its own connection and uses no
+/// toolkit. It shows its window immediately and records the key events that it receives.
 class X11Client
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
         bool isPress;
         xcb_keycode_t code;
-        std::uint16_t modifiers; ///< before the event
+        std::uint16_t modifiers; ///< the state before the event
         int group;
         bool operator==(const Key&) const = default;
     };
@@ -45,20 +45,20 @@ public:
     void map() const;
     void setNumbers(const char* property, xcb_atom_t type,
                     const std::vector<std::uint32_t>& numbers) const;
-    /// Takes the keyboard without asking a window manager.
+    /// Takes the focus without involving the window manager.
     void takeFocus() const;
     void quit();
 
-    /// Whether the window, or a child of it, has the keyboard.
+    /// Whether the window, or a child of it, has the focus.
     [[nodiscard]] bool hasFocus() const;
-    /// Whether the window manager knows that the window has it.
+    /// Whether the window manager announces the window as active.
     [[nodiscard]] bool isActive() const;
     [[nodiscard]] bool isViewable() const;
-    /// Whether a click would reach the window now.
+    /// Whether a click would currently reach the window.
     [[nodiscard]] bool isUnderPointer() const;
-    /// Where the window's inside is on the screen.
+    /// The geometry of the window's content on the screen.
     [[nodiscard]] QRect frame() const;
-    /// The keys that have reached the window until now, in order.
+    /// The key events that the window has received so far, in order.
     [[nodiscard]] const std::vector<Key>& keys();
     void forgetKeys();
 

@@ -38,7 +38,7 @@ xcb_keycode_t X11User::keycodeOf(xcb_keysym_t symbol) const
                 return static_cast<xcb_keycode_t>(setup->min_keycode + key);
         }
     }
-    qFatal("No key bears the symbol %#x", symbol);
+    qFatal("No key has the keysym %#x", symbol);
 }
 
 bool X11User::isDown(xcb_keysym_t symbol) const
@@ -85,9 +85,9 @@ QRect X11User::frameOf(xcb_window_t window) const
 {
     const auto size =
         owned(xcb_get_geometry_reply(m_xcb, xcb_get_geometry(m_xcb, window), nullptr));
-    const auto place = owned(xcb_translate_coordinates_reply(
+    const auto origin = owned(xcb_translate_coordinates_reply(
         m_xcb, xcb_translate_coordinates(m_xcb, window, m_root, 0, 0), nullptr));
-    return {place->dst_x, place->dst_y, size->width, size->height};
+    return {origin->dst_x, origin->dst_y, size->width, size->height};
 }
 
 void X11User::fake(std::uint8_t type, std::uint8_t detail, QPoint pixel)

@@ -8,8 +8,8 @@
 
 namespace driftbox {
 
-/// Plays the user at the keyboard and the mouse of the X server that DISPLAY names. Everything has
-/// happened there when a call returns.
+/// Simulates keyboard and mouse input on the X server in DISPLAY. The server has processed the
+/// input when a call returns.
 class X11User
 {
 public:
@@ -18,14 +18,14 @@ public:
     X11User(const X11User&) = delete;
     X11User& operator=(const X11User&) = delete;
 
-    /// `symbol` is one that a key bears without modifiers (XK_…).
+    /// `symbol` is a keysym (XK_…) that some key has without modifiers.
     void press(xcb_keysym_t symbol) { fake(XCB_KEY_PRESS, keycodeOf(symbol)); }
     void release(xcb_keysym_t symbol) { fake(XCB_KEY_RELEASE, keycodeOf(symbol)); }
     void tap(xcb_keysym_t symbol);
     [[nodiscard]] xcb_keycode_t keycodeOf(xcb_keysym_t symbol) const;
-    /// Whether the server takes the key for pressed.
+    /// Whether the server considers the key pressed.
     [[nodiscard]] bool isDown(xcb_keysym_t symbol) const;
-    /// The modifiers that take effect, bits of the core modifier mask.
+    /// The effective modifiers, as bits of the core modifier mask.
     [[nodiscard]] std::uint16_t modifiers() const;
 
     void movePointer(QPoint pixel);
@@ -33,9 +33,9 @@ public:
     void releaseButton() { fake(XCB_BUTTON_RELEASE, 1); }
     void click(QPoint pixel);
 
-    /// The color that is seen there.
+    /// The color on the screen.
     [[nodiscard]] QColor colorAt(QPoint pixel) const;
-    /// Where the server has the window, in pixels of the whole screen. The window must exist.
+    /// The window's geometry in pixels of the whole screen. The window must exist.
     [[nodiscard]] QRect frameOf(xcb_window_t window) const;
 
 private:

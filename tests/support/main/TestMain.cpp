@@ -32,7 +32,7 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "    %s\n", name.data());
         return 2;
     }
-    // The class takes the place of the program's name in the arguments.
+    // Remove the class name from the arguments.
     argv[1] = argv[0];
     return test->second(argc - 1, argv + 1);
 }

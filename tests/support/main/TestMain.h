@@ -6,11 +6,11 @@
 
 namespace driftbox {
 
-/// What runs a test class: the signature of a main function, given the arguments of Qt Test.
+/// The function that runs a test class, with the arguments of Qt Test.
 using TestMain = int (*)(int argc, char** argv);
 
-/// Enters a test class into the list of its executable, which is started as
-/// `<executable> <class> [arguments of Qt Test]`. Lives as long as the program.
+/// Registers a test class with its executable, which is started as
+/// `<executable> <class> [arguments of Qt Test]`. Must have static storage duration.
 class TestRegistration
 {
 public:
@@ -30,11 +30,11 @@ int runTest(int argc, char** argv)
 
 } // namespace driftbox
 
-/// Registers a test class that brings a main function of its own.
+/// Registers a test class with its own main function.
 #define DRIFTBOX_TEST_MAIN(TestClass, mainFunction)                                                \
     static const driftbox::TestRegistration registration##TestClass(#TestClass, mainFunction);
 
-/// Registers a test class that needs no more than an application object:
+/// Registers a test class that needs only an application object:
 /// QCoreApplication, QGuiApplication or QApplication.
 #define DRIFTBOX_TEST(TestClass, Application)                                                      \
     DRIFTBOX_TEST_MAIN(TestClass, (driftbox::runTest<TestClass, Application>))

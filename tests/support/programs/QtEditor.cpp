@@ -1,6 +1,6 @@
-// A window with an entry, a text and a button, for tests that look at other programs' text. Prints
-// a line whenever the caret of the focused one changes: its position in the text, the number of
-// characters, and where it is on the screen in the program's own points: x, y, width, height.
+// A window with a line edit, a text edit and a button, for tests that inspect other programs' text.
+// Prints a line whenever the caret of the focused one changes: its position in the text, the number
+// of characters, and its rectangle on the screen in the program's points: x, y, width, height.
 
 #include <cstdio>
 
@@ -16,7 +16,7 @@ namespace {
 class Entry final : public QLineEdit
 {
 public:
-    /// The caret is in the middle of the rectangle that the base class gives.
+    /// The caret is in the middle of the base class's cursor rectangle.
     [[nodiscard]] QRect caret() const
     {
         const QRect around = cursorRect();
@@ -26,9 +26,9 @@ public:
 
 void printCaret(int position, qsizetype characters, const QRect& caret, const QWidget& within)
 {
-    const QPoint place = within.mapToGlobal(caret.topLeft());
-    std::printf("%d %lld %d %d %d %d\n", position, static_cast<long long>(characters), place.x(),
-                place.y(), caret.width(), caret.height());
+    const QPoint origin = within.mapToGlobal(caret.topLeft());
+    std::printf("%d %lld %d %d %d %d\n", position, static_cast<long long>(characters), origin.x(),
+                origin.y(), caret.width(), caret.height());
     std::fflush(stdout);
 }
 
@@ -58,7 +58,7 @@ int main(int argc, char** argv)
             printCaret(entry.cursorPosition(), entry.text().size(), entry.caret(), entry);
         }
     };
-    // Later, when the window has been laid out anew.
+    // Deferred until the window has been laid out.
     const auto printLater = [&] { QTimer::singleShot(0, &window, print); };
     QObject::connect(&text, &QPlainTextEdit::cursorPositionChanged, &window, printLater);
     QObject::connect(&entry, &QLineEdit::cursorPositionChanged, &window, printLater);

@@ -1,7 +1,7 @@
-"""A window with a text, an entry and a button, for tests that look at other programs' text.
+"""A window with a text view, an entry and a button, for tests that inspect other programs' text.
 
 Prints a line whenever the caret of the focused one changes: its position in the text, the number of
-characters, and where it is on the screen in the program's own points: x, y, width, height.
+characters, and its rectangle on the screen in the program's points: x, y, width, height.
 """
 
 import gi
@@ -27,10 +27,10 @@ def entry_caret(entry):
     strong, _ = layout.get_cursor_pos(index)
     x, y = entry.get_layout_offsets()
     _, origin_x, origin_y = entry.get_window().get_origin()
-    place = entry.get_allocation()
+    allocation = entry.get_allocation()
     return (entry.get_position(), len(entry.get_text()),
-            origin_x + place.x + x + strong.x // Pango.SCALE,
-            origin_y + place.y + y + strong.y // Pango.SCALE,
+            origin_x + allocation.x + x + strong.x // Pango.SCALE,
+            origin_y + allocation.y + y + strong.y // Pango.SCALE,
             strong.width // Pango.SCALE, strong.height // Pango.SCALE)
 
 
@@ -56,7 +56,7 @@ def print_caret():
 
 
 def print_later(*_):
-    # When the window has been laid out anew.
+    # Deferred until the window has been laid out.
     GLib.idle_add(print_caret, priority=GLib.PRIORITY_LOW)
 
 

@@ -6,7 +6,7 @@ PasteboardProgram::PasteboardProgram(TaskRunner& runner)
     : connection(X11Connection::open())
     , pasteboard(*connection, clock, runner)
 {
-    // The server knows what is wanted of it before the test goes on.
+    // A round trip, so that the server has processed all requests.
     static_cast<void>(connection->atom("DRIFTBOX_TEST_IS_READY"));
 }
 

@@ -8,7 +8,7 @@
 
 namespace driftbox {
 
-/// The program as far as its pasteboard goes, with deadlines that the test lets pass.
+/// The pasteboard part of the program, with timeouts controlled by the test.
 class PasteboardProgram
 {
 public:

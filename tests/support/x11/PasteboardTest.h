@@ -9,7 +9,8 @@
 
 namespace driftbox {
 
-/// Gives each function of a test a program of its own, whose background work waits for the test.
+/// A test fixture that creates a program for each test function and runs background tasks only when
+/// the test says so.
 class PasteboardTest : public QObject
 {
     Q_OBJECT

@@ -25,7 +25,7 @@ void ScriptedOwner::take()
 {
     xcb_set_selection_owner(m_connection->xcb(), m_window, m_connection->atom(m_selection),
                             XCB_CURRENT_TIME);
-    // What others ask the server from now on finds this owner.
+    // A round trip, so that later requests of other clients see this owner.
     const X11Reply<xcb_get_input_focus_reply_t> done(xcb_get_input_focus_reply(
         m_connection->xcb(), xcb_get_input_focus(m_connection->xcb()), nullptr));
 }
@@ -54,9 +54,9 @@ bool ScriptedOwner::ownsSelection()
     auto* const xcb = m_connection->xcb();
     auto* const reply = xcb_get_selection_owner_reply(
         xcb, xcb_get_selection_owner(xcb, m_connection->atom(m_selection)), nullptr);
-    const bool owns = reply != nullptr && reply->owner == m_window;
+    const bool isOwner = reply != nullptr && reply->owner == m_window;
     std::free(reply);
-    return owns;
+    return isOwner;
 }
 
 void ScriptedOwner::handleEvent(const xcb_generic_event_t& event)

@@ -13,8 +13,8 @@ namespace driftbox {
 
 class X11Connection;
 
-/// Another program that copies: an X client that owns a selection and answers as the test says.
-/// What it has been told to do in a special way for a target goes before the formats that it has.
+/// An X client that owns a selection and answers requests as configured by the test. `answers` take
+/// precedence over `formats`.
 class ScriptedOwner final : public QObject
 {
 public:
@@ -31,32 +31,32 @@ public:
     explicit ScriptedOwner(QByteArray selection = "CLIPBOARD");
     ~ScriptedOwner() override;
 
-    QHash<QByteArray, QByteArray> formats; ///< what TARGETS lists and is answered with
-    QHash<QByteArray, Answer> answers;     ///< by target; TARGETS too, and listed there
-    qsizetype incrementSize = 0; ///< above zero, formats go out in increments of that size
+    QHash<QByteArray, QByteArray> formats; ///< the contents by target, listed in TARGETS
+    QHash<QByteArray, Answer> answers;     ///< by target, possibly TARGETS; listed in TARGETS, too
+    qsizetype incrementSize = 0; ///< if positive, contents are sent in increments of this size
 
-    QByteArrayList asked; ///< the targets so far, in order
+    QByteArrayList asked; ///< the requested targets so far, in order
 
-    /// Takes the selection.
+    /// Becomes the owner of the selection.
     void take();
-    /// Has no owner be the owner.
+    /// Leaves the selection without an owner.
     void clear();
-    /// Destroys the owning window; the program goes on.
+    /// Destroys the owner's window but keeps the connection.
     void destroyWindow();
-    /// Ends as a program does.
+    /// Closes the connection, as an exiting program does.
     void end();
     [[nodiscard]] bool ownsSelection();
 
-    /// The parts of an answer.
+    /// The building blocks of an answer.
     void put(const Request& request, const QByteArray& type, int format, const QByteArray& bytes);
     void append(const Request& request, const QByteArray& bytes);
     void announceIncrements(const Request& request, std::uint32_t size);
     void notify(const Request& request);
     void refuse(const Request& request);
-    /// Calls `deleted` whenever the requestor has taken what lies in the property.
+    /// Calls `deleted` whenever the requestor deletes the property.
     void whenTaken(const Request& request, const std::function<void()>& deleted);
 
-    /// An answer that never comes.
+    /// An answer that does nothing, so that the request times out.
     [[nodiscard]] static Answer silence();
 
 private:

@@ -57,12 +57,12 @@ void ScriptedRequestor::convert(xcb_window_t window, const QByteArray& selection
 
 ScriptedRequestor::Value ScriptedRequestor::take(const QByteArray& property)
 {
-    constexpr std::uint32_t everything = 64 * 1024 * 1024 / 4;
+    constexpr std::uint32_t maxLength = 64 * 1024 * 1024 / 4;
     auto* const xcb = m_connection->xcb();
     auto* const reply =
         xcb_get_property_reply(xcb,
                                xcb_get_property(xcb, 1, m_window, m_connection->atom(property),
-                                                XCB_GET_PROPERTY_TYPE_ANY, 0, everything),
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, maxLength),
                                nullptr);
     Value value;
     if (reply != nullptr && reply->type != XCB_ATOM_NONE)
@@ -127,9 +127,9 @@ QByteArray ScriptedRequestor::nameOf(xcb_atom_t atom)
 QByteArrayList ScriptedRequestor::namesOf(const QByteArray& atoms)
 {
     QByteArrayList names;
-    for (qsizetype at = 0; at < atoms.size(); at += qsizetype(sizeof(xcb_atom_t))) {
+    for (qsizetype offset = 0; offset < atoms.size(); offset += qsizetype(sizeof(xcb_atom_t))) {
         xcb_atom_t atom = XCB_ATOM_NONE;
-        std::memcpy(&atom, atoms.constData() + at, sizeof atom);
+        std::memcpy(&atom, atoms.constData() + offset, sizeof atom);
         names.append(atom == XCB_ATOM_NONE ? QByteArray("NONE") : nameOf(atom));
     }
     return names;

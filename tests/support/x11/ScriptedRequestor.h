@@ -11,14 +11,13 @@ namespace driftbox {
 
 class X11Connection;
 
-/// Another program that pastes: an X client that asks for a selection step by step, as the test
-/// says.
+/// An X client that requests a selection step by step, as controlled by the test.
 class ScriptedRequestor final : public QObject
 {
 public:
     struct Value
     {
-        QByteArray type; ///< empty when there is no such property
+        QByteArray type; ///< empty if there is no such property
         int format = 0;
         QByteArray bytes;
     };
@@ -26,25 +25,25 @@ public:
     ScriptedRequestor();
     ~ScriptedRequestor() override;
 
-    /// Asks for the target; the answer is to go to the property of the same name.
+    /// Requests a target; the answer goes to the property of the same name.
     void ask(const QByteArray& target, const QByteArray& selection = "CLIPBOARD");
-    /// Asks for several at once; each answer goes to the property "FOR_" and its target.
+    /// Requests several targets at once; each answer goes to the property "FOR_" plus its target.
     void askForMultiple(const QByteArrayList& targets);
-    /// Asks as programs did before the conventions, which name no property.
+    /// Sends an obsolete request that names no property.
     void askWithoutProperty(const QByteArray& target);
-    /// Asks in the name of a window that is not this program's.
+    /// Sends a request on behalf of another client's window.
     void askInTheNameOf(xcb_window_t window, const QByteArray& target);
 
-    /// The targets that were answered so far, each with "refused" where it was.
+    /// The targets answered so far, followed by " refused" where the request was refused.
     QByteArrayList answers;
 
-    /// Reads a property of this program's window and deletes it.
+    /// Reads and deletes a property of this client's window.
     [[nodiscard]] Value take(const QByteArray& property);
-    /// Goes on taking increments from the property until the empty one.
+    /// Reads increments from the property until the empty one.
     void takeIncrements(const QByteArray& property);
 
-    QByteArray increments;  ///< those taken so far
-    int incrementCount = 0; ///< the empty one included
+    QByteArray increments;  ///< the data read so far
+    int incrementCount = 0; ///< including the empty one
     bool hasTakenLastIncrement = false;
 
     void destroyWindow();
@@ -60,7 +59,7 @@ private:
 
     std::unique_ptr<X11Connection> m_connection;
     xcb_window_t m_window;
-    QByteArray m_incremental; ///< the property whose increments are being taken
+    QByteArray m_incremental; ///< the property whose increments are being read
 };
 
 } // namespace driftbox

@@ -13,7 +13,7 @@ QByteArray pasted(const QString& target, const QString& selection)
     constexpr int timeoutMs = 20'000;
     QTemporaryFile file;
     if (!file.open())
-        return "there is no place for what is pasted";
+        return "the output file cannot be created";
     QProcess xclip;
     xclip.setStandardOutputFile(file.fileName());
     xclip.start(u"xclip"_s, {u"-o"_s, u"-selection"_s, selection, u"-t"_s, target});

@@ -3,10 +3,10 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// The program xclip as one that pastes. The event loop runs while it does.
+/// Pastes with the program xclip. The event loop runs meanwhile.
 namespace driftbox::Xclip {
 
-/// What it pastes of that format; empty when it gets nothing.
+/// The content in this format; empty if there is none.
 [[nodiscard]] QByteArray pasted(const QString& target,
                                 const QString& selection = QStringLiteral("clipboard"));
 

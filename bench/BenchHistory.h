@@ -17,13 +17,13 @@
 
 namespace driftbox::bench {
 
-class BlindRecognizer final : public TextRecognizer
+class NullRecognizer final : public TextRecognizer
 {
 public:
     [[nodiscard]] QString recognizeText(const QByteArray&) const override { return {}; }
 };
 
-/// The disk and the clock of the machine, in a folder that goes when the bench ends.
+/// The real file system and clock, with data in a temporary folder.
 struct BenchMachine
 {
     QTemporaryDir folder;
@@ -35,7 +35,7 @@ struct BenchMachine
 
     [[nodiscard]] QString root() const { return folder.filePath(QStringLiteral("Driftbox")); }
 
-    /// Leaves a history on the disk for the next store to find.
+    /// Writes a history to disk, which the next store loads.
     void writeManifest(const std::vector<ClipboardItem>& items)
     {
         files.createFolder(root());
@@ -47,12 +47,12 @@ struct BenchMachine
     }
 };
 
-/// A clipboard history as the program has it, over `pasteboard`.
+/// A clipboard history set up as in the program, using `pasteboard`.
 struct BenchHistory
 {
     BenchMachine& machine;
     Pasteboard& pasteboard;
-    BlindRecognizer recognizer{};
+    NullRecognizer recognizer{};
     NotificationCenter notifications{};
     PasteboardWriter pasteboardWriter{pasteboard};
     FileClipboardStore store{machine.files, machine.clock, machine.root()};
@@ -64,7 +64,7 @@ struct BenchHistory
     ClipboardListModel rows{viewModel, machine.clock};
 };
 
-/// A pasteboard that the bench itself copies to.
+/// An in-memory pasteboard.
 class BenchPasteboard final : public Pasteboard
 {
 public:
@@ -81,7 +81,7 @@ private:
     qint64 m_changeCount = 0;
 };
 
-/// A text of `length` characters that resembles no other `seed`'s.
+/// A text of `length` characters that is unique to `seed`.
 inline QString words(int seed, int length)
 {
     static const QStringList vocabulary = {
@@ -106,7 +106,7 @@ inline ClipboardItem textItem(int seed, int length)
     return item;
 }
 
-/// So many texts, no two of them alike.
+/// `count` distinct texts.
 inline std::vector<ClipboardItem> textItems(int count, int length)
 {
     std::vector<ClipboardItem> items;

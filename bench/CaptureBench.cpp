@@ -26,19 +26,20 @@ Figures capture()
 
     BenchPasteboard pasteboard;
     BenchHistory history{machine, pasteboard};
-    std::vector<double> taken;
+    std::vector<double> durations;
     for (int index = 0; index < captures; ++index) {
         pasteboard.write({.text = words(captureBenchEntries + index, captureBenchLength)});
         QElapsedTimer timer;
         timer.start();
         history.monitor.tick();
-        taken.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        durations.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
         QApplication::processEvents();
     }
     if (history.store.allItems().size() != captureBenchEntries)
         qFatal("The captures did not arrive");
-    std::ranges::sort(taken);
-    return {{u"capture_median"_s, taken[taken.size() / 2]}, {u"capture_worst"_s, taken.back()}};
+    std::ranges::sort(durations);
+    return {{u"capture_median"_s, durations[durations.size() / 2]},
+            {u"capture_worst"_s, durations.back()}};
 }
 
 } // namespace driftbox::bench

@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-// driftbox_bench NAME: prints the figures of one bench, one a line.
+// driftbox_bench NAME: prints the figures of one benchmark, one per line.
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);

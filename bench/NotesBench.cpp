@@ -29,7 +29,7 @@ constexpr int savedLength = 4'000;
 constexpr int longText = 100'000;
 constexpr int lineLength = 80;
 constexpr int listedNotes = 1'000;
-constexpr int scrollStep = 487; // points; most rows are new
+constexpr int scrollDistance = 487; // points; most rows are new
 constexpr int notesBenchKeystrokes = 40;
 constexpr int openings = 20;
 constexpr qint64 notesBenchTimeoutMs = 5'000; // ms
@@ -48,7 +48,7 @@ StickyNote savedNote(const QString& text, int number)
             .updatedAt = Instant::fromReferenceSeconds(700'000'000.0 - number)};
 }
 
-// Saved notes for the program to find: a long paragraph, a long list of lines, and usual ones.
+// Writes saved notes: a long paragraph, a long text in lines, and ordinary ones.
 void writeManifest(FileSystem& files, int count)
 {
     std::vector<QByteArray> notes;
@@ -72,7 +72,7 @@ NoteEditor* activeEditor()
     return qobject_cast<NoteEditor*>(QApplication::focusWidget());
 }
 
-// The editor of the note that `open` opens, once it takes typing.
+// The editor of the note that `open` opens, once it has the focus.
 template <typename Open>
 NoteEditor& editorOf(Open open)
 {
@@ -88,7 +88,7 @@ NoteEditor& editorOf(Open open)
     return *activeEditor();
 }
 
-// From the press until there is nothing left to do, painting and writing included.
+// From the key press until all events are processed, including painting and writing.
 double editorKeystrokeMs(NoteEditor& editor)
 {
     QElapsedTimer timer;
@@ -99,27 +99,27 @@ double editorKeystrokeMs(NoteEditor& editor)
     return notesBenchMilliseconds(timer);
 }
 
-void addFigures(Figures& figures, const QString& name, std::vector<double> taken)
+void addFigures(Figures& figures, const QString& name, std::vector<double> durations)
 {
-    std::ranges::sort(taken);
-    figures[name + u"_median"_s] = taken[taken.size() / 2];
-    figures[name + u"_worst"_s] = taken.back();
+    std::ranges::sort(durations);
+    figures[name + u"_median"_s] = durations[durations.size() / 2];
+    figures[name + u"_worst"_s] = durations.back();
 }
 
 void measureTyping(Figures& figures, NoteManager& manager)
 {
-    const std::map<QString, size_t> places = {
+    const std::map<QString, size_t> indices = {
         {u"notes_paragraph"_s, 0}, {u"notes_lines"_s, 1}, {u"notes_keystroke"_s, savedNotes / 2}};
-    for (const auto& [name, place] : places) {
-        const StickyNoteId id = manager.notes()[place].id;
+    for (const auto& [name, index] : indices) {
+        const StickyNoteId id = manager.notes()[index].id;
         NoteEditor& editor = editorOf([&manager, id] { manager.focus(id); });
-        std::vector<double> taken;
+        std::vector<double> durations;
         for (int i = 0; i < notesBenchKeystrokes; ++i) {
             if (i == notesBenchKeystrokes / 2)
                 editor.moveCursor(QTextCursor::Start);
-            taken.push_back(editorKeystrokeMs(editor));
+            durations.push_back(editorKeystrokeMs(editor));
         }
-        addFigures(figures, name, taken);
+        addFigures(figures, name, durations);
         manager.close(id);
         QApplication::processEvents();
     }
@@ -127,19 +127,19 @@ void measureTyping(Figures& figures, NoteManager& manager)
 
 void measureOpening(Figures& figures, NoteManager& manager)
 {
-    std::vector<double> taken;
+    std::vector<double> durations;
     for (int i = 0; i < openings; ++i) {
         QElapsedTimer timer;
         timer.start();
         (void)editorOf([&manager] { manager.newBlankNote(); });
-        taken.push_back(notesBenchMilliseconds(timer));
+        durations.push_back(notesBenchMilliseconds(timer));
         manager.close(manager.notes().front().id);
         QApplication::processEvents();
     }
-    addFigures(figures, u"notes_opening"_s, taken);
+    addFigures(figures, u"notes_opening"_s, durations);
 }
 
-// The page of the notes, scrolled from its beginning to its end.
+// Scrolls the notes page from its beginning to its end.
 void measureScrolling(Figures& figures, MagicPanelSection& section)
 {
     QWidget window;
@@ -151,21 +151,22 @@ void measureScrolling(Figures& figures, MagicPanelSection& section)
     auto* const list = page->findChild<RowListView*>();
     if (!list)
         qFatal("The page has no list");
-    std::vector<double> taken;
-    for (int place = 0; place < list->verticalScrollBar()->maximum(); place += scrollStep) {
+    std::vector<double> durations;
+    for (int position = 0; position < list->verticalScrollBar()->maximum();
+         position += scrollDistance) {
         QElapsedTimer timer;
         timer.start();
-        list->verticalScrollBar()->setValue(place);
+        list->verticalScrollBar()->setValue(position);
         QApplication::processEvents();
-        taken.push_back(notesBenchMilliseconds(timer));
+        durations.push_back(notesBenchMilliseconds(timer));
     }
-    addFigures(figures, u"notes_scrolling"_s, taken);
+    addFigures(figures, u"notes_scrolling"_s, durations);
 }
 
-/// The program with saved notes.
-struct Running
+/// The running program with saved notes.
+struct RunningProgram
 {
-    explicit Running(int count)
+    explicit RunningProgram(int count)
     {
         if (!desktop)
             qFatal("There is no desktop");
@@ -185,7 +186,7 @@ struct Running
 
 Figures notes()
 {
-    Running running(savedNotes);
+    RunningProgram running(savedNotes);
     NoteManager& manager = running.coordinator->noteManager();
     Figures figures;
     measureOpening(figures, manager);
@@ -195,7 +196,7 @@ Figures notes()
 
 Figures notesList()
 {
-    Running running(listedNotes);
+    RunningProgram running(listedNotes);
     SectionRegistry& registry = running.coordinator->registry();
     registry.select(u"notes"_s);
     Figures figures;

@@ -70,17 +70,17 @@ Figures reader()
     QApplication::processEvents();
     const double opened = readerBenchMilliseconds(timer);
 
-    std::vector<double> taken;
-    for (const auto place : {QTextCursor::Start, QTextCursor::End}) {
-        editor.moveCursor(place);
+    std::vector<double> durations;
+    for (const auto operation : {QTextCursor::Start, QTextCursor::End}) {
+        editor.moveCursor(operation);
         QApplication::processEvents();
         for (int i = 0; i < readerBenchKeystrokes; ++i)
-            taken.push_back(keystroke(editor));
+            durations.push_back(keystroke(editor));
     }
-    std::ranges::sort(taken);
+    std::ranges::sort(durations);
     return {{u"reader_editor_opened"_s, opened},
-            {u"reader_keystroke_median"_s, taken[taken.size() / 2]},
-            {u"reader_keystroke_worst"_s, taken.back()}};
+            {u"reader_keystroke_median"_s, durations[durations.size() / 2]},
+            {u"reader_keystroke_worst"_s, durations.back()}};
 }
 
 } // namespace driftbox::bench

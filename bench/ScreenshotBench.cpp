@@ -18,25 +18,25 @@ namespace {
 
 constexpr int screenshotBenchTimeoutMs = 30'000; // ms
 
-/// The longest that the main thread did anything between two waits for events.
-class HoldWatch : public QObject
+/// Measures the maximum time that the main thread is busy between two waits for events.
+class BusyTimeMonitor : public QObject
 {
 public:
-    HoldWatch()
+    BusyTimeMonitor()
     {
         auto* dispatcher = QAbstractEventDispatcher::instance();
         connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_timer.start(); });
         connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
             if (m_timer.isValid())
-                m_longest = std::max(m_longest, static_cast<double>(m_timer.nsecsElapsed()) / 1e6);
+                m_max = std::max(m_max, static_cast<double>(m_timer.nsecsElapsed()) / 1e6);
         });
     }
 
-    [[nodiscard]] double longest() const { return m_longest; }
+    [[nodiscard]] double max() const { return m_max; }
 
 private:
     QElapsedTimer m_timer;
-    double m_longest = 0;
+    double m_max = 0;
 };
 
 } // namespace
@@ -62,16 +62,16 @@ Figures screenshot()
                      &QEventLoop::quit);
     QTimer::singleShot(screenshotBenchTimeoutMs, &loop, [] { qFatal("No picture was captured"); });
 
-    // Only what comes after the start counts.
-    std::optional<HoldWatch> watch;
+    // Measure only what happens after startup.
+    std::optional<BusyTimeMonitor> monitor;
     QTimer::singleShot(0, &loop, [&] {
-        watch.emplace();
+        monitor.emplace();
         sinceReady.start();
         std::puts("ready");
         std::fflush(stdout);
     });
     loop.exec();
-    return {{u"screenshot_held_longest"_s, watch->longest()},
+    return {{u"screenshot_blocked_max"_s, monitor->max()},
             {u"screenshot_captured_after"_s, captured}};
 }
 

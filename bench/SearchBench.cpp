@@ -19,7 +19,7 @@ constexpr int searchBenchEntries = 10'000;
 constexpr int searchBenchLength = 4'000;
 constexpr QSize searchBenchPageSize{451, 592};
 
-// From the press until there is nothing left to do, painting included.
+// From the key press until all events are processed, including painting.
 double fieldKeystrokeMs(QWidget& field, QChar character)
 {
     QElapsedTimer timer;
@@ -48,16 +48,16 @@ Figures search()
     if (!field)
         qFatal("The page has no search field");
 
-    std::vector<double> taken;
+    std::vector<double> durations;
     for (const QString& query : {u"leuchtturm 42"_s, u"no such words"_s, u"e"_s}) {
         for (const QChar character : query)
-            taken.push_back(fieldKeystrokeMs(*field, character));
+            durations.push_back(fieldKeystrokeMs(*field, character));
         history.viewModel.setQuery({});
         QApplication::processEvents();
     }
-    std::ranges::sort(taken);
-    return {{u"search_keystroke_median"_s, taken[taken.size() / 2]},
-            {u"search_keystroke_worst"_s, taken.back()}};
+    std::ranges::sort(durations);
+    return {{u"search_keystroke_median"_s, durations[durations.size() / 2]},
+            {u"search_keystroke_worst"_s, durations.back()}};
 }
 
 } // namespace driftbox::bench

@@ -1,10 +1,10 @@
 #!/usr/bin/python3
 """Measures the release build against its budgets, beside CopyQ where both do the same work.
 
-    bench.py [NAME...]    only the measurements whose names begin so
+    bench.py [NAME...]    only the measurements whose names start with one of these
 
-Prints a table and writes bench/results.json. The figures are to be reached on a machine that has
-nothing else to do; nothing fails when they are not.
+Prints a table and writes bench/results.json. The budgets apply to an otherwise idle machine;
+exceeding them is not an error.
 """
 
 import json
@@ -23,7 +23,7 @@ import recognition  # noqa: E402
 from harness.program import PROGRAM  # noqa: E402
 
 RESULTS = PROJECT / "bench/results.json"
-TICK = 10  # ms; what takes less is not seen by those who sample the processor time
+TICK = 10  # ms; the resolution of tools that sample the processor time
 
 NOTES = {"keystroke": "key with 200 saved", "lines": "key in 100,000, in lines",
          "paragraph": "key in 100,000, one paragraph"}
@@ -31,7 +31,7 @@ NOTES = {"keystroke": "key with 200 saved", "lines": "key in 100,000, in lines",
 
 @dataclass
 class Row:
-    """One line of the table; `peer` is CopyQ's figure, of reading text the tesseract command's."""
+    """One line of the table; `peer` is the figure of CopyQ or, for text, the tesseract command."""
 
     name: str
     unit: str
@@ -54,7 +54,7 @@ class Row:
 
 
 def rows_of(wanted):
-    """Runs what was asked for, one after the other, and yields the lines of the table."""
+    """Runs the wanted measurements in turn and yields the lines of the table."""
     def is_wanted(name):
         return not wanted or any(name.startswith(prefix) for prefix in wanted)
 
@@ -87,8 +87,8 @@ def rows_of(wanted):
         yield Row("capture: at 200 entries, worst", "ms", figures["capture_worst"])
     if is_wanted("screenshot"):
         figures = measures.screenshot()
-        yield Row("screenshot: main thread held, longest", "ms",
-                  figures["screenshot_held_longest"], 16)
+        yield Row("screenshot: main thread blocked, max", "ms",
+                  figures["screenshot_blocked_max"], 16)
         yield Row("screenshot: captured after", "ms", figures["screenshot_captured_after"])
     if is_wanted("notes"):
         figures = measures.inside("notes")
@@ -127,7 +127,7 @@ def main():
     print_table([row.cells() for row in rows])
     load = os.getloadavg()[0]
     if load > os.cpu_count():
-        print(f"The machine was busy (load {load:.1f}): times are longer than they need be.")
+        print(f"The machine was busy (load {load:.1f}): the times are too long.")
     RESULTS.write_text(json.dumps(
         {"machine": platform.processor() or platform.machine(), "cores": os.cpu_count(),
          "load": load, "results": [{**asdict(row), "reached": row.is_reached} for row in rows]},

@@ -1,4 +1,4 @@
-"""What a process and all that it started cost."""
+"""The memory and processor use of a process and its descendants."""
 
 import os
 import time
@@ -13,7 +13,7 @@ SAMPLE = 10.0  # seconds
 
 @dataclass
 class Memory:
-    """Of a process and all that it started, in MiB."""
+    """The memory of a process and its descendants, in MiB."""
 
     pss: float
     private: float
@@ -21,21 +21,21 @@ class Memory:
 
 @dataclass
 class Idle:
-    wakeups: float  # a second
-    processor_ms: float  # in the sample
+    wakeups: float  # per second
+    processor_ms: float  # during the sample
 
 
 def settled_memory(pid):
-    """Once it has not changed for two seconds."""
-    seen = []
+    """The memory of the process tree once it has been stable for two seconds."""
+    samples = []
 
     def is_settled():
-        seen.append(_memory_of_tree(pid))
+        samples.append(_memory_of_tree(pid))
         time.sleep(0.5)
-        return len(seen) > 4 and abs(seen[-1].pss - seen[-5].pss) < 0.1
+        return len(samples) > 4 and abs(samples[-1].pss - samples[-5].pss) < 0.1
 
     wait_for(is_settled, "the memory to settle", 60)
-    return seen[-1]
+    return samples[-1]
 
 
 def _memory_of_tree(pid):
@@ -54,7 +54,7 @@ def _memory_map(process):
     try:
         return Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii")
     except (FileNotFoundError, ProcessLookupError):
-        return ""  # it has just ended
+        return ""  # the process has just exited
 
 
 def idle_of_tree(pid):
@@ -65,7 +65,7 @@ def idle_of_tree(pid):
 
 
 def _activity_of_tree(pid):
-    """Voluntary context switches (each begins with a wake-up) and processor time in ms."""
+    """Voluntary context switches (each one implies a wake-up) and processor time in ms."""
     switches = nanoseconds = 0
     for process in descendants(pid):
         for task in os.listdir(f"/proc/{process}/task"):

@@ -1,4 +1,4 @@
-"""The measurements of the bench, each on a desktop of its own."""
+"""The benchmark's measurements, each on its own desktop."""
 
 import json
 import select
@@ -31,7 +31,7 @@ READY = {"Monitor started", "Hotkey monitors installed"}
 
 
 class MapWatch:
-    """Sees one window being mapped, at once."""
+    """Detects immediately when a window is mapped."""
 
     def __init__(self, desktop, window):
         self._display = desktop.connect()
@@ -39,12 +39,12 @@ class MapWatch:
         self._window.change_attributes(event_mask=X.StructureNotifyMask)
         self._display.sync()
 
-    def forget(self):
+    def discard_events(self):
         while self._display.pending_events():
             self._display.next_event()
 
     def wait(self):
-        """When it was mapped, by the monotonic clock."""
+        """Wait until the window is mapped and return the monotonic time."""
         deadline = time.monotonic() + 10
         while time.monotonic() < deadline:
             while self._display.pending_events():
@@ -60,7 +60,7 @@ def texts():
 
 @contextmanager
 def running_program(*, entries=None):
-    """The program with a history, after it has come to rest."""
+    """A running, settled program with a history."""
     with Desktop() as desktop:
         program = Program(desktop)
         program.write_manifest_of(
@@ -70,20 +70,20 @@ def running_program(*, entries=None):
 
 
 def show():
-    """From the second key-down to the mapped panel, where no caret is looked up."""
+    """From the second key press to the mapped panel, without a caret lookup."""
     with running_program() as program:
         desktop = program.desktop
         XTerm(desktop)
         program.panel.open()
         watch = MapWatch(desktop, program.panel.window())
-        taken = []
+        durations = []
         for _ in range(SHOWINGS):
             desktop.keyboard.tap("Escape")
             program.panel.wait_until_closed()
-            watch.forget()
-            taken.append(milliseconds_of_tap(desktop, watch))
-            wait_for(program.panel.has_keyboard, "the panel to have the keyboard")
-        return statistics.median(taken), max(taken)
+            watch.discard_events()
+            durations.append(milliseconds_of_tap(desktop, watch))
+            wait_for(program.panel.has_keyboard, "the panel to have the focus")
+        return statistics.median(durations), max(durations)
 
 
 def milliseconds_of_tap(desktop, watch):
@@ -102,33 +102,33 @@ def milliseconds_of_tap(desktop, watch):
 
 
 def show_of_peer():
-    """From the start of its client, the only way to show it by a program, to its mapped window."""
+    """From the start of its client, the only way to show it from outside, to its mapped window."""
     with Desktop() as desktop:
         XTerm(desktop)
         peer = CopyQ(desktop)
         peer.fill(texts())
         watch = MapWatch(desktop, peer.show_once())
-        taken = []
+        durations = []
         for _ in range(SHOWINGS):
-            watch.forget()
+            watch.discard_events()
             started = time.monotonic()
             client = subprocess.Popen(["copyq", "show"], env=desktop.environment,
                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            taken.append((watch.wait() - started) * 1000)
+            durations.append((watch.wait() - started) * 1000)
             client.wait()
             peer.client("hide")
             wait_for(lambda: not peer.window(), "CopyQ's window to be gone")
-        return statistics.median(taken), max(taken)
+        return statistics.median(durations), max(durations)
 
 
 def start():
-    """From the start of the process until it sees keys and copies."""
-    taken = []
+    """From the start of the process until it monitors keys and the clipboard."""
+    durations = []
     with running_program() as program:
         program.stop()
         for _ in range(STARTS):
-            taken.append(_milliseconds_of_start(program.desktop))
-    return statistics.median(taken)
+            durations.append(_milliseconds_of_start(program.desktop))
+    return statistics.median(durations)
 
 
 def _milliseconds_of_start(desktop):
@@ -139,25 +139,25 @@ def _milliseconds_of_start(desktop):
         waited_for -= {message for message in waited_for if message in line.decode()}
         if not waited_for:
             break
-    taken = (time.monotonic() - started) * 1000
+    duration = (time.monotonic() - started) * 1000
     desktop.processes.stop(process)
     process.stderr.close()
-    return taken
+    return duration
 
 
 def start_of_peer():
-    """From the start of its server until its client gets an answer; the client's time taken off."""
-    taken = []
+    """From the start of its server until its client gets a reply, less the client's own time."""
+    durations = []
     with Desktop() as desktop:
         for _ in range(STARTS):
             started = time.monotonic()
             peer = CopyQ(desktop)
             ready = time.monotonic()
             peer.answers()
-            taken.append((ready - started - (time.monotonic() - ready)) * 1000)
+            durations.append((ready - started - (time.monotonic() - ready)) * 1000)
             peer.client("exit")
             desktop.processes.stop(peer.process)
-    return statistics.median(taken)
+    return statistics.median(durations)
 
 
 def memory():
@@ -175,7 +175,7 @@ def memory_of_peer():
 
 
 def memory_of_pictures():
-    """What 100 screenshots cost beyond the same history without them, all of them seen."""
+    """The additional memory of 100 screenshots that have all been shown."""
     with Desktop() as desktop:
         program = Program(desktop)
         program.start()
@@ -221,10 +221,10 @@ def idle_of_peer():
 
 
 def opening_of_note():
-    """From the press of the button for a new note until its window has the keyboard."""
+    """From the click on the button for a new note until its window has the focus."""
     with running_program() as program:
         notes = Notes(program)
-        taken = []
+        durations = []
         for _ in range(OPENINGS):
             notes.open_section()
             button = program.panel.find(NEW_STICKY_NOTE).extents().center
@@ -233,15 +233,15 @@ def opening_of_note():
             started = time.monotonic()
             program.desktop.pointer.click(*button)
             wait_for(lambda: program.desktop.windows.focused() != panel, "the note to take typing")
-            taken.append((time.monotonic() - started) * 1000)
+            durations.append((time.monotonic() - started) * 1000)
             notes.wait_for_windows(1)
             program.desktop.keyboard.tap("w", ["Control_L"])
             notes.wait_for_windows(0)
-        return statistics.median(taken)
+        return statistics.median(durations)
 
 
 def memory_of_notes():
-    """What 200 saved notes of 2,000 characters cost while they are closed."""
+    """The memory of 200 closed notes of 2,000 characters."""
     with running_program() as program:
         _show_once(program)
         before = settled_memory(program.process.pid).private
@@ -255,13 +255,13 @@ def memory_of_notes():
 
 
 def inside(name):
-    """What the bench of that name inside the program's own code measures."""
+    """The figures of a benchmark that runs in-process."""
     with Desktop() as desktop:
         return _figures(desktop.processes.run(INSIDE, name))
 
 
 def screenshot():
-    """A screenshot of 3840 by 2160 that has something everywhere, as programs copy them."""
+    """The figures of capturing a detailed screenshot of 3840 by 2160 pixels."""
     picture = pictures.harbour(3840, 2160)
     noise = Image.effect_noise((960, 540), 40).resize(picture.size).convert("RGB")
     data = pictures.encoded(Image.blend(picture, noise, 0.2), "PNG")

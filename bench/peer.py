@@ -1,4 +1,4 @@
-"""CopyQ, the peer that does much of the same work."""
+"""CopyQ, a comparable program."""
 
 import subprocess
 
@@ -6,7 +6,7 @@ from harness.waiting import wait_for
 
 
 class CopyQ:
-    """The peer: its server on a desktop, worked by its own client."""
+    """The peer's server on a desktop, controlled by its own client."""
 
     def __init__(self, desktop):
         self._desktop = desktop

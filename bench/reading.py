@@ -1,4 +1,4 @@
-"""Measures what it costs to read and edit Markdown files."""
+"""Measures reading and editing Markdown files."""
 
 import re
 import statistics
@@ -20,7 +20,7 @@ WORDS = "the quick brown fox reads a long document about the history of the clip
 
 
 def document(size):
-    """Markdown as people write it: sections, lists, code and tables."""
+    """Realistic Markdown with sections, lists, code and tables."""
     parts, number, length = ["# A long document\n"], 0, 0
     while length < size:
         number += 1
@@ -41,7 +41,7 @@ def document(size):
 
 
 class Opening:
-    """One opening of a file, asked for as the desktop does."""
+    """Opens a file the way the desktop does, over D-Bus, and measures the time."""
 
     def __init__(self, program, path):
         self.program = program
@@ -55,29 +55,29 @@ class Opening:
             self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"],
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
             | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
-        self._asked = time.monotonic()
-        self._asked_at = datetime.now()
+        self._requested = time.monotonic()
+        self._requested_at = datetime.now()
         bus.call("app.driftbox", "/app/driftbox", "org.freedesktop.Application", "Open",
                  GLib.Variant("(asa{sv})", ([self.path.as_uri()], {})), None,
                  Gio.DBusCallFlags.NONE, -1, None, None)
         bus.flush_sync(None)
 
     def window_ms(self):
-        """Until a window is on the screen."""
+        """Until the window is mapped."""
         deadline = time.monotonic() + 10
         while time.monotonic() < deadline:
             while self._display.pending_events():
                 if self._display.next_event().type == X.MapNotify:
-                    return (time.monotonic() - self._asked) * 1000
+                    return (time.monotonic() - self._requested) * 1000
             time.sleep(0.001)
         raise TimeoutError("no window was mapped")
 
     def shown_ms(self):
-        """Until the page says that the first of the document is on it, by the program's log."""
+        """Until the page shows the beginning of the document, according to the log."""
         return self._logged_ms("Shown after")
 
     def rendered_ms(self):
-        """Until the page says that all of the document is on it, by the program's log."""
+        """Until the page shows the whole document, according to the log."""
         return self._logged_ms("Rendered after")
 
     def _logged_ms(self, message):
@@ -88,24 +88,25 @@ class Opening:
             return next((text for text in lines if message in text), None)
 
         stamp = re.match(r"\S+", wait_for(line, message, 120))[0]
-        return (datetime.fromisoformat(stamp) - self._asked_at).total_seconds() * 1000
+        return (datetime.fromisoformat(stamp) - self._requested_at).total_seconds() * 1000
 
 
 def opening(size, openings=OPENINGS):
-    """The first opening of a file in a program, and the median of those after it."""
+    """The figures of opening a file for the first time, and the medians of opening it again."""
     with measures.running_program() as program:
         path = program.desktop.folder / "doc.md"
         path.write_text(document(size), encoding="utf-8")
-        windows, screens, renderings = [], [], []
+        window_times, shown_times, rendered_times = [], [], []
         for _ in range(openings):
             opened = Opening(program, path)
-            windows.append(opened.window_ms())
-            screens.append(opened.shown_ms())
-            renderings.append(opened.rendered_ms())
+            window_times.append(opened.window_ms())
+            shown_times.append(opened.shown_ms())
+            rendered_times.append(opened.rendered_ms())
             _close(program, path)
-        return {"window_first": windows[0], "window": statistics.median(windows[1:] or windows),
-                "shown_first": screens[0], "rendered_first": renderings[0],
-                "rendered": statistics.median(renderings[1:] or renderings)}
+        return {"window_first": window_times[0],
+                "window": statistics.median(window_times[1:] or window_times),
+                "shown_first": shown_times[0], "rendered_first": rendered_times[0],
+                "rendered": statistics.median(rendered_times[1:] or rendered_times)}
 
 
 def _close(program, path):
@@ -116,7 +117,7 @@ def _close(program, path):
 
 
 def panel_meanwhile():
-    """The double tap while the first document of 1 MB is on its way."""
+    """The double tap while the first document of 1 MB is being opened."""
     with measures.running_program() as program:
         desktop = program.desktop
         path = desktop.folder / "doc.md"
@@ -125,14 +126,14 @@ def panel_meanwhile():
         watch = measures.MapWatch(desktop, program.panel.window())
         desktop.keyboard.tap("Escape")
         program.panel.wait_until_closed()
-        watch.forget()
+        watch.discard_events()
         opened = Opening(program, path)
         opened.window_ms()
         return measures.milliseconds_of_tap(desktop, watch)
 
 
 def memory():
-    """Before, during and after reading, with all processes; and the renderers left behind."""
+    """The memory of all processes before, during and after reading, and the leftover renderers."""
     with measures.running_program() as program:
         pid = program.process.pid
         path = program.desktop.folder / "doc.md"
@@ -148,7 +149,7 @@ def memory():
 
 
 def rows():
-    """The arguments of the rows of the table, one after the other."""
+    """Yields the arguments of each row of the table."""
     small, large = opening(10_000), opening(MEGABYTE)
     yield "reader: 10 kB, window, first", "ms", small["window_first"], 150
     yield "reader: 10 kB, rendered, first", "ms", small["rendered_first"]

@@ -1,4 +1,4 @@
-"""Measures how the text in pictures is read, beside the `tesseract` command."""
+"""Measures text recognition, compared with the `tesseract` command."""
 
 import subprocess
 import tempfile
@@ -18,7 +18,7 @@ SETTLING = 5.0  # seconds
 
 
 def rows():
-    """The arguments of the rows of the table, one after the other. The peer is the command."""
+    """Yields the arguments of each row of the table. The peer is the command."""
     with tempfile.TemporaryDirectory() as folder:
         measured = _figures(folder)
         kept = _memory_kept(Path(folder) / "screenshot.png")
@@ -32,19 +32,19 @@ def rows():
 
     half = measured["error_all_command"] / 2
     yield ("text: characters read wrong", "%", *error("all", half))
-    yield ("text: of them without blanks", "%", *error("all_without_blanks", None))
+    yield ("text: of them without spaces", "%", *error("all_without_spaces", None))
     yield ("text: English at 14 px and above", "%", *error("english_from_14", 2))
     for script in SCRIPTS:
         yield (f"text: {script}, all sizes", "%", *error(script, None))
     own, command = both("screenshot_ms")
     yield ("text: screenshot of 1280x800", "ms", own, 3000, command, True)
-    yield ("text: main thread held meanwhile, longest", "ms",
-           measured["screenshot_held_longest_ms"], 16)
+    yield ("text: main thread blocked meanwhile, max", "ms",
+           measured["screenshot_blocked_max_ms"], 16)
     yield ("text: resident memory kept 5 s later", "MiB", kept, 10)
 
 
 def _figures(folder):
-    """What the bench of recognition prints, by name. Leaves its pictures in the folder."""
+    """The figures of the recognition benchmark, by name. Leaves its pictures in the folder."""
     printed = subprocess.run([BENCH, SAMPLES, folder], check=True, stdout=subprocess.PIPE,
                              text=True).stdout
     return {name: float(value) for name, value in
@@ -52,7 +52,7 @@ def _figures(folder):
 
 
 def _memory_kept(picture):
-    """By how much the program is larger after it has read its first picture."""
+    """The growth of the program's memory after it has read its first picture."""
     item = {"id": "00000000-0000-4000-8000-000000000001", "kind": "image", "createdAt": 700_000_000}
     with Desktop() as desktop:
         program = Program(desktop)
@@ -74,4 +74,4 @@ def _resident(pid):
     for line in Path(f"/proc/{pid}/smaps_rollup").read_text(encoding="ascii").splitlines():
         if line.startswith("Rss:"):
             return int(line.split()[1]) / 1024
-    raise RuntimeError("the kernel does not tell the resident memory")
+    raise RuntimeError("smaps_rollup has no resident size")

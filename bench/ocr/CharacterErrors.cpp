@@ -20,7 +20,7 @@ QString comparable(const QString& text)
     return lines.join(u'\n');
 }
 
-/// Levenshtein's distance.
+/// The Levenshtein distance.
 qsizetype distance(const QString& a, const QString& b)
 {
     std::vector<qsizetype> row(static_cast<size_t>(b.size() + 1));
@@ -57,7 +57,7 @@ double CharacterErrors::percent() const
                            : 100.0 * static_cast<double>(errors) / static_cast<double>(characters);
 }
 
-QString withoutBlanks(QString text)
+QString withoutSpaces(QString text)
 {
     text.removeIf([](QChar character) { return character.isSpace(); });
     return text;

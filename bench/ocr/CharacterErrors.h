@@ -4,14 +4,14 @@
 
 namespace driftbox::bench {
 
-/// Wrong, missing and surplus characters, summed up over many texts.
+/// The number of wrong, missing and surplus characters in all texts added.
 struct CharacterErrors
 {
     qsizetype errors = 0;
     qsizetype characters = 0;
 
-    /// Counts what has to be changed in `read` to get `written`. Lines are compared without the
-    /// blanks at their ends and without empty ones.
+    /// Adds the edit distance between `read` and `written`, ignoring empty lines and white space at
+    /// the ends of lines.
     void add(const QString& written, const QString& read);
     void add(const CharacterErrors& other);
 
@@ -19,6 +19,6 @@ struct CharacterErrors
 };
 
 /// `text` without any white space.
-[[nodiscard]] QString withoutBlanks(QString text);
+[[nodiscard]] QString withoutSpaces(QString text);
 
 } // namespace driftbox::bench

@@ -24,7 +24,7 @@ namespace {
 
 const QString languages = u"chi_sim+chi_tra+eng+jpn+kor"_s;
 
-/// Of the engine and of the `tesseract` command on the same pictures.
+/// The errors of the engine and of the `tesseract` command for the same pictures.
 struct Pair
 {
     CharacterErrors engine;
@@ -55,7 +55,7 @@ QString readByCommand(const QString& path)
 {
     QProcess command;
     command.setStandardErrorFile(QProcess::nullDevice());
-    // It reads the same with one thread, in half the time.
+    // A single thread gives the same result in half the time.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"OMP_THREAD_LIMIT"_s, u"1"_s);
     command.setProcessEnvironment(environment);
@@ -67,9 +67,9 @@ QString readByCommand(const QString& path)
 
 void measureErrors(const QString& samples, const QString& folder)
 {
-    // However busy the machine is, the texts are compared whole.
+    // A generous timeout, so that texts are complete even on a busy machine.
     const OCREngine engine(120s);
-    std::map<QString, Pair> of;
+    std::map<QString, Pair> errors;
     for (const TextPicture& picture : allTextPictures(samples, {11, 14, 20, 32})) {
         const QString path = folder + u'/' + picture.name() + u".png"_s;
         const QByteArray file = fileOf(picture.rendered());
@@ -80,10 +80,10 @@ void measureErrors(const QString& samples, const QString& folder)
 
         const QString written = picture.lines.join(u'\n');
         const QString read = engine.recognizeText(file);
-        const QString readBy = readByCommand(path);
+        const QString readByPeer = readByCommand(path);
         Pair pair;
         pair.engine.add(written, read);
-        pair.command.add(written, readBy);
+        pair.command.add(written, readByPeer);
         std::fprintf(stderr, "  %-40s %5.1f %% %5.1f %%\n", qUtf8Printable(picture.name()),
                      pair.engine.percent(), pair.command.percent());
 
@@ -91,19 +91,19 @@ void measureErrors(const QString& samples, const QString& folder)
         if (picture.script == u"english"_s && picture.pixelSize >= 14)
             groups.push_back(u"english_from_14"_s);
         for (const QString& group : groups) {
-            of[group].engine.add(pair.engine);
-            of[group].command.add(pair.command);
+            errors[group].engine.add(pair.engine);
+            errors[group].command.add(pair.command);
         }
-        Pair& unspaced = of[u"all_without_blanks"_s];
-        unspaced.engine.add(withoutBlanks(written), withoutBlanks(read));
-        unspaced.command.add(withoutBlanks(written), withoutBlanks(readBy));
+        Pair& unspaced = errors[u"all_without_spaces"_s];
+        unspaced.engine.add(withoutSpaces(written), withoutSpaces(read));
+        unspaced.command.add(withoutSpaces(written), withoutSpaces(readByPeer));
     }
-    for (const auto& [group, pair] : of)
+    for (const auto& [group, pair] : errors)
         print(u"error_"_s + group, pair);
 }
 
-/// Reads a screenshot full of text on another thread, as the program does, while this thread has to
-/// answer every millisecond.
+/// Reads a screenshot full of text on another thread, as the program does, while a timer on this
+/// thread fires every millisecond.
 void measureScreenshot(const QString& samples, const QString& folder)
 {
     const QString path = folder + u"/screenshot.png"_s;
@@ -114,18 +114,18 @@ void measureScreenshot(const QString& samples, const QString& folder)
     out.close();
 
     QElapsedTimer total;
-    QElapsedTimer sinceAnswer;
-    qint64 longest = 0;
-    QTimer answers;
-    answers.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
-        longest = std::max(longest, sinceAnswer.nsecsElapsed());
-        sinceAnswer.start();
+    QElapsedTimer sinceTick;
+    qint64 maxInterval = 0;
+    QTimer ticks;
+    ticks.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&ticks, &QTimer::timeout, &ticks, [&] {
+        maxInterval = std::max(maxInterval, sinceTick.nsecsElapsed());
+        sinceTick.start();
     });
     QEventLoop loop;
     total.start();
-    sinceAnswer.start();
-    answers.start(1);
+    sinceTick.start();
+    ticks.start(1);
     {
         const std::jthread reading([&] {
             (void)OCREngine().recognizeText(file);
@@ -133,9 +133,9 @@ void measureScreenshot(const QString& samples, const QString& folder)
         });
         loop.exec();
     }
-    answers.stop();
+    ticks.stop();
     print(u"screenshot_ms"_s, static_cast<double>(total.elapsed()));
-    print(u"screenshot_held_longest_ms"_s, static_cast<double>(longest) / 1e6);
+    print(u"screenshot_blocked_max_ms"_s, static_cast<double>(maxInterval) / 1e6);
 
     total.start();
     (void)readByCommand(path);
@@ -144,9 +144,9 @@ void measureScreenshot(const QString& samples, const QString& folder)
 
 } // namespace
 
-// driftbox_ocr_bench SAMPLES [FOLDER]: how well and how quickly the text in pictures is read,
-// beside the `tesseract` command with the same languages. SAMPLES holds the texts; the pictures are
-// left in FOLDER if one is given.
+// driftbox_ocr_bench SAMPLES [FOLDER]: measures the accuracy and speed of text recognition,
+// compared with the `tesseract` command for the same languages. SAMPLES contains the texts; the
+// pictures are kept in FOLDER if it is given.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

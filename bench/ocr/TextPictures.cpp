@@ -22,7 +22,7 @@ struct Script
 struct Colors
 {
     QColor ink;
-    QColor ground;
+    QColor background;
 };
 
 const std::vector<Script>& scripts()
@@ -41,8 +41,8 @@ const std::vector<Script>& scripts()
 Colors colors(Theme theme)
 {
     if (theme == Theme::dark)
-        return {.ink = QColor(0xe0e0e0), .ground = QColor(0x1e1e1e)};
-    return {.ink = QColor(0x1d1d1f), .ground = Qt::white};
+        return {.ink = QColor(0xe0e0e0), .background = QColor(0x1e1e1e)};
+    return {.ink = QColor(0x1d1d1f), .background = Qt::white};
 }
 
 QFont fontOf(const QString& typeface, int pixelSize)
@@ -68,20 +68,20 @@ QImage TextPicture::rendered() const
     const QFont font = fontOf(typeface, pixelSize);
     const QFontMetrics metrics(font);
     const int lineHeight = pixelSize * 8 / 5;
-    int widest = 0;
+    int maxWidth = 0;
     for (const QString& line : lines)
-        widest = std::max(widest, metrics.horizontalAdvance(line));
+        maxWidth = std::max(maxWidth, metrics.horizontalAdvance(line));
 
-    QImage image(widest + 2 * pixelSize, static_cast<int>(lines.size()) * lineHeight + pixelSize,
+    QImage image(maxWidth + 2 * pixelSize, static_cast<int>(lines.size()) * lineHeight + pixelSize,
                  QImage::Format_RGB32);
-    image.fill(colors(theme).ground);
+    image.fill(colors(theme).background);
     QPainter painter(&image);
     painter.setFont(font);
     painter.setPen(colors(theme).ink);
-    QRect place(pixelSize, pixelSize / 2, image.width(), lineHeight);
+    QRect lineRect(pixelSize, pixelSize / 2, image.width(), lineHeight);
     for (const QString& line : lines) {
-        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, line);
-        place.translate(0, lineHeight);
+        painter.drawText(lineRect, Qt::AlignLeft | Qt::AlignVCenter, line);
+        lineRect.translate(0, lineHeight);
     }
     return image;
 }

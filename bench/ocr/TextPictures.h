@@ -10,7 +10,7 @@ namespace driftbox::bench {
 
 enum class Theme { light, dark };
 
-/// What a picture of text is made of.
+/// The description of a picture of text.
 struct TextPicture
 {
     QString script; ///< name of the sample file
@@ -19,20 +19,20 @@ struct TextPicture
     Theme theme = Theme::light;
     QStringList lines;
 
-    /// script-typeface-size-theme, fit for a file name
+    /// script-typeface-size-theme, usable as a file name.
     [[nodiscard]] QString name() const;
     [[nodiscard]] QImage rendered() const;
 };
 
-/// The lines of the UTF-8 file `folder`/`script`.txt. Stops the program when it cannot be read.
+/// The lines of the UTF-8 file `folder`/`script`.txt. Aborts the program if it cannot be read.
 [[nodiscard]] QStringList sampleLines(const QString& folder, const QString& script);
 
-/// Pictures of the samples in `folder`: every script in its typefaces, at every size of `sizes`,
-/// light and dark. Stops the program when a typeface is not installed.
+/// Pictures of the samples in `folder`: every script in its typefaces, in every pixel size of
+/// `sizes`, light and dark. Aborts the program if a typeface is not installed.
 [[nodiscard]] std::vector<TextPicture> allTextPictures(const QString& folder,
                                                        const std::vector<int>& sizes);
 
-/// 1280x800 pixels full of English text, as an editor at 13 pixels shows it.
+/// 1280x800 pixels full of English text, as in an editor with a 13-pixel font.
 [[nodiscard]] QImage screenshotFullOfText(const QString& folder);
 
 } // namespace driftbox::bench

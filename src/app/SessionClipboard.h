@@ -3,9 +3,6 @@
 #include "platform/x11/selection/X11Pasteboard.h"
 
 #include <memory>
-#include <optional>
-
-#include <QtCore/QtClassHelperMacros>
 
 namespace driftbox {
 

@@ -33,7 +33,7 @@ ClipboardListModel::ClipboardListModel(ClipboardViewModel& viewModel, const Cloc
             [this](const ClipboardItemId& id) { notifyRow(id, PictureRole); });
     connect(&viewModel, &ClipboardViewModel::ocrProcessingIdChanged, this, [this] {
         if (rowCount() > 0)
-            Q_EMIT dataChanged(index(0), index(rowCount() - 1), {RecognizingRole});
+            Q_EMIT dataChanged(index(0), index(rowCount() - 1));
     });
 }
 
@@ -43,20 +43,10 @@ QVariant ClipboardListModel::data(const QModelIndex& index, int role) const
         return {};
     const ClipboardItem& item = this->item(index.row());
     switch (role) {
-    case KindRole:
-        return QVariant::fromValue(item.kind);
-    case PreviewRole:
-        return previewText(item);
     case TimeRole:
         return rowTime(item.createdAt);
-    case PinnedRole:
-        return item.isPinned();
-    case HasRichTextRole:
-        return item.kind == Kind::text && item.rtfData.has_value();
     case PictureRole:
         return m_viewModel.image(item);
-    case RecognizingRole:
-        return m_viewModel.ocrProcessingId() == item.id;
     case Qt::AccessibleTextRole:
         return accessibleText(item);
     default:

@@ -15,13 +15,8 @@ class ClipboardListModel : public RecordListModel<ClipboardItem>
 
 public:
     enum Role {
-        KindRole = Qt::UserRole, ///< ClipboardItem::Kind
-        PreviewRole,             ///< QString; what a row shows of a text
-        TimeRole,                ///< QString; when it was captured
-        PinnedRole,              ///< bool
-        HasRichTextRole,         ///< bool; whether there is more to paste than plain text
+        TimeRole = Qt::UserRole, ///< QString; when it was captured
         PictureRole,             ///< QImage; null while there is none
-        RecognizingRole,         ///< bool; whether the text in the picture is being recognized
     };
 
     /// `viewModel` and `clock` must outlive the model.

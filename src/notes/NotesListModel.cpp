@@ -78,17 +78,10 @@ QVariant NotesListModel::data(const QModelIndex& index, int role) const
         return {};
     const StickyNote& note = record(index.row());
     switch (role) {
-    case KindRole:
-        return QVariant::fromValue(note.kind);
-    case ColorRole:
-        return QVariant::fromValue(note.color);
-    case PreviewRole:
-    case Qt::AccessibleTextRole:
-        return previewText(note);
     case TimeRole:
         return rowTime(note.updatedAt);
-    case SavedRole:
-        return note.isSaved;
+    case Qt::AccessibleTextRole:
+        return previewText(note);
     default:
         return {};
     }

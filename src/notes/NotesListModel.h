@@ -15,11 +15,7 @@ class NotesListModel : public RecordListModel<StickyNote>
 
 public:
     enum Role {
-        KindRole = Qt::UserRole, ///< StickyNote::Kind
-        ColorRole,               ///< NoteColor
-        PreviewRole,             ///< QString; what a row shows of the note
-        TimeRole,                ///< QString; when it was updated
-        SavedRole,               ///< bool
+        TimeRole = Qt::UserRole, ///< QString; when it was updated
     };
 
     /// `manager` must outlive the model.
@@ -28,7 +24,7 @@ public:
     [[nodiscard]] const QString& query() const { return m_query; }
     void setQuery(const QString& query);
 
-    /// Besides the roles: the accessible text of a row.
+    /// Besides the role: the accessible text of a row.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 Q_SIGNALS:

@@ -45,18 +45,19 @@ private Q_SLOTS:
     {
         StickyNoteViewModel& note = desk().openSaved(u"\n  Shopping list\n- milk\n"_s);
         note.setColor(NoteColor::green);
-        QCOMPARE(value(0, NotesListModel::PreviewRole), u"Shopping list\n- milk"_s);
+        QCOMPARE(previews(), QStringList(u"Shopping list\n- milk"_s));
         QCOMPARE(value(0, Qt::AccessibleTextRole), u"Shopping list\n- milk"_s);
-        QCOMPARE(value(0, NotesListModel::KindRole), QVariant::fromValue(StickyNote::Kind::text));
-        QCOMPARE(value(0, NotesListModel::ColorRole), QVariant::fromValue(NoteColor::green));
-        QCOMPARE(value(0, NotesListModel::SavedRole), true);
+        QCOMPARE(m_model->record(0).kind, StickyNote::Kind::text);
+        QCOMPARE(m_model->record(0).color, NoteColor::green);
+        QVERIFY(m_model->record(0).isSaved);
         // 800,000,000.25 seconds after the beginning of 2001, in UTC.
         QCOMPARE(value(0, NotesListModel::TimeRole), u"05-09 06:13:20"_s);
 
         manager().createNote(picture({4, 4}));
         desk().windows.last->viewModel.setText(u"caption"_s);
-        QCOMPARE(value(0, NotesListModel::PreviewRole), u"Image"_s);
-        QCOMPARE(value(0, NotesListModel::SavedRole), false);
+        QCOMPARE(previews().front(), u"Image"_s);
+        QCOMPARE(value(0, Qt::AccessibleTextRole), u"Image"_s);
+        QVERIFY(!m_model->record(0).isSaved);
     }
 
     void anEmptyNoteSaysSo()
@@ -193,7 +194,7 @@ private:
     {
         QStringList texts;
         for (int row = 0; row < m_model->rowCount(); ++row)
-            texts << value(row, NotesListModel::PreviewRole).toString();
+            texts << previewText(m_model->record(row));
         return texts;
     }
 

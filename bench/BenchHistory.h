@@ -3,7 +3,6 @@
 #include "clipboard/ClipboardListModel.h"
 #include "clipboard/ClipboardViewModel.h"
 #include "clipboard/FileClipboardStore.h"
-#include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
 #include "core/JsonUserDefaults.h"
@@ -12,16 +11,11 @@
 #include "platform/desktop/PosixFileSystem.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/ThreadPoolTaskRunner.h"
+#include "tests/fakes/FakeTextRecognizer.h"
 
 #include <QtCore/QTemporaryDir>
 
 namespace driftbox::bench {
-
-class NullRecognizer final : public TextRecognizer
-{
-public:
-    [[nodiscard]] QString recognizeText(const QByteArray&) const override { return {}; }
-};
 
 /// The real file system and clock, with data in a temporary folder.
 struct BenchMachine
@@ -52,7 +46,7 @@ struct BenchHistory
 {
     BenchMachine& machine;
     Pasteboard& pasteboard;
-    NullRecognizer recognizer{};
+    FakeTextRecognizer recognizer{};
     NotificationCenter notifications{};
     PasteboardWriter pasteboardWriter{pasteboard};
     FileClipboardStore store{machine.files, machine.clock, machine.root()};

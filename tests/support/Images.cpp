@@ -53,6 +53,13 @@ QByteArray imageFile(const QImage& image, const char* kind)
     return buffer.data();
 }
 
+QByteArray picture(const QSize& size, const char* kind)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return imageFile(image, kind);
+}
+
 QByteArray pngThatClaims(const QSize& size)
 {
     const QByteArray header = bigEndian(static_cast<quint32>(size.width())) +

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/Desktop.h"
-#include "clipboard/TextRecognizer.h"
 #include "fakes/FakeAppearance.h"
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakeClock.h"
@@ -17,6 +16,7 @@
 #include "fakes/FakeStandardWindows.h"
 #include "fakes/FakeStatusArea.h"
 #include "fakes/FakeTaskRunner.h"
+#include "fakes/FakeTextRecognizer.h"
 #include "fakes/FakeUserDefaults.h"
 #include "fakes/FakeWorkspace.h"
 #include "platform/LoginItem.h"
@@ -43,13 +43,6 @@ public:
     int unregistrations = 0;
 };
 
-/// Finds no text in any picture.
-class BlindRecognizer final : public TextRecognizer
-{
-public:
-    [[nodiscard]] QString recognizeText(const QByteArray&) const override { return {}; }
-};
-
 /// A whole desktop of fakes.
 struct FakeDesktop
 {
@@ -68,7 +61,7 @@ struct FakeDesktop
     FakeWorkspace workspace;
     FakePasteKeystroke pasteKeystroke;
     FakeFloatingSurfaceFactory floatingSurfaces;
-    BlindRecognizer textRecognizer;
+    FakeTextRecognizer textRecognizer;
     FakeTaskRunner recognitions;
     FakeStatusArea statusNotifiers;
     FakeStatusArea systemTray;

@@ -2,7 +2,6 @@
 
 #include "clipboard/ClipboardViewModel.h"
 #include "clipboard/FileClipboardStore.h"
-#include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
 #include "core/NotificationCenter.h"
@@ -11,34 +10,13 @@
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakePasteboard.h"
 #include "fakes/FakeTaskRunner.h"
+#include "fakes/FakeTextRecognizer.h"
 #include "fakes/FakeUserDefaults.h"
+#include "support/Images.h"
 
-#include <QtCore/QBuffer>
 #include <QtTest/QSignalSpy>
 
 namespace driftbox {
-
-/// Knows the text of some pictures.
-class FakeRecognizer final : public TextRecognizer
-{
-public:
-    [[nodiscard]] QString recognizeText(const QByteArray& image) const override
-    {
-        return texts.value(image);
-    }
-    QHash<QByteArray, QString> texts;
-};
-
-/// The bytes of a red picture.
-inline QByteArray picture(QSize size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
 
 /// A clipboard history with everything it stands on.
 struct ClipboardHistory
@@ -49,7 +27,7 @@ struct ClipboardHistory
     FakeFileSystem files;
     FakePasteboard pasteboard;
     FakeTaskRunner tasks;
-    FakeRecognizer recognizer;
+    FakeTextRecognizer recognizer;
     NotificationCenter notifications;
     FileClipboardStore store{files, clock, QStringLiteral("/data")};
     PasteboardWriter pasteboardWriter{pasteboard};

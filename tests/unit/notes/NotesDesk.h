@@ -14,12 +14,11 @@
 #include "notes/NoteManager.h"
 #include "notes/NotesManifest.h"
 #include "notes/StickyNoteWindowController.h"
+#include "support/Images.h"
 
 #include <memory>
 
-#include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
-#include <QtGui/QImage>
 #include <QtGui/QWindow>
 
 namespace driftbox {
@@ -63,17 +62,6 @@ public:
     FakeNoteWindow* last = nullptr; ///< the newest; dangling once it is gone
     int count = 0;                  ///< those that exist
 };
-
-/// The bytes of a picture.
-inline QByteArray picture(QSize size, const char* format = "PNG")
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, format);
-    return bytes;
-}
 
 /// The notes with everything they stand on.
 struct NotesDesk

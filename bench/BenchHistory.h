@@ -6,7 +6,7 @@
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
 #include "core/JsonUserDefaults.h"
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "core/PasteboardWriter.h"
 #include "platform/desktop/PosixFileSystem.h"
 #include "platform/desktop/SystemClock.h"
@@ -47,12 +47,12 @@ struct BenchHistory
     BenchMachine& machine;
     Pasteboard& pasteboard;
     FakeTextRecognizer recognizer{};
-    NotificationCenter notifications{};
+    PasteRequest pasteRequest{};
     PasteboardWriter pasteboardWriter{pasteboard};
     FileClipboardStore store{machine.files, machine.clock, machine.root()};
     ClipboardMonitor monitor{pasteboard, machine.clock};
     ThumbnailCache thumbnails{machine.files, machine.tasks};
-    ClipboardViewModel viewModel{{store, monitor, machine.settings, pasteboardWriter, notifications,
+    ClipboardViewModel viewModel{{store, monitor, machine.settings, pasteboardWriter, pasteRequest,
                                   thumbnails, machine.files, machine.tasks, recognizer,
                                   machine.clock}};
     ClipboardListModel rows{viewModel, machine.clock};

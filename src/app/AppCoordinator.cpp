@@ -220,7 +220,7 @@ ClipboardViewModel& AppCoordinator::clipboardVM()
     if (!m_clipboardVM) {
         m_thumbnails = std::make_unique<ThumbnailCache>(m_desktop.fileSystem, m_desktop.tasks);
         m_clipboardVM = std::make_unique<ClipboardViewModel>(
-            ClipboardServices{store(), monitor(), m_settings, m_pasteboardWriter, m_notifications,
+            ClipboardServices{store(), monitor(), m_settings, m_pasteboardWriter, m_pasteRequest,
                               *m_thumbnails, m_desktop.fileSystem, m_desktop.recognitions,
                               m_desktop.textRecognizer, m_desktop.clock});
     }
@@ -278,7 +278,7 @@ MagicPanelController& AppCoordinator::panelController()
         m_panelAnimator, m_panel->surface(),
         MagicPanelController::Services{m_desktop.workspace, m_desktop.pasteKeystroke,
                                        *m_cursorLocator, m_desktop.screens, m_desktop.localKeys,
-                                       m_notifications, m_desktop.clock});
+                                       m_pasteRequest, m_desktop.clock});
     connect(m_panel.get(), &FloatingPanel::settingsRequested, this, &AppCoordinator::showSettings);
     // Something copied just now must be listed first.
     connect(m_panelController.get(), &MagicPanelController::aboutToShow, &monitor(),

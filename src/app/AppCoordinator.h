@@ -2,7 +2,7 @@
 
 #include "app/Desktop.h"
 #include "core/AppSettings.h"
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "core/PasteboardWriter.h"
 #include "panel/PanelAnimator.h"
 #include "panel/SectionRegistry.h"
@@ -91,7 +91,7 @@ private:
     Desktop m_desktop;
     AppSettings m_settings;
     std::unique_ptr<ThemeFollower> m_theme;
-    NotificationCenter m_notifications;
+    PasteRequest m_pasteRequest;
     PasteboardWriter m_pasteboardWriter;
     TextExchange m_textExchange; ///< for the text fields
     SectionRegistry m_registry;

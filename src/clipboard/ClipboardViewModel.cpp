@@ -4,7 +4,7 @@
 #include "clipboard/TextRecognizer.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "core/PasteboardWriter.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -86,11 +86,6 @@ std::vector<ClipboardItem> ClipboardViewModel::visibleItems() const
     return visible;
 }
 
-void ClipboardViewModel::requestPaste()
-{
-    m_services.notifications.post(Notification::magicPanelPaste);
-}
-
 void ClipboardViewModel::copyBack(const ClipboardItem& item)
 {
     if (item.kind == Kind::image) {
@@ -109,7 +104,7 @@ void ClipboardViewModel::copyBack(const ClipboardItem& item)
 void ClipboardViewModel::pick(const ClipboardItem& item)
 {
     copyBack(item);
-    requestPaste();
+    m_services.pasteRequest.post();
 }
 
 void ClipboardViewModel::copyBackAsPlain(const ClipboardItem& item)
@@ -117,7 +112,7 @@ void ClipboardViewModel::copyBackAsPlain(const ClipboardItem& item)
     m_services.pasteboardWriter.write({.text = item.textContent.value_or(QString())});
     m_services.store.moveToFront(item.id);
     refresh();
-    requestPaste();
+    m_services.pasteRequest.post();
 }
 
 void ClipboardViewModel::pasteImageText(const ClipboardItem& item)
@@ -138,7 +133,7 @@ void ClipboardViewModel::pasteImageText(const ClipboardItem& item)
         if (text->isEmpty())
             return;
         m_services.pasteboardWriter.write({.text = *text});
-        requestPaste();
+        m_services.pasteRequest.post();
     };
     m_services.tasks.run(this, work, done);
 }

@@ -16,7 +16,7 @@ class AppSettings;
 class ClipboardStore;
 class Clock;
 class FileSystem;
-class NotificationCenter;
+class PasteRequest;
 class PasteboardWriter;
 class TaskRunner;
 class TextRecognizer;
@@ -29,7 +29,7 @@ struct ClipboardServices
     ClipboardMonitor& monitor;
     const AppSettings& settings;
     PasteboardWriter& pasteboardWriter;
-    NotificationCenter& notifications;
+    PasteRequest& pasteRequest;
     ThumbnailCache& thumbnails;
     const FileSystem& fileSystem;
     TaskRunner& tasks;
@@ -95,7 +95,6 @@ Q_SIGNALS:
 private:
     void handleCapture(const ClipboardMonitor::CapturedContent& content);
     void refresh();
-    void requestPaste();
     void setOcrProcessingId(const std::optional<ClipboardItemId>& id);
 
     ClipboardServices m_services;

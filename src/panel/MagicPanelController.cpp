@@ -1,6 +1,6 @@
 #include "panel/MagicPanelController.h"
 
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "panel/CursorLocator.h"
 #include "panel/PanelAnimator.h"
 #include "platform/Clock.h"
@@ -47,11 +47,8 @@ MagicPanelController::MagicPanelController(PanelAnimator& animator, FloatingSurf
     , m_services(services)
 {
     connect(&m_panel, &FloatingSurface::resignedKey, this, &MagicPanelController::startHiding);
-    connect(&m_services.notificationCenter, &NotificationCenter::posted, this,
-            [this](const QString& name) {
-                if (name == Notification::magicPanelPaste)
-                    handlePaste();
-            });
+    connect(&m_services.pasteRequest, &PasteRequest::posted, this,
+            &MagicPanelController::handlePaste);
 }
 
 MagicPanelController::~MagicPanelController() = default;

@@ -13,7 +13,7 @@ class CursorLocator;
 class FloatingSurface;
 class LocalKeyMonitor;
 class MonitorToken;
-class NotificationCenter;
+class PasteRequest;
 class PanelAnimator;
 class PasteKeystroke;
 class RunningApplication;
@@ -36,7 +36,7 @@ public:
         const CursorLocator& cursorLocator;
         const Screens& screens;
         LocalKeyMonitor& localKeys;
-        NotificationCenter& notificationCenter;
+        const PasteRequest& pasteRequest;
         Clock& clock;
     };
 

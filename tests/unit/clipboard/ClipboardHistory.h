@@ -4,7 +4,7 @@
 #include "clipboard/FileClipboardStore.h"
 #include "clipboard/ThumbnailCache.h"
 #include "core/AppSettings.h"
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "core/PasteboardWriter.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeFileSystem.h"
@@ -28,16 +28,16 @@ struct ClipboardHistory
     FakePasteboard pasteboard;
     FakeTaskRunner tasks;
     FakeTextRecognizer recognizer;
-    NotificationCenter notifications;
+    PasteRequest pasteRequest;
     FileClipboardStore store{files, clock, QStringLiteral("/data")};
     PasteboardWriter pasteboardWriter{pasteboard};
     ClipboardMonitor monitor{pasteboard, clock};
     QMetaObject::Connection knowsOwnWrites = QObject::connect(
         &pasteboardWriter, &PasteboardWriter::written, &monitor, &ClipboardMonitor::markSeen);
     ThumbnailCache thumbnails{files, tasks};
-    ClipboardViewModel viewModel{{store, monitor, settings, pasteboardWriter, notifications,
+    ClipboardViewModel viewModel{{store, monitor, settings, pasteboardWriter, pasteRequest,
                                   thumbnails, files, tasks, recognizer, clock}};
-    QSignalSpy posted{&notifications, &NotificationCenter::posted};
+    QSignalSpy posted{&pasteRequest, &PasteRequest::posted};
 
     ClipboardItem copy(const PasteboardContent& content)
     {

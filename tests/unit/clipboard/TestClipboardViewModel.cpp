@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->pasteboard.writes, 0);
         QCOMPARE(m_history->texts(), QStringList({u"b"_s, u"(image)"_s}));
         QCOMPARE(m_history->posted.count(), 1);
-        QCOMPARE(m_history->posted.front().front(), u"app.driftbox.panelPaste"_s);
+        QCOMPARE(m_history->pasteRequest.objectName(), u"app.driftbox.panelPaste"_s);
     }
 
     void pastingPlainLeavesTheRichTextBehind()
@@ -247,7 +247,7 @@ private Q_SLOTS:
         ClipboardHistory history;
         {
             const ClipboardViewModel shortLived({history.store, history.monitor, history.settings,
-                                                 history.pasteboardWriter, history.notifications,
+                                                 history.pasteboardWriter, history.pasteRequest,
                                                  history.thumbnails, history.files, history.tasks,
                                                  history.recognizer, history.clock});
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeFloatingSurface.h"
@@ -25,7 +25,7 @@ struct PanelDesktop
     PanelDesktop() { workspace.frontmost = editor; }
 
     void showPanel() { controller->show(); }
-    void requestPaste() { notifications.post(Notification::magicPanelPaste); }
+    void requestPaste() { pasteRequest.post(); }
     [[nodiscard]] bool onlyTheEditorWasPastedInto() const
     {
         return keystroke.targets == std::vector<std::shared_ptr<RunningApplication>>{editor};
@@ -39,7 +39,7 @@ struct PanelDesktop
     FakeScreens screens;
     CursorLocator locator{caretLookup, screens};
     FakeLocalKeyMonitor keys;
-    NotificationCenter notifications;
+    PasteRequest pasteRequest;
     FakeClock clock;
     QWindow window;
     FakeFloatingSurface panel{window, FloatingSurface::Role::panel};
@@ -49,7 +49,7 @@ struct PanelDesktop
         return std::make_unique<MagicPanelController>(
             animator, panel,
             MagicPanelController::Services{workspace, keystroke, locator, screens, keys,
-                                           notifications, clock});
+                                           pasteRequest, clock});
     }();
 };
 

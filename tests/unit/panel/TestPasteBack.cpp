@@ -144,15 +144,6 @@ private Q_SLOTS:
         desk().requestPaste();
     }
 
-    void otherNotificationsAreIgnored()
-    {
-        desk().showPanel();
-        desk().notifications.post(u"app.driftbox.somethingElse"_s);
-        QVERIFY(desk().animator.visible());
-        desk().clock.advance(1s);
-        QVERIFY(desk().keystroke.targets.empty());
-    }
-
     void stepsAfterTheControllersEndAreNobodys()
     {
         desk().showPanel();

@@ -1,4 +1,4 @@
-#include "core/NotificationCenter.h"
+#include "core/PasteRequest.h"
 #include "fakes/FakeAppearance.h"
 #include "fakes/FakeCaretLookup.h"
 #include "fakes/FakePasteKeystroke.h"
@@ -99,14 +99,14 @@ struct OnDesktopPanel
     FakeScreens screens;
     CursorLocator locator{caretLookup, screens};
     QtLocalKeyMonitor keys;
-    NotificationCenter notifications;
+    PasteRequest pasteRequest;
     SystemClock clock;
     PanelAnimator animator;
     SectionRegistry registry;
     FloatingPanel window{surfaces, animator, registry};
     FloatingSurface& surface = window.surface();
     MagicPanelController controller{
-        animator, surface, {workspace, keystroke, locator, screens, keys, notifications, clock}};
+        animator, surface, {workspace, keystroke, locator, screens, keys, pasteRequest, clock}};
 };
 
 } // namespace
@@ -209,7 +209,7 @@ private Q_SLOTS:
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
-        m_panel->notifications.post(Notification::magicPanelPaste);
+        m_panel->pasteRequest.post();
         QTRY_COMPARE(m_panel->keystroke.targets.size(), std::size_t(1));
         QCOMPARE(m_panel->keystroke.targets.front()->bundleIdentifier(), u"Plainclient"_s);
         QVERIFY(!m_panel->surface.isVisible());

@@ -20,19 +20,26 @@ namespace {
 constexpr int maxCrashes = 3;
 constexpr auto crashPeriod = 60s;
 
+} // namespace
+
 // A page that stays at its address and opens no windows.
-class BoundPage final : public QWebEnginePage
+class WebPage::BoundPage final : public QWebEnginePage
 {
 public:
-    BoundPage(const QUrl& address, QWebEngineProfile& profile, QObject* parent)
+    BoundPage(QWebEngineProfile& profile, QObject* parent)
         : QWebEnginePage(&profile, parent)
-        , m_address(address)
     {
         // The engine asks nobody before it goes to an empty page.
         connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
             if (url != m_address)
                 QTimer::singleShot(0, this, [this] { load(m_address); });
         });
+    }
+
+    void open(const QUrl& address)
+    {
+        m_address = address;
+        load(address);
     }
 
 protected:
@@ -52,10 +59,8 @@ protected:
     }
 
 private:
-    const QUrl& m_address; ///< the owner's, which comes after this has been made
+    QUrl m_address;
 };
-
-} // namespace
 
 WebPage::WebPage(QWebEngineProfile& profile, DocumentSchemeHandler& documents, int number,
                  MarkdownPageDelegate& delegate, QWidget& parent)
@@ -78,32 +83,32 @@ WebPage::~WebPage()
 void WebPage::makeView()
 {
     m_view = std::make_unique<QWebEngineView>();
-    auto* page = new BoundPage(m_address, m_profile, m_view.get());
+    m_page = new BoundPage(m_profile, m_view.get());
     m_channel = std::make_unique<QWebChannel>();
     m_channel->registerObject(u"program"_s, &m_bridge);
-    page->setWebChannel(m_channel.get());
+    m_page->setWebChannel(m_channel.get());
     if (m_underPageColor.isValid())
-        page->setBackgroundColor(m_underPageColor);
-    m_view->setPage(page);
+        m_page->setBackgroundColor(m_underPageColor);
+    m_view->setPage(m_page);
     m_view->setContextMenuPolicy(Qt::PreventContextMenu);
     m_widget->layout()->addWidget(m_view.get());
     m_widget->setFocusProxy(m_view.get());
     QObject::connect(
-        page, &QWebEnginePage::renderProcessTerminated, m_widget.get(),
+        m_page, &QWebEnginePage::renderProcessTerminated, m_widget.get(),
         [this](QWebEnginePage::RenderProcessTerminationStatus status) { recover(status); });
 }
 
 void WebPage::setUnderPageColor(const QColor& color)
 {
     m_underPageColor = color;
-    m_view->page()->setBackgroundColor(color);
+    m_page->setBackgroundColor(color);
 }
 
 void WebPage::load(const QByteArray& html, const QUrl& baseURL)
 {
     m_address = DocumentScheme::pageAddress(baseURL, m_number);
     m_documents.setPage(m_address, html);
-    m_view->load(m_address);
+    m_page->open(m_address);
 }
 
 void WebPage::renderMarkdown(const QString& text, const QString& theme)
@@ -133,7 +138,7 @@ void WebPage::recover(QWebEnginePage::RenderProcessTerminationStatus status)
     // messages of its successor, so that one is another page.
     QTimer::singleShot(0, m_widget.get(), [this] {
         makeView();
-        m_view->load(m_address);
+        m_page->open(m_address);
     });
 }
 

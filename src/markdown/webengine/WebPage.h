@@ -28,6 +28,8 @@ public:
     void showPlace(const ReadingPlace& place) override;
 
 private:
+    class BoundPage;
+
     void makeView();
     void recover(QWebEnginePage::RenderProcessTerminationStatus status);
 
@@ -40,6 +42,7 @@ private:
     std::unique_ptr<QWidget> m_widget; ///< holds the view
     std::unique_ptr<QWebChannel> m_channel;
     std::unique_ptr<QWebEngineView> m_view;
+    BoundPage* m_page = nullptr; ///< the view's
     int m_crashes = 0;
     QDeadlineTimer m_crashPeriod;
 };

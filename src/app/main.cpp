@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
 #include "app/CommandLine.h"
+#include "app/DisplayChoice.h"
 #include "app/MenuBarItem.h"
 #include "app/X11Desktop.h"
 #include "core/AppConfig.h"
@@ -60,9 +61,8 @@ int main(int argc, char** argv)
         return answer(commandLine);
 
     driftbox::Log::install();
-    // The back-end uses X11, in a Wayland session through its X server.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    if (!driftbox::DisplayChoice::chooseX11())
+        return EXIT_FAILURE;
     describeApplication();
     const driftbox::Application application(argc, argv);
 

@@ -21,11 +21,30 @@ def test_options_are_answered_without_a_display(option, beginning):
     assert not answer.stderr
 
 
-def test_starting_without_a_display_fails_with_a_message(desktop):
-    environment = {name: value for name, value in desktop.environment.items() if name != "DISPLAY"}
+@pytest.mark.parametrize("platform", [None, "xcb", "wayland", "offscreen"])
+@pytest.mark.parametrize("display", [None, "", ":4711", "nonsense"])
+def test_without_a_display_there_is_one_line_and_no_dump(tmp_path, display, platform):
+    environment = {"PATH": os.environ["PATH"], "HOME": str(tmp_path),
+                   "XDG_RUNTIME_DIR": str(tmp_path)}
+    environment |= {name: value for name, value in (("DISPLAY", display),
+                                                    ("QT_QPA_PLATFORM", platform))
+                    if value is not None}
     answer = subprocess.run([PROGRAM], env=environment, capture_output=True, text=True, timeout=20)
-    assert answer.returncode != 0
-    assert "display" in answer.stderr
+    assert answer.returncode == 1
+    assert answer.stderr == ("Drift Box needs a display: no X server answers at "
+                             f'"{display or ""}"\n')
+
+
+@pytest.mark.parametrize("platform", ["wayland", "wayland;xcb", "offscreen", "garbage"])
+def test_the_x_server_is_used_whatever_the_toolkit_is_told(desktop, stopped_program, platform):
+    desktop.environment["QT_QPA_PLATFORM"] = platform
+    stopped_program.expect_complaint(f"^Using xcb instead of {platform}$")
+    stopped_program.start().panel.open()
+
+
+def test_asked_for_the_x_server_it_says_nothing(desktop, stopped_program):
+    desktop.environment["QT_QPA_PLATFORM"] = "xcb"
+    stopped_program.start().panel.open()
 
 
 def test_a_second_start_hands_over_and_ends_promptly(desktop, program):

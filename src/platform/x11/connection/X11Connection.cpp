@@ -40,6 +40,12 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray& display)
     return std::unique_ptr<X11Connection>(new X11Connection(std::move(xcb), screenNumber));
 }
 
+bool X11Connection::isServerThere()
+{
+    const Handle xcb(xcb_connect(nullptr, nullptr));
+    return xcb_connection_has_error(xcb.get()) == 0;
+}
+
 X11Connection::X11Connection(Handle xcb, int screenNumber)
     : m_xcb(std::move(xcb))
     , m_notifier(xcb_get_file_descriptor(m_xcb.get()), QSocketNotifier::Read)

@@ -31,6 +31,8 @@ class X11Connection final : public QObject
 public:
     /// Connects to `display`, or to the display named by DISPLAY; null when that fails.
     [[nodiscard]] static std::unique_ptr<X11Connection> open(const QByteArray& display = {});
+    /// Whether the server that DISPLAY names lets the program in. Needs no application object.
+    [[nodiscard]] static bool isServerThere();
     ~X11Connection() override;
 
     [[nodiscard]] xcb_connection_t* xcb() const { return m_xcb.get(); }

@@ -23,7 +23,7 @@
 
 namespace driftbox {
 
-/// Counts what it is asked for.
+/// Counts the requests.
 class FakeLoginItem final : public LoginItem
 {
 public:

@@ -31,7 +31,7 @@ private Q_SLOTS:
         m_desktop.reset();
     }
 
-    void nothingRunsBeforeTheStart()
+    void nothingRunsBeforeStart()
     {
         QVERIFY(!AppCoordinator::shared());
         QVERIFY(m_coordinator->registry().sections().empty());
@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 0U);
     }
 
-    void theStartWiresTheServices()
+    void startConnectsTheServices()
     {
         start();
         QCOMPARE(AppCoordinator::shared(), m_coordinator.get());
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->clipboardVM().items().size(), size_t(1));
     }
 
-    void theStartTakesItsOrder()
+    void servicesStartInOrder()
     {
         static QStringList log;
         log.clear();
@@ -78,7 +78,7 @@ private Q_SLOTS:
                  DefaultsValue(true));
     }
 
-    void lazyServicesAreBuiltOnce()
+    void lazyServicesAreCreatedOnce()
     {
         QCOMPARE(&m_coordinator->store(), &m_coordinator->store());
         QCOMPARE(&m_coordinator->monitor(), &m_coordinator->monitor());
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(&m_coordinator->markdownReader(), &m_coordinator->markdownReader());
     }
 
-    void theLoginItemFollowsTheSetting()
+    void loginItemFollowsTheSetting()
     {
         start();
         QCOMPARE(m_desktop->loginItem.unregistrations, 1); // also when it was never registered
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->loginItem.unregistrations, 2);
     }
 
-    void theLoginItemIsAppliedAtEveryCall()
+    void loginItemIsAppliedOnEveryCall()
     {
         m_coordinator->settings().setLaunchAtLogin(true);
         m_coordinator->applyLaunchAtLogin();
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->loginItem.registrations, 2);
     }
 
-    void theHotkeyStartsOverWithItsSettings()
+    void hotkeyRestartsWhenItsSettingsChange()
     {
         start();
         QTest::ignoreMessage(QtInfoMsg, "Hotkey disabled in settings; not starting monitors");
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->keyboard.monitorCount(KeyEventScope::global), 1U);
     }
 
-    void aLoginItemThatFailsIsLoggedAndTheSettingStays()
+    void loginItemFailureIsLoggedAndSettingIsKept()
     {
         m_coordinator->settings().setLaunchAtLogin(true);
         m_desktop->loginItem.outcome = Error{u"Permission denied"_s};
@@ -143,7 +143,7 @@ private Q_SLOTS:
 
         doubleTap(1000ms);
         QVERIFY(!m_coordinator->panelAnimator().visible());
-        doubleTap(2000ms); // while it is on its way out: nothing
+        doubleTap(2000ms); // ignored while the panel hides
         m_desktop->clock.advance(170ms);
         QVERIFY(!panel().isVisible());
 
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->floatingSurfaces.surfaces.size(), size_t(1));
     }
 
-    void thePanelIsBuiltAheadOfTheFirstDoubleTap()
+    void panelIsPreparedBeforeTheFirstDoubleTap()
     {
         start();
         m_desktop->clock.advance(1s);
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QVERIFY(!panel().isVisible());
     }
 
-    void whatWasCopiedAMomentAgoIsThereWhenThePanelOpens()
+    void recentCopyIsListedWhenThePanelOpens()
     {
         start();
         m_desktop->pasteboard.copy({.text = u"just now"_s});
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->clipboardVM().items().front().textContent, u"just now"_s);
     }
 
-    void whatIsPickedIsPastedIntoTheApplicationThatWasInFront()
+    void pickedItemIsPastedIntoThePreviousApplication()
     {
         start();
         const auto editor = std::make_shared<FakeRunningApplication>(77, u"editor"_s);

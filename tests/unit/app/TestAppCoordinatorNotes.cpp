@@ -64,7 +64,7 @@ private Q_SLOTS:
         m_desktop.reset();
     }
 
-    void theNotesAreTheSecondSection()
+    void notesAreTheSecondSection()
     {
         start();
         const auto& sections = m_coordinator->registry().sections();
@@ -76,14 +76,14 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->registry().activeID(), u"clipboard"_s);
     }
 
-    void theNotesAreBuiltOnceAndLieInAFolderOfTheirOwn()
+    void notesServicesAreCreatedOnceAndUseTheirOwnFolder()
     {
         QCOMPARE(&m_coordinator->notesStore(), &m_coordinator->notesStore());
         QCOMPARE(&m_coordinator->noteManager(), &m_coordinator->noteManager());
         QVERIFY(m_desktop->fileSystem.folderExists(root() + u"/notes/images"_s));
     }
 
-    void theStartListsTheSavedNotesBetweenMonitorAndHotkey()
+    void startLoadsSavedNotesBetweenMonitorAndHotkey()
     {
         m_desktop->fileSystem.setFile(
             root() + u"/notes/manifest.json"_s,
@@ -99,13 +99,13 @@ private Q_SLOTS:
         QVERIFY(m_desktop->floatingSurfaces.surfaces.empty());
     }
 
-    void aTextBecomesANoteWithItsText_data()
+    void textBecomesANoteWithItsText_data()
     {
         QTest::addColumn<std::optional<QString>>("text");
         QTest::newRow("text") << std::optional(u"copied\ntext"_s);
         QTest::newRow("without text") << std::optional<QString>();
     }
-    void aTextBecomesANoteWithItsText()
+    void textBecomesANoteWithItsText()
     {
         QFETCH(const std::optional<QString>, text);
         expectWindow();
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(m_coordinator->noteManager().isOpen(notes().front().id));
     }
 
-    void aPictureBecomesANoteWithItsBytes()
+    void pictureBecomesANoteWithItsBytes()
     {
         const ClipboardItem item{.kind = ClipboardItem::Kind::image};
         m_desktop->fileSystem.setFile(root() + u"/images/"_s + item.id.text() + u".png"_s,
@@ -126,7 +126,7 @@ private Q_SLOTS:
         expectImageNote("the bytes");
     }
 
-    void aPictureUnderANameOfItsOwnIsFoundThere()
+    void pictureWithACustomFileNameIsFound()
     {
         const ClipboardItem item{.kind = ClipboardItem::Kind::image,
                                  .imageFileName = u"Shot.png"_s};
@@ -138,7 +138,7 @@ private Q_SLOTS:
         expectImageNote("the bytes");
     }
 
-    void aPictureThatCannotBeReadMakesNoNote()
+    void unreadablePictureMakesNoNote()
     {
         makeNoteOf({.kind = ClipboardItem::Kind::image});
         QVERIFY(notes().empty());
@@ -159,7 +159,7 @@ private:
         m_coordinator->start();
     }
 
-    /// The platform of these tests cannot tell anybody how small a window may become.
+    /// The offscreen platform does not support size hints.
     static void expectWindow()
     {
         QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");

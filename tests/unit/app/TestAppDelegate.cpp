@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Hands over what a test says.
+// Reports the documents that a test gives it.
 class FakeInstanceLink final : public InstanceLink
 {
 public:
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringList{u"a.MD"_s});
     }
 
-    void everyEndingOfMarkdownOpens()
+    void everyMarkdownExtensionOpens()
     {
         launch();
         QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: b.markdown, c.mdown, d.mkd");
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringList({u"b.markdown"_s, u"c.mdown"_s, u"d.mkd"_s}));
     }
 
-    void aSingleFileAtLaunchOpensOnceTheServicesRun()
+    void fileGivenAtLaunchOpensAfterTheServicesStart()
     {
         expectLaunch();
         QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD");
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->standardWindows.presented.size(), size_t(1));
     }
 
-    void whatIsNoFileIsLeftOut()
+    void urlsThatAreNotLocalFilesAreIgnored()
     {
         launch();
         QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: a.MD, d.mkd");
@@ -97,7 +97,7 @@ private Q_SLOTS:
         Q_EMIT m_link->documentsOpened({});
     }
 
-    void aFolderIsOnlyNamed()
+    void folderIsLoggedButNotOpened()
     {
         launch();
         QTest::ignoreMessage(QtWarningMsg, "kAEOpenDocuments: docs, my docs#1");

@@ -12,14 +12,14 @@ class TestCommandLine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutArgumentsThereIsNothingToSayOrOpen()
+    void noArgumentsPrintAndOpenNothing()
     {
         const auto commandLine = CommandLine::parse({}, u"/folder/me"_s);
         QVERIFY(!commandLine.answer);
         QVERIFY(commandLine.documents.isEmpty());
     }
 
-    void filesAreThoseOfTheFolder()
+    void relativePathsResolveAgainstTheWorkingDirectory()
     {
         const auto commandLine = CommandLine::parse(
             {u"a b.md"_s, u"/tmp/c.md"_s, u"file:///d%20e.md"_s, u"../f.md"_s}, u"/folder/me"_s);
@@ -31,14 +31,14 @@ private Q_SLOTS:
                                      u"/folder/f.md"_s}));
     }
 
-    void afterTwoDashesEverythingIsAFile()
+    void everythingAfterADoubleDashIsAFile()
     {
         const auto commandLine = CommandLine::parse({u"--"_s, u"--help"_s}, u"/"_s);
         QVERIFY(!commandLine.answer);
         QCOMPARE(commandLine.documents, QList{QUrl::fromLocalFile(u"/--help"_s)});
     }
 
-    void helpAndVersionAreAnswered()
+    void helpAndVersionPrintAnAnswer()
     {
         QVERIFY(CommandLine::parse({u"--help"_s}, u"/"_s).answer->startsWith(u"Usage: driftbox"));
         const auto version = CommandLine::parse({u"a.md"_s, u"--version"_s}, u"/"_s);
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QVERIFY(version.isUnderstood);
     }
 
-    void anUnknownOptionIsAnError()
+    void unknownOptionIsAnError()
     {
         const auto commandLine = CommandLine::parse({u"--frob"_s}, u"/"_s);
         QVERIFY(!commandLine.isUnderstood);

@@ -36,7 +36,7 @@ private Q_SLOTS:
         m_desktop.reset();
     }
 
-    void theEntriesStandInTheirOrder()
+    void entriesAreInOrder()
     {
         const QStringList expected = {u"Open Drift Box"_s,
                                       u"Double-tap ⌃ Control to summon"_s,
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(!entries.at(1)->isEnabled());
     }
 
-    void theEntriesHaveTheirSymbols_data()
+    void entriesHaveTheirSymbols_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("symbol");
@@ -73,7 +73,7 @@ private Q_SLOTS:
         row(u"Clear Unpinned History"_s, u"trash"_s);
         row(u"Quit Drift Box"_s, u"power"_s);
     }
-    void theEntriesHaveTheirSymbols()
+    void entriesHaveTheirSymbols()
     {
         QFETCH(const QString, text);
         QFETCH(const QString, symbol);
@@ -84,7 +84,7 @@ private Q_SLOTS:
                  outline(Symbols::icon(symbol, {.size = 15, .color = Qt::black})));
     }
 
-    void theHintFollowsTheSettingsAtOnce()
+    void hintFollowsTheSettingsImmediately()
     {
         const QAction& hint = *m_menu->actions().at(1);
         AppSettings& settings = m_coordinator->settings();
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(hint.text(), u"Double-tap ⌥ Option to summon"_s);
     }
 
-    void withoutARunningCoordinatorNothingHappens()
+    void entriesDoNothingWithoutARunningCoordinator()
     {
         for (QAction* entry : m_menu->actions().mid(0, 7))
             entry->trigger();
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(m_desktop->documentOpener.opened.isEmpty());
     }
 
-    void openingTogglesThePanel()
+    void openEntryTogglesThePanel()
     {
         start();
         QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target nil pid -1");
@@ -129,7 +129,7 @@ private Q_SLOTS:
         choose(u"Send Feedback…"_s);
     }
 
-    void clearingKeepsWhatIsPinned()
+    void clearingKeepsPinnedItems()
     {
         start();
         for (const auto& text : {u"pinned"_s, u"unpinned"_s}) {
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QCOMPARE(history.items().front().textContent, u"pinned"_s);
     }
 
-    void theShortcutsWorkWhileTheMenuIsOpen()
+    void shortcutsWorkWhileTheMenuIsOpen()
     {
         const QSignalSpy settings(&action(u"Settings…"_s), &QAction::triggered);
         for (const auto* missing : {"setting window masks", "raise()", "grabbing the keyboard"})
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(!m_menu->isVisible());
     }
 
-    void quittingEndsTheProgram()
+    void quitEntryEndsTheProgram()
     {
         QTimer::singleShot(0, this, [this] { choose(u"Quit Drift Box"_s); });
         QCOMPARE(QApplication::exec(), 0);

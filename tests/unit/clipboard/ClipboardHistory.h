@@ -18,7 +18,7 @@
 
 namespace driftbox {
 
-/// A clipboard history with everything it stands on.
+/// A clipboard history with all its dependencies.
 struct ClipboardHistory
 {
     FakeUserDefaults defaults;

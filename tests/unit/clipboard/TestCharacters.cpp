@@ -11,7 +11,7 @@ class TestCharacters : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void keepsWholeCharacters_data()
+    void cutKeepsWholeCharacters_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("count");
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QTest::newRow("carriage return and line feed") << u"a\r\nb"_s << 2 << u"a\r\n"_s;
         QTest::newRow("Hangul of parts") << u"각각"_s << 1 << u"각"_s;
     }
-    void keepsWholeCharacters()
+    void cutKeepsWholeCharacters()
     {
         QFETCH(const QString, text);
         QFETCH(const int, count);
@@ -39,14 +39,14 @@ private Q_SLOTS:
         QCOMPARE(firstCharacters(text, count), kept);
     }
 
-    void oneCharacterMayBeVeryLong()
+    void singleCharacterMayBeVeryLong()
     {
         const QString tower = u"a"_s + QString(100'000, QChar(0x0301));
         QCOMPARE(firstCharacters(tower + u"b"_s, 1), tower);
         QCOMPARE(firstCharacters(tower + u"bc"_s, 2), tower + u"b"_s);
     }
 
-    void theCutIsTheSameHoweverMuchFollows()
+    void cutDoesNotDependOnWhatFollows()
     {
         const QString unit = u"e\u0301🦀👨‍👩‍👧‍👦x"_s;
         const QString wanted = unit.repeated(1000);

@@ -56,7 +56,7 @@ class TestClipboardKeyboard : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void arrowsAndPageKeysMoveTheSelectionWhateverIsTyped()
+    void arrowsAndPageKeysMoveTheSelectionDespiteAQuery()
     {
         for (const QString& query : {u""_s, u" "_s}) {
             Page page;
@@ -78,7 +78,7 @@ private Q_SLOTS:
         }
     }
 
-    void homeAndEndAreTheFieldsWhileThereIsSomethingInIt()
+    void homeAndEndGoToANonEmptySearchField()
     {
         Page page;
         QVERIFY(page.press(Qt::Key_End));
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QVERIFY(page.pasted() == PasteboardContent{.text = u"d"_s});
     }
 
-    void shiftEnterPastesPlain()
+    void shiftEnterPastesAsPlainText()
     {
         Page page;
         page.history.copy({.text = u"rich"_s, .rtf = QByteArray("{}")});
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(page.pasted() == PasteboardContent{.text = u"read"_s});
     }
 
-    void controlAndADigitPickByPlace()
+    void controlDigitPicksTheRowWithThatNumber()
     {
         Page page;
         page.press(Qt::Key_End);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(page.selected(), u"b"_s);
     }
 
-    void deleteDeletesOnlyWhileTheFieldIsEmpty()
+    void deleteRemovesTheRowOnlyWhileTheSearchFieldIsEmpty()
     {
         Page page;
         page.press(Qt::Key_Down);
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QCOMPARE(page.rows.rowCount(), 5);
     }
 
-    void aKeyThatIsHeldDownActsOnce()
+    void heldKeyActsOnce()
     {
         Page page;
         QVERIFY(page.repeat(Qt::Key_Delete));
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(page.history.viewModel.pinnedCount(), 0);
     }
 
-    void anEmptyListTakesItsKeysAndDoesNothing()
+    void emptyListConsumesItsKeysAndDoesNothing()
     {
         Page page;
         page.history.viewModel.clearUnpinned();
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(page.history.posted.count(), 0);
     }
 
-    void allOtherKeysAreTheFields()
+    void otherKeysGoToTheSearchField()
     {
         Page page;
         const std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>> others = {

@@ -49,7 +49,7 @@ class TestClipboardListModel : public QObject
 private Q_SLOTS:
     void init() { m_history = std::make_unique<ClipboardHistory>(); }
 
-    void beginsWithWhatIsThere()
+    void startsWithTheExistingItems()
     {
         fill(u"cba"_s);
         const Rows rows(*m_history);
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(rows.model.rowCount(rows.model.index(0)), 0);
     }
 
-    void aCaptureIsOneRowInFrontAndWhatItDropsOneLess()
+    void captureInsertsOneRowAndRemovesThePrunedOne()
     {
         fill(u"cba"_s);
         m_history->settings.setClipboardCapacity(3);
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QVERIFY(rows.inserted.isEmpty() && rows.removed.isEmpty() && rows.reset.isEmpty());
     }
 
-    void deletingAndClearingTakeRowsOut()
+    void deletingAndClearingRemoveRows()
     {
         fill(u"edcba"_s);
         const Rows rows(*m_history);
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QVERIFY(rows.reset.isEmpty());
     }
 
-    void itemsOfOneIdAreRowsOfTheirOwn()
+    void itemsWithTheSameIdAreSeparateRows()
     {
         ClipboardItem twin{.textContent = u"one"_s};
         m_history->store.add(twin, std::nullopt); // as a foreign manifest may have them
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(rows.texts(), QStringList({u"a"_s, u"b"_s, u"one"_s}));
     }
 
-    void anotherQueryStartsOver()
+    void newQueryResetsTheModel()
     {
         fill(u"cba"_s);
         const Rows rows(*m_history);
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(rows.reset.count(), 3);
     }
 
-    void aCaptureThatDoesNotMatchStaysOut()
+    void captureThatDoesNotMatchTheQueryIsNotListed()
     {
         fill(u"cba"_s);
         const Rows rows(*m_history);
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QCOMPARE(rows.texts(), QStringList({u"Bx"_s, u"b"_s}));
     }
 
-    void manyChangesAtOnceStartOver()
+    void manyChangesAtOnceResetTheModel()
     {
         m_history->settings.setClipboardCapacity(1000);
         for (int i = 0; i < 100; ++i)
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QVERIFY(rows.removed.isEmpty());
     }
 
-    void aPictureArrivesInItsRow()
+    void loadedPictureUpdatesItsRow()
     {
         m_history->copy({.png = picture({10, 10})});
         fill(u"a"_s);
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QVERIFY(rows.data(0, ClipboardListModel::PictureRole).value<QImage>().isNull());
     }
 
-    void aPictureOfARowThatIsNotShownChangesNothing()
+    void pictureOfAnUnlistedItemChangesNothing()
     {
         const auto item = m_history->copy({.png = picture({10, 10})});
         const Rows rows(*m_history);
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(rows.changed.count(), 2);
     }
 
-    void recognitionThatEndsInAnEmptyListIsNoMatter()
+    void recognitionMayFinishAfterTheListIsEmptied()
     {
         const auto item = m_history->copy({.png = QByteArray("1")});
         const Rows rows(*m_history);
@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(rows.model.rowCount(), 0);
     }
 
-    void theRowsOfText()
+    void textRowsHaveTheirRoles()
     {
         m_history->copy(u" \n two\nlines\t "_s);
         fill(u"a"_s);
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(!rows.data(0, Qt::DisplayRole).isValid());
     }
 
-    void thePreviewIsTrimmedUnlessNothingIsLeft_data()
+    void previewIsTrimmedUnlessItIsBlank_data()
     {
         QTest::addColumn<std::optional<QString>>("text");
         QTest::addColumn<QString>("preview");
@@ -237,14 +237,14 @@ private Q_SLOTS:
         QTest::newRow("wide space") << Text(u"\u3000字\u3000"_s) << u"字"_s;
         QTest::newRow("inner white space") << Text(u"\ta  b\n\nc\n"_s) << u"a  b\n\nc"_s;
     }
-    void thePreviewIsTrimmedUnlessNothingIsLeft()
+    void previewIsTrimmedUnlessItIsBlank()
     {
         QFETCH(const std::optional<QString>, text);
         QFETCH(const QString, preview);
         QCOMPARE(previewText({.textContent = text}), preview);
     }
 
-    void theRowsOfPictures()
+    void pictureRowsHaveTheirRoles()
     {
         m_history->copy({.png = picture({10, 10})});
         const Rows rows(*m_history);
@@ -253,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(rows.data(0, Qt::AccessibleTextRole).toString(), u"Image, 5 minutes ago"_s);
     }
 
-    void theTimeIsTheUsersOwn()
+    void timeIsInTheUsersTimeZone()
     {
         const LocalTimeZone zone("<+0545>-5:45");
         fill(u"a"_s); // on the 9th of May 2026 at 06:13:20 UTC

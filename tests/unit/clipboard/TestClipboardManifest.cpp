@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(ClipboardManifest::Writer().encode({item}), expected);
     }
 
-    void absentMembersAreLeftOut()
+    void absentMembersAreOmitted()
     {
         const ClipboardItem image{
             .id = id, .kind = ClipboardItem::Kind::image, .createdAt = Instant()};
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(ClipboardManifest::encode(textItem(QString())).contains(json("'textContent':''")));
     }
 
-    void whatIsWrittenReadsBackTheSame()
+    void itemsSurviveARoundTrip()
     {
         std::vector<ClipboardItem> items = {
             textItem(u"one"_s),
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(ClipboardManifest::Writer().encode({}), "[]");
     }
 
-    void aWriterFollowsWhatChanges()
+    void writerReencodesChangedItems()
     {
         ClipboardManifest::Writer writer;
         ClipboardItem first = textItem(u"one"_s);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(writtenBack({}));
     }
 
-    void itemsOfOneIdKeepWhatIsTheirs()
+    void itemsWithTheSameIdKeepTheirContents()
     {
         ClipboardManifest::Writer writer;
         const std::vector twins = {textItem(u"one"_s), textItem(u"two"_s)};
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(!item.rtfData);
     }
 
-    void integersBeyondSixtyFourBitsAreNumbersToo()
+    void integersBeyondSixtyFourBitsAreAccepted()
     {
         const QByteArray text = element("'id':'6F9619FF-8B86-D011-B42D-00C04FC964FF','kind':'text',"
                                         "'createdAt':123456789012345678901");
@@ -129,7 +129,7 @@ private Q_SLOTS:
                  123456789012345678901.0);
     }
 
-    void oneViolationMakesTheWholeManifestUnreadable_data()
+    void singleViolationRejectsTheWholeManifest_data()
     {
         QTest::addColumn<QByteArray>("text");
         const QByteArray good =
@@ -163,7 +163,7 @@ private Q_SLOTS:
         QTest::newRow("good, then bad") << json("[{" + good + "},{}]");
         QTest::newRow("nested beyond reason") << QByteArray(1'000'000, '[');
     }
-    void oneViolationMakesTheWholeManifestUnreadable()
+    void singleViolationRejectsTheWholeManifest()
     {
         QFETCH(const QByteArray, text);
         const auto decoded = ClipboardManifest::decode(text);
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(!decoded.error().message.isEmpty());
     }
 
-    void theImageFileIsNamedAfterTheIdUnlessTheItemNamesIt()
+    void imageFileNameDefaultsToTheId()
     {
         ClipboardItem item{.id = id, .kind = ClipboardItem::Kind::image};
         const QString byId = QString::fromLatin1(idText) + u".png"_s;
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(item.imageFile(), u"Shot 1.png"_s);
     }
 
-    void anImageFileNameNeverLeavesTheFolder_data()
+    void imageFileNameNeverLeavesTheFolder_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("parent") << u"../manifest.json"_s;
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << u""_s;
         QTest::newRow("nul") << QString(u"a\0b"_s);
     }
-    void anImageFileNameNeverLeavesTheFolder()
+    void imageFileNameNeverLeavesTheFolder()
     {
         QFETCH(const QString, name);
         const ClipboardItem item{

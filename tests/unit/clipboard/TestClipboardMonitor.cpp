@@ -34,7 +34,7 @@ private Q_SLOTS:
         m_clock = std::make_unique<FakeClock>();
     }
 
-    void whatIsThereAtLaunchIsNeverCaptured()
+    void contentPresentAtLaunchIsNotCaptured()
     {
         m_pasteboard->copy({.text = u"old"_s});
         const auto monitor = startedMonitor();
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(m_captures.size(), size_t(1));
     }
 
-    void whatWasThereAtLaunchButArrivesLateIsKnownToo()
+    void initialContentThatArrivesLateIsNotCaptured()
     {
         const auto monitor = startedMonitor();
         m_pasteboard->deliverInitialContent({.text = u"old"_s});
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QCOMPARE(m_captures.back().text, u"b"_s);
     }
 
-    void startingTwicePollsOnceForTheMonitorsLife()
+    void startingTwiceInstallsOneTimer()
     {
         auto monitor = startedMonitor();
         QCOMPARE(m_clock->repetitions(), 1);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(m_clock->repetitions(), 0);
     }
 
-    void theSameTextTwiceInARowIsOneCaptureAndLaterAnother()
+    void repeatedTextIsCapturedOnlyAfterSomethingElse()
     {
         const auto monitor = startedMonitor();
         copyAndWait({.text = u"A"_s});
@@ -112,7 +112,7 @@ private Q_SLOTS:
         QVERIFY(m_captures.back() == (Captured{.text = u"b"_s}));
     }
 
-    void nothingReadableIsNothingCaptured()
+    void unreadableContentIsNotCaptured()
     {
         const auto monitor = startedMonitor();
         copyAndWait({.text = u""_s});
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(m_captures.empty());
     }
 
-    void anImageWinsOverText()
+    void imageTakesPrecedenceOverText()
     {
         const auto monitor = startedMonitor();
         copyAndWait({.text = u"a"_s, .rtf = QByteArray("{}"), .png = png('1', 40)});
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(m_captures.size(), size_t(2));
     }
 
-    void signatures()
+    void signaturesHaveTheirFormat()
     {
         QCOMPARE(ClipboardMonitor::signature({}), u"t:"_s);
         QCOMPARE(ClipboardMonitor::signature({.text = u"i:3"_s}), u"t:i:3"_s);
@@ -149,7 +149,7 @@ private Q_SLOTS:
                  u"i:40:137807871131026100001373726882"_s);
     }
 
-    void whatIsMarkedSeenIsNotCaptured()
+    void contentMarkedAsSeenIsNotCaptured()
     {
         const auto monitor = startedMonitor();
         copyAndWait({.text = u"a"_s});

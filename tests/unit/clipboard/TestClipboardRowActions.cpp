@@ -35,7 +35,7 @@ private Q_SLOTS:
                 Actions({Action::recognizeText, Action::makeNote, Action::remove}));
     }
 
-    void theHelpAndTheSymbolTellWhatAnActionDoes()
+    void actionsHaveTheirHelpAndSymbol()
     {
         const auto item = m_history->copy(u"a"_s);
         const auto help = [](Action action, const ClipboardItem& of) {
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(ClipboardRowActions::systemImage(Action::togglePin), u"pin.fill"_s);
     }
 
-    void everyActionDoesItsOwn()
+    void everyActionHasItsEffect()
     {
         const auto rich = m_history->copy({.text = u"a"_s, .rtf = QByteArray("{}")});
         m_actions->perform(Action::pastePlain, rich);
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->posted.count(), 2);
     }
 
-    void whileAPictureIsReadItsActionIsBusyAndOthersAreNot()
+    void onlyTheActionOfThePictureBeingReadIsBusy()
     {
         const auto first = m_history->copy({.png = QByteArray("1")});
         const auto second = m_history->copy({.png = QByteArray("22")});
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(!m_actions->isBusy(Action::recognizeText, first));
     }
 
-    void anItemOfTheListItselfMayBeGiven()
+    void actionsAcceptReferencesIntoTheirList()
     {
         m_history->copy(u"a"_s);
         m_history->copy(u"b"_s);

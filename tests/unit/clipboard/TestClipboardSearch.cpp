@@ -25,7 +25,7 @@ class TestClipboardSearch : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void findsTextsInOrderAndNeverPictures()
+    void findsTextsInOrderButNoPictures()
     {
         auto items = texts({u"one"_s, u"two"_s, u"None"_s});
         items.push_back({.kind = ClipboardItem::Kind::image, .textContent = u"one"_s});
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(search.find(items, u"three"_s).empty());
     }
 
-    void typingOnNarrowsAndGoingBackWidens()
+    void typingNarrowsAndDeletingWidensTheResult()
     {
         const auto items = texts({u"a"_s, u"ab"_s, u"abc"_s, u"b"_s, u"cab"_s});
         ClipboardSearch search;
@@ -48,19 +48,19 @@ private Q_SLOTS:
         QVERIFY(search.find(items, u"c"_s) == Indices({2, 4}));
     }
 
-    void anEarlierQueryIsNotSearchedForAgain()
+    void earlierQueriesAreCached()
     {
         auto items = texts({u"a"_s, u"ab"_s});
         ClipboardSearch search;
         (void)search.find(items, u"a"_s);
         (void)search.find(items, u"ab"_s);
-        items[0].textContent = u"unlike before"_s; // as nobody may do: it shows what is looked at
+        items[0].textContent = u"unlike before"_s; // only here: shows which items are searched
         QVERIFY(search.find(items, u"a"_s) == Indices({0, 1}));
         search.reset();
         QVERIFY(search.find(items, u"b"_s) == Indices({0, 1}));
     }
 
-    void aLongWayOfTypingIsNoMatter()
+    void longQueryTypedLetterByLetterIsFound()
     {
         const QString all = u"the quick brown fox jumps over the lazy dog and then it sleeps"_s;
         const auto items = texts({all, all.toUpper(), u"the quick"_s});
@@ -71,7 +71,7 @@ private Q_SLOTS:
             QVERIFY(search.find(items, all.first(length)).size() == (length <= 9 ? 3U : 2U));
     }
 
-    void theWayToAQueryChangesNothing()
+    void resultDoesNotDependOnEarlierQueries()
     {
         QRandomGenerator random(42);
         const auto word = [&random](int length) {

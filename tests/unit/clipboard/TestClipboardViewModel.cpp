@@ -14,7 +14,7 @@ class TestClipboardViewModel : public QObject
 private Q_SLOTS:
     void init() { m_history = std::make_unique<ClipboardHistory>(); }
 
-    void capturesBecomeItemsInFront()
+    void capturesAreInsertedAtTheFront()
     {
         const QSignalSpy changed(&viewModel(), &ClipboardViewModel::itemsChanged);
         const ClipboardItem rich = m_history->copy({.text = u"a"_s, .rtf = QByteArray("{}")});
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->texts(), QStringList({u"(image)"_s, u"a"_s}));
     }
 
-    void theCapacityIsEnforcedByTheNextCapture()
+    void capacityIsEnforcedOnTheNextCapture()
     {
         for (const QChar letter : u"abcdefg"_s)
             m_history->copy(QString(letter));
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->texts(), QStringList(u"a"_s));
     }
 
-    void aBlankQueryShowsAllAndAnyOtherOnlyTheTextsThatHoldIt()
+    void blankQueryShowsAllAndOthersOnlyMatchingTexts()
     {
         m_history->copy(u"Straße nach Zürich"_s);
         viewModel().togglePin(m_history->copy({.png = QByteArray("PNG")}));
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->texts(), QStringList({u"(image)"_s, u"b"_s}));
     }
 
-    void pickingAsksForThePasteEvenWhenTheImageIsGone()
+    void pickingRequestsThePasteEvenIfTheImageIsGone()
     {
         const ClipboardItem image = m_history->copy({.png = QByteArray("PNG")});
         m_history->copy(u"b"_s);
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->pasteRequest.objectName(), u"app.driftbox.panelPaste"_s);
     }
 
-    void pastingPlainLeavesTheRichTextBehind()
+    void pastingAsPlainTextDropsTheRichText()
     {
         const ClipboardItem rich = m_history->copy({.text = u"a"_s, .rtf = QByteArray("{}")});
         m_history->copy(u"b"_s);
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->posted.count(), 1);
     }
 
-    void theTextInAnImageIsPastedAndNotKept()
+    void textInAnImageIsPastedAndNotKept()
     {
         const ClipboardItem image = m_history->copy({.png = QByteArray("PNG")});
         m_history->copy(u"b"_s);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->texts(), QStringList({u"b"_s, u"(image)"_s}));
     }
 
-    void anImageWithoutTextPastesNothing()
+    void imageWithoutTextPastesNothing()
     {
         const ClipboardItem image = m_history->copy({.png = QByteArray("PNG")});
         viewModel().pasteImageText(image);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QVERIFY(m_history->posted.isEmpty());
     }
 
-    void recognitionOfTextOrOfALostFileDoesNothing()
+    void recognizingTextItemsOrMissingFilesDoesNothing()
     {
         const ClipboardItem text = m_history->copy(u"a"_s);
         const ClipboardItem image = m_history->copy({.png = QByteArray("PNG")});
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QVERIFY(!viewModel().ocrProcessingId());
     }
 
-    void ofTwoRecognitionsTheFirstToFinishEndsTheBusyState()
+    void firstOfTwoRecognitionsToFinishEndsTheBusyState()
     {
         const ClipboardItem first = m_history->copy({.png = QByteArray("1")});
         const ClipboardItem second = m_history->copy({.png = QByteArray("22")});
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->posted.count(), 2);
     }
 
-    void pinningIsToggled()
+    void pinIsToggled()
     {
         viewModel().togglePin(m_history->copy(u"a"_s));
         QCOMPARE(viewModel().items().front().pinnedAt, m_history->clock.now());
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(viewModel().unpinnedCount(), 1);
     }
 
-    void picturesAreKeptAtTheSizeTheyAreShown()
+    void picturesAreCachedAtTheirDisplaySize()
     {
         const ClipboardItem large = m_history->copy({.png = picture({3840, 2160})});
         const ClipboardItem small = m_history->copy({.png = picture({30, 20})});
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(viewModel().image(large).devicePixelRatio(), 2.0);
     }
 
-    void aPictureThatCannotBeReadIsTriedAgain()
+    void unreadablePictureIsRetried()
     {
         const ClipboardItem broken = m_history->copy({.png = QByteArray("no picture")});
         const QSignalSpy changed(&viewModel(), &ClipboardViewModel::imageChanged);
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->tasks.pending(), size_t(0));
     }
 
-    void deletingDropsThePictureAndClearingDropsAll()
+    void deletingDropsOneCachedPictureAndClearingAll()
     {
         const ClipboardItem first = m_history->copy({.png = picture({10, 10})});
         viewModel().togglePin(m_history->copy({.png = picture({20, 10})}));
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(!viewModel().image(pinned).isNull());
     }
 
-    void aPictureThatArrivesAfterItsItemWasDeletedIsDropped()
+    void pictureOfADeletedItemIsDropped()
     {
         const ClipboardItem item = m_history->copy({.png = picture({10, 10})});
         const QSignalSpy changed(&viewModel(), &ClipboardViewModel::imageChanged);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 0);
     }
 
-    void theMonitorOutlivesTheViewModel()
+    void monitorMayOutliveTheViewModel()
     {
         ClipboardHistory history;
         {

@@ -40,7 +40,7 @@ private Q_SLOTS:
         m_store = std::make_unique<FileClipboardStore>(*m_files, m_clock, root);
     }
 
-    void aFirstStartMakesTheFoldersAndWritesNothing()
+    void firstStartCreatesTheFoldersAndWritesNothing()
     {
         QVERIFY(m_files->folderExists(root));
         QVERIFY(m_files->folderExists(root + u"/images"_s));
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(), 0);
     }
 
-    void whatIsAddedStandsInFrontOnDiskTooAndSurvivesARestart()
+    void addedItemsAreInFrontAndSurviveARestart()
     {
         const ClipboardItem first = text(u"first"_s);
         const ClipboardItem second = image();
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(restarted.allItems() == (std::vector{second, first}));
     }
 
-    void anImageThatCannotBeWrittenIsListedAllTheSame()
+    void itemIsListedEvenIfItsImageCannotBeWritten()
     {
         const ClipboardItem item = image();
         const QString path = m_store->imageURL(item);
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QVERIFY(!m_files->exists(path));
     }
 
-    void aManifestThatCannotBeWrittenIsLoggedAndMemoryKeepsTheChange()
+    void failedManifestWriteIsLoggedAndKeptInMemory()
     {
         m_store->add(text(u"saved"_s), std::nullopt);
         m_files->failWrites(u"Read-only file system"_s);
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(manifest().size(), size_t(3));
     }
 
-    void pinningStampsAgainAndUnpinningRemovesTheStamp()
+    void pinningUpdatesTheTimestampAndUnpinningRemovesIt()
     {
         const ClipboardItem item = text(u"a"_s);
         m_store->add(item, std::nullopt);
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QVERIFY(manifest().empty());
     }
 
-    void unknownIdsChangeAndWriteNothing()
+    void unknownIdsAreIgnored()
     {
         m_store->add(text(u"a"_s), std::nullopt);
         const int writes = m_files->writeCount();
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->allItems().size(), size_t(1));
     }
 
-    void clearingDropsTheUnpinnedWithTheirFiles()
+    void clearingRemovesUnpinnedItemsAndTheirFiles()
     {
         const std::vector items = {image(), text(u"pinned"_s), image(), text(u"loose"_s)};
         addAll(items);
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->allItems().size(), size_t(1));
     }
 
-    void pruningKeepsTheNearestToTheFrontAndAllPinned()
+    void pruningKeepsTheNewestAndAllPinnedItems()
     {
         std::vector<ClipboardItem> items;
         for (int index = 0; index < 13; ++index)
@@ -189,7 +189,7 @@ private Q_SLOTS:
             QVERIFY(!m_files->exists(m_store->imageURL(items[index])));
     }
 
-    void pruningWithRoomLeftWritesNothing()
+    void pruningBelowCapacityWritesNothing()
     {
         addAll({text(u"a"_s), text(u"b"_s)});
         const int writes = m_files->writeCount();
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(), writes + 2);
     }
 
-    void aCorruptManifestStartsEmptyAndIsKeptAside()
+    void corruptManifestIsBackedUpAndTheStoreStartsEmpty()
     {
         const QByteArray corrupt = R"([{"kind":"file"}])";
         m_files->setFile(manifestPath, corrupt);
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(root + u"/manifest.corrupt.json"_s), corrupt);
     }
 
-    void aCorruptManifestIsNotOverwrittenWhenItCannotBeKeptAside()
+    void corruptManifestIsNotOverwrittenIfItsBackupFails()
     {
         m_files->setFile(manifestPath, "corrupt");
         QTest::ignoreMessage(QtCriticalMsg,
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(manifestPath), QByteArray("corrupt"));
     }
 
-    void foldersThatCannotBeMadeAreNotAnError()
+    void failureToCreateFoldersIsTolerated()
     {
         FakeFileSystem files;
         files.failFolders();

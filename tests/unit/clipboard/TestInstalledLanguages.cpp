@@ -17,7 +17,7 @@ class TestInstalledLanguages : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theUsersOwnComesFirst_data()
+    void languageOfTheUserComesFirst_data()
     {
         QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("first");
@@ -33,7 +33,7 @@ private Q_SLOTS:
         QTest::newRow("no language") << u"C"_s << u"chi_sim"_s;
         QTest::newRow("one that is not installed") << u"fi_FI"_s << u"chi_sim"_s;
     }
-    void theUsersOwnComesFirst()
+    void languageOfTheUserComesFirst()
     {
         QFETCH(const QString, locale);
         QFETCH(const QString, first);
@@ -41,20 +41,20 @@ private Q_SLOTS:
         QCOMPARE(preferredLanguages(installed, QLocale(locale), usual).front(), first);
     }
 
-    void theUsualOnesComeBeforeTheOthers()
+    void commonLanguagesComeBeforeOthers()
     {
         const QStringList installed = {u"fra"_s, u"kor"_s, u"deu"_s, u"eng"_s, u"chi_sim"_s};
         QCOMPARE(preferredLanguages(installed, QLocale(u"ko_KR"_s), usual),
                  (QStringList{u"kor"_s, u"chi_sim"_s, u"eng"_s, u"deu"_s, u"fra"_s}));
     }
 
-    void whatIsNoLanguageIsLeftOut()
+    void dataThatIsNotALanguageIsSkipped()
     {
         const QStringList installed = {u"osd"_s, u"equ"_s, u"jpn_vert"_s, u"eng"_s};
         QCOMPARE(preferredLanguages(installed, QLocale::c(), usual), QStringList{u"eng"_s});
     }
 
-    void moreThanAHandfulAreCut()
+    void atMostEightLanguagesAreUsed()
     {
         QStringList installed = {u"eng"_s, u"deu"_s};
         for (int i = 0; i < 100; ++i)
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(languages.first(2), (QStringList{u"deu"_s, u"eng"_s}));
     }
 
-    void nothingInstalledIsNothing()
+    void noInstalledLanguagesGiveNone()
     {
         QVERIFY(preferredLanguages({}, QLocale(u"en_US"_s), usual).isEmpty());
     }

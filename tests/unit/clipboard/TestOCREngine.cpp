@@ -18,7 +18,7 @@ QByteArray somePicture()
     return imageFile(colorfulImage({8, 8}), "png");
 }
 
-/// Remembers what it was asked to read.
+/// Records what it is asked to read.
 class FakePageTextReader final : public PageTextReader
 {
 public:
@@ -48,7 +48,7 @@ class TestOCREngine : public QObject
 private Q_SLOTS:
     void init() { m_reader = std::make_unique<FakePageTextReader>(); }
 
-    void readsInTheFiveLanguagesInTheirOrder()
+    void readsInFiveLanguagesInOrder()
     {
         m_reader->installed = {u"kor"_s, u"deu"_s,     u"eng"_s,    u"osd"_s,
                                u"jpn"_s, u"chi_tra"_s, u"chi_sim"_s};
@@ -57,14 +57,14 @@ private Q_SLOTS:
         QCOMPARE(m_reader->asked, QList<QStringList>{fiveLanguages});
     }
 
-    void aPictureWithoutTextIsReadOnce()
+    void pictureWithoutTextIsReadOnce()
     {
         m_reader->installed = fiveLanguages;
         QCOMPARE(engine().recognizeText(somePicture()), QString());
         QCOMPARE(m_reader->asked.size(), 1);
     }
 
-    void aMissingLanguageCallsTheSecondPass()
+    void missingLanguageMakesAllInstalledOnesCandidates()
     {
         m_reader->installed = {u"osd"_s, u"kor"_s, u"fra"_s, u"eng"_s, u"chi_sim"_s};
         m_reader->text = u"text"_s;
@@ -75,13 +75,13 @@ private Q_SLOTS:
         QCOMPARE(languages, (QStringList{u"chi_sim"_s, u"eng"_s, u"fra"_s, u"kor"_s}));
     }
 
-    void withNoLanguageThereIsNoText_data()
+    void noLanguageGivesNoText_data()
     {
         QTest::addColumn<QStringList>("installed");
         QTest::newRow("nothing installed") << QStringList();
         QTest::newRow("only what is no language") << QStringList{u"osd"_s, u"jpn_vert"_s};
     }
-    void withNoLanguageThereIsNoText()
+    void noLanguageGivesNoText()
     {
         QFETCH(const QStringList, installed);
         m_reader->installed = installed;
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QVERIFY(m_reader->asked.isEmpty());
     }
 
-    void whatIsNoPictureHasNoText_data()
+    void bytesThatAreNotAPictureHaveNoText_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("nothing") << QByteArray();
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QTest::newRow("larger than any screen") << pngThatClaims({20'000, 20'000});
         QTest::newRow("an absurd size") << pngThatClaims({2'000'000'000, 2'000'000'000});
     }
-    void whatIsNoPictureHasNoText()
+    void bytesThatAreNotAPictureHaveNoText()
     {
         QFETCH(const QByteArray, bytes);
         m_reader->installed = fiveLanguages;
@@ -111,13 +111,13 @@ private Q_SLOTS:
         QVERIFY(m_reader->asked.isEmpty());
     }
 
-    void withoutARecognizerThereIsNoText()
+    void missingRecognizerGivesNoText()
     {
         const OCREngine without([] { return nullptr; }, 15s);
         QCOMPARE(without.recognizeText(somePicture()), QString());
     }
 
-    void theRecognizerIsWantedOnlyForPictures()
+    void recognizerIsLoadedOnlyForPictures()
     {
         bool wanted = false;
         const OCREngine careful(
@@ -130,14 +130,14 @@ private Q_SLOTS:
         QVERIFY(!wanted);
     }
 
-    void theLimitCountsFromTheCall()
+    void timeLimitStartsWithTheCall()
     {
         m_reader->installed = fiveLanguages;
         QCOMPARE(engine(20s).recognizeText(somePicture()), QString());
         QVERIFY(m_reader->timeLeft > 0 && m_reader->timeLeft <= 20'000);
     }
 
-    void readingStopsWhenItIsTold()
+    void readingStopsOnRequest()
     {
         OCREngine stopped = engine();
         m_reader->installed = fiveLanguages;

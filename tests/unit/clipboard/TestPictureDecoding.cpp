@@ -44,7 +44,7 @@ class TestPictureDecoding : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPictureIsOpaqueAndWhole()
+    void decodedPictureIsOpaqueAndComplete()
     {
         const QImage image = colorfulImage({37, 21});
         const QImage decoded = decodedPicture(imageFile(image, "png"));
@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(decoded, image);
     }
 
-    void aTurnedPictureIsPutUpright_data()
+    void orientationIsApplied_data()
     {
         QTest::addColumn<int>("turned");
         QTest::addColumn<QSize>("size");
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QTest::newRow("on its other side")
             << int(QImageIOHandler::TransformationRotate270) << QSize(20, 40) << QPoint(10, 35);
     }
-    void aTurnedPictureIsPutUpright()
+    void orientationIsApplied()
     {
         QFETCH(const int, turned);
         QFETCH(const QSize, size);
@@ -79,26 +79,26 @@ private Q_SLOTS:
         QVERIFY(qGray(decoded.pixel(opposite)) > 235);
     }
 
-    void inkOnNothingGetsAGroundThatShowsIt()
+    void transparentPictureGetsAContrastingBackground()
     {
         QCOMPARE(decodedPicture(inkOnNothing(Qt::black)).pixel(0, 0), qRgb(255, 255, 255));
         QCOMPARE(decodedPicture(inkOnNothing(Qt::white)).pixel(0, 0), qRgb(0, 0, 0));
     }
 
-    void whatIsNoPictureIsNull_data()
+    void bytesThatAreNotAPictureGiveNull_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("nothing") << QByteArray();
         QTest::newRow("text") << QByteArray("P");
         QTest::newRow("larger than any screen") << pngThatClaims({20'000, 20'000});
     }
-    void whatIsNoPictureIsNull()
+    void bytesThatAreNotAPictureGiveNull()
     {
         QFETCH(const QByteArray, bytes);
         QVERIFY(decodedPicture(bytes).isNull());
     }
 
-    void ofATruncatedPictureNothingIsTaken()
+    void truncatedPictureIsRejected()
     {
         const QByteArray whole = imageFile(colorfulImage({200, 200}), "png");
         QVERIFY(decodedPicture(whole.first(whole.size() / 2)).isNull());

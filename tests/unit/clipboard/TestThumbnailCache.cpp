@@ -19,7 +19,7 @@ private Q_SLOTS:
         m_cache = std::make_unique<ThumbnailCache>(*m_files, *m_tasks);
     }
 
-    void sizesFitTheBoxAndKeepTheirProportion_data()
+    void picturesFitTheBoxAndKeepTheirAspectRatio_data()
     {
         QTest::addColumn<QSize>("original");
         QTest::addColumn<double>("ratio");
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QTest::newRow("too slim to be seen") << QSize(1, 4000) << 1.0 << QSize(1, 60);
         QTest::newRow("a fraction") << QSize(440, 120) << 1.5 << QSize(330, 90);
     }
-    void sizesFitTheBoxAndKeepTheirProportion()
+    void picturesFitTheBoxAndKeepTheirAspectRatio()
     {
         QFETCH(const QSize, original);
         QFETCH(const double, ratio);
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::red));
     }
 
-    void aPictureIsLoadedOnce()
+    void pictureIsLoadedOnce()
     {
         m_files->setFile(u"/a.png"_s, picture({10, 10}));
         const QSignalSpy loaded(m_cache.get(), &ThumbnailCache::imageLoaded);
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(m_tasks->pending(), size_t(0));
     }
 
-    void whatIsNoPictureGivesNone_data()
+    void bytesThatAreNotAPictureGiveNone_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray("");
@@ -71,7 +71,7 @@ private Q_SLOTS:
         liar.replace(16, 8, QByteArray::fromHex("7fffffff7fffffff"));
         QTest::newRow("says it is huge") << liar;
     }
-    void whatIsNoPictureGivesNone()
+    void bytesThatAreNotAPictureGiveNone()
     {
         QFETCH(const QByteArray, bytes);
         m_files->setFile(u"/a.png"_s, bytes);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(loaded.isEmpty());
     }
 
-    void whatIsRemovedWhileItLoadsIsNotKept()
+    void pictureRemovedWhileLoadingIsDropped()
     {
         m_files->setFile(u"/a.png"_s, picture({10, 10}));
         const QSignalSpy loaded(m_cache.get(), &ThumbnailCache::imageLoaded);
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(loaded.count(), 1);
     }
 
-    void anotherPixelRatioDropsAllEvenWhatIsOnItsWay()
+    void newPixelRatioDropsCachedAndPendingPictures()
     {
         m_files->setFile(u"/a.png"_s, picture({400, 400}));
         (void)m_cache->image(m_id, u"/a.png"_s);
@@ -106,14 +106,14 @@ private Q_SLOTS:
         QVERIFY(!m_cache->image(m_id, u"/a.png"_s).isNull());
     }
 
-    void theCacheMayGoWhileAPictureLoads()
+    void cacheMayBeDestroyedWhileAPictureLoads()
     {
         m_files->setFile(u"/a.png"_s, picture({10, 10}));
         const QSignalSpy loaded(m_cache.get(), &ThumbnailCache::imageLoaded);
         (void)m_cache->image(m_id, u"/a.png"_s);
         m_cache.reset();
         m_tasks->runAll();
-        QCOMPARE(m_files->readCount(u"/a.png"_s), 1); // the work was on its way
+        QCOMPARE(m_files->readCount(u"/a.png"_s), 1); // the load had been started
         QVERIFY(loaded.isEmpty());
     }
 

@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(gap.width(), end - begin);
     }
 
-    void paleInkIsInk()
+    void paleInkCounts()
     {
         QImage line = lineOf(u"#.#"_s);
         line.scanLine(3)[1] = 190;

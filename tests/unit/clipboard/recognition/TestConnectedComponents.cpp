@@ -27,7 +27,7 @@ class TestConnectedComponents : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void countsThePixelsThatTouch_data()
+    void countsTouchingPixels_data()
     {
         QTest::addColumn<QStringList>("rows");
         QTest::addColumn<QList<int>>("pixels");
@@ -43,7 +43,7 @@ private Q_SLOTS:
                                   << QList<int>{14};
         QTest::newRow("all") << QStringList{u"##"_s, u"##"_s} << QList<int>{4};
     }
-    void countsThePixelsThatTouch()
+    void countsTouchingPixels()
     {
         QFETCH(const QStringList, rows);
         QFETCH(const QList<int>, pixels);
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(components.components()[1].box, QRect(0, 1, 2, 2));
     }
 
-    void everyRunKnowsItsComponent()
+    void runsAreMappedToTheirComponents()
     {
         const ConnectedComponents components(mask({u"#.#"_s, u"###"_s, u"..."_s, u"#.."_s}));
         QList<int> of;
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(of, (QList<int>{0, 0, 0, 1}));
     }
 
-    void anEmptyMaskHasNone() { QVERIFY(ConnectedComponents(QImage()).components().empty()); }
+    void emptyMaskHasNoComponents() { QVERIFY(ConnectedComponents(QImage()).components().empty()); }
 };
 
 DRIFTBOX_TEST(TestConnectedComponents, QCoreApplication)

@@ -51,7 +51,7 @@ class TestInkMap : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textIsTheSameOnEveryGround_data()
+    void textIsFoundOnEveryBackground_data()
     {
         QTest::addColumn<QColor>("ink");
         QTest::addColumn<QColor>("ground");
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QTest::newRow("red on a green as bright") << QColor(0xc00000) << QColor(0x006200);
         QTest::newRow("white on blue") << QColor(Qt::white) << QColor(0x2f6fed);
     }
-    void textIsTheSameOnEveryGround()
+    void textIsFoundOnEveryBackground()
     {
         QFETCH(const QColor, ink);
         QFETCH(const QColor, ground);
@@ -77,7 +77,7 @@ private Q_SLOTS:
                  qPrintable(u"%1 of %2"_s.arg(different).arg(marks)));
     }
 
-    void everyPanelHasAGroundOfItsOwn()
+    void everyPanelHasItsOwnBackground()
     {
         QImage image = plainImage({300, 100});
         QPainter painter(&image);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(marksIn(map, QRect(140, 0, 20, 100)), 0);
     }
 
-    void framesAndRulesAreNoInk()
+    void framesAndRulesAreNotInk()
     {
         QImage image = plainImage({300, 120});
         QPainter painter(&image);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(marksIn(map, QRect(0, 90, 300, 20)), 0);
     }
 
-    void framesThatAreCharactersStay()
+    void framesThatAreCharactersAreKept()
     {
         const TextStyle style{.typeface = u"Noto Sans CJK SC"_s, .pixelSize = 32};
         const InkMap map = inkOf(renderedText(u"国"_s, style));
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(marksIn(map, QRect(12, 12, 8, 48)) > 40);
     }
 
-    void theInsideOfACharacterIsNoInk()
+    void insideOfACharacterIsNotInk()
     {
         const InkMap map = inkOf(renderedText(u"o"_s, {.pixelSize = 96}));
         const QRect all = map.marks.rect();
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QCOMPARE(marksIn(map, inside), 0);
     }
 
-    void aPlainPictureHasNoInk_data()
+    void plainPictureHasNoInk_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::newRow("one pixel") << QSize(1, 1);
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QTest::newRow("one column") << QSize(1, 100);
         QTest::newRow("many") << QSize(100, 100);
     }
-    void aPlainPictureHasNoInk()
+    void plainPictureHasNoInk()
     {
         QFETCH(const QSize, size);
         const InkMap map = inkOf(plainImage(size, Qt::gray));
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QCOMPARE(marksIn(map, map.marks.rect()), 0);
     }
 
-    void aGradientIsAGround()
+    void gradientIsTreatedAsBackground()
     {
         QImage image = plainImage({400, 60});
         QPainter painter(&image);

@@ -11,7 +11,7 @@ class TestLanguageChoice : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPageHasTheLanguagesOfItsSamples_data()
+    void pageUsesTheLanguagesOfItsSamples_data()
     {
         QTest::addColumn<QList<QList<int>>>("confidences"); // of eng, chi_sim, chi_tra
         QTest::addColumn<QStringList>("likely");
@@ -30,7 +30,7 @@ private Q_SLOTS:
         QTest::newRow("no text") << QList<QList<int>>{{30, 0}, {10, 20}, {0, 39}} << QStringList();
         QTest::newRow("no samples") << QList<QList<int>>{{}, {}, {}} << QStringList();
     }
-    void aPageHasTheLanguagesOfItsSamples()
+    void pageUsesTheLanguagesOfItsSamples()
     {
         QFETCH(const QList<QList<int>>, confidences);
         QFETCH(const QStringList, likely);
@@ -47,13 +47,13 @@ private Q_SLOTS:
             QVERIFY(!likely.contains(language));
     }
 
-    void withoutLanguagesThereIsNoChoice()
+    void noLanguagesGiveNoChoice()
     {
         QVERIFY(languagesOf({}).likely.isEmpty());
         QVERIFY(!explainAll({}));
     }
 
-    void samplesAreExplainedWhenEachIsSurelyRead()
+    void samplesAreExplainedOnceEachIsReadConfidently()
     {
         QVERIFY(explainAll({{.language = u"eng"_s, .confidences = {95, 80}}}));
         QVERIFY(!explainAll({{.language = u"eng"_s, .confidences = {95, 79}}}));

@@ -38,28 +38,28 @@ class TestReadingOrder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingHasNoLines() { QVERIFY(inReadingOrder({}).empty()); }
+    void emptyPageHasNoLines() { QVERIFY(inReadingOrder({}).empty()); }
 
-    void aParagraphIsReadDownwards()
+    void paragraphIsReadDownwards()
     {
         QCOMPARE(order({piece(10, 10, 300), piece(10, 30, 280), piece(10, 50, 100)}),
                  (QList<int>{0, -1, 1, -1, 2}));
     }
 
-    void piecesSideBySideAreOneLine()
+    void adjacentPiecesFormOneLine()
     {
         QCOMPARE(order({piece(10, 10, 80), piece(120, 12, 60), piece(220, 9, 40)}),
                  (QList<int>{0, 1, 2}));
     }
 
-    void columnsOfRunningTextAreReadOneAfterTheOther()
+    void columnsOfProseAreReadOneAfterTheOther()
     {
         QCOMPARE(order({piece(10, 10, 280), piece(10, 30, 290), piece(10, 50, 285), //
                         piece(330, 10, 280), piece(330, 30, 290), piece(330, 50, 270)}),
                  (QList<int>{0, -1, 1, -1, 2, -1, 3, -1, 4, -1, 5}));
     }
 
-    void aTitleOverTwoColumnsComesFirst()
+    void titleOverTwoColumnsComesFirst()
     {
         QCOMPARE(order({piece(10, 10, 500),                     //
                         piece(10, 60, 250), piece(10, 80, 240), //
@@ -67,7 +67,7 @@ private Q_SLOTS:
                  (QList<int>{0, -1, 1, -1, 2, -1, 3, -1, 4}));
     }
 
-    void aTableIsReadRowByRow()
+    void tableIsReadRowByRow()
     {
         QCOMPARE(order({piece(10, 10, 80), piece(150, 10, 40), //
                         piece(10, 40, 90), piece(150, 40, 30), //
@@ -75,7 +75,7 @@ private Q_SLOTS:
                  (QList<int>{0, 1, -1, 2, 3, -1, 4, 5}));
     }
 
-    void aSideBarIsReadApartFromThePage()
+    void sidebarIsReadSeparatelyFromThePage()
     {
         QCOMPARE(order({piece(10, 20, 80), piece(10, 54, 60), piece(10, 88, 70), //
                         piece(200, 10, 400), piece(200, 30, 390), piece(200, 50, 400),
@@ -91,13 +91,13 @@ private Q_SLOTS:
                  (QList<int>{0, 1, -1, 2, 3, -1, 4, 5}));
     }
 
-    void linesThatTouchAreStillLines()
+    void touchingLinesAreSeparated()
     {
         QCOMPARE(order({QRect(10, 10, 300, 16), QRect(10, 24, 290, 16), QRect(10, 38, 310, 16)}),
                  (QList<int>{0, -1, 1, -1, 2}));
     }
 
-    void aLongPageIsReadQuickly()
+    void longPageIsReadQuickly()
     {
         std::vector<QRect> pieces;
         for (int row = 0; row < 500; ++row) {

@@ -11,7 +11,7 @@ class TestRecognizedText : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void tidies_data()
+    void whitespaceIsTidied_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("tidy");
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QTest::newRow("a formula") << u"x ="_s << u"x ="_s;
         QTest::newRow("rare Han") << u"\U00020000 \U00020001"_s << u"\U00020000\U00020001"_s;
     }
-    void tidies()
+    void whitespaceIsTidied()
     {
         QFETCH(const QString, text);
         QFETCH(const QString, tidy);

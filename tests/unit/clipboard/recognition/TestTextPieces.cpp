@@ -29,7 +29,7 @@ class TestTextPieces : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aLineIsOnePiece_data()
+    void lineIsOnePiece_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("typeface");
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QTest::newRow("Korean") << u"업데이트가 끝났고 문제를 고쳤습니다."_s
                                 << u"Noto Serif CJK KR"_s;
     }
-    void aLineIsOnePiece()
+    void lineIsOnePiece()
     {
         QFETCH(const QString, text);
         QFETCH(const QString, typeface);
@@ -65,13 +65,13 @@ private Q_SLOTS:
         QCOMPARE(piecesOf(picture).size(), 3U);
     }
 
-    void aWideGapParts()
+    void wideGapSeparatesPieces()
     {
         QImage picture = renderedText(u"Name                    Value"_s);
         QCOMPARE(piecesOf(picture).size(), 2U);
     }
 
-    void piecesOfSeveralSizesStandApart()
+    void piecesOfDifferentSizesAreSeparated()
     {
         QImage picture(300, 100, QImage::Format_RGB32);
         picture.fill(Qt::white);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(pieces[0].height() > 2 * pieces[1].height());
     }
 
-    void noiseHasNone()
+    void noiseHasNoPieces()
     {
         QImage picture(1000, 800, QImage::Format_RGB32);
         std::minstd_rand random(1);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(piecesOf(picture).empty());
     }
 
-    void scatteredMarksAreGatheredQuickly()
+    void scatteredMarksAreProcessedQuickly()
     {
         QImage marks(4'000, 4'000, QImage::Format_Grayscale8);
         marks.fill(0);
@@ -112,7 +112,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void aPlainPictureHasNone()
+    void plainPictureHasNoPieces()
     {
         QImage picture(100, 100, QImage::Format_RGB32);
         picture.fill(Qt::blue);

@@ -15,7 +15,7 @@ namespace {
 
 QString textIn(const QImage& picture)
 {
-    // However busy the machine is: what is read is tested here, not how quickly.
+    // No time limit matters here: what is read is tested, not how quickly.
     static const OCREngine engine(100s);
     return engine.recognizeText(imageFile(picture, "png"));
 }
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(textIn(renderedText(text, {.typeface = typeface, .pixelSize = 16})), text);
     }
 
-    void readsSmallTextLightOnDark()
+    void readsSmallLightTextOnDarkBackground()
     {
         const QString text = u"Warning: 3 of 27 tests failed\nVersion 2.4.1 fixes a crash"_s;
         const TextStyle style{.pixelSize = 11, .ink = QColor(0xd8d8d8), .ground = QColor(0x1e1e1e)};
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(textIn(picture), first);
     }
 
-    void aMissingLanguageLeavesTheOthers()
+    void missingLanguageDoesNotPreventTheOthers()
     {
         const PrivateLanguages languages({u"eng"_s, u"jpn"_s});
         QCOMPARE(textIn(renderedText(u"Open the settings"_s)), u"Open the settings"_s);
@@ -154,20 +154,20 @@ private Q_SLOTS:
                  u"設定を開いてください。"_s);
     }
 
-    void withoutLanguagesThereIsNoText()
+    void noLanguagesGiveNoText()
     {
         const PrivateLanguages none({});
         QCOMPARE(textIn(renderedText(u"Open the settings"_s)), QString());
     }
 
-    void aPictureWithoutTextHasNone_data()
+    void pictureWithoutTextGivesNone_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::newRow("one pixel") << QSize(1, 1);
         QTest::newRow("a line") << QSize(300, 1);
         QTest::newRow("a whiteImage ground") << QSize(300, 200);
     }
-    void aPictureWithoutTextHasNone()
+    void pictureWithoutTextGivesNone()
     {
         QFETCH(const QSize, size);
         QCOMPARE(textIn(whiteImage(size)), QString());

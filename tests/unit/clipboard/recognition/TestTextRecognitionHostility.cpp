@@ -58,13 +58,13 @@ QImage manyWords(const QSize& size)
 
 } // namespace
 
-/// What no picture of text is, and what would take for ever.
+/// Pictures without text, and ones that would take forever.
 class TestTextRecognitionHostility : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void giveUpSoonOnWhatIsNoText_data()
+    void givesUpSoonOnPicturesWithoutText_data()
     {
         QTest::addColumn<QImage>("picture");
         QTest::newRow("noise") << noise({1280, 800}, 100);
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QTest::newRow("one wide row") << noise({20'000, 2}, 50);
         QTest::newRow("one high column") << noise({2, 20'000}, 50);
     }
-    void giveUpSoonOnWhatIsNoText()
+    void givesUpSoonOnPicturesWithoutText()
     {
         QFETCH(const QImage, picture);
         const QByteArray file = imageFile(picture, "png");
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void theTimeLimitEndsTheWork()
+    void timeLimitStopsTheRecognition()
     {
         const OCREngine hasty(100ms);
         const QByteArray file = imageFile(manyWords({2560, 1600}), "png");
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void readingIsStoppedFromAnotherThread()
+    void recognitionCanBeStoppedFromAnotherThread()
     {
         OCREngine engine;
         const QByteArray file = imageFile(manyWords({2560, 1600}), "png");
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void severalReadSideBySide()
+    void severalRecognitionsRunConcurrently()
     {
         const QByteArray one = imageFile(renderedText(u"Open the settings"_s), "png");
         const QByteArray other = imageFile(renderedText(u"Close the window"_s), "png");

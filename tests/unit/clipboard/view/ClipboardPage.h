@@ -47,7 +47,7 @@ struct ClipboardPage
         const auto buttons = page->findChildren<SymbolButton*>();
         return **std::ranges::find(buttons, QStringLiteral("Clear unpinned"), &SymbolButton::text);
     }
-    /// What is said in the place of the rows.
+    /// The text shown instead of rows.
     [[nodiscard]] QString emptyState() const
     {
         for (const QWidget* widget : page->findChildren<QWidget*>()) {

@@ -17,7 +17,7 @@ private Q_SLOTS:
         m_history = std::make_unique<ClipboardHistory>();
     }
 
-    void rowsAreSpokenAsTheirPreview()
+    void rowsAreNamedByTheirPreview()
     {
         m_history->copy({.png = picture({10, 10})});
         m_history->copy(u"   "_s);
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->posted.count(), 1);
     }
 
-    void theActionsHaveTheirSymbols()
+    void actionsHaveTheirSymbols()
     {
         m_history->copy({.png = picture({10, 10})});
         m_history->copy({.text = u"rich"_s, .rtf = QByteArray("{}")});
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(!shows(1, u"doc.plaintext"_s));
     }
 
-    void clicksDoWhatIsUnderThem()
+    void clickTriggersTheElementUnderThePointer()
     {
         m_history->copy(u"b"_s);
         m_history->copy(u"a"_s);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->posted.count(), 1);
     }
 
-    void whileAPictureIsReadItsButtonIsBusyAndOthersAreNot()
+    void onlyTheButtonOfThePictureBeingReadIsBusy()
     {
         const QString recognize = u"Paste text in image (OCR)"_s;
         m_history->copy({.png = picture({10, 10})});
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QVERIFY(page.button(0, recognize).state().disabled);
         QVERIFY(!page.button(1, recognize).state().disabled);
         const QImage busy = page.picture();
-        QTRY_VERIFY(page.picture() != busy); // it turns
+        QTRY_VERIFY(page.picture() != busy); // the indicator turns
 
         page.click(page.button(0, recognize));
         ClipboardPage::activate(page.button(0, recognize));
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QVERIFY(!page.button(0, recognize).state().disabled);
     }
 
-    void aBusyRowThatGoesIsNoMatter()
+    void busyRowMayBeRemoved()
     {
         m_history->copy({.png = picture({10, 10})});
         ClipboardPage page(*m_history);
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(page.rowNames().isEmpty());
     }
 
-    void thePinIsOrangeWhilePinned()
+    void pinIsOrangeWhilePinned()
     {
         const QColor orange(0xf0, 0x86, 0x00);
         m_history->copy(u"a"_s);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QVERIFY(showsPin(orange));
     }
 
-    void actionsShowOnlyInTheRowThatIsPointedAtOrSelected()
+    void actionsShowOnlyInTheHoveredOrSelectedRow()
     {
         for (const QString& text : {u"c"_s, u"b"_s, u"a"_s})
             m_history->copy(text);
@@ -196,7 +196,7 @@ private Q_SLOTS:
         QVERIFY(page.button(0, remove).state().invisible);
     }
 
-    void elementsOfRowsThatAreGoneAreGoneToo()
+    void accessibleElementsOfRemovedRowsAreRemoved()
     {
         m_history->copy(u"b"_s);
         m_history->copy(u"a"_s);

@@ -23,7 +23,7 @@ private Q_SLOTS:
         m_history = std::make_unique<ClipboardHistory>();
     }
 
-    void theSectionIntroducesItself()
+    void sectionHasItsIdTitleAndSymbol()
     {
         const ClipboardPage page(*m_history);
         QCOMPARE(page.section.id(), u"clipboard"_s);
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QCOMPARE(page.section.systemImage(), u"doc.on.clipboard"_s);
     }
 
-    void withNothingCopiedThePageSaysSo()
+    void emptyHistoryShowsTheEmptyState()
     {
         ClipboardPage page(*m_history);
         page.show();
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QVERIFY(page.list().isVisible());
     }
 
-    void withoutMatchesThePageSaysSoWithoutASubtitle()
+    void noMatchesShowTheEmptyStateWithoutASubtitle()
     {
         m_history->copy(u"a"_s);
         ClipboardPage page(*m_history);
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(page.emptyState(), QString());
     }
 
-    void theSearchFieldHasTheFocusAndEditsTheQuery()
+    void searchFieldHasTheFocusAndEditsTheQuery()
     {
         m_history->copy(u"Apple"_s);
         m_history->copy(u"pear"_s);
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(page.field().text(), QString());
     }
 
-    void theSymbolsOfThePage()
+    void pageHasItsSymbols()
     {
         ClipboardPage page(*m_history);
         page.show();
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(shows(*page.clearUnpinned().parentWidget(), u"pin.fill"_s, 10));
     }
 
-    void everyShowingStartsOver()
+    void showingThePageResetsIt()
     {
         for (int i = 0; i < 30; ++i)
             m_history->copy(QString::number(i));
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(page.window.focusWidget(), &page.field());
     }
 
-    void keysAreTheListsWhileTheFieldHasTheTyping()
+    void listKeysWorkWhileTheSearchFieldHasFocus()
     {
         for (const QString& text : {u"c"_s, u"b"_s, u"a"_s})
             m_history->copy(text);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->viewModel.items().size(), size_t(2));
     }
 
-    void copyingInTheFieldIsNoCapture()
+    void copyingFromTheSearchFieldIsNotCaptured()
     {
         m_history->copy(u"a"_s);
         ClipboardPage page(*m_history);
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(m_history->viewModel.query(), u"query pasted"_s);
     }
 
-    void theFooterCounts()
+    void footerShowsTheCountsWithoutMoving()
     {
         m_history->copy(u"a"_s);
         const auto item = m_history->copy(u"b"_s);
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(page.clearUnpinned().geometry(), button);
     }
 
-    void theCountsAreReadBeforeTheButton()
+    void countsPrecedeTheButtonForAssistiveTechnology()
     {
         m_history->copy(u"a"_s);
         ClipboardPage page(*m_history);
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QCOMPARE(footer->child(2)->text(QAccessible::Name), u"Clear unpinned"_s);
     }
 
-    void clearingIsOfferedWhileThereIsSomethingUnpinned()
+    void clearButtonIsEnabledWhileUnpinnedItemsExist()
     {
         ClipboardPage page(*m_history);
         page.show();
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QVERIFY(!page.clearUnpinned().isEnabled());
     }
 
-    void thePageMayGoWhileItIsShown()
+    void pageMayBeDestroyedWhileShown()
     {
         const QByteArray png = picture({10, 10});
         m_history->recognizer.texts.insert(png, u"read"_s);

@@ -13,7 +13,7 @@ class TestAppSettings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void firstStartGivesTheDefaultsAndWritesNothing()
+    void firstStartUsesTheDefaultsAndWritesNothing()
     {
         FakeUserDefaults defaults;
         const AppSettings settings(defaults);
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QCOMPARE(settings.noteDefaultColor(), NoteColor::pink);
     }
 
-    void wrongTypesFallBackAndStayAsTheyAre()
+    void valuesOfTheWrongTypeFallBackAndAreNotOverwritten()
     {
         FakeUserDefaults defaults;
         defaults.values = {
@@ -72,7 +72,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 1);
     }
 
-    void everyAssignmentIsStoredUnderItsKeyAndLoadedAgain()
+    void assignmentsAreStoredUnderTheirKeys()
     {
         FakeUserDefaults defaults;
         AppSettings settings(defaults);

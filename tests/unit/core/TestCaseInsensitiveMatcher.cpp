@@ -66,7 +66,7 @@ class TestCaseInsensitiveMatcher : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void findsWhateverTheCase_data()
+    void ignoresCase_data()
     {
         QTest::addColumn<QString>("needle");
         QTest::addColumn<QString>("text");
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QTest::newRow("another Adlam letter") << u"𞤀"_s << u"𞤣"_s << false;
         QTest::newRow("a lone surrogate") << QString(QChar(0xdc00)) << u"𐐀"_s << true;
     }
-    void findsWhateverTheCase()
+    void ignoresCase()
     {
         QFETCH(const QString, needle);
         QFETCH(const QString, text);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(isIn(needle, text), found);
     }
 
-    void theDotOfAnIIsALetterOfItsOwnInTurkicLanguages()
+    void dottedAndDotlessIDifferInTurkicLanguages()
     {
         for (const QLocale& locale : {QLocale(QLocale::Turkish), QLocale(QLocale::Azerbaijani)}) {
             QVERIFY(isIn(u"i"_s, u"İ"_s, locale));
@@ -130,7 +130,7 @@ private Q_SLOTS:
         }
     }
 
-    void findsAtEveryPlace()
+    void findsAtEveryPosition()
     {
         const QString needle = u"Nadel"_s;
         for (qsizetype length = needle.size(); length < 60; ++length) {
@@ -144,7 +144,7 @@ private Q_SLOTS:
         }
     }
 
-    void readsNothingBehindTheText()
+    void doesNotReadPastTheEnd()
     {
         const QString text = u"abcdefghijklmnopqrstuvwxyz"_s;
         for (qsizetype length = 0; length < text.size(); ++length)
@@ -152,7 +152,7 @@ private Q_SLOTS:
                          .isIn(QStringView(text).first(length)));
     }
 
-    void agreesWithTheSimplestWay_data()
+    void agreesWithTheNaiveSearch_data()
     {
         QTest::addColumn<QString>("alphabet");
         QTest::addColumn<bool>("turkic");
@@ -168,7 +168,7 @@ private Q_SLOTS:
         row("beyond the first plane", u"𐐀𐐨𐐁𐐩𞤀𞤢𞤁𞤣𐒰𐓘🦀🦁"_s);
         row("scripts", u"aÄäñÑжЖアｱ中文Ａａ \n\t"_s);
     }
-    void agreesWithTheSimplestWay()
+    void agreesWithTheNaiveSearch()
     {
         QFETCH(const QString, alphabet);
         QFETCH(const bool, turkic);
@@ -186,13 +186,13 @@ private Q_SLOTS:
         QVERIFY(found > 50 && found < 1450);
     }
 
-    void everyCharacterMatchesItsOtherCasesAndNoNeighbor_data()
+    void everyCharacterMatchesExactlyItsCaseVariants_data()
     {
         QTest::addColumn<bool>("turkic");
         QTest::newRow("elsewhere") << false;
         QTest::newRow("Turkic") << true;
     }
-    void everyCharacterMatchesItsOtherCasesAndNoNeighbor()
+    void everyCharacterMatchesExactlyItsCaseVariants()
     {
         QFETCH(const bool, turkic);
         std::map<char32_t, std::vector<char32_t>> cases;
@@ -216,7 +216,7 @@ private Q_SLOTS:
         }
     }
 
-    void aLongNeedleIsNoBurden()
+    void findsALongNeedle()
     {
         QString needle;
         for (int i = 0; i < 1000; ++i)

@@ -16,7 +16,7 @@ class TestIdentifier : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textIsUpperCaseAndCanonical()
+    void textIsCanonicalAndUppercase()
     {
         const QString text = Id::random().text();
         const QRegularExpression canonical(
@@ -24,7 +24,7 @@ private Q_SLOTS:
         QVERIFY2(canonical.match(text).hasMatch(), qUtf8Printable(text));
     }
 
-    void eitherCaseIsTheSameIdentifier()
+    void parsingIgnoresCase()
     {
         const auto upper = Id::fromText(u"0F8FAD5B-D9CB-469F-A165-70867728950E");
         const auto lower = Id::fromText(u"0f8fad5b-d9cb-469f-a165-70867728950e");
@@ -34,13 +34,13 @@ private Q_SLOTS:
         QCOMPARE(qHash(*upper), qHash(*lower));
     }
 
-    void theNilAndForeignVersionsAreIdentifiersToo()
+    void nilAndOtherVersionsAreAccepted()
     {
         QVERIFY(Id::fromText(u"00000000-0000-0000-0000-000000000000"));
         QVERIFY(Id::fromText(u"FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF"));
     }
 
-    void everythingElseIsNone_data()
+    void malformedTextIsRejected_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << QString();
@@ -54,13 +54,13 @@ private Q_SLOTS:
         QTest::newRow("path") << u"../../../../../../../../etc/passwd/x"_s;
         QTest::newRow("full-width digit") << u"\uff10F8FAD5B-D9CB-469F-A165-70867728950E"_s;
     }
-    void everythingElseIsNone()
+    void malformedTextIsRejected()
     {
         QFETCH(const QString, text);
         QVERIFY(!Id::fromText(text));
     }
 
-    void randomOnesDiffer()
+    void randomIdentifiersDiffer()
     {
         QSet<Id> ids;
         for (int i = 0; i < 1000; ++i)

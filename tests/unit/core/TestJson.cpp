@@ -31,15 +31,15 @@ class TestJson : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void membersKeepTheirOrderAndNothingIsPadded()
+    void membersKeepTheirOrderWithoutWhitespace()
     {
         QCOMPARE(roundTrip(R"({ "z" : 1, "a" : [ true, null ], "m" : { } })"),
                  R"({"z":1,"a":[true,null],"m":{}})");
     }
 
-    void everySolidusIsEscaped() { QCOMPARE(roundTrip(R"(["a/b","\/"])"), R"(["a\/b","\/"])"); }
+    void slashesAreEscaped() { QCOMPARE(roundTrip(R"(["a/b","\/"])"), R"(["a\/b","\/"])"); }
 
-    void textSurvives_data()
+    void textSurvivesARoundTrip_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << u""_s;
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QTest::newRow("quotes") << u"\"\\/"_s;
         QTest::newRow("beyond the plane") << u"\U0001f600\u00e9\u2028\ufeff"_s;
     }
-    void textSurvives()
+    void textSurvivesARoundTrip()
     {
         QFETCH(const QString, text);
         const Json::Value list(json_array());
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(Json::toString(json_array_get(again.get(), 0)), text);
     }
 
-    void halfACharacterDoesNotBreakTheText()
+    void loneSurrogatesAreTolerated()
     {
         const Json::Value list(json_array());
         QCOMPARE(json_array_append_new(list.get(), Json::string(QString(QChar(0xd800))).release()),
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(parsed(Json::compactText(*list)));
     }
 
-    void whatIsWrongIsToldWithoutTheTextItself_data()
+    void errorsDoNotQuoteTheText_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("error");
@@ -81,7 +81,7 @@ private Q_SLOTS:
         row("quoted end", "[\"secret near '\"",
             u"']' expected near end of file at line 1, column 16"_s);
     }
-    void whatIsWrongIsToldWithoutTheTextItself()
+    void errorsDoNotQuoteTheText()
     {
         QFETCH(const QByteArray, text);
         const auto parsed = Json::parse(text, Json::Numbers::asReals);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTEST(parsed.error().message, "error");
     }
 
-    void numbersAreReadAsAsked()
+    void numbersAreConvertedToTheRequestedType()
     {
         QVERIFY(json_is_integer(json_array_get(parsed("[1]").get(), 0)));
         QVERIFY(json_is_real(json_array_get(parsed("[1.0]").get(), 0)));
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(Json::toDouble(json_array_get(reals.get(), 1)), 123456789012345678901.0);
     }
 
-    void instantsSurviveToTheLastBit()
+    void instantsSurviveARoundTripExactly()
     {
         for (const double seconds : {0.0, -0.5, 738'936'000.1, 1.0 / 3.0, 7.0e8 + 1e-7}) {
             const Json::Value list(json_array());
@@ -109,7 +109,7 @@ private Q_SLOTS:
         }
     }
 
-    void badTextIsRefusedWithAReason_data()
+    void malformedTextIsRejectedWithAReason_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::newRow("empty") << QByteArray();
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QTest::newRow("overflow") << QByteArray("[1e999]");
         QTest::newRow("no number") << QByteArray("[NaN]");
     }
-    void badTextIsRefusedWithAReason()
+    void malformedTextIsRejectedWithAReason()
     {
         QFETCH(const QByteArray, text);
         const auto result = Json::parse(text, Json::Numbers::asReals);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(!result.error().message.isEmpty());
     }
 
-    void conversionsRefuseOtherTypes()
+    void conversionsRejectOtherTypes()
     {
         const Json::Value values = parsed(R"([null,true,1,1.5,"x",[],{}])");
         const auto at = [&](size_t index) { return json_array_get(values.get(), index); };
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QVERIFY(!Json::toDouble(nullptr));
     }
 
-    void bytesAreStandardBase64()
+    void bytesAreEncodedAsStandardBase64()
     {
         const auto bytes = [](const QString& text) {
             return Json::toBytes(Json::string(text).get());
@@ -162,7 +162,7 @@ private Q_SLOTS:
             QVERIFY2(!bytes(bad), qUtf8Printable(bad));
     }
 
-    void fieldsNameTheFirstThatIsMissingOrMalformed()
+    void firstMissingOrMalformedFieldIsNamed()
     {
         const Json::Value object = parsed(R"({"b":true,"s":"x","n":null,"unknown":[]})");
 
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QCOMPARE(missing.error(), u"\"n\" is missing"_s);
     }
 
-    void fieldsOfNoObjectAreAnError()
+    void readingFieldsOfANonObjectIsAnError()
     {
         const Json::Value list = parsed("[]");
         JsonFields fields(list.get());

@@ -22,7 +22,7 @@ class TestJsonUserDefaults : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutAFileEverythingIsAbsentAndNothingIsWritten()
+    void missingFileMeansNoValuesAndIsNotCreated()
     {
         FakeFileSystem files;
         const JsonUserDefaults defaults(files, folder);
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QVERIFY(!files.folderExists(folder));
     }
 
-    void theFirstValueCreatesTheFolder()
+    void firstValueCreatesTheFolder()
     {
         FakeFileSystem files;
         JsonUserDefaults defaults(files, folder);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QVERIFY(JsonUserDefaults(files, folder).value(u"key"_s) == value);
     }
 
-    void valuesOfNoTypeAreAbsent()
+    void valuesOfUnsupportedTypesAreAbsent()
     {
         FakeFileSystem files;
         files.setFile(path, R"({"null":null,"list":[1],"object":{"a":1}})");
@@ -73,7 +73,7 @@ private Q_SLOTS:
             QCOMPARE(defaults.value(key), std::nullopt);
     }
 
-    void unknownMembersStayAsTheyAre()
+    void unknownMembersArePreserved()
     {
         FakeFileSystem files;
         files.setFile(path, R"({"future":{"list":[1,2.5,null]},"key":1,"last":"x"})");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(!files.exists(corruptPath));
     }
 
-    void whatIsNoObjectIsLoggedAndCopiedAside_data()
+    void fileThatIsNotAnObjectIsLoggedAndBackedUp_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("logged");
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QTest::newRow("trailing") << QByteArray(R"({"key":1}})") << prefix;
         QTest::newRow("deep") << QByteArray(100'000, '[') << prefix;
     }
-    void whatIsNoObjectIsLoggedAndCopiedAside()
+    void fileThatIsNotAnObjectIsLoggedAndBackedUp()
     {
         QFETCH(const QByteArray, text);
         QFETCH(const QString, logged);
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(files.writeCount(corruptPath), 1);
     }
 
-    void aFailedWriteIsLoggedAndMemoryKeepsTheValue()
+    void failedWriteIsLoggedAndTheValueKeptInMemory()
     {
         FakeFileSystem files;
         JsonUserDefaults defaults(files, folder);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(files.read(path), R"({"key":"kept","other":true})");
     }
 
-    void anUnreadableFileIsNotOverwrittenBeforeItIsSafe()
+    void unreadableFileIsNotOverwrittenBeforeItIsBackedUp()
     {
         FakeFileSystem files;
         files.setFile(path, "{");

@@ -120,13 +120,13 @@ class TestLog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void standardErrorGetsOneLineEach_data()
+    void standardErrorGetsOneLinePerMessage_data()
     {
         QTest::addColumn<QString>("where");
         QTest::newRow("no journal") << u"terminal"_s;
         QTest::newRow("another stream is the journal") << u"other"_s;
     }
-    void standardErrorGetsOneLineEach()
+    void standardErrorGetsOneLinePerMessage()
     {
         QFETCH(const QString, where);
         const QList<QByteArray> lines = run(where).errorLines;
@@ -144,14 +144,14 @@ private Q_SLOTS:
         }
     }
 
-    void lineBreaksDoNotMakeLines()
+    void lineBreaksInMessagesBecomeSpaces()
     {
         const QList<QByteArray> lines = run(u"lines"_s).errorLines;
         QCOMPARE(lines.size(), 1);
         QVERIFY2(lines.first().endsWith(" first second   third"), lines.first().constData());
     }
 
-    void theJournalGetsFields()
+    void journalReceivesStructuredFields()
     {
         if (!mayMount())
             QSKIP("needs user namespaces");
@@ -167,7 +167,7 @@ private Q_SLOTS:
             QVERIFY2(output.standardOutput.contains(field), field);
     }
 
-    void withoutTheJournalsSocketNothingIsLost()
+    void messagesGoToStandardErrorWithoutAJournal()
     {
         if (!mayMount())
             QSKIP("needs user namespaces");

@@ -53,14 +53,14 @@ private Q_SLOTS:
         QCOMPARE(lines.hasMore, hasMore);
     }
 
-    void longLinesAreCutWhereNobodySeesIt()
+    void longLinesAreCutBeyondTheVisiblePart()
     {
         const PreviewLines lines = previewLines(QString(3000, u'i') + u"\nsecond"_s);
         QVERIFY(lines.first.size() >= 200 && lines.first.size() < 1000);
         QCOMPARE(lines.second, u"second"_s);
     }
 
-    void theEndOfAVeryLongTextIsNotLookedFor()
+    void veryLongTextIsNotScannedToItsEnd()
     {
         QVERIFY(previewLines(QString(10'000'000, u'\n') + u"end"_s).first.isEmpty());
         QVERIFY(previewLines(u"one"_s + QString(5000, u' ')).hasMore);

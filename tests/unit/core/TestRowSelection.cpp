@@ -15,7 +15,7 @@ class TestRowSelection : public QObject
 private Q_SLOTS:
     void init() { m_rows.setStringList({u"a"_s, u"b"_s, u"c"_s, u"d"_s}); }
 
-    void beginsAtTheFirstRow()
+    void startsAtTheFirstRow()
     {
         const RowSelection selection(m_rows);
         QCOMPARE(selection.row(), 0);
@@ -23,7 +23,7 @@ private Q_SLOTS:
         QCOMPARE(RowSelection(empty).row(), -1);
     }
 
-    void movesAsFarAsThereAreRows()
+    void movementStopsAtTheEnds()
     {
         RowSelection selection(m_rows);
         const QSignalSpy changed(&selection, &RowSelection::changed);
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(selection.row(), 0);
     }
 
-    void anEmptyListHasNothingToMoveTo()
+    void emptyListHasNoSelection()
     {
         QStringListModel empty;
         RowSelection selection(empty);
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 1);
     }
 
-    void theFirstRowStaysSelectedWhenAnotherBecomesTheFirst()
+    void selectionOfTheFirstRowStaysAtTheTop()
     {
         const RowSelection selection(m_rows);
         const QSignalSpy changed(&selection, &RowSelection::changed);
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 2);
     }
 
-    void anyOtherRowIsFollowed()
+    void otherSelectedRowsAreFollowedWhenTheyMove()
     {
         RowSelection selection(m_rows);
         selection.moveBy(2);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 3);
     }
 
-    void whenItGoesTheNextOneTakesItsPlace()
+    void removalSelectsTheNextRow()
     {
         RowSelection selection(m_rows);
         const QSignalSpy changed(&selection, &RowSelection::changed);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 5);
     }
 
-    void whenManyGoItStaysInTheList()
+    void removalOfManyRowsKeepsTheSelectionInRange()
     {
         RowSelection selection(m_rows);
         selection.moveBy(2);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(selected(selection), u"new"_s);
     }
 
-    void anotherListBeginsAtItsFirstRow()
+    void resetSelectsTheFirstRow()
     {
         RowSelection selection(m_rows);
         selection.moveBy(2);

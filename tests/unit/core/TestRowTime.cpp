@@ -12,7 +12,7 @@ class TestRowTime : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theTimeIsThatOfTheUsersZone()
+    void timeIsInTheUsersTimeZone()
     {
         const LocalTimeZone zone("<+0545>-5:45");
         const QDateTime lastSecond({2026, 12, 31}, {18, 14, 59}, Qt::UTC);

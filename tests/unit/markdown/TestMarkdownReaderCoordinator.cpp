@@ -29,7 +29,7 @@ private Q_SLOTS:
             MarkdownReaderCoordinator::Services{*m_files, *m_windows, *m_panel});
     }
 
-    void aFileOpensInAWindowOfItsOwn()
+    void everyFileOpensInItsOwnWindow()
     {
         open(u"/a/doc.md"_s);
         QCOMPARE(m_windows->windows.size(), size_t(1));
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(m_windows->windows.size(), size_t(2));
     }
 
-    void twoFormsOfOnePathShareAWindow_data()
+    void equivalentPathsShareAWindow_data()
     {
         QTest::addColumn<QUrl>("other");
         QTest::newRow("dots") << QUrl(u"file:///a/b/../doc.md"_s);
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QTest::newRow("fragment") << QUrl(u"file:///a/doc.md#part"_s);
     }
 
-    void twoFormsOfOnePathShareAWindow()
+    void equivalentPathsShareAWindow()
     {
         QFETCH(QUrl, other);
         open(u"/a/doc.md"_s);
@@ -59,14 +59,14 @@ private Q_SLOTS:
         QCOMPARE(m_windows->windows.front()->presented, 2);
     }
 
-    void theStandardizedFormNamesTheDocument()
+    void documentIsNamedByItsNormalizedPath()
     {
         QTest::ignoreMessage(QtInfoMsg, "Opened doc.md");
         m_coordinator->open(QUrl(u"file:///a/b/../doc.md"_s));
         QCOMPARE(document(u"/a/doc.md"_s).fileURL(), QUrl::fromLocalFile(u"/a/doc.md"_s));
     }
 
-    void raisingKeepsUnsavedEditsAndDoesNotReadAgain()
+    void raisingKeepsUnsavedEditsAndDoesNotReload()
     {
         open(u"/a/doc.md"_s);
         document(u"/a/doc.md"_s).setMarkdown(u"typed"_s);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(document(u"/a/doc.md"_s).markdown(), u"typed"_s);
     }
 
-    void aWindowClosesEvenWhenTheSaveFails()
+    void windowClosesEvenIfSavingFails()
     {
         open(u"/a/doc.md"_s);
         document(u"/a/doc.md"_s).setMarkdown(u"typed"_s);
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QVERIFY(m_coordinator->controllers().empty());
     }
 
-    void aFileCanBeOpenedAgainWhileItsWindowIsStillGoing()
+    void fileCanBeReopenedWhileItsWindowIsClosing()
     {
         open(u"/a/doc.md"_s);
         QVERIFY(m_windows->windows.front()->shouldClose());
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(m_coordinator->controllers().size(), size_t(1));
     }
 
-    void aWindowThatIsClosingGoesWithTheCoordinator()
+    void closingWindowIsDestroyedWithTheCoordinator()
     {
         open(u"/a/doc.md"_s);
         QVERIFY(m_windows->windows.front()->shouldClose());
@@ -118,7 +118,7 @@ private Q_SLOTS:
         QVERIFY(m_windows->windows.empty());
     }
 
-    void anUnreadableFileStillOpens()
+    void unreadableFileStillOpens()
     {
         QTest::ignoreMessage(QtCriticalMsg, "Could not read gone.md");
         open(u"/a/gone.md"_s);
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QCOMPARE(document(u"/a/gone.md"_s).markdown(), QString());
     }
 
-    void whenTheProgramEndsUnsavedEditsAreWritten()
+    void unsavedEditsAreSavedOnExit()
     {
         open(u"/a/doc.md"_s);
         document(u"/a/doc.md"_s).setMarkdown(u"typed"_s);
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(m_windows->windows.empty());
     }
 
-    void thePanelOpensWhatIsChosen()
+    void openPanelOpensTheChosenFiles()
     {
         m_coordinator->openViaPanel();
         QCOMPARE(m_panel->runs, 1);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         m_panel->chosen(QUrl::fromLocalFile(u"/a/doc.md"_s)); // too late
     }
 
-    void aLinkOpensAnotherDocument()
+    void linkOpensAnotherDocument()
     {
         m_files->setFile(u"/a/other.md"_s, "other");
         open(u"/a/doc.md"_s);
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(m_windows->windows.size(), size_t(2));
     }
 
-    void aLinkToAPartShowsThatPartInANewWindowAndInAnOpenOne()
+    void linkWithAFragmentScrollsNewAndOpenWindows()
     {
         const QUrl part(u"file:///a/./doc.md#%C3%BCber"_s);
         QTest::ignoreMessage(QtInfoMsg, "Opened doc.md");
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QCOMPARE(m_windows->windows.front()->places.size(), size_t(2));
     }
 
-    void endingsOfMarkdownFiles_data()
+    void recognizesMarkdownFileExtensions_data()
     {
         QTest::addColumn<QUrl>("url");
         QTest::addColumn<bool>("expected");
@@ -184,7 +184,7 @@ private Q_SLOTS:
                                 << false;
     }
 
-    void endingsOfMarkdownFiles()
+    void recognizesMarkdownFileExtensions()
     {
         QFETCH(QUrl, url);
         QTEST(isMarkdownFile(url), "expected");
@@ -198,7 +198,7 @@ private:
         m_coordinator->open(QUrl::fromLocalFile(path));
     }
 
-    // As the user does; what the window then says, once it is gone.
+    // Closes the window like the user does; whether it is gone then.
     bool close()
     {
         const bool closes = m_windows->windows.front()->shouldClose();

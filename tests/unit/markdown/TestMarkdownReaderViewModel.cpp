@@ -16,7 +16,7 @@ class TestMarkdownReaderViewModel : public QObject
 private Q_SLOTS:
     void init() { m_files = std::make_unique<FakeFileSystem>(); }
 
-    void aNewDocumentIsEmptyAndReadsNothing()
+    void newDocumentIsEmptyAndReadsNothing()
     {
         m_files->setFile(path, "text");
         const MarkdownReaderViewModel document(url, *m_files);
@@ -29,7 +29,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->readCount(path), 0);
     }
 
-    void loadingGivesTheTextUnchanged()
+    void loadingKeepsTheTextUnchanged()
     {
         m_files->setFile(path, "# Grüße\r\n\xE2\x80\xA8"
                                "end");
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(!document.isLoading());
     }
 
-    void anAssignmentWhileLoadingMarksNothing()
+    void assignmentWhileLoadingDoesNotMarkTheDocumentAsEdited()
     {
         m_files->setFile(path, "text");
         MarkdownReaderViewModel document(url, *m_files);
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(!document.hasUnsavedChanges());
     }
 
-    void loadingAgainForgetsTheChanges()
+    void reloadingDiscardsTheChanges()
     {
         m_files->setFile(path, "text");
         MarkdownReaderViewModel document(url, *m_files);
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QVERIFY(!document.hasUnsavedChanges());
     }
 
-    void anEmptyFileIsAnEmptyCleanDocument()
+    void emptyFileIsAnEmptyUnmodifiedDocument()
     {
         m_files->setFile(path, "");
         MarkdownReaderViewModel document(url, *m_files);
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QVERIFY(!document.hasUnsavedChanges());
     }
 
-    void whatIsNoUtf8IsLatin1AndSavedAsUtf8()
+    void invalidUtf8IsReadAsLatin1AndSavedAsUtf8()
     {
         m_files->setFile(path, "caf\xE9");
         MarkdownReaderViewModel document(url, *m_files);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(path), QByteArray("caf\xC3\xA9!"));
     }
 
-    void aTornUtf8SequenceAtTheEndIsLatin1()
+    void truncatedUtf8SequenceAtTheEndMeansLatin1()
     {
         m_files->setFile(path, "a\xC3");
         MarkdownReaderViewModel document(url, *m_files);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(document.markdown(), u"aÃ"_s);
     }
 
-    void aByteOrderMarkAndNullBytesSurvive()
+    void byteOrderMarkAndNullBytesArePreserved()
     {
         const QByteArray bytes("\xEF\xBB\xBF# a\0b", 7);
         m_files->setFile(path, bytes);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(path), bytes);
     }
 
-    void aFileThatCannotBeReadIsEmptyAndClean()
+    void unreadableFileIsAnEmptyUnmodifiedDocument()
     {
         m_files->setFile(path, "secret");
         m_files->failReads(path);
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(!document.isLoading());
     }
 
-    void aMissingFileComesIntoBeingOnlyByTyping()
+    void missingFileIsCreatedOnlyOnceTextIsTyped()
     {
         m_files->createFolder(u"/docs"_s);
         MarkdownReaderViewModel document(url, *m_files);
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QVERIFY(!document.hasUnsavedChanges());
     }
 
-    void observersAreToldOfWhatChanges()
+    void observersAreNotifiedOfChanges()
     {
         MarkdownReaderViewModel document(url, *m_files);
         const QSignalSpy text(&document, &MarkdownReaderViewModel::markdownChanged);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(unsaved.count(), 1);
     }
 
-    void savingACleanDocumentWritesNothing()
+    void savingAnUnmodifiedDocumentWritesNothing()
     {
         m_files->setFile(path, "text");
         MarkdownReaderViewModel document(url, *m_files);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(path), 0);
     }
 
-    void aFailedSaveKeepsTheMarkAndIsTriedAgain()
+    void failedSaveKeepsTheEditedMarkAndIsRetried()
     {
         m_files->setFile(path, "old");
         MarkdownReaderViewModel document(url, *m_files);
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(path), QByteArray("new"));
     }
 
-    void leavingTheEditorEndsInThePreviewEvenWhenTheSaveFails()
+    void leavingTheEditorShowsThePreviewEvenIfSavingFails()
     {
         m_files->setFile(path, "old");
         MarkdownReaderViewModel document(url, *m_files);
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(mode.count(), 2);
     }
 
-    void theNameIsTheLastPathComponentAsItComes()
+    void nameIsTheUnmodifiedLastPathComponent()
     {
         QCOMPARE(MarkdownReaderViewModel(QUrl(), *m_files).displayName(), QString());
         QCOMPARE(MarkdownReaderViewModel(QUrl::fromLocalFile(u"/a/b%20 #?.md"_s), *m_files)

@@ -20,7 +20,7 @@ private Q_SLOTS:
         QVERIFY(QDir(m_folder->path()).mkdir(u"MarkdownReader"_s));
     }
 
-    void theOwnFolderComesBeforeTheTopLevel()
+    void readerFolderTakesPrecedenceOverTheTopLevel()
     {
         write(u"theme.css"_s, "top");
         QCOMPARE(resource().bundledString(u"theme.css"_s), u"top"_s);
@@ -28,14 +28,14 @@ private Q_SLOTS:
         QCOMPARE(resource().bundledString(u"theme.css"_s), u"own"_s);
     }
 
-    void whatIsMissingOrNoUtf8IsNothing()
+    void missingOrInvalidUtf8FilesGiveNothing()
     {
         QVERIFY(!resource().bundledString(u"theme.css"_s));
         write(u"MarkdownReader/theme.css"_s, "\xE9");
         QVERIFY(!resource().bundledString(u"theme.css"_s));
     }
 
-    void everyPlaceholderIsFilledEverywhere()
+    void everyOccurrenceOfAPlaceholderIsReplaced()
     {
         writeAll();
         write(u"MarkdownReader/reader.html"_s,
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(resource().shellHTML(), u"<css|md|hl|mm|css|__theme_css__>"_s);
     }
 
-    void laterStepsWorkOnTheResultOfEarlierOnes()
+    void placeholdersAreReplacedInSequence()
     {
         writeAll();
         write(u"MarkdownReader/reader.html"_s, "__MERMAID_JS__ __MARKDOWN_IT_JS__");
@@ -66,14 +66,14 @@ private Q_SLOTS:
                  u"</script> '<\\/script>' '<\\/script>' '<\\/script' </div>"_s);
     }
 
-    void withoutOneOfTheFilesThereIsNoPage_data()
+    void missingFileMeansNoPage_data()
     {
         QTest::addColumn<QString>("name");
         for (const QString& name : names())
             QTest::newRow(qPrintable(name)) << name;
     }
 
-    void withoutOneOfTheFilesThereIsNoPage()
+    void missingFileMeansNoPage()
     {
         QFETCH(QString, name);
         writeAll();
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(!resource().pageWithNonce());
     }
 
-    void everyLoadHasAMarkOfItsOwn()
+    void everyLoadHasItsOwnNonce()
     {
         writeAll();
         write(u"MarkdownReader/reader.html"_s, "\xC3\xA9 __NONCE__ __NONCE__");
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(other[1] != one[1]);
     }
 
-    void thePageIsMadeAnewEveryTime()
+    void pageIsRebuiltOnEveryRequest()
     {
         writeAll();
         const MarkdownResource resources = resource();

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Keeps what it was told to render.
+// Records what it is asked to render.
 class RecordingPage final : public MarkdownPage
 {
 public:
@@ -46,14 +46,14 @@ private Q_SLOTS:
         m_coordinator->setPage(m_page.get());
     }
 
-    void atFirstNothingIsPending()
+    void nothingIsPendingInitially()
     {
         QVERIFY(!m_coordinator->isReady());
         QCOMPARE(m_coordinator->pendingMarkdown(), QString());
         QCOMPARE(m_coordinator->pendingTheme(), u"light"_s);
     }
 
-    void beforeThePageIsReadyTheLastPushWins()
+    void lastPushWinsBeforeThePageIsReady()
     {
         m_coordinator->push(u"a"_s, u"light"_s);
         m_coordinator->push(u"b"_s, u"dark"_s);
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->renders, {u"b|dark"_s});
     }
 
-    void afterwardsEveryPushRendersInOrder()
+    void everyPushRendersInOrderOnceThePageIsReady()
     {
         m_coordinator->didFinishNavigation();
         m_coordinator->push(u"a"_s, u"light"_s);
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->renders, QStringList({u"|light"_s, u"a|light"_s, u"a|dark"_s}));
     }
 
-    void aReloadRendersAgain()
+    void reloadRendersAgain()
     {
         m_coordinator->push(u"a"_s, u"dark"_s);
         m_coordinator->didFinishNavigation();
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->renders, QStringList({u"a|dark"_s, u"a|dark"_s}));
     }
 
-    void aPageThatIsGoneIsNotCalled()
+    void destroyedPageIsNotCalled()
     {
         m_coordinator->didFinishNavigation();
         m_coordinator->setPage(nullptr);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->renders, QStringList());
     }
 
-    void linksOfTheWebGoToTheirPrograms()
+    void webLinksOpenInTheirPrograms()
     {
         const QStringList links{u"https://example.org/a?b=c#d"_s, u"http://example.org"_s,
                                 u"mailto:ada@example.org"_s};
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(m_opener->opened.isEmpty());
     }
 
-    void thePageIsToldItsPlaceAfterEveryLoadUntilItTellsOne()
+    void readingPlaceIsRestoredAfterEveryLoad()
     {
         m_coordinator->showPlace({.fragment = u"part"_s});
         m_coordinator->push(u"a"_s, u"light"_s);
@@ -123,32 +123,32 @@ private Q_SLOTS:
             QVariantMap{{u"line"_s, 7}, {u"offset"_s, -2.5}, {u"sourceLine"_s, 9}});
         const ReadingPlace told{.line = 7, .offset = -2.5, .sourceLine = 9};
         QCOMPARE(m_coordinator->place(), told);
-        QCOMPARE(m_page->places.size(), size_t(1)); // it knows
+        QCOMPARE(m_page->places.size(), size_t(1)); // the page knows its own place
         m_coordinator->didFinishNavigation();
         QCoreApplication::processEvents();
         QCOMPARE(m_page->places.back(), told);
     }
 
-    void placesThatCannotBeAreNone()
+    void invalidReadingPlacesAreCorrected()
     {
         for (const QVariant& body :
              {QVariant(), QVariant(u"x"_s), QVariant(QVariantMap{{u"line"_s, -5}}),
               QVariant(QVariantMap{{u"line"_s, u"x"_s}, {u"sourceLine"_s, 1e30}})}) {
-            m_coordinator->didReceiveMessage(
-                u"readingPosition"_s, QVariantMap{{u"line"_s, 7}, {u"sourceLine"_s, 9}});
+            m_coordinator->didReceiveMessage(u"readingPosition"_s,
+                                             QVariantMap{{u"line"_s, 7}, {u"sourceLine"_s, 9}});
             m_coordinator->didReceiveMessage(u"readingPosition"_s, body);
             QCOMPARE(m_coordinator->place().line, 0);
             QVERIFY(m_coordinator->place().sourceLine >= 0);
         }
     }
 
-    void otherFilesOpenInTheirPrograms()
+    void otherFilesOpenInTheirDefaultPrograms()
     {
         m_coordinator->didReceiveMessage(u"openExternal"_s, u"file:///x/sheet.pdf#page=2"_s);
         QCOMPARE(m_opener->opened, {QUrl::fromLocalFile(u"/x/sheet.pdf"_s)});
     }
 
-    void programsAreOnlyShown_data()
+    void executablesAreRevealedInsteadOfRun_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("executable");
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QTest::newRow("desktop entry in capitals") << u"evil.Desktop"_s << false;
     }
 
-    void programsAreOnlyShown()
+    void executablesAreRevealedInsteadOfRun()
     {
         QFETCH(QString, name);
         QFETCH(bool, executable);
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QCOMPARE(m_opener->revealed, {url});
     }
 
-    void allElseIsIgnored_data()
+    void otherMessagesAreIgnored_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QVariant>("body");
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QTest::newRow("a file elsewhere") << open << QVariant(u"file://server/share/a.md"_s);
     }
 
-    void allElseIsIgnored()
+    void otherMessagesAreIgnored()
     {
         QFETCH(QString, name);
         QFETCH(QVariant, body);

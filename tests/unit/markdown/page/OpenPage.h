@@ -23,8 +23,8 @@
 
 namespace driftbox {
 
-/// Waits in the event loop until `condition` holds. The engine's threads and this one have much to
-/// tell each other, which the waiting of the test library would slow down by its pauses.
+/// Waits in the event loop until `condition` holds. The engine's threads and this one exchange many
+/// messages, which the sleeps of Qt Test's own waiting would slow down.
 [[nodiscard]] inline bool waitFor(const std::function<bool()>& condition, int timeoutMs = 30'000)
 {
     constexpr int intervalMs = 2;
@@ -68,7 +68,7 @@ public:
         return waitFor([this, before] { return m_delegate.renderings > before; });
     }
 
-    /// The value of an expression in the page; none when the page goes away over it.
+    /// The value of an expression in the page; none if the page is closed meanwhile.
     [[nodiscard]] QVariant value(const QString& expression)
     {
         constexpr int timeoutMs = 5'000;
@@ -83,7 +83,7 @@ public:
         return waitFor([&] { return value(expression).toBool(); });
     }
 
-    /// The rendered document, without what tells blocks their lines.
+    /// The rendered document, without the line numbers of its blocks.
     [[nodiscard]] QString html()
     {
         return value(QStringLiteral("document.getElementById('document').innerHTML"

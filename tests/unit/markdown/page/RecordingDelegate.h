@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// Keeps what a page has to say.
+/// Records what a page reports.
 class RecordingDelegate final : public MarkdownPageDelegate
 {
 public:

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void init() { openPage(); }
     void cleanupTestCase() { closeEngine(); }
 
-    void theThemeIsAClassOfThePage()
+    void themeIsAClassOfTheDocumentElement()
     {
         QVERIFY(m_open->render(u"a"_s, u"dark"_s));
         QCOMPARE(m_open->value(u"document.documentElement.className"_s).toString(), u"dark"_s);
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(background() != dark);
     }
 
-    void everyColorOfTheDarkScreenHasOneForPaper()
+    void everyDarkColorHasAPrintColor()
     {
         (void)m_open->value(
             u"window.rules = [...document.styleSheets[0].cssRules]; window.names = (rules) => "
@@ -47,7 +47,7 @@ private Q_SLOTS:
                  u"--selection"_s); // which is never printed
     }
 
-    void relativePicturesLieBesideTheDocument()
+    void relativePicturesResolveAgainstTheDocument()
     {
         QVERIFY(m_open->render(u"![x](<img/a b#ü.png>)\n\n![x](img/a%20b%23%C3%BC.png)"_s));
         // A # ends an address, so only the second one is right.
@@ -56,14 +56,14 @@ private Q_SLOTS:
                                     "document.images[0].naturalWidth === 12"_s));
     }
 
-    void aPictureThatIsMissingShowsItsDescription()
+    void missingPictureShowsItsDescription()
     {
         QVERIFY(m_open->render(u"![what it was](img/none.png)"_s));
         QVERIFY(m_open->becomesTrue(u"document.querySelector('.missing-picture')?.textContent === "
                                     "'what it was'"_s));
     }
 
-    void linksAreTheProgramsToOpen_data()
+    void clickedLinksAreReportedToTheProgram_data()
     {
         QTest::addColumn<QString>("link");
         QTest::addColumn<QStringList>("messages"); // %1 is the folder
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QTest::newRow("without an address") << u"<a name=b>a</a>"_s << QStringList();
     }
 
-    void linksAreTheProgramsToOpen()
+    void clickedLinksAreReportedToTheProgram()
     {
         QFETCH(QString, link);
         QFETCH(QStringList, messages);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.hacked === undefined"_s), QVariant(true));
     }
 
-    void aMiddleClickOpensNoWindow()
+    void middleClickOpensNoWindow()
     {
         QVERIFY(m_open->render(u"[a](https://b.org)"_s));
         (void)m_open->value(u"document.querySelector('#document a').dispatchEvent(new MouseEvent("
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages.join(u'|'), u"openExternal: https://b.org/"_s);
     }
 
-    void anotherThemeLeavesTheTextAlone()
+    void changingTheThemeKeepsTheText()
     {
         QVERIFY(m_open->render(filler(), u"light"_s));
         (void)m_open->value(u"document.querySelector('#document p').seen = true; "
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.scrollY"_s).toInt(), 1000);
     }
 
-    void diagramsAreDrawnInTheColorsOfTheTheme()
+    void diagramsUseTheColorsOfTheTheme()
     {
         const QString text = u"```mermaid\nflowchart LR\nA[one] --> B[two]\n```"_s;
         QVERIFY(m_open->render(text, u"light"_s));
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(nodeColor(), light);
     }
 
-    void aDiagramStaysUntilItsSuccessorIsThere()
+    void diagramStaysUntilItsReplacementIsDrawn()
     {
         const QString text = u"```mermaid\nflowchart LR\nA --> B\n```"_s;
         QVERIFY(m_open->render(text, u"light"_s));
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.blank"_s).toInt(), 0);
     }
 
-    void aDiagramWithAnErrorShowsItsSourceAndTheMessage()
+    void invalidDiagramShowsItsSourceAndTheError()
     {
         QVERIFY(m_open->render(u"```mermaid\nflowchart LR\nA[[[ --> <b>\n```\n\n"
                                "```mermaid\nflowchart LR\nA --> B\n```\n\nand *on*"_s));
@@ -165,14 +165,14 @@ private Q_SLOTS:
                     .toBool());
         QCOMPARE(m_open->value(u"document.querySelectorAll('.diagram svg').length"_s).toInt(), 1);
         QCOMPARE(m_open->value(u"document.querySelector('em').textContent"_s).toString(), u"on"_s);
-        // Nothing of the attempt is left behind.
+        // The failed attempt leaves nothing behind.
         QCOMPARE(m_open->value(u"[...document.body.children].map(e => e.nodeName).join()"_s)
                      .toString()
                      .remove(u",SCRIPT"_s),
                  u"MAIN"_s);
     }
 
-    void documentsWithoutDiagramsDoWithoutTheLibrary()
+    void diagramLibraryIsLoadedOnlyWhenNeeded()
     {
         QVERIFY(m_open->render(u"a"_s));
         QVERIFY(m_open->value(u"typeof mermaid === 'undefined'"_s).toBool());
@@ -191,7 +191,7 @@ private Q_SLOTS:
                     .toBool());
     }
 
-    void onlyTheLastOfManyTextsStays()
+    void lastOfManyTextsIsShown()
     {
         m_open->page().renderMarkdown(filler().repeated(200), u"light"_s);
         QVERIFY(m_open->render(u"last"_s));
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().renderings, 1);
     }
 
-    void aProcessThatCrashesIsStartedAgain()
+    void crashedProcessIsRestarted()
     {
         QVERIFY(m_open->render(u"a"_s));
         for (int crash = 1; crash <= 3; ++crash) {
@@ -216,7 +216,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().navigations, 4);
     }
 
-    void noProcessIsLeftOfAPageThatIsClosed()
+    void closedPageLeavesNoProcess()
     {
         QVERIFY(m_open->render(u"a"_s));
         const auto process = static_cast<pid_t>(m_open->engine().renderProcessPid());
@@ -245,7 +245,7 @@ private:
         return u"Some text that fills the page.\n\n"_s.repeated(60);
     }
 
-    // A process that has ended and that nobody has asked after yet does not run.
+    // A zombie process does not count as running.
     [[nodiscard]] static bool isRunning(pid_t process)
     {
         QFile status(u"/proc/%1/stat"_s.arg(process));

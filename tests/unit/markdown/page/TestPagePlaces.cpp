@@ -22,7 +22,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages, QStringList());
     }
 
-    void anchorsMayHaveTheNamesOfAnything_data()
+    void anchorsMayHaveAnyName_data()
     {
         QTest::addColumn<QString>("name");
         for (const char* name : {"Title", "Links", "Images", "Location", "Document", "Process",
@@ -30,7 +30,7 @@ private Q_SLOTS:
             QTest::newRow(name) << QString::fromLatin1(name);
     }
 
-    void anchorsMayHaveTheNamesOfAnything()
+    void anchorsMayHaveAnyName()
     {
         QFETCH(QString, name);
         QVERIFY(m_open->render(u"[a](#%1)\n\n```mermaid\nflowchart LR\nA --> B\n```\n\n%2"
@@ -41,7 +41,7 @@ private Q_SLOTS:
             u"Math.abs(document.querySelector('h1').getBoundingClientRect().top) < 40"_s));
     }
 
-    void anotherTextKeepsTheReadingPosition()
+    void newTextKeepsTheReadingPosition()
     {
         QVERIFY(m_open->render(filler() + u"marked paragraph\n\n"_s + filler()));
         (void)m_open->value(marked() + u".scrollIntoView(); 0"_s);
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QVERIFY2(std::abs(before - after) <= 2, qPrintable(u"%1, %2"_s.arg(before).arg(after)));
     }
 
-    void theFirstScreenOfALongTextComesBeforeTheRest()
+    void firstScreenOfALongTextIsShownBeforeTheRest()
     {
         m_open->page().renderMarkdown(u"# First\n\n"_s + filler().repeated(2000), u"light"_s);
         QVERIFY(waitFor([this] { return m_open->delegate().screens == 1; }));
@@ -63,7 +63,7 @@ private Q_SLOTS:
                  2000 * 60);
     }
 
-    void aLongTextComesBackWhereTheReaderWas()
+    void longTextReopensAtTheReadingPosition()
     {
         const QString endless = filler().repeated(200);
         QVERIFY(m_open->render(endless + u"marked paragraph\n\n"_s + endless));
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(m_open->value(u"lowest > 10000"_s).toBool()); // the beginning was never shown
     }
 
-    void aPartIsShownOnceItIsThere_data()
+    void fragmentIsShownOnceItIsRendered_data()
     {
         QTest::addColumn<int>("before"); // paragraphs, in sixties
         QTest::addColumn<int>("after");
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QTest::newRow("near the end of the first run") << 6 << 100;
     }
 
-    void aPartIsShownOnceItIsThere()
+    void fragmentIsShownOnceItIsRendered()
     {
         QFETCH(int, before);
         QFETCH(int, after);
@@ -103,7 +103,7 @@ private Q_SLOTS:
             u"Math.abs(document.querySelector('h1').getBoundingClientRect().top) < 40"_s));
     }
 
-    void anotherPageGoesWhereThisOneWas()
+    void newPageRestoresThePositionOfTheOldOne()
     {
         const QString text = u"Some text.\nAnd more.\n\n"_s.repeated(8000) + filler();
         QVERIFY(m_open->render(text));
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(qRound(m_open->delegate().position.value(u"offset"_s).toDouble()), -7);
     }
 
-    void thePlaceWithinALongBlockIsToldByItsLine()
+    void positionWithinALongBlockIsReportedByLine()
     {
         QVERIFY(
             m_open->render(u"a\n\n```\n"_s + u"code\n"_s.repeated(200) + u"```\n\n"_s + filler()));

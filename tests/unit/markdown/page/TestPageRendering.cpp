@@ -14,7 +14,7 @@ private Q_SLOTS:
     void initTestCase() { openPage(); }
     void cleanupTestCase() { closeEngine(); }
 
-    void markdown_data()
+    void rendersMarkdown_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("expected");
@@ -96,7 +96,7 @@ private Q_SLOTS:
             "Größe 日本語 العربية</h1>"_s);
     }
 
-    void markdown()
+    void rendersMarkdown()
     {
         QFETCH(QString, text);
         QVERIFY(m_open->render(u"(before)"_s)); // so that the same text is rendered, too
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QTEST(m_open->html(), "expected");
     }
 
-    void anchorsAreNamedAsTheForgesNameThem()
+    void anchorsAreNamedAsOnCodeForges()
     {
         QVERIFY(m_open->render(u"# Hello, World!\n# Hello World\n# hello world\n"
                                "## `code` & *stress*\n# a_b-c  d\n# 1. Näxt?\n# 🙂\n#\n"_s));
@@ -116,7 +116,7 @@ private Q_SLOTS:
             u"hello-world,hello-world-1,hello-world-2,code--stress,a_b-c--d,1-näxt,,-1"_s);
     }
 
-    void footnotesLeadThereAndBack()
+    void footnotesLinkThereAndBack()
     {
         QVERIFY(m_open->render(u"a[^x] b[^x]\n\n[^x]: note\n"_s));
         QCOMPARE(m_open->value(u"document.querySelectorAll('.footnote-ref a').length"_s).toInt(),
@@ -131,7 +131,7 @@ private Q_SLOTS:
                  u"note"_s);
     }
 
-    void frontMatterIsShownQuietly()
+    void frontMatterIsShownSubdued()
     {
         QVERIFY(m_open->render(u"---\ntitle: \"A: b\"\ntags:\n  - x\n  - y\n---\n# Text\n"_s));
         QCOMPARE(m_open->html(), u"<aside class=\"front-matter\"><dl><dt>title</dt><dd>A: b</dd>"
@@ -163,14 +163,14 @@ private Q_SLOTS:
                  code + u'\n');
     }
 
-    void unknownLanguagesStayPlain()
+    void unknownLanguagesAreNotHighlighted()
     {
         QVERIFY(m_open->render(u"```nosuch\n<a>\n```"_s));
         QCOMPARE(m_open->value(u"document.querySelector('pre code').innerHTML"_s).toString(),
                  u"&lt;a&gt;\n"_s);
     }
 
-    void longDocumentsAreWholeAndInOrder()
+    void longDocumentsAreCompleteAndInOrder()
     {
         QString text;
         for (int i = 0; i < 20'000; ++i)
@@ -188,7 +188,7 @@ private Q_SLOTS:
             u"last"_s);
     }
 
-    void readingInRunsFindsTheSameBlocks()
+    void parsingInChunksFindsTheSameBlocks()
     {
         const QString sample = u"# A\n\nb\nc\n---\n\n- d\n\n  e\n\n      f\n- g\n\n\n1. h\n\n"
                                "```\ni\n\n\nj\n```\n\n> k\nl\n>\n> m\n\n    n\n\n    o\n\n"
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QVERIFY(m_open->value(u"look(whole) === look(runs.flat())"_s).toBool());
     }
 
-    void namesAndFootnotesBelongToTheWholeOfALongDocument()
+    void anchorsAndFootnotesSpanALongDocument()
     {
         const QString filler = u"Some text that fills the page.\n\n"_s.repeated(5000);
         QVERIFY(m_open->render(u"# A\n\nb[^1] c^[own & `d`] e[f]\n\n[^1]: first *note*\n\n"_s +
@@ -224,7 +224,7 @@ private Q_SLOTS:
                     .toBool());
     }
 
-    void rawElementsAreNotCutByThePiecesOfALongDocument()
+    void rawHtmlIsNotSplitBetweenChunks()
     {
         QString text = u"<div>\n\n"_s;
         for (int i = 0; i < 10'000; ++i)
@@ -238,7 +238,7 @@ private Q_SLOTS:
                  u"end"_s);
     }
 
-    void binaryTextIsShownWithoutHarm()
+    void binaryTextIsHarmless()
     {
         QString text;
         for (int i = 0; i < 4096; ++i)

@@ -13,7 +13,7 @@ class TestPageSafety : public PageTest
 private Q_SLOTS:
     void initTestCase()
     {
-        // Whatever reaches out reaches this.
+        // Every outgoing request ends up here.
         QVERIFY(m_server.listen(QHostAddress::LocalHost));
         m_base = u"http://127.0.0.1:%1/"_s.arg(m_server.serverPort());
         QVERIFY(QFile(m_folder.filePath(u"notes.txt"_s)).open(QIODevice::WriteOnly));
@@ -21,7 +21,7 @@ private Q_SLOTS:
     }
     void cleanupTestCase() { closeEngine(); }
 
-    void hostileDocumentsDoNothing_data()
+    void hostileDocumentsRunNothing_data()
     {
         QTest::addColumn<QString>("text");
         const auto row = [](const char* name, const char* text) {
@@ -82,12 +82,12 @@ private Q_SLOTS:
         row("overlay", "<dialog open>a</dialog><div popover>b</div>");
     }
 
-    void hostileDocumentsDoNothing()
+    void hostileDocumentsRunNothing()
     {
         QFETCH(QString, text);
         text.replace(u"BASE"_s, m_base);
         QVERIFY(m_open->render(text));
-        // What may come late has come when the next thing has been rendered.
+        // Anything late has happened once the next text is rendered.
         QVERIFY(m_open->becomesTrue(u"!document.querySelector('.pending')"_s));
         QCOMPARE(offences(), QString());
         QVERIFY(m_open->render(u"still *here*"_s));
@@ -97,16 +97,16 @@ private Q_SLOTS:
         QCOMPARE(m_open->delegate().messages, QStringList());
     }
 
-    void textThatPassesForThePagesOwnIsNotRun()
+    void textThatImitatesThePageIsNotRun()
     {
-        openPage(); // without the library of diagrams, which comes when it is first needed
+        openPage(); // without the diagram library, which is loaded on first use
         QVERIFY(m_open->render(u"<pre id=\"diagram-library\">window.hacked = 1</pre>\n\n"
                                "```mermaid\nflowchart LR\nA --> B\n```"_s));
         QCOMPARE(m_open->value(u"window.hacked === undefined"_s), QVariant(true));
         QVERIFY(m_open->value(u"document.querySelector('.diagram svg') !== null"_s).toBool());
     }
 
-    void evenAScriptOfTheDocumentsCouldNotRun()
+    void injectedScriptIsBlocked()
     {
         QVERIFY(m_open->render(u"a"_s));
         (void)m_open->value(u"document.getElementById('document').innerHTML = "
@@ -117,7 +117,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.hacked === undefined"_s), QVariant(true));
     }
 
-    void evenAScriptCouldNotReachTheNetwork()
+    void scriptsCannotReachTheNetwork()
     {
         const QString attempts =
             u"window.tried = 0; fetch('%1f').catch(() => window.tried++);"
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(!m_server.hasPendingConnections());
     }
 
-    void filesThatAreNoPicturesCannotBeRead()
+    void filesOtherThanPicturesCannotBeRead()
     {
         (void)m_open->value(u"window.answer = null; fetch('notes.txt').then(r => r.text())"
                             ".then(t => { window.answer = 'read' }, () => { window.answer = 'no' })"
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->value(u"window.answer"_s).toString(), u"no"_s);
     }
 
-    void thePageCannotBeLeft_data()
+    void navigationIsBlocked_data()
     {
         QTest::addColumn<QString>("attempt");
         QTest::newRow("the web") << u"location = '%1l'"_s.arg(m_base);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QTest::newRow("a picture") << u"location.search = '/a.png'"_s;
     }
 
-    void thePageCannotBeLeft()
+    void navigationIsBlocked()
     {
         QFETCH(QString, attempt);
         openPage();
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QVERIFY(!m_server.hasPendingConnections());
     }
 
-    void nothingIsKeptOnDisk()
+    void nothingIsStoredOnDisk()
     {
         QVERIFY(m_open->engine().profile()->isOffTheRecord());
         QVERIFY(m_open->value(u"try { localStorage.a = 1; false } catch { true }"_s).toBool() ||
@@ -174,7 +174,7 @@ private Q_SLOTS:
     }
 
 private:
-    // What of a rendered document must never be in a page.
+    // What a rendered document must never contain.
     [[nodiscard]] QString offences()
     {
         return m_open

@@ -17,21 +17,21 @@ class TestMarkdownFileChooser : public QObject
 private Q_SLOTS:
     void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
-    void whatTheSystemKnowsAsMarkdownIsOffered()
+    void filesOfTheMarkdownTypeAreOffered()
     {
         QFileDialog dialog;
         setMarkdownFilter(dialog, true);
         QCOMPARE(dialog.mimeTypeFilters(), QStringList{u"text/markdown"_s});
     }
 
-    void elseTheFilesEndingInMdAre()
+    void filesEndingInMdAreOfferedWithoutThatType()
     {
         QFileDialog dialog;
         setMarkdownFilter(dialog, false);
         QCOMPARE(dialog.nameFilters(), QStringList{u"Markdown (*.md)"_s});
     }
 
-    void aChosenFileIsHandedOverAndACanceledPanelDoesNothing()
+    void chosenFileIsReportedAndCancelingDoesNothing()
     {
         const QTemporaryDir folder;
         QFile file(folder.filePath(u"a.md"_s));

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What is asked of the pages that an engine makes, one after the other.
+/// Records what the pages of an engine are asked to do.
 struct Requests
 {
     QStringList loads; ///< the addresses of the folders
@@ -139,13 +139,13 @@ private Q_SLOTS:
     }
     void cleanup() { m_preview.reset(); }
 
-    void thePageStandsInTheFolderOfTheDocument()
+    void pageHasTheDocumentsFolderAsBase()
     {
         QCOMPARE(requests().loads, QStringList(u"file:///docs/"_s));
         QCOMPARE(requests().colors, QList<QColor>{Qt::white});
     }
 
-    void onlyTheLatestTextIsRenderedOnceThePageIsLoaded()
+    void latestTextIsRenderedOnceThePageIsLoaded()
     {
         m_preview->open.document.setMarkdown(u"one"_s);
         m_preview->open.document.setMarkdown(u"two"_s);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(requests().renders, QStringList(u"light: two"_s));
     }
 
-    void aDesktopThatTurnsDarkRendersAgain()
+    void switchingToDarkRendersAgain()
     {
         m_preview->finishLoading();
         QCOMPARE(requests().renders, QStringList(u"light: # Title\n"_s));
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(requests().renders.last(), u"light: # Title\n"_s);
     }
 
-    void theEditorTakesThePageAwayAndThePreviewMakesANewOne()
+    void openingTheEditorDestroysThePage()
     {
         m_preview->finishLoading();
         m_preview->open.document.toggleEdit();
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(requests().renders.last(), u"light: typed"_s);
     }
 
-    void theEditorOpensWhereThePreviewWasAndThePreviewComesBackThere()
+    void editorAndPreviewShareTheReadingPlace()
     {
         m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
         m_preview->finishLoading();
@@ -197,7 +197,7 @@ private Q_SLOTS:
                  (ReadingPlace{.line = 400, .offset = -3, .sourceLine = 401}));
     }
 
-    void thePreviewFollowsAnEditorThatWasScrolled()
+    void previewFollowsAScrolledEditor()
     {
         m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
         m_preview->finishLoading();
@@ -208,7 +208,7 @@ private Q_SLOTS:
         QCOMPARE(requests().places.back(), (ReadingPlace{.line = 100, .sourceLine = 100}));
     }
 
-    void theEndOfTheSourceIsNoOtherPlace()
+    void endOfTheSourceKeepsThePlace()
     {
         m_preview->open.document.setMarkdown(u"line\n\n"_s.repeated(500));
         m_preview->finishLoading();
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(requests().places.back(), (ReadingPlace{.line = 998, .sourceLine = 998}));
     }
 
-    void aPartThatIsAskedForMeanwhileIsShownByTheNextPreview()
+    void fragmentRequestedInTheEditorIsShownByTheNextPreview()
     {
         m_preview->finishLoading();
         edit();

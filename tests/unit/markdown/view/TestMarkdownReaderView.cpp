@@ -30,7 +30,7 @@ private Q_SLOTS:
         open("# Title\n");
     }
 
-    void theHeaderNamesTheFileAndWhatCanBeDone()
+    void headerShowsTheFileNameAndItsActions()
     {
         QVERIFY(named(u"doc.md"_s));
         SymbolButton* edit = button(u"Edit"_s);
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(button(u"Reveal"_s)->toolTip(), u"Reveal file in Finder"_s);
     }
 
-    void theSymbolsOfTheHeader()
+    void headerHasItsSymbols()
     {
         QCursor::setPos(2000, 2000);
         const auto shows = [](QWidget& widget, const QString& symbol, int size) {
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QVERIFY(shows(*button(u"Preview"_s), u"eye"_s, 12));
     }
 
-    void theEditButtonSwitchesBackAndForth()
+    void editButtonSwitchesBackAndForth()
     {
         QVERIFY(preview());
         QVERIFY(!editor());
@@ -69,13 +69,13 @@ private Q_SLOTS:
         QVERIFY(button(u"Edit"_s));
     }
 
-    void revealShowsTheFile()
+    void revealShowsTheFileInTheFileManager()
     {
         QTest::mouseClick(button(u"Reveal"_s), Qt::LeftButton);
         QCOMPARE(m_open->opener.revealed, {QUrl::fromLocalFile(m_open->path)});
     }
 
-    void theDotShowsFromTheFirstKeystrokeUntilTheSave()
+    void dotShowsFromTheFirstKeystrokeUntilSaved()
     {
         QVERIFY(!dot()->isVisible());
         m_open->document.toggleEdit();
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->files.read(m_open->path), QByteArray("x# Title\n"));
     }
 
-    void theDotStaysWhenTheSaveFails()
+    void dotStaysIfSavingFails()
     {
         m_open->document.toggleEdit();
         QTest::keyClick(editor(), Qt::Key_X);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(dot()->isVisible());
     }
 
-    void aLongNameIsCutAndDoesNotPushTheButtonsOut()
+    void longNameIsElidedAndKeepsTheButtonsVisible()
     {
         m_view.reset();
         m_open = std::make_unique<OpenDocument>();
@@ -115,7 +115,7 @@ private Q_SLOTS:
             QVERIFY(view.rect().contains(QRect(each->mapTo(&view, QPoint()), each->size())));
     }
 
-    void theEditorKeepsTheTextAsItIs_data()
+    void editorKeepsTheTextUnchanged_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QByteArray>("expected"); // with an x in front
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << QByteArray() << QByteArray("x");
     }
 
-    void theEditorKeepsTheTextAsItIs()
+    void editorKeepsTheTextUnchanged()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QByteArray, expected);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->files.read(m_open->path), expected);
     }
 
-    void theEditorIsSetInTheFixedFontOfTheSystem()
+    void editorUsesTheFixedSystemFont()
     {
         m_open->document.toggleEdit();
         QCOMPARE(editor()->font().pixelSize(), 13);
@@ -148,7 +148,7 @@ private Q_SLOTS:
                  QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
     }
 
-    void theEditorCopiesAndPastesThroughTheProgramsPasteboard()
+    void editorCopiesAndPastesThroughTheProgramsPasteboard()
     {
         m_open->document.toggleEdit();
         editor()->selectAll();
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->document.markdown(), u"# Title\n# Title\n"_s);
     }
 
-    void theMiddleButtonPastesWhatIsSelectedSomewhere()
+    void middleClickPastesThePrimarySelection()
     {
         m_open->document.toggleEdit();
         const QPoint start = editor()->cursorRect().center();
@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->document.markdown(), u"A # Title\n"_s);
     }
 
-    void theEngineIsWantedOnlyOnceThePreviewIsOnTheScreen()
+    void engineIsLoadedOnlyOnceThePreviewIsVisible()
     {
         m_view.reset();
         m_open = std::make_unique<OpenDocument>();
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->tasks.pending(), size_t(0));
     }
 
-    void withoutTheFilesOfThePageNoEngineIsWanted()
+    void engineIsNotLoadedWithoutThePageFiles()
     {
         m_view.reset();
         m_open = std::make_unique<OpenDocument>();
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->webEngines.wanted, 0);
     }
 
-    void aModuleThatIsMissingIsLoggedOnce()
+    void missingModuleIsLoggedOnce()
     {
         WebEngineModule module(u"/nowhere/module.so"_s);
         module.preloading()();
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QVERIFY(!module.engine());
     }
 
-    void theWindowIsCenterdNamedAndAsksBeforeItCloses()
+    void windowIsCenteredNamedAndAsksBeforeClosing()
     {
         bool mayClose = false;
         QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");

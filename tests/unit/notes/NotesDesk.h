@@ -23,7 +23,7 @@
 
 namespace driftbox {
 
-/// A note's window that is nowhere to be seen.
+/// A note window that is never shown.
 class FakeNoteWindow final : public NoteWindow
 {
 public:
@@ -63,7 +63,7 @@ public:
     int count = 0;                  ///< those that exist
 };
 
-/// The notes with everything they stand on.
+/// The notes with all their dependencies.
 struct NotesDesk
 {
     ~NotesDesk()
@@ -72,7 +72,7 @@ struct NotesDesk
         settle();
     }
 
-    /// Windows that were closed go away.
+    /// Deletes the closed windows.
     static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     /// The program ends and starts again.

@@ -38,7 +38,7 @@ private Q_SLOTS:
         m_store = std::make_unique<FileNotesStore>(*m_files, root);
     }
 
-    void aFirstStartMakesTheFoldersAndWritesNothing()
+    void firstStartCreatesTheFoldersAndWritesNothing()
     {
         QVERIFY(m_files->folderExists(root));
         QVERIFY(m_files->folderExists(root + u"/images"_s));
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(), 0);
     }
 
-    void aNewNoteGoesToTheFrontAndAKnownOneKeepsItsPlace()
+    void newNoteGoesToTheFrontAndKnownNoteKeepsItsPlace()
     {
         const StickyNote first = text(u"first"_s);
         StickyNote second = text(u"second"_s);
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(FileNotesStore(*m_files, root).notes() == m_store->notes());
     }
 
-    void notesFromDiskStayInTheManifestWhenAnotherChanges()
+    void loadedNotesStayInTheManifestWhenAnotherChanges()
     {
         const std::vector notes = {text(u"a"_s), text(u"b"_s), text(u"c"_s)};
         for (const StickyNote& note : notes)
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QVERIFY(manifest() == (std::vector{changed, notes[0]}));
     }
 
-    void anImageIsWrittenAsItIsWithoutTheNoteBeingSaved()
+    void imageOfADraftIsWrittenUnchanged()
     {
         const StickyNote note = image();
         m_store->saveImage("\xff\xd8 not a PNG", note);
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(), 1);
     }
 
-    void anImageIsWrittenUnderTheNameThatTheNoteGives()
+    void imageIsWrittenUnderTheNameInTheNote()
     {
         StickyNote note = image();
         note.imageFileName = u"Shot.png"_s;
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->imageURL(note), imagePath(note));
     }
 
-    void unsavingLeavesTheImage()
+    void unsavingKeepsTheImage()
     {
         const StickyNote note = image();
         m_store->saveImage("PNG", note);
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->writeCount(), writes);
     }
 
-    void deletingGoesByTheIdWhateverTheFileIsCalled()
+    void deletingUsesTheIdWhateverTheImageIsNamed()
     {
         StickyNote note = image();
         note.imageFileName = u"Shot.png"_s;
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QVERIFY(m_files->exists(root + u"/images/Shot.png"_s));
     }
 
-    void aManifestThatCannotBeWrittenIsLoggedAndMemoryKeepsTheChange()
+    void failedManifestWriteIsLoggedAndKeptInMemory()
     {
         m_store->save(text(u"saved"_s));
         m_files->failWrites(u"No space left on device"_s);
@@ -164,14 +164,14 @@ private Q_SLOTS:
         QCOMPARE(manifest().size(), size_t(3));
     }
 
-    void anImageThatCannotBeWrittenIsLogged()
+    void failedImageWriteIsLogged()
     {
         m_files->failWrites(u"Read-only file system"_s);
         QTest::ignoreMessage(QtCriticalMsg, "Failed to write note image: Read-only file system");
         m_store->saveImage("PNG", image());
     }
 
-    void aCorruptManifestStartsEmptyAndIsKeptAside()
+    void corruptManifestIsBackedUpAndTheStoreStartsEmpty()
     {
         StickyNote good = text(u"good"_s);
         const QByteArray bad = NotesManifest::encode(good).replace("yellow", "purple");
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QCOMPARE(m_files->read(root + u"/manifest.corrupt.json"_s), corrupt);
     }
 
-    void foldersAndFilesThatFailAreNoErrorAtStart()
+    void failingFoldersAndFilesAreToleratedAtStart()
     {
         FakeFileSystem files;
         files.failFolders();

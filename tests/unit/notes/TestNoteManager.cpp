@@ -21,7 +21,7 @@ private Q_SLOTS:
 
     // Start
 
-    void atLaunchTheSavedNotesAreListedAndClosed()
+    void savedNotesAreListedButClosedAtLaunch()
     {
         desk().openSaved(u"one"_s);
         desk().openSaved(u"two"_s);
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(desk().keys.monitorCount(), size_t(1));
     }
 
-    void aFirstLaunchLogsNothing()
+    void firstLaunchLogsNothing()
     {
         manager().restore();
         QVERIFY(manager().notes().empty());
@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     // Making notes
 
-    void aNewNoteIsAnOpenDraftInFront()
+    void newNoteIsAnOpenDraftInFront()
     {
         desk().settings.setNoteDefaultColor(NoteColor::pink);
         manager().createNote(u"first"_s);
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(desk().files.writeCount(), 0);
     }
 
-    void theFirstNoteOnAFreshScreenIsInTheCornerAndTheNinthAgain()
+    void firstAndNinthNotesAreInTheCorner()
     {
         std::vector<NoteFrame> frames;
         for (int count = 0; count < 9; ++count) {
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(frames[8], frames[0]);
     }
 
-    void anImageNoteHasItsFileAtOnceAndNoManifest()
+    void imageNoteWritesItsFileButNoManifest()
     {
         const QByteArray bytes = picture({1000, 500});
         manager().createNote(bytes);
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().front().frame.toRect().size(), QSizeF(300, 396));
     }
 
-    void bytesThatAreNoImageMakeAnImageNoteAllTheSame()
+    void undecodableBytesStillMakeAnImageNote()
     {
         manager().createNote(QByteArray("no image"));
         const StickyNote& note = manager().notes().front();
@@ -112,7 +112,7 @@ private Q_SLOTS:
         QCOMPARE(desk().files.read(desk().imagePath(note.id)), QByteArray("no image"));
     }
 
-    void aTowerOfAnImageMakesAWindowOfReasonableHeight()
+    void windowHeightIsLimitedForTallImages()
     {
         manager().createNote(picture({1, 30'000}));
         QVERIFY(manager().notes().front().frame.height > 9e6);
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QVERIFY(desk().manifest() == manager().notes());
     }
 
-    void unsavingTakesTheNoteOutOfTheManifestAtOnceAndKeepsTheImage()
+    void unsavingRemovesTheNoteFromTheManifestAndKeepsTheImage()
     {
         manager().createNote(picture({10, 10}));
         StickyNoteViewModel& note = desk().windows.last->viewModel;
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().size(), size_t(1));
     }
 
-    void savingAgainPutsTheNoteInFrontOfTheManifest()
+    void savingAgainMovesTheNoteToTheFrontOfTheManifest()
     {
         StickyNoteViewModel& first = desk().openSaved(u"first"_s);
         desk().openSaved(u"second"_s);
@@ -208,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(desk().manifest().empty());
     }
 
-    void aNoteMayCloseItselfFromItsOwnControl()
+    void noteMayCloseItselfFromItsOwnControl()
     {
         StickyNoteViewModel& note = desk().open(u"a"_s);
         note.close();
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QVERIFY(desk().manifest().empty());
     }
 
-    void deletingAClosedNoteWorksByTheListsOwnId()
+    void closedNoteCanBeDeletedByTheIdInTheList()
     {
         desk().openSaved(u"a"_s);
         desk().openSaved(u"b"_s);
@@ -238,7 +238,7 @@ private Q_SLOTS:
         QVERIFY(desk().manifest() == manager().notes());
     }
 
-    void closingEverythingLeavesTheSavedNotes()
+    void closingAllKeepsTheSavedNotes()
     {
         desk().open(u"draft"_s);
         desk().openSaved(u"one"_s);

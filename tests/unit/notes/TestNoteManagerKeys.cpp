@@ -21,7 +21,7 @@ private Q_SLOTS:
     }
     void cleanup() { m_desk.reset(); }
 
-    void closingByKeyDeletesADraftAndHidesASavedNote()
+    void closeKeyDeletesADraftAndHidesASavedNote()
     {
         manager().createNote(picture({10, 10}));
         QVERIFY(press(Qt::Key_W));
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QVERIFY(!manager().isOpen(manager().notes().front().id));
     }
 
-    void onlyTheNoteThatHasTheKeyboardIsClosed()
+    void closeKeyAffectsOnlyTheFocusedNote()
     {
         desk().open(u"a"_s);
         desk().lastSurface().setKey(false);
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().front().textContent, u"a"_s);
     }
 
-    void zooming_data()
+    void zoomKeysZoomTheFocusedNote_data()
     {
         QTest::addColumn<Qt::Key>("key");
         QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QTest::newRow("other modifiers do not matter")
             << Qt::Key_Equal << (control | Qt::AltModifier) << 1.1;
     }
-    void zooming()
+    void zoomKeysZoomTheFocusedNote()
     {
         QFETCH(const Qt::Key, key);
         QFETCH(const Qt::KeyboardModifiers, modifiers);
@@ -70,7 +70,7 @@ private Q_SLOTS:
         QTEST(manager().notes().front().zoom, "zoom");
     }
 
-    void aNewNoteComesBesideTheOneThatHasTheKeyboard()
+    void newNoteKeyOpensANoteBesideTheFocusedOne()
     {
         desk().open(u"a"_s);
         QVERIFY(press(Qt::Key_N));
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().front().textContent, u""_s);
     }
 
-    void aKeyThatIsHeldDownZoomsOnButClosesAndMakesOneNote()
+    void heldKeyKeepsZoomingButClosesOrCreatesOneNote()
     {
         desk().open(u"a"_s);
         QVERIFY(desk().keys.press(Qt::Key_N, Qt::ControlModifier, true));
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(!desk().keys.press(Qt::Key_W, Qt::ControlModifier, true));
     }
 
-    void withoutANoteThatHasTheKeyboardEveryKeyPasses()
+    void keysPassWithoutAFocusedNote()
     {
         desk().open(u"a"_s);
         desk().lastSurface().setKey(false);
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QCOMPARE(manager().notes().size(), size_t(1));
     }
 
-    void keysPassBeforeTheNotesAreRestoredAndWhenTheManagerIsGone()
+    void keysPassBeforeRestoreAndAfterDestruction()
     {
         desk().restart();
         desk().open(u"a"_s);

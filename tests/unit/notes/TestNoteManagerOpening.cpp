@@ -20,7 +20,7 @@ private Q_SLOTS:
 
     // Opening again
 
-    void focusingAnOpenNoteBringsItToTheFront()
+    void focusingAnOpenNoteRaisesIt()
     {
         const StickyNoteId id = desk().open(u"a"_s).note().id;
         FakeFloatingSurface& surface = desk().lastSurface();
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(manager().isOpen(id));
     }
 
-    void aNoteWhoseScreenIsGoneIsBroughtBackAndSavedOnlyWhenMoved()
+    void noteOfAMissingScreenIsRepositionedAndSavedOnlyWhenMoved()
     {
         manager().createNote(picture({1000, 500}));
         StickyNoteViewModel& note = desk().windows.last->viewModel;
@@ -69,7 +69,7 @@ private Q_SLOTS:
 
     // Copying
 
-    void copyingPutsTheContentOnThePasteboardAsTheProgramsOwn()
+    void copiedNoteIsNotCapturedAsAnEntry()
     {
         const QSignalSpy written(&desk().writer, &PasteboardWriter::written);
         desk().open(u"text"_s);
@@ -90,7 +90,7 @@ private Q_SLOTS:
 
     // What goes wrong
 
-    void unknownNotesAreLeftAlone()
+    void unknownNotesAreIgnored()
     {
         const StickyNoteId unknown = StickyNoteId::random();
         desk().files.setFile(desk().imagePath(unknown), "left over");
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(desk().files.writeCount(), 0);
     }
 
-    void aDiskThatIsFullForAWhileCostsNothing()
+    void notesSurviveATemporarilyFullDisk()
     {
         StickyNoteViewModel& note = desk().openSaved(u"a"_s);
         desk().files.failWrites(u"No space left on device"_s);

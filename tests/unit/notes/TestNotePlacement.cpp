@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(cascade(8'000'000'001), cascade(1));
     }
 
-    void anImageSetsTheShape_data()
+    void imageDeterminesTheSize_data()
     {
         QTest::addColumn<QSizeF>("image");
         QTest::addColumn<QSizeF>("note");
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QTest::newRow("between") << QSizeF(400, 200) << QSizeF(400, 296);
         QTest::newRow("a line") << QSizeF(100, 1) << QSizeF(300, 99);
     }
-    void anImageSetsTheShape()
+    void imageDeterminesTheSize()
     {
         QFETCH(const QSizeF, image);
         QFETCH(const QSizeF, note);
@@ -59,14 +59,14 @@ private Q_SLOTS:
         QCOMPARE(frame.y + frame.height, 875.0 - 66);
     }
 
-    void withoutAScreenThereIsStillAFrame()
+    void frameIsGivenEvenWithoutAScreen()
     {
         QCOMPARE(NotePlacement::cascadeFrame(0, std::nullopt, {}),
                  (NoteFrame{-280, -240, 240, 200}));
         QVERIFY(!NotePlacement::isVisible({0, 0, 100, 100}, {}));
     }
 
-    void aNoteIsVisibleWhereAnyOfItLiesOnAScreen_data()
+    void noteIsVisibleIfAnyPartIsOnAScreen_data()
     {
         QTest::addColumn<NoteFrame>("frame");
         QTest::addColumn<bool>("visible");
@@ -81,13 +81,13 @@ private Q_SLOTS:
         QTest::newRow("enormous") << NoteFrame{-1e300, -1e300, 2e300, 2e300} << true;
         QTest::newRow("far away") << NoteFrame{1e300, 1e300, 240, 200} << false;
     }
-    void aNoteIsVisibleWhereAnyOfItLiesOnAScreen()
+    void noteIsVisibleIfAnyPartIsOnAScreen()
     {
         QFETCH(const NoteFrame, frame);
         QTEST(NotePlacement::isVisible(frame, twoScreens), "visible");
     }
 
-    void aReasonableFrameIsTheWindows()
+    void reasonableFrameIsUsedUnchanged()
     {
         for (const NoteFrame& frame :
              {NoteFrame{1160, 635, 240, 200}, NoteFrame{-1919.5, 200.25, 160, 120},
@@ -96,7 +96,7 @@ private Q_SLOTS:
         }
     }
 
-    void anUnreasonableFrameBecomesTheNearestWindow_data()
+    void unreasonableFrameIsClamped_data()
     {
         QTest::addColumn<NoteFrame>("frame");
         QTest::addColumn<NoteFrame>("window");
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QTest::newRow("beyond all numbers")
             << NoteFrame{50, 1e308, 160, 1.7e308} << NoteFrame{50, -1125, 160, 2000};
     }
-    void anUnreasonableFrameBecomesTheNearestWindow()
+    void unreasonableFrameIsClamped()
     {
         QFETCH(const NoteFrame, frame);
         QFETCH(const NoteFrame, window);

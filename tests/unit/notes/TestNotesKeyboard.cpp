@@ -56,7 +56,7 @@ private Q_SLOTS:
     void init() { m_page.emplace(); }
     void cleanup() { m_page.reset(); }
 
-    void theArrowsMoveAndEnterOpens()
+    void arrowsMoveTheSelectionAndEnterOpens()
     {
         QVERIFY(m_page->press(Qt::Key_Down));
         QVERIFY(m_page->press(Qt::Key_PageDown));
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->openTexts(), QStringList({u"a"_s, u"c"_s}));
     }
 
-    void controlAndADigitOpenByPlace()
+    void controlDigitOpensTheRowWithThatNumber()
     {
         QVERIFY(m_page->press(Qt::Key_2, Qt::ControlModifier));
         QVERIFY(m_page->press(Qt::Key_4, Qt::ControlModifier | Qt::ShiftModifier));
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(!m_page->press(Qt::Key_1));
     }
 
-    void deleteIsTheListsWhileTheFieldIsEmpty()
+    void deleteRemovesTheRowOnlyWhileTheSearchFieldIsEmpty()
     {
         m_page->rows.setQuery(u"b"_s);
         QVERIFY(!m_page->press(Qt::Key_Delete));
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->selection.row(), 0);
     }
 
-    void aKeyThatIsHeldDownActsOnce()
+    void heldKeyActsOnce()
     {
         QVERIFY(m_page->press(Qt::Key_Delete, {}, true));
         QVERIFY(m_page->press(Qt::Key_Return, {}, true));
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QVERIFY(m_page->openTexts().isEmpty());
     }
 
-    void withoutRowsNothingHappens()
+    void keysDoNothingWithoutRows()
     {
         m_page->rows.setQuery(u"nothing like it"_s);
         QVERIFY(m_page->press(Qt::Key_Return));
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(m_page->openTexts().isEmpty());
     }
 
-    void otherKeysAreTheFields()
+    void otherKeysGoToTheSearchField()
     {
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_Left, Qt::Key_Backspace, Qt::Key_Space})
             QVERIFY(!m_page->press(key));

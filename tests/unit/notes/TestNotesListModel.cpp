@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(inserted.last().at(1).toInt(), 0);
     }
 
-    void aRowShowsWhatTheNoteIs()
+    void rowHasThePropertiesOfItsNote()
     {
         StickyNoteViewModel& note = desk().openSaved(u"\n  Shopping list\n- milk\n"_s);
         note.setColor(NoteColor::green);
@@ -60,14 +60,14 @@ private Q_SLOTS:
         QVERIFY(!m_model->record(0).isSaved);
     }
 
-    void anEmptyNoteSaysSo()
+    void emptyNoteHasAPlaceholderPreview()
     {
         desk().open(QString());
         desk().open(u" \n\t\r\n "_s);
         QCOMPARE(previews(), QStringList({u"(empty)"_s, u"(empty)"_s}));
     }
 
-    void aChangedNoteChangesItsRowOnly()
+    void changedNoteUpdatesOnlyItsRow()
     {
         StickyNoteViewModel& note = desk().open(u"one"_s);
         desk().open(u"two"_s);
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(reset.count(), 0);
     }
 
-    void deletedNotesLoseTheirRows()
+    void deletedNotesAreRemoved()
     {
         desk().open(u"one"_s);
         const StickyNoteId id = desk().open(u"two"_s).note().id;
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->rowOf(id), -1);
     }
 
-    void aQueryFindsTextInWhateverCase()
+    void queryIgnoresCase()
     {
         desk().open(u"Buy MILK"_s);
         desk().open(u"call home"_s);
@@ -118,7 +118,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 4);
     }
 
-    void blankNotesAreNotFound()
+    void blankNotesMatchNoQuery()
     {
         desk().open(u"\n\n"_s);
         m_model->setQuery(u"empty"_s);
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->rowCount(), 1);
     }
 
-    void aNoteComesAndGoesWhileItIsTypedInto()
+    void noteIsListedOnlyWhileItsTextMatches()
     {
         StickyNoteViewModel& note = desk().open(u"mil"_s);
         m_model->setQuery(u"milk"_s);
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->rowCount(), 0);
     }
 
-    void aThousandNotesCanBeSearched()
+    void thousandNotesCanBeSearched()
     {
         for (int count = 0; count < 1000; ++count)
             desk().store->save({.textContent = u"note %1"_s.arg(count), .isSaved = true});
@@ -151,7 +151,7 @@ private Q_SLOTS:
     }
 
     // As nothing but a foreign manifest has them.
-    void notesWithTheSameIdAreRowsOfTheirOwn()
+    void notesWithTheSameIdAreSeparateRows()
     {
         const StickyNote twin{.textContent = u"twin"_s, .isSaved = true};
         const StickyNote other{.textContent = u"tin"_s, .isSaved = true};
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(previews(), QStringList(u"tin"_s));
     }
 
-    void theCountIsWordedByNumber()
+    void countTextDependsOnTheNumber()
     {
         QCOMPARE(noteCountText(0), u"0 notes"_s);
         QCOMPARE(noteCountText(1), u"1 note"_s);

@@ -67,7 +67,7 @@ private Q_SLOTS:
                  "'zoom':1.5,'isSaved':true,'createdAt':700000000.125,'updatedAt':700000001.5}"));
     }
 
-    void absentMembersAreLeftOut()
+    void absentMembersAreOmitted()
     {
         const QByteArray image =
             NotesManifest::encode({.kind = StickyNote::Kind::image, .imageFileName = u"x.png"_s});
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(text.contains(json("'textContent':''")));
     }
 
-    void whatIsWrittenReadsBackTheSame()
+    void notesSurviveARoundTrip()
     {
         std::vector<StickyNote> notes = {
             fullNote(),
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QVERIFY(NotesManifest::decode("[]"));
     }
 
-    void withoutZoomAndSavedStateANoteIsADraftOfNormalSize()
+    void missingZoomAndSavedStateMeanADraftOfNormalSize()
     {
         for (const QByteArray& more : {QByteArray(), QByteArray(",'zoom':null,'isSaved':null")}) {
             const auto decoded = NotesManifest::decode(element(goodMembers + more));
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(note.createdAt.referenceSeconds(), 123456789012345678901.0);
     }
 
-    void oneViolationMakesTheWholeManifestUnreadable_data()
+    void singleViolationRejectsTheWholeManifest_data()
     {
         QTest::addColumn<QByteArray>("text");
         const auto broken = [](const char* part, const char* replacement) {
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QTest::newRow("good, then bad") << json("[{" + goodMembers + "},{}]");
         QTest::newRow("nested beyond reason") << QByteArray(1'000'000, '[');
     }
-    void oneViolationMakesTheWholeManifestUnreadable()
+    void singleViolationRejectsTheWholeManifest()
     {
         QFETCH(const QByteArray, text);
         const auto decoded = NotesManifest::decode(text);
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QVERIFY(!decoded.error().message.isEmpty());
     }
 
-    void theErrorNamesThePlace()
+    void errorNamesThePosition()
     {
         const auto decoded = NotesManifest::decode(json(
             "[{" + goodMembers + "},{" + QByteArray(goodMembers).replace("blue", "purple") + "}]"));
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(qHash(note), qHash(fullNote()));
     }
 
-    void aFrameIsARectangleFieldForField()
+    void frameConvertsToARectangleFieldByField()
     {
         const NoteFrame frame{-0.1, 1.0 / 3, 240.7, 1e9};
         QCOMPARE(NoteFrame::fromRect(frame.toRect()), frame);

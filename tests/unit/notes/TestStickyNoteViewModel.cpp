@@ -25,7 +25,7 @@ private Q_SLOTS:
     }
     void cleanup() { m_desk.reset(); }
 
-    void aNoteStartsAsItIs()
+    void startsWithTheValuesOfTheNote()
     {
         const StickyNote note{.textContent = u"text"_s, .color = NoteColor::green, .zoom = 1.5};
         const auto viewModel = make(note);
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QCOMPARE(make({})->text(), QString());
     }
 
-    void everyChangeIsReportedAtOnceAsAnUpdate()
+    void everyChangeIsReportedImmediatelyAsAnUpdate()
     {
         const auto viewModel = make({.textContent = u""_s});
         StickyNote expected = viewModel->note();
@@ -68,7 +68,7 @@ private Q_SLOTS:
             QCOMPARE(spy->count(), 1);
     }
 
-    void assigningWhatIsThereAlreadyIsNoChange()
+    void assigningTheSameValueIsNotAChange()
     {
         const auto viewModel = make({.textContent = u"a"_s});
         viewModel->setText(u"a"_s);
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QVERIFY(m_reported.empty());
     }
 
-    void theFrameIsReportedWithoutBeingAnUpdate()
+    void frameChangeIsReportedWithoutUpdatingTheTimestamp()
     {
         const auto viewModel = make({.updatedAt = Instant::fromReferenceSeconds(5)});
         viewModel->updateFrame({1, 2, 300, 400});
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(m_reported.back().updatedAt.referenceSeconds(), 5.0);
     }
 
-    void aFrameThatIsNoneIsIgnored()
+    void invalidFrameIsIgnored()
     {
         const auto viewModel = make({.frame = {1, 2, 3, 4}});
         viewModel->updateFrame({0, 0, std::numeric_limits<double>::quiet_NaN(), 1});
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(viewModel->note().frame, (NoteFrame{1, 2, 3, 4}));
     }
 
-    void theTextGrowsWithTheZoomWithinLimits()
+    void fontSizeFollowsTheZoomWithinLimits()
     {
         QCOMPARE(make({.zoom = 1.0})->textSize(), 14.0);
         QCOMPARE(make({.zoom = 2.0})->textSize(), 28.0);
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(make({.zoom = -1e300})->textSize(), 9.0);
     }
 
-    void copyingATextPutsTheCurrentTextOnThePasteboard()
+    void copyingATextNoteCopiesItsCurrentText()
     {
         const auto viewModel = make({.textContent = u"before"_s});
         viewModel->setText(u"now"_s);
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(m_desk->pasteboard.content(), (PasteboardContent{.text = u""_s}));
     }
 
-    void copyingAnImagePutsItsBytesOnThePasteboard()
+    void copyingAnImageNoteCopiesItsBytes()
     {
         const auto viewModel = make(image("any bytes"));
         viewModel->setText(u"a caption"_s);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QVERIFY(m_desk->pasteboard.content().isEmpty());
     }
 
-    void theImageIsReadOnceAndKept()
+    void imageIsReadOnceAndCached()
     {
         const auto viewModel = make(image(picture({40, 30})));
         const QSignalSpy changed(viewModel.get(), &StickyNoteViewModel::imageChanged);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(m_desk->files.readCount(m_desk->imagePath(viewModel->note().id)), 1);
     }
 
-    void aMissingOrBrokenImageIsTriedAgain()
+    void missingOrBrokenImageIsRetried()
     {
         const StickyNote note{.kind = StickyNote::Kind::image};
         const auto viewModel = make(note);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(viewModel->image().size(), QSize(4, 3));
     }
 
-    void aTextNoteHasNoImageAndReadsNoFile()
+    void textNoteHasNoImageAndReadsNoFile()
     {
         const StickyNote note{.textContent = u"a"_s};
         m_desk->files.setFile(m_desk->imagePath(note.id), picture({4, 3}));
@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(m_desk->tasks.pending(), size_t(0));
     }
 
-    void anImageLargerThanANoteIsShrunk()
+    void imageLargerThanANoteIsScaledDown()
     {
         const QImage large = decodedNoteImage(picture({8000, 400}));
         QCOMPARE(large.size(), QSize(3200, 160));
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QVERIFY(decodedNoteImage("").isNull());
     }
 
-    void theSizeOfAnImageIsKnownFromItsFirstBytes()
+    void imageSizeIsReadFromTheHeader()
     {
         QCOMPARE(noteImageSize(picture({1000, 500})), QSizeF(1000, 500));
         QCOMPARE(noteImageSize(picture({1000, 500}, "JPEG")), QSizeF(1000, 500));
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QCOMPARE(noteImageSize(""), std::nullopt);
     }
 
-    void withoutCallbacksNothingHappens()
+    void missingCallbacksAreTolerated()
     {
         const auto viewModel = make({});
         viewModel->close();

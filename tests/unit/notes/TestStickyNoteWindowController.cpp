@@ -18,7 +18,7 @@ private Q_SLOTS:
     void init() { m_desk.emplace(); }
     void cleanup() { m_desk.reset(); }
 
-    void theWindowStandsWhereTheNoteSaysAndTakesTheKeyboard()
+    void windowOpensAtTheNotesFrameAndTakesTheKeyboard()
     {
         StickyNoteWindowController controller = make({100, 200, 240, 200});
         QCOMPARE(surface().frame(), QRectF(100, 200, 240, 200));
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QCOMPARE(m_reports, 0);
     }
 
-    void theUserMovingTheWindowMovesTheNote()
+    void movingTheWindowMovesTheNote()
     {
         StickyNoteWindowController controller = make({100, 200, 240, 200});
         surface().moveByUser(QRectF(-50, 60, 300, 250));
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(m_reports, 1);
     }
 
-    void zoomingInStopsAtTwiceTheSizeWhileTheWindowGrowsOn()
+    void zoomStopsAtTwoWhileTheWindowKeepsGrowing()
     {
         StickyNoteWindowController controller = make({600, 400, 240, 200});
         const double expected[] = {1.1, 1.21, 1.331, 1.4641, 1.61051, 1.771561, 1.9487171, 2, 2};
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(controller.viewModel().zoom(), 2.0);
     }
 
-    void zoomingOutStopsTheWindowBeforeTheText()
+    void windowStopsShrinkingBeforeTheZoomDoes()
     {
         StickyNoteWindowController controller = make({600, 400, 240, 200});
         for (int steps = 0; steps < 5; ++steps)
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(controller.viewModel().zoom(), 0.6);
     }
 
-    void whatIsAtItsLimitIsNotReportedAgain()
+    void zoomingAtTheLimitReportsNothing()
     {
         StickyNoteWindowController controller = make({600, 400, 160, 120});
         controller.zoom(1 / 1.1);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(m_reports, 2);
     }
 
-    void aNoteThatIsTooLargeAlreadyShrinksToTheLimit()
+    void oversizedNoteShrinksToTheLimit()
     {
         StickyNoteWindowController controller = make({0, 0, 1900, 1000});
         controller.zoom(1.1);

@@ -37,7 +37,7 @@ private Q_SLOTS:
         m_note.reset();
     }
 
-    void theControlsStandInTheirOrder()
+    void controlsAreInOrder()
     {
         const QStringList expected = {u"Yellow"_s,   u"Blue"_s,       u"Green"_s,
                                       u"Pink"_s,     u"Save"_s,       u"Copy to clipboard"_s,
@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(QStringList(byPlace.values()), expected);
     }
 
-    void theyFitTheSmallestNote()
+    void controlsFitTheSmallestNote()
     {
         m_row->setPresent(true);
         m_row->resize(144, NoteControlRow::preferredHeight);
@@ -68,7 +68,7 @@ private Q_SLOTS:
         }
     }
 
-    void theyFadeInAndOut()
+    void controlsFadeInAndOut()
     {
         QVERIFY(!m_row->isVisible());
         m_row->setPresent(true);
@@ -77,14 +77,14 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_row->isVisible());
     }
 
-    void theyTakeATenthAndAHalfOfASecondForIt()
+    void fadingTakes150Milliseconds()
     {
         const auto* fading = m_row->findChild<QVariantAnimation*>();
         QCOMPARE(fading->duration(), 150);
         QCOMPARE(fading->easingCurve().type(), QEasingCurve::InOutQuad);
     }
 
-    void theSymbolsOfTheControls_data()
+    void controlsHaveTheirSymbols_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("symbol");
@@ -101,7 +101,7 @@ private Q_SLOTS:
         row(u"New note"_s, u"plus"_s, 12, Symbols::Weight::semibold);
         row(u"Delete note"_s, u"xmark"_s, 10, Symbols::Weight::bold);
     }
-    void theSymbolsOfTheControls()
+    void controlsHaveTheirSymbols()
     {
         QFETCH(const QString, name);
         QFETCH(const QString, symbol);
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(shown, expected);
     }
 
-    void theNotesColorIsMarked()
+    void swatchOfTheNotesColorIsChecked()
     {
         m_row->setPresent(true);
         QCOMPARE(checkedSwatches(), QStringList(u"Yellow"_s));
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(m_note->reports, 1);
     }
 
-    void savingIsTurnedOnAndOff()
+    void saveButtonTogglesTheSavedState()
     {
         m_row->setPresent(true);
         click(u"Save"_s);
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(control(u"Save"_s));
     }
 
-    void theOtherControlsCallTheNote()
+    void otherControlsTriggerTheirActions()
     {
         int closed = 0;
         int made = 0;

@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), u"ab\n\nc"_s);
     }
 
-    void movingTheCaretIsNoChange()
+    void movingTheCaretIsNotAChange()
     {
         open({.textContent = u"text\nmore"_s});
         for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Up, Qt::Key_Left, Qt::Key_End})
@@ -51,26 +51,26 @@ private Q_SLOTS:
         QCOMPARE(m_note->reports, 0);
     }
 
-    void writingGoesOnAtTheEnd()
+    void caretStartsAtTheEnd()
     {
         open({.textContent = u"text"_s});
         QTest::keyClick(m_editor.get(), Qt::Key_S);
         QCOMPARE(m_note->viewModel.text(), u"texts"_s);
     }
 
-    void changesAreTakenBackAndMadeAgain()
+    void undoAndRedoWork()
     {
         open({.textContent = u"one"_s});
         QTest::keyClicks(m_editor.get(), u" two"_s);
         QTest::keyClick(m_editor.get(), Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_note->viewModel.text(), u"one"_s);
         QTest::keyClick(m_editor.get(), Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(m_note->viewModel.text(), u"one"_s); // opening is nothing to take back
+        QCOMPARE(m_note->viewModel.text(), u"one"_s); // opening cannot be undone
         QTest::keyClick(m_editor.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(m_note->viewModel.text(), u"one two"_s);
     }
 
-    void everyCharacterSurvives()
+    void everyCharacterIsPreserved()
     {
         const QString text =
             u"no-break:\u00A0, line:\u2028, \U0001F468\u200D\U0001F469 e\u0301\n\t"_s;
@@ -81,14 +81,14 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), text);
     }
 
-    void anEmojiIsDeletedAsAWhole()
+    void emojiIsDeletedAsOneCharacter()
     {
         open({.textContent = u"a\U0001F600"_s});
         QTest::keyClick(m_editor.get(), Qt::Key_Backspace);
         QCOMPARE(m_note->viewModel.text(), u"a"_s);
     }
 
-    void whatAnInputMethodComposesCountsOnceItIsDone()
+    void inputMethodTextCountsOnceCommitted()
     {
         QInputMethodEvent composing(u"ni"_s, {});
         QCoreApplication::sendEvent(m_editor.get(), &composing);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), u"你"_s);
     }
 
-    void eachParagraphStandsWhereItsScriptBegins()
+    void paragraphsAreAlignedByTheirScript()
     {
         open({.textContent = u"left\nשלום\nagain left\n123"_s});
         const int middle = m_editor->viewport()->width() / 2;
@@ -121,7 +121,7 @@ private Q_SLOTS:
 
     // The pasteboard
 
-    void copyingGoesThroughTheProgramsPasteboard()
+    void copyingUsesTheProgramsPasteboard()
     {
         QGuiApplication::clipboard()->setText(u"the toolkit's"_s);
         open({.textContent = u"one\ntwo"_s});
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), u"the toolkit's"_s);
     }
 
-    void pastingGoesThroughTheProgramsPasteboard()
+    void pastingUsesTheProgramsPasteboard()
     {
         QGuiApplication::clipboard()->setText(u"the toolkit's"_s);
         m_note->desk.pasteboard.copy({.text = u"one\r\ntwo"_s});
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), QString());
     }
 
-    void theMiddleButtonPastesWhatIsSelectedWhereItIsClicked()
+    void middleClickPastesThePrimarySelectionAtThePointer()
     {
         open({.textContent = u"one\ntwo"_s});
         QGuiApplication::clipboard()->setText(u"the toolkit's"_s);
@@ -193,11 +193,14 @@ private Q_SLOTS:
         QCOMPARE(m_note->viewModel.text(), u"abcd"_s);
     }
 
-    void thereIsNoMenu() { QCOMPARE(m_editor->contextMenuPolicy(), Qt::PreventContextMenu); }
+    void contextMenuIsDisabled()
+    {
+        QCOMPARE(m_editor->contextMenuPolicy(), Qt::PreventContextMenu);
+    }
 
     // The mouse
 
-    void draggingBelowTheTextIsNoSelecting()
+    void draggingBelowTheTextSelectsNothing()
     {
         open({.textContent = u"text"_s});
         const QSignalSpy dragged(m_editor.get(), &NoteEditor::backgroundDragged);
@@ -210,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(m_editor->textCursor().selectedText(), u"text"_s);
     }
 
-    void aClickBelowTheTextPutsTheCaretAtItsEnd()
+    void clickBelowTheTextPutsTheCaretAtItsEnd()
     {
         open({.textContent = u"one\ntwo"_s});
         m_editor->moveCursor(QTextCursor::Start);
@@ -220,7 +223,7 @@ private Q_SLOTS:
 
     // Looks
 
-    void theTextGrowsWithTheZoom()
+    void fontSizeFollowsTheZoom()
     {
         const auto pixels = [this] {
             return m_editor->font().pointSizeF() * m_editor->logicalDpiY() / 72;
@@ -230,7 +233,7 @@ private Q_SLOTS:
         QVERIFY(qAbs(pixels() - 15.4) < 0.01);
     }
 
-    void aVeryLongParagraphIsSetWithoutShaping()
+    void veryLongParagraphIsLaidOutWithoutShaping()
     {
         const auto isPlain = [this] {
             return m_editor->document()->defaultFont().styleStrategy() == QFont::PreferNoShaping;
@@ -242,7 +245,7 @@ private Q_SLOTS:
         m_note->viewModel.setZoom(1.1);
         QVERIFY(isPlain());
         QTest::keyClick(m_editor.get(), Qt::Key_Backspace);
-        QVERIFY(isPlain()); // it would go to and fro
+        QVERIFY(isPlain()); // so that it does not alternate
         QTest::keyClick(m_editor.get(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(m_editor.get(), Qt::Key_Backspace);
         QVERIFY(!isPlain());
@@ -254,7 +257,7 @@ private Q_SLOTS:
         QVERIFY(isPlain());
     }
 
-    void aLineThatTheEdgeCutsFadesAway()
+    void lineAtTheEdgeFadesOut()
     {
         open({.textContent = QString(u"MMMMMMMM\n"_s).repeated(30), .color = NoteColor::pink});
         const QColor paper = Theme::noteSwatch(NoteColor::pink);
@@ -281,7 +284,7 @@ private Q_SLOTS:
         QVERIFY(!endsInPaper());
     }
 
-    void aLongTextIsShownFromItsBeginning()
+    void longTextIsShownFromItsBeginning()
     {
         open({.textContent = QString(u"line\n"_s).repeated(200)});
         QCOMPARE(m_editor->verticalScrollBar()->value(), 0);

@@ -21,7 +21,7 @@ private Q_SLOTS:
         m_note.reset();
     }
 
-    void aNoteIsOneEditableText()
+    void noteIsOneEditableText()
     {
         open(u"some text"_s);
         QCOMPARE(element().role(), QAccessible::EditableText);
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QVERIFY(state.editable && state.multiLine && state.focusable && !state.readOnly);
     }
 
-    void partsOfTheTextAreRead()
+    void textRangesCanBeRead()
     {
         open(u"one\ntwo\u00A0\U0001F600"_s);
         QCOMPARE(text().characterCount(), 10);
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(end, 7);
     }
 
-    void charactersHaveTheirPlaces()
+    void charactersHaveRectangles()
     {
         open(u"ab\nc"_s);
         const QRect a = text().characterRect(0);
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(text().offsetAtPoint(c.center()), 3 + (c.center().x() > c.x() + c.width() / 2));
     }
 
-    void placesFollowTheScrolling()
+    void characterRectanglesFollowScrolling()
     {
         open(u"line\n"_s.repeated(100));
         const int before = text().characterRect(250).y();
@@ -73,14 +73,14 @@ private Q_SLOTS:
         QVERIFY(m_editor->textCursor().atEnd());
     }
 
-    void behindTheLastCharacterIsThePlaceOfTheCaret_data()
+    void rectanglePastTheEndIsTheCaret_data()
     {
         QTest::addColumn<QString>("content");
         QTest::newRow("nothing") << QString();
         QTest::newRow("a word") << u"word"_s;
         QTest::newRow("an empty line") << u"word\n"_s;
     }
-    void behindTheLastCharacterIsThePlaceOfTheCaret()
+    void rectanglePastTheEndIsTheCaret()
     {
         QFETCH(const QString, content);
         open(content);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(text().characterRect(-1).isEmpty());
     }
 
-    void theSelectionIsToldAndSet()
+    void selectionCanBeReadAndSet()
     {
         open(u"some words"_s);
         QCOMPARE(text().selectionCount(), 0);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(text().cursorPosition(), 10);
     }
 
-    void whatItWritesIsTypedText()
+    void textWrittenByAssistiveTechnologyCountsAsTyped()
     {
         open(u"some words"_s);
         auto* const editing = element().editableTextInterface();

@@ -19,14 +19,14 @@ QColor noteShadow(double distance)
 
 } // namespace
 
-/// The looks of a note, as they are to be.
+/// Pins the appearance of a note.
 class TestNoteMeasures : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     // A note of 240 x 200 in its window.
-    void thePaperHasItsColors_data()
+    void paperHasItsColors_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<QColor>("color");
@@ -46,7 +46,7 @@ private Q_SLOTS:
         row("the outline on the left", {20, 120}, outline);
         row("within the outline", {21, 120}, paper);
     }
-    void thePaperHasItsColors()
+    void paperHasItsColors()
     {
         QFETCH(const QPoint, place);
         QFETCH(const QColor, color);
@@ -54,7 +54,7 @@ private Q_SLOTS:
     }
 
     // At the diagonal the corner of a radius of 9 begins 2.64 points from either side.
-    void thePaperHasRoundCorners()
+    void paperHasRoundCorners()
     {
         const QImage shown = picture();
         QVERIFY(shown.pixelColor(21, 21).alpha() < 30);
@@ -64,13 +64,13 @@ private Q_SLOTS:
         QVERIFY2(coverage > 0.18 && coverage < 0.36, qPrintable(QString::number(coverage)));
     }
 
-    void theSwatchesAreFilledWithTheirColors_data()
+    void swatchesAreFilledWithTheirColors_data()
     {
         QTest::addColumn<NoteColor>("color");
         for (const NoteColor color : allNoteColors)
             QTest::newRow(qPrintable(rawValue(color))) << color;
     }
-    void theSwatchesAreFilledWithTheirColors()
+    void swatchesAreFilledWithTheirColors()
     {
         QFETCH(const NoteColor, color);
         NoteSwatchButton swatch(color, nullptr);

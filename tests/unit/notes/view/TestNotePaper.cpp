@@ -14,13 +14,13 @@ class TestNotePaper : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everythingOnThePaperCanBeRead_data()
+    void everythingOnThePaperIsReadable_data()
     {
         QTest::addColumn<NoteColor>("color");
         for (const NoteColor color : allNoteColors)
             QTest::newRow(qPrintable(rawValue(color))) << color;
     }
-    void everythingOnThePaperCanBeRead()
+    void everythingOnThePaperIsReadable()
     {
         QFETCH(const NoteColor, color);
         const QColor paper = Theme::noteSwatch(color);

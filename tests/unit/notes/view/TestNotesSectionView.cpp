@@ -99,7 +99,7 @@ private Q_SLOTS:
     }
     void cleanup() { m_page.reset(); }
 
-    void theSectionIsNotes()
+    void sectionHasItsIdTitleAndSymbol()
     {
         QCOMPARE(m_page->section.id(), u"notes"_s);
         QCOMPARE(m_page->section.title(), u"Notes"_s);
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->field().placeholderText(), u"Search notes"_s);
     }
 
-    void withoutNotesThePageSaysHowToMakeOne()
+    void emptyStateExplainsHowToMakeANote()
     {
         QCOMPARE(m_page->emptyState(), u"No notes yet. Click + or a clipboard item to make one."_s);
         QCOMPARE(m_page->count(), u"0 notes"_s);
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->emptyState().first(12), u"No notes yet"_s);
     }
 
-    void theButtonMakesANote()
+    void newNoteButtonMakesANote()
     {
         SymbolButton& button = m_page->button(u"New sticky note"_s);
         QCOMPARE(button.toolTip(), u"New sticky note"_s);
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->field().text(), QString());
     }
 
-    void aClickOnARowBringsTheNoteToTheFront()
+    void clickingARowRaisesTheNote()
     {
         const StickyNoteId id = m_page->desk.openSaved(u"a"_s).note().id;
         m_page->manager().closeAll();
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QVERIFY(m_page->manager().isOpen(id));
     }
 
-    void theActionsOfARow()
+    void rowActionsCopyAndDelete()
     {
         m_page->desk.open(u"text"_s);
         m_page->clickAction(0, u"Copy to clipboard"_s);
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->rowNames(), QStringList(u"saved"_s));
     }
 
-    void theKeyboardReachesTheRowsFromTheField()
+    void listKeysWorkWhileTheSearchFieldHasFocus()
     {
         m_page->desk.openSaved(u"a"_s);
         m_page->desk.openSaved(u"b"_s);
@@ -179,14 +179,14 @@ private Q_SLOTS:
         QCOMPARE(m_page->desk.windows.last->viewModel.text(), u"a"_s);
     }
 
-    void aRowShowsItsNotesColor()
+    void rowShowsItsNotesColor()
     {
         m_page->desk.open(u"a"_s).setColor(NoteColor::blue);
         const QImage picture = m_page->list().viewport()->grab().toImage();
         QCOMPARE(picture.pixel(20, 26), Theme::noteSwatch(NoteColor::blue).rgb());
     }
 
-    void theSymbolsOfThePage()
+    void pageHasItsSymbols()
     {
         QVERIFY(m_page->showsOnButton(u"New sticky note"_s, u"plus"_s));
         QVERIFY(m_page->showsOnButton(u"Close all"_s, u"xmark.circle"_s));
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QVERIFY(!m_page->button(u"Clear search"_s).isVisible());
     }
 
-    void aRowShowsByASymbolWhatTheNoteIs()
+    void rowShowsTheSymbolOfTheNotesKind()
     {
         m_page->desk.open(u"draft"_s);
         QVERIFY(m_page->showsSymbol(u"doc.text"_s, 13));
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QVERIFY(!m_page->showsSymbol(u"doc.text"_s, 13));
     }
 
-    void theActionsShowOnlyWhileTheRowHasThePointerOrIsSelected()
+    void actionsShowOnlyInTheHoveredOrSelectedRow()
     {
         m_page->desk.open(u"a"_s);
         m_page->desk.open(u"b"_s);
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(m_page->showsSymbol(u"doc.on.doc"_s, 13, 1));
     }
 
-    void aRowSaysWhatAClickDoes()
+    void rowHasItsHelp()
     {
         m_page->desk.open(u"a"_s);
         QTest::mouseMove(m_page->list().viewport(), {100, 20});
@@ -234,7 +234,7 @@ private Q_SLOTS:
         QCOMPARE(Tooltip::shownText(m_page->window), u"Click to bring the note to the front"_s);
     }
 
-    void aRowShowsWhatIsTyped()
+    void rowShowsTheTextWhileItIsTyped()
     {
         StickyNoteViewModel& note = m_page->desk.open(u"a"_s);
         const QImage before = m_page->list().viewport()->grab().toImage();
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QVERIFY(m_page->list().viewport()->grab().toImage() != before);
     }
 
-    void theFieldCopiesAndPastesThroughTheProgram()
+    void searchFieldUsesTheProgramsPasteboard()
     {
         m_page->desk.pasteboard.copy({.text = u"pasted"_s});
         QTest::keyClick(&m_page->field(), Qt::Key_V, Qt::ControlModifier);
@@ -253,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(m_page->desk.pasteboard.writes, 1);
     }
 
-    void everyShowingStartsOver()
+    void showingThePageResetsIt()
     {
         for (int i = 0; i < 30; ++i)
             m_page->desk.open(QString::number(i));

@@ -29,7 +29,7 @@ private Q_SLOTS:
         m_note.reset();
     }
 
-    void theWindowIsANoteByNameAndRole()
+    void windowHasTheNameAndRoleOfANote()
     {
         QCOMPARE(m_panel->windowTitle(), u"Sticky note"_s);
         QCOMPARE(surface().role, FloatingSurface::Role::note);
@@ -40,18 +40,18 @@ private Q_SLOTS:
         QCOMPARE(accessible->role(), QAccessible::Window);
     }
 
-    void withCompositingThereIsRoomForAShadow()
+    void compositedWindowHasRoomForAShadow()
     {
         QCOMPARE(m_panel->shadowMargin(), 20.0);
         QCOMPARE(m_panel->minimumSize(), QSize(200, 160));
         const QImage picture = m_panel->grab().toImage();
         QCOMPARE(picture.pixelColor(0, 0).alpha(), 0);
         QCOMPARE(picture.pixel(140, 120), Theme::noteSwatch(NoteColor::yellow).rgb());
-        // A little around the paper can be taken hold of.
+        // A narrow margin around the paper takes the mouse, too.
         QCOMPARE(surface().shape, QRegion(16, 16, 248, 208));
     }
 
-    void withoutCompositingThePaperIsAPlainRectangle()
+    void paperIsAPlainRectangleWithoutCompositing()
     {
         surface().setFrame(QRectF(80, 80, 280, 240));
         expectSizeHints();
@@ -70,14 +70,14 @@ private Q_SLOTS:
         QCOMPARE(surface().frame(), QRectF(80, 80, 280, 240));
     }
 
-    void thePaperTakesTheNotesColor()
+    void paperHasTheNotesColor()
     {
         m_note->viewModel.setColor(NoteColor::blue);
         QCOMPARE(m_panel->grab().toImage().pixel(140, 120),
                  Theme::noteSwatch(NoteColor::blue).rgb());
     }
 
-    void theControlsAreThereWhileThePointerIsAndNothingMoves()
+    void controlsShowOnHoverWithoutMovingTheText()
     {
         const auto* controls = m_panel->findChild<NoteControlRow*>();
         const QRect editor = this->editor().geometry();
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(this->editor().geometry(), editor);
     }
 
-    void theHelpOfAControlShowsOnANoteThatHasNotTheKeyboard()
+    void tooltipsShowOnAnUnfocusedNote()
     {
         m_panel->windowHandle()->show();
         QEnterEvent enter(QPointF(50, 50), QPointF(50, 50), QPointF(50, 50));
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QTRY_COMPARE(Tooltip::shownText(*m_panel), u"Yellow"_s);
     }
 
-    void theLineOfKeysStandsAtTheBottom()
+    void hintLineIsAtTheBottom()
     {
         auto* content = editor().parentWidget();
         const auto* hint = content->findChild<QLabel*>();
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(surface().moves, 0);
     }
 
-    void whatIsNoTextMovesTheWindow()
+    void draggingOutsideTheTextMovesTheWindow()
     {
         auto* content = editor().parentWidget();
         drag(*content, {60, 3}, {61, 4});
@@ -160,8 +160,8 @@ private Q_SLOTS:
         QVERIFY(surface().resizes.empty());
     }
 
-    // The window manager that moves the window takes the release of the button.
-    void aMoveEndsWithoutARelease()
+    // The window manager receives the release of the button.
+    void moveEndsWithoutARelease()
     {
         auto* content = editor().parentWidget();
         QWidget* text = editor().viewport();
@@ -175,7 +175,7 @@ private Q_SLOTS:
         QVERIFY(!editor().textCursor().hasSelection());
     }
 
-    void anImageStandsAboveTheText()
+    void imageIsAboveTheText()
     {
         const StickyNote note{.kind = StickyNote::Kind::image};
         open(note);
@@ -216,7 +216,7 @@ private:
         (void)m_panel->grab(); // lays it out
     }
 
-    /// The platform of these tests cannot tell anybody how small a window may become.
+    /// The offscreen platform does not support size hints.
     static void expectSizeHints()
     {
         QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");

@@ -57,47 +57,44 @@ class TestCursorLocator : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePanelStandsUnderTheCaret()
-    {
-        QCOMPARE(originFor({100, 200, 1, 18}), Origin({100, 28}));
-    }
+    void panelIsPlacedBelowTheCaret() { QCOMPARE(originFor({100, 200, 1, 18}), Origin({100, 28})); }
 
-    void withoutRoomUnderTheCaretItStandsAboveIt()
+    void panelIsPlacedAboveTheCaretWithoutRoomBelow()
     {
         QCOMPARE(originFor({100, 700, 1, 18}), Origin({100, 206}));
     }
 
-    void thePanelFitsUnderTheCaretToTheLastPoint()
+    void panelMayUseTheLastPointBelowTheCaret()
     {
         QCOMPARE(originFor({100, 228, 1, 18}), Origin({100, 0}));
         QCOMPARE(originFor({100, 228.5, 1, 18}).value().y(), 900 - 228.5 + 6 - 450.5);
     }
 
-    void aboveTheCaretItIsMovedDownToFitTheVisibleFrame()
+    void panelAboveTheCaretIsClampedToTheVisibleFrame()
     {
         // 900 - 400 + 6 + 648 would reach far over the bar at the top.
         QCOMPARE(originFor({100, 400, 1, 18}), Origin({100, 875 - 648}));
     }
 
-    void nearTheRightEdgeItIsMovedLeft()
+    void panelIsClampedToTheRightEdge()
     {
         QCOMPARE(originFor({1420, 200, 1, 18}), Origin({1440 - 552, 28}));
     }
 
-    void leftOfTheVisibleFrameItIsMovedRight()
+    void panelIsClampedToTheLeftEdge()
     {
         Screen docked = primary;
         docked.visibleFrame = QRectF(64, 0, 1376, 875);
         QCOMPARE(originFor({10, 200, 1, 18}, {docked}), Origin({64, 28}));
     }
 
-    void theLeftEdgeWinsOnANarrowScreen()
+    void leftEdgeTakesPrecedenceOnANarrowScreen()
     {
         const Screen narrow{QRectF(0, 0, 480, 900), QRectF(0, 0, 480, 900), QRect(), 1.0};
         QCOMPARE(originFor({300, 100, 1, 18}, {narrow}), Origin({0, 128}));
     }
 
-    void underTheCaretTheTopIsNotClamped()
+    void topIsNotClampedBelowTheCaret()
     {
         // The caret stands in the bar at the top; the panel follows it, not the visible frame.
         Screen tall = primary;
@@ -105,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(originFor({100, 10, 1, 18}, {tall}), Origin({100, 900 - 28 - 6 - 648}));
     }
 
-    void aCaretOnAScreenToTheLeftIsFoundThereAndKeptThere()
+    void panelStaysOnTheScreenOfTheCaret()
     {
         const std::vector<Screen> screens{primary, left};
         QCOMPARE(originFor({-1000, 50, 1, 18}, screens), Origin({-1000, 900 - 68 - 6 - 648}));
@@ -115,23 +112,23 @@ private Q_SLOTS:
         QCOMPARE(originFor({-1000, 200, 1, 18}, screens), Origin({-1000, 900 - 648}));
     }
 
-    void aCaretOnNoScreenGivesNoOrigin()
+    void caretOnNoScreenGivesNoOrigin()
     {
         QCOMPARE(originFor({5000, 200, 1, 18}), Origin());
         QCOMPARE(originFor({-30, 200, 1, 18}), Origin());
         QCOMPARE(originFor({100, 950, 1, 18}), Origin());
     }
 
-    void withoutScreensThereIsNoOrigin() { QCOMPARE(originFor({100, 200, 1, 18}, {}), Origin()); }
+    void noScreensGiveNoOrigin() { QCOMPARE(originFor({100, 200, 1, 18}, {}), Origin()); }
 
-    void theFirstOfTwoMirroredScreensIsTaken()
+    void firstOfTwoMirroredScreensIsUsed()
     {
         Screen mirror = primary;
         mirror.visibleFrame = QRectF(0, 400, 1440, 500);
         QCOMPARE(originFor({100, 200, 1, 18}, {primary, mirror}), Origin({100, 28}));
     }
 
-    void rectanglesThatAreNoNumbersGiveNoOrigin_data()
+    void nonFiniteRectanglesGiveNoOrigin_data()
     {
         QTest::addColumn<QRectF>("caret");
         const qreal nan = std::nan("");
@@ -142,7 +139,7 @@ private Q_SLOTS:
         QTest::newRow("infinite height") << QRectF(100, 200, 1, infinity);
         QTest::newRow("nan size") << QRectF(100, 200, nan, nan);
     }
-    void rectanglesThatAreNoNumbersGiveNoOrigin()
+    void nonFiniteRectanglesGiveNoOrigin()
     {
         QFETCH(QRectF, caret);
         Search search;
@@ -152,7 +149,7 @@ private Q_SLOTS:
         QCOMPARE(search.origin, Origin());
     }
 
-    void degenerateRectanglesAreRefused_data()
+    void degenerateRectanglesAreRejected_data()
     {
         QTest::addColumn<QRectF>("caret");
         QTest::addColumn<bool>("accepted");
@@ -163,7 +160,7 @@ private Q_SLOTS:
         QTest::newRow("a line high, one wide") << QRectF(100, 200, 1, 18) << true;
         QTest::newRow("wide without height") << QRectF(100, 200, 1.1, 0) << true;
     }
-    void degenerateRectanglesAreRefused()
+    void degenerateRectanglesAreRejected()
     {
         QFETCH(QRectF, caret);
         QFETCH(bool, accepted);
@@ -174,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(search.origin.has_value(), accepted);
     }
 
-    void aLookupThatFindsNothingGivesNoOrigin()
+    void failedLookupGivesNoOrigin()
     {
         Search search;
         search.start();
@@ -182,7 +179,7 @@ private Q_SLOTS:
         QCOMPARE(search.origin, Origin());
     }
 
-    void aLateAnswerIsPlacedOnTheScreensOfThatMoment()
+    void lateAnswerUsesTheCurrentScreens()
     {
         Search search;
         search.lookup.answersAtOnce = false;

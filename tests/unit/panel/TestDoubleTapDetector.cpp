@@ -11,13 +11,13 @@ class TestDoubleTapDetector : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theFirstTapIsNoDoubleTap()
+    void firstTapIsNotADoubleTap()
     {
         DoubleTapDetector detector;
         QVERIFY(!detector.registerModifierDown(0ms, 300ms));
     }
 
-    void aSecondTapWithinTheThresholdCompletesADoubleTap_data()
+    void secondTapWithinTheThresholdCompletesADoubleTap_data()
     {
         QTest::addColumn<int>("secondTapMs");
         QTest::addColumn<int>("thresholdMs");
@@ -29,7 +29,7 @@ private Q_SLOTS:
         QTest::newRow("threshold zero, same moment") << 0 << 0 << true;
         QTest::newRow("negative threshold") << 0 << -100 << false;
     }
-    void aSecondTapWithinTheThresholdCompletesADoubleTap()
+    void secondTapWithinTheThresholdCompletesADoubleTap()
     {
         QFETCH(int, secondTapMs);
         QFETCH(int, thresholdMs);
@@ -42,7 +42,7 @@ private Q_SLOTS:
                  completes);
     }
 
-    void everyWholeMillisecondIsWithinItsOwnThreshold()
+    void thresholdIsInclusive()
     {
         for (int milliseconds = 0; milliseconds <= 2'000; ++milliseconds) {
             const DoubleTapDetector::Threshold threshold(milliseconds / 1000.0);
@@ -53,7 +53,7 @@ private Q_SLOTS:
         }
     }
 
-    void aLateSecondTapIsTheNewFirstOne()
+    void lateSecondTapCountsAsFirst()
     {
         DoubleTapDetector detector;
         detector.registerModifierDown(0ms, 300ms);
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QVERIFY(detector.registerModifierDown(601ms, 300ms));
     }
 
-    void aThirdQuickTapCompletesAnotherDoubleTap()
+    void thirdQuickTapCompletesAnotherDoubleTap()
     {
         DoubleTapDetector detector;
         QVERIFY(!detector.registerModifierDown(0ms, 300ms));
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QVERIFY(detector.registerModifierDown(200ms, 300ms));
     }
 
-    void aKeyBetweenTheTapsCancelsOnlyThatPair()
+    void keyBetweenTheTapsCancelsOnlyThatPair()
     {
         DoubleTapDetector detector;
         detector.registerModifierDown(0ms, 300ms);
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(detector.registerModifierDown(200ms, 300ms));
     }
 
-    void aKeyBeforeTheFirstTapDoesNotMatter()
+    void keyBeforeTheFirstTapDoesNotMatter()
     {
         DoubleTapDetector detector;
         detector.registerKeyPress();

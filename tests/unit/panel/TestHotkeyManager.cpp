@@ -67,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void aKeyBetweenTheTapsPreventsTheTrigger()
+    void keyBetweenTheTapsPreventsTheTrigger()
     {
         Desk desk;
         desk.tap(0ms);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
     }
 
-    void onlyTheModifiersOwnEdgeCounts()
+    void onlyPressesOfTheChosenModifierCount()
     {
         Desk desk;
         desk.keyboard.changeFlags(ModifierFlag::option, 0ms);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void aShortcutBetweenTwoCommandTapsPreventsTheTrigger()
+    void shortcutBetweenTwoCommandTapsPreventsTheTrigger()
     {
         Desk desk(HotkeyModifier::command);
         desk.keyboard.changeFlags(ModifierFlag::command, 0ms);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
     }
 
-    void thresholdZeroNeedsTheSameMoment()
+    void zeroThresholdRequiresSimultaneousTaps()
     {
         Desk desk;
         desk.settings.setHotkeyThresholdMs(0);
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void settingsAreLookedUpAtEveryEvent()
+    void settingsAreReadOnEveryEvent()
     {
         Desk desk;
         desk.settings.setHotkeyThresholdMs(1'000);
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void startingTwiceInstallsOnePair()
+    void startingTwiceInstallsOnePairOfMonitors()
     {
         Desk desk;
         desk.manager->start();
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
     }
 
-    void switchedOffInTheSettingsNothingIsInstalled()
+    void disabledHotkeyInstallsNoMonitors()
     {
         Desk desk;
         desk.manager->uninstall();
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::local), 0U);
     }
 
-    void startingDoesNotRemoveWhatIsInstalled()
+    void startingDoesNotRemoveInstalledMonitors()
     {
         Desk desk;
         desk.settings.setHotkeyEnabled(false);
@@ -238,7 +238,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void restartingForgetsTheLastTapAndWhatWasDown()
+    void restartingForgetsTheLastTapAndPressedModifiers()
     {
         Desk desk;
         desk.tap(0ms);
@@ -248,14 +248,14 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
 
         desk.keyboard.changeFlags(ModifierFlag::control, 1'000ms);
-        desk.manager->restart(); // the key is let go while nobody watches
+        desk.manager->restart(); // the key is released while nothing is monitored
         desk.keyboard.changeFlags(ModifierFlag::control, 2'000ms);
         desk.keyboard.changeFlags(0, 2'050ms);
         desk.keyboard.changeFlags(ModifierFlag::control, 2'100ms);
         QCOMPARE(desk.triggers, 1);
     }
 
-    void aKeyBeforeTheRestartIsForgotten()
+    void keyBeforeTheRestartIsForgotten()
     {
         Desk desk;
         desk.keyboard.pressKey(0ms);
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 1);
     }
 
-    void restartingTakesUpTheSwitch()
+    void restartingAppliesTheEnabledSetting()
     {
         Desk desk;
         desk.settings.setHotkeyEnabled(false);
@@ -275,7 +275,7 @@ private Q_SLOTS:
         QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::local), 0U);
     }
 
-    void untrustedTheMonitorsAreInstalledAllTheSame()
+    void monitorsAreInstalledEvenWithoutPermission()
     {
         Desk desk;
         desk.manager->uninstall();
@@ -286,7 +286,7 @@ private Q_SLOTS:
         QCOMPARE(desk.keyboard.monitorCount(KeyEventScope::global), 1U);
     }
 
-    void withoutACallbackADoubleTapDoesNothing()
+    void doubleTapWithoutACallbackDoesNothing()
     {
         Desk desk;
         desk.manager->setOnTrigger({});
@@ -295,7 +295,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
     }
 
-    void theCallbackMayRestartTheManager()
+    void callbackMayRestartTheManager()
     {
         Desk desk;
         desk.manager->setOnTrigger([&desk] {
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 2);
     }
 
-    void eventsAfterTheManagersEndAreNobodys()
+    void eventsAfterDestructionAreIgnored()
     {
         Desk desk;
         desk.manager.reset();
@@ -319,7 +319,7 @@ private Q_SLOTS:
         QCOMPARE(desk.triggers, 0);
     }
 
-    void permissionIsAskedForOnceAndRememberedBefore()
+    void permissionIsRequestedOnceAndTheRequestRememberedFirst()
     {
         FakeUserDefaults defaults;
         FakeKeyEventMonitor keyboard;
@@ -337,7 +337,7 @@ private Q_SLOTS:
         QCOMPARE(defaults.writes, 1);
     }
 
-    void permissionThatIsThereIsNotAskedFor()
+    void grantedPermissionIsNotRequested()
     {
         FakeUserDefaults defaults;
         FakeKeyEventMonitor keyboard;
@@ -346,7 +346,7 @@ private Q_SLOTS:
         QCOMPARE(defaults.writes, 0);
     }
 
-    void aPromptFlagOfAnotherTypeCountsAsAbsent()
+    void promptFlagOfAnotherTypeCountsAsAbsent()
     {
         FakeUserDefaults defaults;
         defaults.values.insert(u"accessibility.didPrompt"_s, u"true"_s);

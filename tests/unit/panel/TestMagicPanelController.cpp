@@ -28,14 +28,14 @@ private Q_SLOTS:
 
     // Showing
 
-    void initiallyThePanelIsHidden()
+    void panelIsHiddenInitially()
     {
         QVERIFY(!desk().controller->isPanelVisible());
         QVERIFY(!desk().animator.visible());
         QCOMPARE(desk().keys.monitorCount(), 0U);
     }
 
-    void showingTakesTheKeyboardAndBringsTheContentIn()
+    void showingTakesTheKeyboardAndAnimatesTheContentIn()
     {
         QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target org.editor pid 4711");
         QTest::ignoreMessage(QtInfoMsg, "Panel shown");
@@ -48,14 +48,14 @@ private Q_SLOTS:
         QCOMPARE(desk().keys.monitorCount(), 1U);
     }
 
-    void atTheCaretThePanelIsWhereTheLocatorSays()
+    void panelIsPlacedAtTheLocatedCaret()
     {
         desk().caretLookup.caret = QRectF(100, 200, 1, 18);
         desk().showPanel();
         QCOMPARE(desk().panel.frame(), QRectF(100, 28, 552, 648));
     }
 
-    void withoutACaretThePanelIsCenterdUnderTheMouse()
+    void panelIsCenteredOnTheMouseScreenWithoutACaret()
     {
         desk().screens.list.push_back(
             {QRectF(-1280, 100, 1280, 800), QRectF(-1280, 140, 1280, 760), QRect(), 1.0});
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.frame(), QRectF(-640 - 276, 520 - 324, 552, 648));
     }
 
-    void withoutAFrontmostApplicationNilIsLogged()
+    void missingFrontmostApplicationIsLoggedAsNil()
     {
         desk().workspace.frontmost.reset();
         QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target nil pid -1");
@@ -79,14 +79,14 @@ private Q_SLOTS:
         QVERIFY(desk().keystroke.targets.empty());
     }
 
-    void aTargetWithoutBundleIdentifierIsLoggedAsNil()
+    void targetWithoutBundleIdentifierIsLoggedAsNil()
     {
         desk().editor->bundleId.reset();
         QTest::ignoreMessage(QtInfoMsg, "Panel show: captured target nil pid 4711");
         desk().showPanel();
     }
 
-    void contentIsBroughtUpToDateBeforeThePanelIsSeen()
+    void contentIsUpdatedBeforeThePanelIsVisible()
     {
         const QSignalSpy aboutToShow(desk().controller.get(), &MagicPanelController::aboutToShow);
         connect(desk().controller.get(), &MagicPanelController::aboutToShow, this,
@@ -97,7 +97,7 @@ private Q_SLOTS:
 
     // Waiting for the caret
 
-    void whileTheCaretIsAwaitedThePanelCountsAsVisible()
+    void panelCountsAsVisibleWhileWaitingForTheCaret()
     {
         desk().caretLookup.answersAtOnce = false;
         desk().controller->show();
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.frame().topLeft(), QPointF(100, 28));
     }
 
-    void theTargetIsCapturedBeforeTheCaretIsAwaited()
+    void targetIsCapturedBeforeWaitingForTheCaret()
     {
         desk().caretLookup.answersAtOnce = false;
         desk().controller->show();
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(desk().onlyTheEditorWasPastedInto());
     }
 
-    void aSecondShowWhileTheCaretIsAwaitedDoesNothing()
+    void secondShowWhileWaitingForTheCaretDoesNothing()
     {
         desk().caretLookup.answersAtOnce = false;
         const QSignalSpy aboutToShow(desk().controller.get(), &MagicPanelController::aboutToShow);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.presentations.size(), 1U);
     }
 
-    void hidingWhileTheCaretIsAwaitedCallsTheShowingOff()
+    void hidingWhileWaitingForTheCaretCancelsTheShow()
     {
         desk().caretLookup.answersAtOnce = false;
         desk().controller->show();
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.orderOuts, 0);
     }
 
-    void theAnswerToAShowingThatWasCalledOffIsDropped()
+    void answerToACanceledShowIsDropped()
     {
         desk().caretLookup.answersAtOnce = false;
         desk().controller->show();
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.frame().topLeft(), QPointF(100, 28));
     }
 
-    void anAnswerAfterTheControllersEndIsNobodys()
+    void answerAfterDestructionIsIgnored()
     {
         desk().caretLookup.answersAtOnce = false;
         desk().controller->show();
@@ -169,7 +169,7 @@ private Q_SLOTS:
 
     // Hiding
 
-    void hidingTakesTheContentOutAndThenTheWindow()
+    void hidingAnimatesTheContentOutBeforeTheWindowGoes()
     {
         desk().showPanel();
         desk().controller->hide();
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QVERIFY(!desk().controller->isPanelVisible());
     }
 
-    void theMouseGoesThroughAPanelOnItsWayOut()
+    void hidingPanelIsClickThrough()
     {
         desk().showPanel();
         QVERIFY(!desk().panel.isClickThrough);
@@ -195,7 +195,7 @@ private Q_SLOTS:
         QVERIFY(!desk().panel.isClickThrough);
     }
 
-    void aPanelShownWhileItHidesTakesTheMouseAgain()
+    void panelShownWhileHidingTakesClicksAgain()
     {
         desk().showPanel();
         desk().controller->hide();
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QVERIFY(!desk().panel.isClickThrough);
     }
 
-    void aPanelThatLosesTheKeyboardLetsTheMouseThrough()
+    void panelThatLosesTheKeyboardIsClickThrough()
     {
         desk().showPanel();
         desk().panel.setKey(false);
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.orderOuts, 0);
     }
 
-    void twoHidesMakeOneAnimationAndOneOrderOut()
+    void hidingTwiceAnimatesAndOrdersOutOnce()
     {
         desk().showPanel();
         const QSignalSpy changed(&desk().animator, &PanelAnimator::visibleChanged);
@@ -231,7 +231,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.orderOuts, 1);
     }
 
-    void afterHidingThePanelCanBeShownAgain()
+    void panelCanBeShownAgainAfterHiding()
     {
         desk().showPanel();
         desk().controller->hide();
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QVERIFY(desk().panel.isVisible());
     }
 
-    void escapeHidesAndGoesNoFurther()
+    void escapeHidesThePanelAndIsConsumed()
     {
         desk().showPanel();
         QVERIFY(!desk().keys.press(Qt::Key_A));
@@ -251,11 +251,11 @@ private Q_SLOTS:
         QVERIFY(desk().animator.visible());
         QVERIFY(desk().keys.press(Qt::Key_Escape));
         QVERIFY(!desk().animator.visible());
-        // From here on it is not the panel's business any more.
+        // A hidden panel does not handle keys.
         QVERIFY(!desk().keys.press(Qt::Key_Escape));
     }
 
-    void losingTheKeyboardHides()
+    void losingTheKeyboardHidesThePanel()
     {
         desk().showPanel();
         desk().panel.setKey(false);
@@ -275,7 +275,7 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.presentations.size(), 2U);
     }
 
-    void showingWhileHidingDoesNotCallTheHideOff()
+    void showingWhileHidingDoesNotCancelTheHide()
     {
         desk().showPanel();
         desk().controller->hide();

@@ -19,9 +19,9 @@ class TestPanelAnimator : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theFlagStartsFalse() { QVERIFY(!PanelAnimator().visible()); }
+    void isNotVisibleInitially() { QVERIFY(!PanelAnimator().visible()); }
 
-    void observersSeeTheNewFlagAndItsCurve()
+    void observersSeeTheNewValueAndItsCurve()
     {
         PanelAnimator animator;
         int notifications = 0;
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(notifications, 1);
     }
 
-    void settingTheSameFlagNotifiesNobodyAndKeepsTheCurve()
+    void settingTheSameValueNotifiesNobodyAndKeepsTheCurve()
     {
         PanelAnimator animator;
         animator.setVisible(true, spring);
@@ -44,13 +44,13 @@ private Q_SLOTS:
         QCOMPARE(animator.curve(), AnimationCurve(spring));
     }
 
-    void curvesBeginAtZeroAndEndAtOne_data()
+    void curvesStartAtZeroAndEndAtOne_data()
     {
         QTest::addColumn<bool>("isSpring");
         QTest::newRow("spring") << true;
         QTest::newRow("ease in") << false;
     }
-    void curvesBeginAtZeroAndEndAtOne()
+    void curvesStartAtZeroAndEndAtOne()
     {
         QFETCH(bool, isSpring);
         const AnimationCurve curve = isSpring ? AnimationCurve(spring) : AnimationCurve(easeIn);
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(progress(curve, 10s) - 1.0) < 1e-9);
     }
 
-    void theSpringIsQuickAndOvershootsALittle()
+    void springIsQuickAndOvershootsALittle()
     {
         // The first crest of the swing: half a period in, exp(-pi * 0.7 / sqrt(1 - 0.49)) high.
         const std::chrono::duration<double> crest(0.34 / 2.0 / std::sqrt(0.51));
@@ -69,13 +69,13 @@ private Q_SLOTS:
         QVERIFY(duration(spring) < 500ms);
     }
 
-    void theSpringStaysSettledAfterItsDuration()
+    void springStaysSettledAfterItsDuration()
     {
         for (auto elapsed = duration(spring); elapsed < 2s; elapsed += 1ms)
             QVERIFY(std::abs(progress(spring, elapsed) - 1.0) <= 0.004);
     }
 
-    void easingInFollowsItsCurve_data()
+    void easeInFollowsItsBezierCurve_data()
     {
         QTest::addColumn<int>("milliseconds");
         QTest::addColumn<double>("expected");
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QTest::newRow("three quarters") << 120 << 0.62186;
         QTest::newRow("all") << 160 << 1.0;
     }
-    void easingInFollowsItsCurve()
+    void easeInFollowsItsBezierCurve()
     {
         QFETCH(const int, milliseconds);
         QFETCH(const double, expected);

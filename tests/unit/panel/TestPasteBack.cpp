@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(desk().editor->activations, 1);
     }
 
-    void aTargetThatIsFrontmostIsLoggedAsSuch()
+    void frontmostTargetIsLogged()
     {
         desk().editor->bundleId.reset();
         desk().showPanel();
@@ -56,7 +56,7 @@ private Q_SLOTS:
         desk().requestPaste();
     }
 
-    void withoutAnyFrontmostApplicationTheTargetIsNotFrontmost()
+    void targetIsNotFrontmostIfNoApplicationIs()
     {
         desk().showPanel();
         desk().workspace.frontmost.reset();
@@ -65,7 +65,7 @@ private Q_SLOTS:
         desk().requestPaste();
     }
 
-    void aTargetThatIsNotLiveIsNotPastedInto_data()
+    void targetThatIsNotRunningGetsNoPaste_data()
     {
         QTest::addColumn<int>("pid");
         QTest::addColumn<bool>("finishedLaunching");
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QTest::newRow("still launching") << 4711 << false << false;
         QTest::newRow("terminated") << 4711 << true << true;
     }
-    void aTargetThatIsNotLiveIsNotPastedInto()
+    void targetThatIsNotRunningGetsNoPaste()
     {
         QFETCH(int, pid);
         QFETCH(bool, finishedLaunching);
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QVERIFY(desk().keystroke.targets.empty());
     }
 
-    void aTargetThatQuitsMeanwhileGetsNoKeystroke()
+    void targetThatQuitsBeforeThePasteGetsNoKeystroke()
     {
         desk().showPanel();
         desk().requestPaste();
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QVERIFY(desk().keystroke.targets.empty());
     }
 
-    void theTargetOfTheRequestIsKeptWhenThePanelIsShownAgain()
+    void showingThePanelAgainKeepsTheRequestsTarget()
     {
         desk().showPanel();
         desk().requestPaste();
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(desk().onlyTheEditorWasPastedInto());
     }
 
-    void thePanelNeverBecomesItsOwnTarget()
+    void panelIsNeverItsOwnTarget()
     {
         desk().showPanel();
         desk().workspace.frontmost = std::make_shared<Application>(1, u"app.driftbox"_s);
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QVERIFY(desk().onlyTheEditorWasPastedInto());
     }
 
-    void theTargetOutlivesHiding()
+    void targetIsKeptAfterHiding()
     {
         desk().showPanel();
         desk().controller->hide();
@@ -137,14 +137,14 @@ private Q_SLOTS:
         QCOMPARE(desk().panel.orderOuts, 1);
     }
 
-    void beforeTheFirstShowThereIsNoTarget()
+    void noTargetBeforeTheFirstShow()
     {
         QTest::ignoreMessage(QtCriticalMsg,
                              "Paste requested but no live frontmost target was captured");
         desk().requestPaste();
     }
 
-    void stepsAfterTheControllersEndAreNobodys()
+    void pendingStepsAreDroppedOnDestruction()
     {
         desk().showPanel();
         desk().requestPaste();

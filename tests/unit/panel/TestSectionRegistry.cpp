@@ -46,7 +46,7 @@ class TestSectionRegistry : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNewRegistryIsEmpty()
+    void registryIsEmptyInitially()
     {
         const SectionRegistry registry;
         QVERIFY(registry.sections().empty());
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(registry.activeSection(), nullptr);
     }
 
-    void theFirstSectionIsActiveAndADuplicateIsIgnored()
+    void firstSectionIsActiveAndDuplicatesAreIgnored()
     {
         SectionRegistry registry;
         const QSignalSpy sectionsChanged(&registry, &SectionRegistry::sectionsChanged);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(activeChanged.count(), 0);
     }
 
-    void anEmptyIdIsAnIdToo()
+    void emptyIdIsValid()
     {
         SectionRegistry registry;
         add(registry, u""_s);
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QCOMPARE(registry.activeID(), u""_s);
     }
 
-    void neighboursAreCountedAroundTheEnds()
+    void neighborsWrapAroundTheEnds()
     {
         SectionRegistry registry;
         registry.selectNeighbor(1);

@@ -34,7 +34,7 @@ class TestFloatingPanel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWindowIsAPanelOfItsSize()
+    void windowHasThePanelRoleAndSize()
     {
         Desktop desktop;
         QCOMPARE(desktop.surfaces.surfaces.size(), 1U);
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QVERIFY(desktop.surface().window.requestedFormat().hasAlpha());
     }
 
-    void assistiveTechnologyKnowsItByName()
+    void windowHasAnAccessibleName()
     {
         Desktop desktop;
         auto* accessible = QAccessible::queryAccessibleInterface(&desktop.panel);
@@ -55,14 +55,14 @@ private Q_SLOTS:
         QCOMPARE(desktop.panel.windowTitle(), u"Drift Box"_s);
     }
 
-    void onlyTheCardExistsForTheUser()
+    void inputShapeIsTheCard()
     {
         Desktop desktop;
         QCOMPARE(desktop.surface().shape.boundingRect(), QRect(28, 28, 496, 592));
         QVERIFY(!desktop.surface().shape.contains(QPoint(29, 29)));
     }
 
-    void compositingIsFollowed()
+    void compositingChangesAreFollowed()
     {
         Desktop desktop;
         const auto cornerAlpha = [&desktop] {
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QVERIFY(desktop.surface().presentations.empty());
     }
 
-    void theSettingsAreAskedForThroughThePanel()
+    void settingsRequestIsForwarded()
     {
         Desktop desktop;
         const QSignalSpy requested(&desktop.panel, &FloatingPanel::settingsRequested);

@@ -112,13 +112,13 @@ class TestMagicPanelRootView : public QObject
     ThemeFollower m_theme{m_appearance};
 
 private Q_SLOTS:
-    void theRailHasAButtonASectionAndTheSettings()
+    void railHasOneButtonPerSectionAndSettings()
     {
         const RootViewPanel panel;
         QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard*"_s, u"Notes"_s, u"Settings"_s}));
     }
 
-    void theRailIsReadAndWalkedThroughFromTheTop()
+    void railIsReadAndTabbedFromTheTop()
     {
         RootViewPanel panel;
         panel.add(u"More"_s);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QCOMPARE(buttons[2]->nextInFocusChain(), buttons[3]);
     }
 
-    void theArrowKeysChangeTheSectionOnTheRail()
+    void arrowKeysOnTheRailChangeTheSection()
     {
         RootViewPanel panel;
         QVERIFY(QTest::qWaitForWindowActive(&panel.window));
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard"_s, u"Notes*"_s, u"Settings"_s}));
     }
 
-    void theRailHasTheSymbolsOfTheSections()
+    void railHasTheSymbolsOfTheSections()
     {
         const RootViewPanel panel;
         const auto buttons = panel.buttons();
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(ShownSymbols::isIn(*buttons[2], u"gearshape"_s, other));
     }
 
-    void theRailHasItsMeasures()
+    void railButtonsHaveTheirGeometry()
     {
         const RootViewPanel panel;
         const auto buttons = panel.buttons();
@@ -175,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(place(buttons[2]), QRect(34, 648 - 28 - 12 - 32, 32, 32));
     }
 
-    void thePageFillsTheRestOfTheCard()
+    void pageFillsTheRestOfTheCard()
     {
         const RootViewPanel panel;
         const QWidget* page = panel.page(u"clipboard"_s);
@@ -184,7 +184,7 @@ private Q_SLOTS:
                  QRect(28 + 44 + 1, 28, 552 - 56 - 45, 592));
     }
 
-    void withoutSectionsTheEmptyStateStands()
+    void emptyStateIsShownWithoutSections()
     {
         RootViewPanel panel(QStringList{});
         QCOMPARE(panel.buttonNames(), QStringList({u"Settings"_s}));
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(panel.buttonNames(), QStringList({u"Clipboard*"_s, u"Settings"_s}));
     }
 
-    void aSectionRegisteredLaterGetsAButtonAndNothingElseChanges()
+    void laterSectionGetsAButtonAndKeepsThePage()
     {
         RootViewPanel panel;
         const QPointer<QWidget> page = panel.page(u"clipboard"_s);
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(panel.page(u"clipboard"_s), page.data());
     }
 
-    void aClickOnTheRailShowsThatSection()
+    void clickingARailButtonShowsItsSection()
     {
         RootViewPanel panel;
         const QPointer<QWidget> old = panel.page(u"clipboard"_s);
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QTRY_VERIFY(old.isNull());
     }
 
-    void aClickOnTheActiveSectionKeepsItsPage()
+    void clickingTheActiveSectionKeepsItsPage()
     {
         RootViewPanel panel;
         const QPointer<QWidget> page = panel.page(u"clipboard"_s);
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(panel.page(u"clipboard"_s), page.data());
     }
 
-    void theSettingsButtonAsksForTheSettings()
+    void settingsButtonRequestsTheSettings()
     {
         RootViewPanel panel;
         const QSignalSpy requested(&panel.view, &MagicPanelRootView::settingsRequested);
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QVERIFY(!panel.buttons().last()->isActive());
     }
 
-    void controlAndTabChangeTheSection()
+    void controlTabChangesTheSection()
     {
         RootViewPanel panel;
         panel.animator.setVisible(true, rootViewSpring);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         QCOMPARE(panel.registry.activeID(), u"notes"_s);
     }
 
-    void shownThePageHasTheTypingFromTheFirstKeyOn()
+    void pageReceivesTypingFromTheFirstKey()
     {
         RootViewPanel panel;
         QVERIFY(QTest::qWaitForWindowActive(&panel.window));
@@ -268,7 +268,7 @@ private Q_SLOTS:
         QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), u"abc"_s);
     }
 
-    void everyShowingGivesThePageTheTypingBack()
+    void showingFocusesThePageAgain()
     {
         RootViewPanel panel;
         panel.animator.setVisible(true, rootViewSpring);
@@ -282,7 +282,7 @@ private Q_SLOTS:
         QCOMPARE(panel.window.focusWidget(), panel.page(u"clipboard"_s)->focusProxy());
     }
 
-    void aNewSectionHasTheTyping()
+    void newSectionHasTheFocus()
     {
         RootViewPanel panel;
         panel.animator.setVisible(true, rootViewSpring);
@@ -290,7 +290,7 @@ private Q_SLOTS:
         QCOMPARE(panel.window.focusWidget(), panel.page(u"notes"_s)->focusProxy());
     }
 
-    void theCardFollowsLightAndDark()
+    void cardFollowsTheColorScheme()
     {
         RootViewPanel panel;
         const QColor light = panel.picture().pixelColor(300, 600);
@@ -300,7 +300,7 @@ private Q_SLOTS:
         QVERIFY(light.lightness() > 200 && dark.lightness() < 60);
     }
 
-    void withoutCompositingEveryPixelIsOpaque()
+    void everyPixelIsOpaqueWithoutCompositing()
     {
         RootViewPanel panel;
         panel.view.setComposited(false);
@@ -312,7 +312,7 @@ private Q_SLOTS:
         QVERIFY(!panel.view.graphicsEffect());
     }
 
-    void theCardsRegionHasRoundCorners()
+    void cardRegionHasRoundCorners()
     {
         const RootViewPanel panel;
         const QRegion region = panel.view.cardRegion();

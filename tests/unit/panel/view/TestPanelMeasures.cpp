@@ -27,7 +27,7 @@ QColor panelShadow(double distance)
 
 } // namespace
 
-/// The looks of the panel, as they are to be.
+/// Pins the appearance of the panel.
 class TestPanelMeasures : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ class TestPanelMeasures : public QObject
     ThemeFollower m_theme{m_appearance};
 
 private Q_SLOTS:
-    void theCardHasItsColors_data()
+    void cardHasItsColorsAndShadow_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<QColor>("color");
@@ -65,7 +65,7 @@ private Q_SLOTS:
         row("the divider", {72, middle.y()}, ShownColors::over(ground, divider));
         row("the page's first column", {73, middle.y()}, ground);
     }
-    void theCardHasItsColors()
+    void cardHasItsColorsAndShadow()
     {
         QFETCH(const QPoint, place);
         QFETCH(const QColor, color);
@@ -74,7 +74,7 @@ private Q_SLOTS:
     }
 
     // At the diagonal the corner of a radius of 14 begins 4.1 points from either side.
-    void theCardHasRoundCorners_data()
+    void cardHasRoundCorners_data()
     {
         QTest::addColumn<QPoint>("outside");
         QTest::addColumn<QPoint>("inside");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QTest::newRow("lower left") << QPoint(31, 616) << QPoint(32, 615);
         QTest::newRow("lower right") << QPoint(520, 616) << QPoint(519, 615);
     }
-    void theCardHasRoundCorners()
+    void cardHasRoundCorners()
     {
         QFETCH(const QPoint, outside);
         QFETCH(const QPoint, inside);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(shown.pixelColor(inside).alpha() >= 250);
     }
 
-    void theActiveSectionHasItsGround_data()
+    void activeButtonHasItsBackground_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<double>("coverage");
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QTest::newRow("within the corner") << QPoint(2, 2) << 1.0;
         QTest::newRow("a side") << QPoint(0, 16) << 1.0;
     }
-    void theActiveSectionHasItsGround()
+    void activeButtonHasItsBackground()
     {
         QFETCH(const QPoint, place);
         QFETCH(const double, coverage);

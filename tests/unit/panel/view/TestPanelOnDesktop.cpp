@@ -136,7 +136,7 @@ private Q_SLOTS:
         m_other.reset();
     }
 
-    void theCardIsSeenUnderTheCaretAndNothingAroundIt()
+    void onlyTheCardIsVisibleBelowTheCaret()
     {
         const QColor desktop = m_user.colorAt(inTheCard);
         QVERIFY(desktop != Theme::panelBackground());
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_user.colorAt(inTheCard), desktop);
     }
 
-    void whereWindowsAreBlendedTheCardLiesOnAShadow()
+    void cardHasAShadowWithCompositing()
     {
         const Compositor compositor;
         QTRY_VERIFY(m_panel->surface.isComposited());
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_user.colorAt(underTheCard), other);
     }
 
-    void typingGoesToTheSearchFieldAndBackAgain()
+    void typingGoesToTheSearchFieldAndBackToTheApplication()
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QCOMPARE(m_panel->typed(), u"ab"_s);
     }
 
-    void aClickElsewhereHidesThePanel()
+    void clickingElsewhereHidesThePanel()
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
@@ -195,7 +195,7 @@ private Q_SLOTS:
         QVERIFY(!m_panel->animator.visible());
     }
 
-    void aClickInThePanelKeepsIt()
+    void clickingInThePanelKeepsItOpen()
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QVERIFY(m_panel->animator.visible());
     }
 
-    void theApplicationBeneathIsTheTargetOfPasting()
+    void previousApplicationIsThePasteTarget()
     {
         m_panel->controller.show();
         QTRY_VERIFY(m_panel->isKey());
@@ -216,7 +216,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_other->hasFocus());
     }
 
-    void manyRoundsLeaveNothingBehind()
+    void repeatedShowingLeaksNothing()
     {
         for (int round = 0; round < 5; ++round) {
             m_panel->controller.show();

@@ -84,7 +84,7 @@ class TestPanelTransition : public QObject
 private Q_SLOTS:
     // The effect
 
-    void theEffectScalesAboutTheCenterAndFades_data()
+    void effectScalesAboutTheCenterAndFades_data()
     {
         QTest::addColumn<double>("presence");
         QTest::addColumn<int>("firstPixel");
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QTest::newRow("in") << 1.0 << 50 << 255;
         QTest::newRow("over, where there is no room") << 1.5 << 50 << 255;
     }
-    void theEffectScalesAboutTheCenterAndFades()
+    void effectScalesAboutTheCenterAndFades()
     {
         QFETCH(double, presence);
         QFETCH(int, firstPixel);
@@ -111,14 +111,14 @@ private Q_SLOTS:
         QCOMPARE(window.colorAt(100, 201 - firstPixel).alpha(), 0);
     }
 
-    void outNothingIsDrawn()
+    void nothingIsDrawnWithoutPresence()
     {
         Window window;
         window.content.setGraphicsEffect(new CardEffect);
         QCOMPARE(window.colorAt(100, 100).alpha(), 0);
     }
 
-    void theEffectFollowsTheContentUntilItIsFrozen()
+    void effectFollowsTheContentUntilFrozen()
     {
         Window window;
         window.window.show();
@@ -137,7 +137,7 @@ private Q_SLOTS:
 
     // The transition
 
-    void theContentComesInAndIsItselfAgain()
+    void effectIsRemovedOnceTheContentIsShown()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(panel.colorAt(51, 51), QColor(Qt::red));
     }
 
-    void theContentGoesOutAndStaysOut()
+    void contentFadesOutAndStaysHidden()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(!panel.isMoving());
     }
 
-    void goingOutItIsAPictureThatTakesNoInput()
+    void outgoingContentIsFrozenAndTakesNoInput()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QVERIFY(panel.content.isEnabled());
     }
 
-    void keysWhileItGoesOutAreNobodys()
+    void keysDuringHidingAreDropped()
     {
         TransitionPanel panel;
         QLineEdit* const field = panel.addField();
@@ -195,7 +195,7 @@ private Q_SLOTS:
         QCOMPARE(field->text(), u"b"_s);
     }
 
-    void turnedAroundItContinuesFromWhereItIs()
+    void reversedTransitionContinuesFromItsCurrentState()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(panel.colorAt(51, 51), QColor(Qt::red));
     }
 
-    void hiddenInTheMiddleItBeginsAnewNextTime()
+    void interruptedTransitionStartsOverNextTime()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!panel.isMoving());
     }
 
-    void goingOutWhileHiddenNeedsNoMovement()
+    void hidingAHiddenWindowNeedsNoAnimation()
     {
         TransitionPanel panel;
         panel.animator.setVisible(true, transitionSpring);
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(panel.content.isEnabled());
     }
 
-    void notAnimatedItIsInAtOnceAndAPictureUntilHidden()
+    void withoutAnimationContentShowsImmediatelyAndFreezesUntilHidden()
     {
         TransitionPanel panel;
         panel.transition.setAnimated(false);
@@ -247,7 +247,7 @@ private Q_SLOTS:
         QVERIFY(panel.content.isEnabled());
     }
 
-    void typingWhileItComesInIsNotLost()
+    void typingDuringShowingIsNotLost()
     {
         TransitionPanel panel;
         QLineEdit* const field = panel.addField();

@@ -50,7 +50,7 @@ private Q_SLOTS:
         QVERIFY(!button.isActive());
     }
 
-    void aClickIsReportedAndChangesNothing()
+    void clickIsReportedAndKeepsTheState()
     {
         RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         const QSignalSpy clicked(&button, &RailIconButton::clicked);
@@ -63,13 +63,13 @@ private Q_SLOTS:
         QCOMPARE(clicked.count(), 2);
     }
 
-    void aClickDoesNotTakeTheTyping()
+    void clickDoesNotTakeTheFocus()
     {
         const RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         QCOMPARE(button.focusPolicy(), Qt::TabFocus);
     }
 
-    void anActiveButtonIsTintedWithTheAccent()
+    void activeButtonIsTintedWithTheAccent()
     {
         RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         QCOMPARE(backgroundOf(button).alpha(), 0);
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(backgroundOf(button).hueF() - Theme::accent().hueF()) < 0.05F);
     }
 
-    void thePointerFadesTheBackgroundInAndOut()
+    void hoverFadesTheBackgroundInAndOut()
     {
         RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         button.show();
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTRY_COMPARE(backgroundOf(button).alpha(), 0);
     }
 
-    void aHiddenButtonForgetsThePointer()
+    void hidingResetsTheHoverState()
     {
         RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         button.show();
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QTRY_VERIFY(backgroundOf(button).alpha() > 0);
     }
 
-    void thePointerDoesNotMatterOnAnActiveButton()
+    void hoverDoesNotChangeAnActiveButton()
     {
         RailIconButton button(u"gearshape"_s, u"Settings"_s, nullptr);
         button.setActive(true);

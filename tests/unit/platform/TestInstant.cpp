@@ -20,13 +20,13 @@ class TestInstant : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theReferenceIsTheStartOf2001()
+    void referenceDateIsTheStartOf2001()
     {
         QCOMPARE(Instant::fromDateTime(utc(u"2001-01-01T00:00:00Z"_s)).referenceSeconds(), 0.0);
         QCOMPARE(Instant().referenceSeconds(), 0.0);
     }
 
-    void instantsAreKnownSeconds_data()
+    void instantsHaveTheirReferenceSeconds_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("seconds");
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QTest::newRow("Unix epoch") << u"1970-01-01T00:00:00.000Z"_s << -978'307'200.0;
         QTest::newRow("far") << u"9999-12-31T23:59:59.999Z"_s << 252'423'993'599.999;
     }
-    void instantsAreKnownSeconds()
+    void instantsHaveTheirReferenceSeconds()
     {
         QFETCH(const QString, text);
         QFETCH(const double, seconds);
@@ -53,9 +53,12 @@ private Q_SLOTS:
                  Instant::fromDateTime(utc(u"2024-06-01T12:00:00Z"_s)));
     }
 
-    void localTimeIsLocal() { QCOMPARE(Instant().toLocalTime().timeSpec(), Qt::LocalTime); }
+    void toLocalTimeUsesTheLocalZone()
+    {
+        QCOMPARE(Instant().toLocalTime().timeSpec(), Qt::LocalTime);
+    }
 
-    void everyMillisecondSurvivesTheWayThereAndBack()
+    void millisecondsSurviveARoundTrip()
     {
         const QDateTime start = utc(u"2024-06-01T12:00:00.000Z"_s);
         for (int ms = 0; ms < 1000; ++ms) {
@@ -64,14 +67,14 @@ private Q_SLOTS:
         }
     }
 
-    void noInstantIsTooFarForATime_data()
+    void extremeInstantsConvertToATime_data()
     {
         QTest::addColumn<double>("seconds");
         QTest::newRow("end of the counter") << 9'223'372'036e6;
         QTest::newRow("far ahead") << 1e300;
         QTest::newRow("far back") << -1e300;
     }
-    void noInstantIsTooFarForATime()
+    void extremeInstantsConvertToATime()
     {
         QFETCH(const double, seconds);
         const QDateTime time = Instant::fromReferenceSeconds(seconds).toLocalTime();

@@ -12,7 +12,7 @@ class TestMonitorRegistry : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void handlersAreCalledInTheirOrderUntilTheirTokenDies()
+    void handlersAreCalledInOrderUntilTheirTokenIsDestroyed()
     {
         FakeLocalKeyMonitor monitor;
         QByteArray calls;
@@ -27,7 +27,7 @@ private Q_SLOTS:
         QCOMPARE(monitor.monitorCount(), std::size_t(1));
     }
 
-    void aKeyPressThatIsTakenGoesNoFurther()
+    void consumedKeyPressIsNotPassedOn()
     {
         FakeLocalKeyMonitor monitor;
         int reached = 0;
@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(reached, 1);
     }
 
-    void aHandlerMayRemoveItselfAndOthersAndInstallNewOnes()
+    void handlerMayRemoveAndInstallMonitors()
     {
         FakeKeyEventMonitor monitor;
         int later = 0;
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(monitor.monitorCount(KeyEventScope::global), std::size_t(1));
     }
 
-    void aTokenMayOutliveItsMonitor()
+    void tokenMayOutliveItsMonitor()
     {
         auto captured = std::make_shared<int>();
         const std::weak_ptr<int> watched = captured;

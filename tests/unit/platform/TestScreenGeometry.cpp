@@ -23,7 +23,7 @@ class TestScreenGeometry : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void edgesBelongToOneScreenOnly()
+    void everyEdgeBelongsToOneScreen()
     {
         using ScreenGeometry::screenContaining;
         const Screen* const primary = &sideBySide.front();
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(screenContaining({0, 0}, {}), nullptr);
     }
 
-    void aPanelIsCenterdInTheVisibleFrameUnderTheMouse()
+    void panelIsCenteredInTheVisibleFrameOfTheMouseScreen()
     {
         const QSizeF size(552, 648);
         QCOMPARE(ScreenGeometry::centeredOrigin(size, {10, 10}, sideBySide),
@@ -47,13 +47,13 @@ private Q_SLOTS:
                  QPointF(-640 - 276, 520 - 324));
     }
 
-    void aMouseOnNoScreenMeansThePrimaryOne()
+    void mouseOffAllScreensMeansThePrimaryScreen()
     {
         QCOMPARE(ScreenGeometry::centeredOrigin({552, 648}, {9000, 9000}, sideBySide),
                  QPointF(720 - 276, 437.5 - 324));
     }
 
-    void withoutAnyScreenTheProgramStops()
+    void noScreenIsFatal()
     {
         QProcess program;
         program.start(QCoreApplication::applicationFilePath(),

@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(ScreenSpace::flipped(ScreenSpace::flipped(rectangle, 900), 900), rectangle);
     }
 
-    void thePrimaryScreenNeedNotHoldTheDesktopsCorner()
+    void primaryScreenMayHaveAnOffset()
     {
         const QRectF primary(1280, 100, 1440, 900);
         QCOMPARE(ScreenSpace::fromToolkit(primary, primary), QRectF(0, 0, 1440, 900));
@@ -53,7 +53,7 @@ private Q_SLOTS:
         QCOMPARE(ScreenSpace::fromToolkit(ScreenSpace::toToolkit(note, primary), primary), note);
     }
 
-    void pixelsArePointsByTheScaleOfTheirScreen()
+    void pixelsConvertToPointsByTheScaleOfTheirScreen()
     {
         QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2660, 200, 1, 18), stackedScreens()),
                  QRectF(100, 200, 1, 18));
@@ -61,9 +61,9 @@ private Q_SLOTS:
                  QRectF(-1180, 200, 1, 18));
     }
 
-    void theCenterDecidesOnTheScreen()
+    void screenIsChosenByTheCenter()
     {
-        // Both lie across the border; the first belongs to the left screen, the second to the
+        // Both cross the border; the first belongs to the left screen, the second to the
         // right.
         QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(2540, 200, 30, 20), stackedScreens()),
                  QRectF(-10, 150, 15, 10));
@@ -71,7 +71,7 @@ private Q_SLOTS:
                  QRectF(-10, 200, 30, 20));
     }
 
-    void nothingIsFoundOffTheScreens()
+    void nothingIsConvertedOffTheScreens()
     {
         QCOMPARE(ScreenSpace::desktopFromDevice(QRectF(-10, -10, 2, 2), stackedScreens()),
                  std::nullopt);

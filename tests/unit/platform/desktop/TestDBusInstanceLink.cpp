@@ -38,7 +38,7 @@ private:
     QDBusConnection m_bus;
 };
 
-/// The call of a desktop's launcher.
+/// The call that a desktop's launcher makes.
 QDBusMessage callOf(const QString& method, const QVariantList& arguments)
 {
     auto call =
@@ -57,18 +57,18 @@ private Q_SLOTS:
     void init() { m_bus = std::make_unique<SessionBus>(SessionBus::Services::none); }
     void cleanup() { m_bus.reset(); }
 
-    void theFirstIsTheProgram()
+    void firstInstanceClaimsTheName()
     {
         Connection connection(m_bus->address(), u"first"_s);
         DBusInstanceLink link(connection.bus(), m_folder.path());
         QSignalSpy opened(&link, &InstanceLink::documentsOpened);
         QCOMPARE(link.claim({QUrl(u"file:///a.md"_s)}), InstanceLink::Claim::first);
-        QCOMPARE(opened.count(), 0); // its own documents are its own business
+        QCOMPARE(opened.count(), 0); // its own documents are not reported
     }
 
     // Both links live in this process, so the first one answers only once the second has given up
     // waiting; what was handed over arrives all the same.
-    void theSecondHandsItsDocumentsOver()
+    void secondInstanceHandsItsDocumentsOver()
     {
         Connection one(m_bus->address(), u"first"_s);
         DBusInstanceLink first(one.bus(), m_folder.path());
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(opened.count(), 1);
     }
 
-    void nonsenseOverTheBusDoesNothing()
+    void malformedCallsAreIgnored()
     {
         Connection one(m_bus->address(), u"first"_s);
         DBusInstanceLink first(one.bus(), m_folder.path());
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QTRY_COMPARE(activated.count(), 1);
     }
 
-    void aFirstThatHangsDoesNotHangTheSecond()
+    void hangingFirstInstanceDoesNotBlockTheSecond()
     {
         Connection one(m_bus->address(), u"first"_s);
         DBusInstanceLink first(one.bus(), m_folder.path());
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(elapsed.elapsed() < 5000); // the bus itself would wait for 25 s
     }
 
-    void whenTheFirstEndsTheNextOneIsTheProgram()
+    void nextInstanceTakesOverWhenTheFirstEnds()
     {
         {
             Connection one(m_bus->address(), u"first"_s);
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(second.claim({}), InstanceLink::Claim::first);
     }
 
-    void withoutABusALockFileKeepsTheSecondOut()
+    void lockFileBlocksASecondInstanceWithoutABus()
     {
         const QDBusConnection nothing(u"no such connection"_s);
         DBusInstanceLink first(nothing, m_folder.path());
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(second.claim({QUrl(u"file:///a.md"_s)}), InstanceLink::Claim::handedOver);
     }
 
-    void theLockOfAProcessThatIsGoneIsNoLock()
+    void staleLockIsIgnored()
     {
         QProcess gone;
         gone.start(u"true"_s, QStringList());
@@ -177,13 +177,13 @@ private Q_SLOTS:
         QCOMPARE(link.claim({}), InstanceLink::Claim::first);
     }
 
-    void whereNoLockCanBeTheProgramRuns()
+    void programRunsIfNoLockCanBeCreated()
     {
         DBusInstanceLink link(QDBusConnection(u"no such connection"_s), u"/nowhere/at/all"_s);
         QCOMPARE(link.claim({}), InstanceLink::Claim::first);
     }
 
-    void aBusThatDiesChangesNothing()
+    void lossOfTheBusChangesNothing()
     {
         Connection one(m_bus->address(), u"first"_s);
         DBusInstanceLink first(one.bus(), m_folder.path());

@@ -36,7 +36,7 @@ private Q_SLOTS:
     void init()
     {
         m_opened.clear();
-        // Stands in for the user's programs.
+        // Replaces the user's programs.
         for (const QString& scheme : {u"https"_s, u"mailto"_s, u"file"_s})
             QDesktopServices::setUrlHandler(scheme, this, "keep");
     }
@@ -47,7 +47,7 @@ private Q_SLOTS:
             QDesktopServices::unsetUrlHandler(scheme);
     }
 
-    void addressesGoToTheirPrograms()
+    void urlsOpenInTheirPrograms()
     {
         DesktopDocumentOpener opener(QDBusConnection::sessionBus());
         for (const auto& url : {QUrl(u"https://example.org/a?b#c"_s), QUrl(u"mailto:a@b.org"_s),
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(m_opened.size(), 3);
     }
 
-    void theFileManagerShowsTheFile()
+    void fileManagerRevealsTheFile()
     {
         FileManager manager;
         auto bus = QDBusConnection::sessionBus();
@@ -70,7 +70,7 @@ private Q_SLOTS:
         bus.unregisterObject(u"/org/freedesktop/FileManager1"_s);
     }
 
-    void withoutAFileManagerTheFolderOpens()
+    void folderOpensWithoutAFileManager()
     {
         DesktopDocumentOpener opener(QDBusConnection::sessionBus());
         opener.reveal(QUrl::fromLocalFile(u"/x/y.md"_s));

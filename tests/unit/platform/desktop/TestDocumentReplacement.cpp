@@ -19,7 +19,7 @@ namespace {
 
 constexpr auto replaceOnce = "--replace-once";
 
-// What the helper process does: replaces the document by that many bytes; prints what went wrong.
+// What the helper process does: replaces the document by that many bytes; prints the error.
 int replaceDocument(const QString& path, int size)
 {
     const auto written = PosixFileSystem().replaceDocument(path, QByteArray(size, 'x'));
@@ -36,7 +36,7 @@ class TestDocumentReplacement : public QObject
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
-    void theNewTextIsThereAndNothingElse()
+    void newTextReplacesTheOldAndLeavesNoOtherFile()
     {
         write("old");
         QVERIFY(m_files.replaceDocument(path(), "new"));
@@ -44,14 +44,14 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"doc.md"_s});
     }
 
-    void permissionsStay_data()
+    void permissionsAreKept_data()
     {
         QTest::addColumn<int>("mode");
         for (const int mode : {0600, 0640, 0644, 0664, 0755})
             QTest::addRow("%o", static_cast<unsigned>(mode)) << mode;
     }
 
-    void permissionsStay()
+    void permissionsAreKept()
     {
         QFETCH(int, mode);
         write("old");
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(modeOf(path()), mode);
     }
 
-    void aNewFileGetsTheUsualPermissions()
+    void newFileGetsTheDefaultPermissions()
     {
         const mode_t before = umask(0027);
         QVERIFY(m_files.replaceDocument(path(), "new"));
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(modeOf(path()), 0640);
     }
 
-    void aSymbolicLinkStaysAndItsTargetIsReplaced()
+    void symbolicLinkIsKeptAndItsTargetReplaced()
     {
         QVERIFY(QDir(m_folder->path()).mkdir(u"elsewhere"_s));
         const QString target = m_folder->filePath(u"elsewhere/real.md"_s);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(m_files.read(target), QByteArray("new"));
     }
 
-    void aFileOfTheUsersThatLooksTemporaryStays()
+    void userFileThatLooksTemporaryIsKept()
     {
         write("old");
         QFile other(m_folder->filePath(u".doc.md.new"_s));
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList({u".doc.md.new"_s, u"doc.md"_s}));
     }
 
-    void aProtectedFileIsNotReplaced()
+    void protectedFileIsNotReplaced()
     {
         write("old");
         QCOMPARE(chmod(qUtf8Printable(path()), 0444), 0);
@@ -98,14 +98,14 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"doc.md"_s});
     }
 
-    void aFolderThatVanishedIsAnError()
+    void missingFolderIsAnError()
     {
         const QString lost = path() + u"/none/doc.md"_s;
         QCOMPARE(m_files.replaceDocument(lost, "new").error().message,
                  lost + u": No such file or directory"_s);
     }
 
-    void aFullDiskKeepsTheOldFile()
+    void fullDiskKeepsTheOldFile()
     {
         write("old");
         QProcess shell;

@@ -95,7 +95,7 @@ private Q_SLOTS:
         m_bus.reset();
     }
 
-    void withoutABusThePaletteDecides()
+    void paletteIsUsedWithoutABus()
     {
         const QDBusConnection nothing(u"no such connection"_s);
         QCOMPARE(PortalAppearance(nothing).colorScheme(), ColorScheme::light);
@@ -104,14 +104,14 @@ private Q_SLOTS:
         QCOMPARE(PortalAppearance(nothing).accentColor(), std::nullopt);
     }
 
-    void withoutAPortalThePaletteDecides()
+    void paletteIsUsedWithoutAPortal()
     {
         QGuiApplication::setPalette(paletteOf(Qt::black, Qt::white));
         const PortalAppearance desktop(*m_session);
         QCOMPARE(desktop.colorScheme(), ColorScheme::dark);
     }
 
-    void thePortalDecides_data()
+    void portalTakesPrecedence_data()
     {
         QTest::addColumn<QVariant>("preference");
         QTest::addColumn<ColorScheme>("overLight");
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QTest::newRow("not set") << QVariant() << lightScheme << darkScheme;
         QTest::newRow("garbage") << QVariant(u"dark"_s) << lightScheme << darkScheme;
     }
-    void thePortalDecides()
+    void portalTakesPrecedence()
     {
         QFETCH(const QVariant, preference);
         QFETCH(const ColorScheme, overLight);
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QTRY_COMPARE(onDark.colorScheme(), overDark);
     }
 
-    void changesAreFollowedAndToldOnce()
+    void changesAreFollowedAndReportedOnce()
     {
         Portal portal(m_bus->address());
         portal.values = {{scheme, uint(light)}};
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(desktop.colorScheme(), ColorScheme::light);
     }
 
-    void aPortalThatStartsLateIsAsked()
+    void latePortalIsAsked()
     {
         const PortalAppearance desktop(*m_session);
         QCOMPARE(desktop.colorScheme(), ColorScheme::light);
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QTRY_COMPARE(desktop.colorScheme(), ColorScheme::dark);
     }
 
-    void aSilentPortalHoldsNobodyUp()
+    void silentPortalDoesNotBlock()
     {
         Portal portal(m_bus->address());
         portal.isSilent = true;
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QVERIFY(elapsed.elapsed() < 1000); // a blocking call would wait 25 s
     }
 
-    void othersCannotPretendToBeThePortal()
+    void signalsFromOtherSendersAreIgnored()
     {
         Portal portal(m_bus->address());
         portal.values = {{scheme, uint(light)}};

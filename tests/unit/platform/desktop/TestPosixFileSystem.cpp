@@ -22,7 +22,7 @@ namespace {
 
 constexpr int writerTimeoutMs = 20'000;
 
-// The bytes of the given generation: they tell their own length, so that a torn file shows.
+// The bytes of the given generation: they contain their length, so that a torn file is detected.
 QByteArray generation(int number)
 {
     const int size = static_cast<int>(number * 1'000'003LL % 3'000'000);
@@ -55,7 +55,7 @@ int writeForever(const QString& path)
     }
 }
 
-// The same, once, with a given number of bytes; prints what went wrong.
+// Replaces it once by a given number of bytes; prints the error.
 int writeOnce(const QString& path, int size)
 {
     const auto written = PosixFileSystem().writeAtomically(path, QByteArray(size, 'x'));
@@ -97,7 +97,7 @@ class TestPosixFileSystem : public QObject
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
-    void whatIsWrittenIsRead()
+    void writtenBytesAreReadBack()
     {
         QByteArray everyByte;
         for (int i = 0; i < 256; ++i)
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"file"_s});
     }
 
-    void filesAndFoldersAreForTheUserAlone()
+    void filesAndFoldersArePrivate()
     {
         const mode_t before = umask(0777);
         const auto restore = qScopeGuard([before] { umask(before); });
@@ -130,7 +130,7 @@ private Q_SLOTS:
             QCOMPARE(modeOf(path(folder)), 0700U);
     }
 
-    void foldersAreThereAfterOrFalse()
+    void makingFoldersReportsWhetherTheyExist()
     {
         QVERIFY(m_files.createFolder(path(u"a"_s)));
         QVERIFY(m_files.createFolder(path(u"a"_s)));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QVERIFY(!m_files.createFolder(QString()));
     }
 
-    void whatIsNoReadableFileReadsAsNone()
+    void unreadableFileReadsAsNone()
     {
         QCOMPARE(m_files.read(path(u"missing"_s)), std::nullopt);
         QCOMPARE(m_files.read(m_folder->path()), std::nullopt);
@@ -155,14 +155,14 @@ private Q_SLOTS:
         QCOMPARE(m_files.read(path(u"pipe"_s)), std::nullopt);
     }
 
-    void filesThatDoNotTellTheirSizeAreReadWhole()
+    void filesOfUnknownSizeAreReadCompletely()
     {
         const auto maps = m_files.read(u"/proc/self/maps"_s);
         QVERIFY(maps.has_value());
         QVERIFY(maps->contains("[stack]"));
     }
 
-    void removingTellsWhetherThereWasSomething()
+    void removingReportsWhetherAnythingWasRemoved()
     {
         QVERIFY(m_files.writeAtomically(path(u"file"_s), "x"));
         QVERIFY(m_files.remove(path(u"file"_s)));
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList());
     }
 
-    void failedWritesSayWhyAndLeaveNothing()
+    void failedWritesReportTheReasonAndLeaveNoFile()
     {
         QCOMPARE(m_files.writeAtomically(path(u"no/file"_s), "x").error().message,
                  path(u"no/file"_s) + u": No such file or directory"_s);
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"folder"_s});
     }
 
-    void symbolicLinksStayAndTheirTargetIsReplaced()
+    void symbolicLinksAreKeptAndTheirTargetsReplaced()
     {
         QVERIFY(m_files.createFolder(path(u"elsewhere"_s)));
         QVERIFY(m_files.writeAtomically(path(u"elsewhere/target"_s), "old"));
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QCOMPARE(m_files.read(path(u"elsewhere/target"_s)), "again");
     }
 
-    void symbolicLinksInCirclesAreRefused()
+    void circularSymbolicLinksAreRejected()
     {
         QVERIFY(QFile::link(path(u"b"_s), path(u"a"_s)));
         QVERIFY(QFile::link(path(u"a"_s), path(u"b"_s)));
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(m_files.read(path(u"a"_s)), std::nullopt);
     }
 
-    void leftoversAreOverwrittenNotFollowed()
+    void leftoverTemporaryFilesAreOverwrittenNotFollowed()
     {
         QVERIFY(m_files.writeAtomically(path(u"other"_s), "precious"));
         QVERIFY(QFile::link(path(u"other"_s), path(u".file.new"_s)));
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), (QStringList{u"file"_s, u"other"_s}));
     }
 
-    void aLimitInTheMiddleOfAWriteKeepsTheOldFile()
+    void interruptedWriteKeepsTheOldFile()
     {
         QVERIFY(m_files.writeAtomically(path(u"file"_s), "old"));
         QCOMPARE(outputOf(u"trap '' XFSZ; ulimit -f 8; exec \"$@\""_s, path(u"file"_s), 100'000),
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"file"_s});
     }
 
-    void aFullDiskKeepsTheOldFile()
+    void fullDiskKeepsTheOldFile()
     {
         if (!mayMount())
             QSKIP("needs user namespaces");
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QVERIFY(outputOf(script, path(u"file"_s), 10'000).startsWith(u"written"_s));
     }
 
-    void aReadOnlyDiskIsAnError()
+    void readOnlyDiskIsAnError()
     {
         if (!mayMount())
             QSKIP("needs user namespaces");
@@ -255,7 +255,7 @@ private Q_SLOTS:
                  path(u"file"_s) + u": Read-only file system"_s);
     }
 
-    void anUnwritableFolderIsAnError()
+    void unwritableFolderIsAnError()
     {
         QCOMPARE(chmod(qUtf8Printable(m_folder->path()), 0500), 0);
         // The superuser is bound by permissions only without these capabilities.
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(chmod(qUtf8Printable(m_folder->path()), 0700), 0);
     }
 
-    void aKilledWriterNeverLeavesATornFile()
+    void killedWriterNeverLeavesATornFile()
     {
         constexpr int rounds = 60;
         int leftovers = 0;
@@ -292,7 +292,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"file"_s});
     }
 
-    void threadsWriteTheSameFileOneAfterTheOther()
+    void concurrentWritesOfOneFileAreSerialized()
     {
         std::array<std::thread, 4> writers;
         std::atomic<int> failures = 0;
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{u"file"_s});
     }
 
-    void filesThatVanishBeforeTheyReachTheDiskAreForgotten()
+    void filesRemovedBeforeTheSyncAreForgotten()
     {
         PosixFileSystem files;
         for (int i = 0; i < 50; ++i) {

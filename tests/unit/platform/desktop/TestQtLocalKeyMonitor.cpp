@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.field.text(), u"aab"_s);
     }
 
-    void aPressThatIsTakenReachesNoWidget()
+    void consumedPressReachesNoWidget()
     {
         QtLocalKeyMonitor monitor;
         const auto token =
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.field.text(), u"b"_s);
     }
 
-    void aPressThatIsTakenStartsNoShortcut()
+    void consumedPressTriggersNoShortcut()
     {
         QtLocalKeyMonitor monitor;
         int presses = 0;
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(closed, 1);
     }
 
-    void heldKeysRepeatForTheMonitorToo()
+    void monitorSeesRepeatsOfHeldKeys()
     {
         QtLocalKeyMonitor monitor;
         int presses = 0;
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.field.text(), u"xxx"_s);
     }
 
-    void thePressesOfAHeldKeySaySo()
+    void repeatedPressesAreMarked()
     {
         QtLocalKeyMonitor monitor;
         std::vector<bool> repeated;
@@ -147,11 +147,11 @@ private Q_SLOTS:
         repeated.clear();
         send(QEvent::KeyRelease, 1600);
         send(QEvent::ShortcutOverride, 1620);
-        send(QEvent::ShortcutOverride, 1820); // nobody saw it come up, but it must have
+        send(QEvent::ShortcutOverride, 1820); // its release was missed
         QCOMPARE(repeated, (std::vector{false, false}));
     }
 
-    void pressesThatAreHeldBackOnTheirWayAreSeenOnce()
+    void delayedPressesAreSeenOnce()
     {
         QtLocalKeyMonitor monitor;
         std::vector<Qt::Key> seen;
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(seen, (std::vector{Qt::Key_A, Qt::Key_B, Qt::Key_B, Qt::Key_A}));
     }
 
-    void aHandlerMayRunAnEventLoop()
+    void handlerMayRunAnEventLoop()
     {
         QtLocalKeyMonitor monitor;
         FieldWindow fixture;

@@ -79,14 +79,14 @@ private Q_SLOTS:
         m_bus.reset();
     }
 
-    void withoutABusThereIsNoHost()
+    void noHostWithoutABus()
     {
         StatusNotifierHosts hosts{QDBusConnection(u"no such connection"_s)};
         hosts.watch();
         QVERIFY(!hosts.isAvailable());
     }
 
-    void nobodyIsAskedBeforeTheWatching()
+    void watcherIsNotAskedBeforeWatching()
     {
         Watcher watcher(m_bus->address(), true);
         QCOMPARE(watcher.questions, 0);
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QCOMPARE(watcher.questions, 1);
     }
 
-    void aWatcherWithoutAHostIsNoPlace()
+    void watcherWithoutAHostIsUnavailable()
     {
         Watcher watcher(m_bus->address(), false);
         m_hosts->watch();
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_hosts->isAvailable());
     }
 
-    void aBarThatComesLateOrAnewIsFound()
+    void lateOrRestartedHostIsFound()
     {
         m_hosts->watch();
         QSignalSpy changes(m_hosts.get(), &StatusArea::availableChanged);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(!m_hosts->isAvailable());
     }
 
-    void aWatcherThatDoesNotAnswerIsNoPlace()
+    void silentWatcherIsUnavailable()
     {
         Watcher watcher(m_bus->address(), true);
         watcher.isSilent = true;
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(!m_hosts->isAvailable());
     }
 
-    void aBusThatDiesTakesTheHostsAlong()
+    void lossOfTheBusMakesHostsUnavailable()
     {
         const Watcher watcher(m_bus->address(), true);
         m_hosts->watch();

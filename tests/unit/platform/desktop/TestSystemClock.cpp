@@ -14,14 +14,14 @@ class TestSystemClock : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nowIsTheWallClock()
+    void nowIsTheWallClockTime()
     {
         const double expected =
             Instant::fromDateTime(QDateTime::currentDateTimeUtc()).referenceSeconds();
         QVERIFY(std::abs(SystemClock().now().referenceSeconds() - expected) < 5.0);
     }
 
-    void stepsRunLaterInTheOrderOfTheirTime()
+    void stepsRunLaterInOrderOfTheirDelay()
     {
         SystemClock clock;
         QList<int> order;
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QVERIFY(elapsed.elapsed() >= 60);
     }
 
-    void nothingRunsForAnOwnerThatHasGone()
+    void stepsOfADestroyedOwnerDoNotRun()
     {
         SystemClock clock;
         bool ran = false;
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QVERIFY(!ran);
     }
 
-    void aRepetitionEndsWithItsHandle()
+    void repetitionEndsWithItsHandle()
     {
         SystemClock clock;
         int runs = 0;
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(runs, before);
     }
 
-    void aStepMayEndItsOwnRepetition()
+    void stepMayEndItsOwnRepetition()
     {
         SystemClock clock;
         int runs = 0;

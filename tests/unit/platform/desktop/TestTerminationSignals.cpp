@@ -22,7 +22,7 @@ class TestTerminationSignals : public QObject
     }
 
 private Q_SLOTS:
-    void theyAreHeardInsteadOfEndingTheProcess_data()
+    void signalsAreReportedInsteadOfEndingTheProcess_data()
     {
         QTest::addColumn<int>("signal");
         QTest::newRow("session") << SIGTERM;
@@ -30,7 +30,7 @@ private Q_SLOTS:
         QTest::newRow("terminal") << SIGHUP;
     }
 
-    void theyAreHeardInsteadOfEndingTheProcess()
+    void signalsAreReportedInsteadOfEndingTheProcess()
     {
         QFETCH(int, signal);
         const TerminationSignals signals;
@@ -38,10 +38,10 @@ private Q_SLOTS:
         raise(signal);
         QCOMPARE(received.count(), 0); // not before the event loop's turn
         QTRY_COMPARE(received.count(), 1);
-        QVERIFY(handlerOf(signal) == SIG_DFL); // the next one is obeyed
+        QVERIFY(handlerOf(signal) == SIG_DFL); // the next one ends the process
     }
 
-    void whatWasIgnoredStaysIgnored()
+    void ignoredSignalsStayIgnored()
     {
         std::signal(SIGHUP, SIG_IGN);
         {
@@ -52,7 +52,7 @@ private Q_SLOTS:
         std::signal(SIGHUP, SIG_DFL);
     }
 
-    void afterwardsTheyEndTheProcessAgain()
+    void destructionRestoresTheDefaultHandlers()
     {
         {
             const TerminationSignals signals;

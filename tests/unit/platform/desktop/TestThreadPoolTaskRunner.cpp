@@ -31,7 +31,7 @@ private Q_SLOTS:
         QVERIFY(workedOn != thread());
     }
 
-    void nothingIsReportedFromWithinTheCall()
+    void completionIsReportedAsynchronously()
     {
         ThreadPoolTaskRunner runner;
         QSemaphore worked;
@@ -45,7 +45,7 @@ private Q_SLOTS:
         QTRY_VERIFY(reported);
     }
 
-    void oneThreadWorksInTheOrderOfTheCalls()
+    void singleThreadWorksInOrder()
     {
         ThreadPoolTaskRunner runner(1);
         QList<int> worked;
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(std::is_sorted(worked.cbegin(), worked.cend()));
     }
 
-    void neverMoreThreadsThanAllowed()
+    void threadLimitIsRespected()
     {
         ThreadPoolTaskRunner runner(2);
         QSemaphore go;
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(most.load(), 2);
     }
 
-    void aDestroyedOwnerIsNotReportedTo()
+    void destroyedOwnerIsNotNotified()
     {
         ThreadPoolTaskRunner runner(1);
         auto owner = std::make_unique<QObject>();
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QVERIFY(!toldTheDead);
     }
 
-    void destructionFinishesWhatRunsAndReportsNothing()
+    void destructionFinishesRunningTasksAndReportsNothing()
     {
         QSemaphore started;
         std::atomic<bool> finished = false;
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QVERIFY(!reported);
     }
 
-    void aTaskMayDestroyTheRunner()
+    void taskMayDestroyTheRunner()
     {
         auto runner = std::make_unique<ThreadPoolTaskRunner>(1);
         bool reported = false;
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(!runner);
     }
 
-    void whatATaskHoldsIsLetGoOfOnTheMainThread()
+    void capturesOfATaskAreReleasedOnTheMainThread()
     {
         ThreadPoolTaskRunner runner(1);
         QThread* releasedOn = nullptr;

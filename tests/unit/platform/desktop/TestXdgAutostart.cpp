@@ -42,7 +42,7 @@ private Q_SLOTS:
         qputenv("PATH", m_programs->path().toUtf8() + ":/usr/bin:/bin");
     }
 
-    void registeringWritesAnEntryForTheProgramThatRuns()
+    void registeringWritesAnEntryForTheRunningProgram()
     {
         FakeFileSystem files;
         XdgAutostart item(files, folder);
@@ -57,7 +57,7 @@ private Q_SLOTS:
         QCOMPARE(valueOf(entry, u"TryExec"_s), running);
     }
 
-    void anInstalledProgramComesFirst()
+    void installedProgramTakesPrecedence()
     {
         const QString installed = m_programs->filePath(u"driftbox"_s);
         QVERIFY(QFile::copy(u"/bin/true"_s, installed));
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(valueOf(*files.read(entryPath), u"Exec"_s), u'"' + installed + u'"');
     }
 
-    void registeringAgainWritesTheEntryAnew()
+    void registeringAgainRewritesTheEntry()
     {
         FakeFileSystem files;
         XdgAutostart item(files, folder);
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QVERIFY(!files.exists(entryPath));
     }
 
-    void unregisteringWhatWasNeverRegisteredWorks()
+    void unregisteringWithoutAnEntrySucceeds()
     {
         FakeFileSystem files;
         QVERIFY(XdgAutostart(files, folder).unregisterItem());
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(files.exists(entryPath));
     }
 
-    void aFolderThatCannotBeMadeIsDescribed()
+    void failureToCreateTheFolderIsDescribed()
     {
         const QTemporaryDir home;
         QFile file(home.filePath(u"config"_s));
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(item.unregisterItem());
     }
 
-    void argumentsAreQuotedByTheRules_data()
+    void argumentsAreQuotedAsSpecified_data()
     {
         QTest::addColumn<QString>("argument");
         QTest::addColumn<QString>("quoted");
@@ -137,15 +137,15 @@ private Q_SLOTS:
         QTest::newRow("line break") << u"/a\nb"_s << u"\"/a\\nb\""_s;
         QTest::newRow("letters") << u"/\u00e4\u732b'"_s << u"\"/\u00e4\u732b'\""_s;
     }
-    void argumentsAreQuotedByTheRules()
+    void argumentsAreQuotedAsSpecified()
     {
         QFETCH(const QString, argument);
         QFETCH(const QString, quoted);
         QCOMPARE(quotedForExec(argument), quoted);
     }
 
-    // As another implementation of the rules reads it.
-    void anEntryNamesTheProgramWhateverItsName()
+    // As parsed by another implementation.
+    void entryNamesAnyProgramCorrectly()
     {
         const QTemporaryDir home;
         const QString odd = home.filePath(u"o'd d$HOME `x` \\ \"q\" 100%f"_s);

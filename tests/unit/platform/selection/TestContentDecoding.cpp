@@ -26,7 +26,7 @@ class TestContentDecoding : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingIsNothing()
+    void noFormatsGiveNoContent()
     {
         const DecodedContent decoded = decode({});
         QVERIFY(decoded.content.isEmpty());
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(decoded.refusals.isEmpty());
     }
 
-    void invalidUtf8IsRefused_data()
+    void invalidUtf8IsRejected_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("Latin-1") << QByteArray("na\xefve");
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QTest::newRow("bytes") << QByteArray("\xff\xfe\x00\x01");
     }
 
-    void invalidUtf8IsRefused()
+    void invalidUtf8IsRejected()
     {
         QFETCH(QByteArray, bytes);
         const DecodedContent decoded = decode(textUnder("UTF8_STRING", bytes));
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(decoded.refusals, invalidText);
     }
 
-    void oneRefusedFormatLeavesTheOthers()
+    void rejectedFormatDoesNotAffectTheOthers()
     {
         RawContent raw = textUnder("UTF8_STRING", "\xff");
         raw.rtf = QByteArrayList{"{\\rtf1", " x}"};
@@ -100,7 +100,7 @@ private Q_SLOTS:
                      QStringList{u"Refused the clipboard's image: not an image of a known kind"_s});
     }
 
-    void imagesAndLongTextsAreHeavy()
+    void imagesAndLongTextsCountAsLarge()
     {
         RawContent image;
         image.image = QByteArrayList{"x"};

@@ -12,7 +12,7 @@ class TestImageConversion : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPngFileStaysAsItIs()
+    void pngFileIsKeptUnchanged()
     {
         const QByteArray file = imageFile(colorfulImage({40, 30}), "png");
         const ConvertedImage converted = ImageConversion::toPng(file);
@@ -21,7 +21,7 @@ private Q_SLOTS:
         QCOMPARE(converted.png, file);
     }
 
-    void otherKindsBecomePng_data()
+    void otherFormatsAreConvertedToPng_data()
     {
         QTest::addColumn<QByteArray>("kind");
         QTest::addColumn<bool>("isLossless");
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QTest::newRow("webp") << QByteArray("webp") << false;
     }
 
-    void otherKindsBecomePng()
+    void otherFormatsAreConvertedToPng()
     {
         QFETCH(QByteArray, kind);
         QFETCH(bool, isLossless);
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(qAlpha(decoded.pixel(3, 3)), 40);
     }
 
-    void whatDoesNotDecodeIsRefused_data()
+    void undecodableImageIsRejected_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QStringList>("warnings"); // of the decoders
@@ -89,7 +89,7 @@ private Q_SLOTS:
         row("a drawing", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
     }
 
-    void whatDoesNotDecodeIsRefused()
+    void undecodableImageIsRejected()
     {
         QFETCH(QByteArray, file);
         QFETCH(QStringList, warnings);
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QVERIFY(converted.png.isEmpty());
     }
 
-    void moreThanTheMostPixelsAreRefused_data()
+    void imageAboveThePixelLimitIsRejected_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::newRow("a bomb") << QSize(30'000, 30'000);
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QTest::newRow("one row too many") << QSize(8192, 4097);
     }
 
-    void moreThanTheMostPixelsAreRefused()
+    void imageAboveThePixelLimitIsRejected()
     {
         QFETCH(QSize, size);
         const QByteArray bomb = pngThatClaims(size);
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QVERIFY(converted.png.isEmpty());
     }
 
-    void theLargestScreensAreAccepted()
+    void largestScreenshotsAreAccepted()
     {
         QImage screens(10'240, 2'880, QImage::Format_RGB32);
         screens.fill(Qt::darkCyan);

@@ -31,13 +31,13 @@ class TestOfferedContent : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingOffersNothing()
+    void emptyContentOffersNothing()
     {
         QVERIFY(OfferedContent().targets().isEmpty());
         QVERIFY(OfferedContent(PasteboardContent()).targets().isEmpty());
     }
 
-    void eachFormatHasItsNames()
+    void everyFormatHasItsTargets()
     {
         const OfferedContent content({.text = u"x"_s, .rtf = "{}", .png = "png"},
                                      {{"text/html", "<p>x"}});
@@ -50,7 +50,7 @@ private Q_SLOTS:
             QVERIFY(!content.open(target)->next(100).isEmpty());
     }
 
-    void latin1IsOfferedForWhatFitsItOnly()
+    void latin1IsOfferedOnlyForTextThatFits()
     {
         QVERIFY(offer(u"na\u00efve"_s).targets().contains("STRING"));
         QVERIFY(offer(u""_s).targets().contains("STRING"));
@@ -59,13 +59,13 @@ private Q_SLOTS:
         QVERIFY(!offer(QString(2'000'000, u'x')).targets().contains("STRING"));
     }
 
-    void onlyTheVagueNameIsAnsweredWithAnotherType()
+    void onlyTheTextTargetIsAnsweredWithAnotherType()
     {
         QCOMPARE(OfferedContent::typeOf("TEXT"), "UTF8_STRING");
         QCOMPARE(OfferedContent::typeOf("text/plain"), "text/plain");
     }
 
-    void partsMakeUpTheWhole_data()
+    void incrementsAddUpToTheWhole_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << u""_s;
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QTest::newRow("long, broken pairs") << QString(1'200'000, QChar(0xd83d));
     }
 
-    void partsMakeUpTheWhole()
+    void incrementsAddUpToTheWhole()
     {
         QFETCH(QString, text);
         for (const qsizetype size : {1'000, 1'001, 1'002, 262'000, 100'000'000}) {

@@ -11,7 +11,7 @@ class TestPasteShortcuts : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyClassHasItsShortcut_data()
+    void everyWindowClassHasItsShortcut_data()
     {
         QTest::addColumn<QString>("windowClass");
         QTest::addColumn<int>("shortcut");
@@ -29,7 +29,7 @@ private Q_SLOTS:
              {"XTerm", "UXTerm", "URxvt", "st", "st-256color", "Emacs"});
     }
 
-    void everyClassHasItsShortcut()
+    void everyWindowClassHasItsShortcut()
     {
         QFETCH(QString, windowClass);
         QFETCH(int, shortcut);

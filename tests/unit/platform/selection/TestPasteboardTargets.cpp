@@ -10,12 +10,12 @@ class TestPasteboardTargets : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingKnownOfferedIsNothingAskedFor()
+    void unknownTargetsAreNotRequested()
     {
         QCOMPARE(PasteboardTargets::choose({"TARGETS", "video/mp4"}), TargetChoice());
     }
 
-    void everyFormatIsAskedForInOrderOfPreference()
+    void formatsAreRequestedInOrderOfPreference()
     {
         const TargetChoice choice = PasteboardTargets::choose(
             {"STRING", "text/plain", "UTF8_STRING", "text/html", "application/rtf", "text/rtf",
@@ -28,12 +28,12 @@ private Q_SLOTS:
         QCOMPARE(choice.opaque, QByteArrayList({"text/html"}));
     }
 
-    void picturesThatCarryProgramsAreNotAskedFor()
+    void pictureFormatsThatMayContainScriptsAreNotRequested()
     {
         QVERIFY(PasteboardTargets::choose({"image/svg+xml"}).image.isEmpty());
     }
 
-    void aSecretIsNotAskedForAtAll()
+    void secretsAreNotRequested()
     {
         const TargetChoice choice =
             PasteboardTargets::choose({"UTF8_STRING", "x-kde-passwordManagerHint", "image/png"});
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QVERIFY(choice.image.isEmpty());
     }
 
-    void anOwnerThatTellsNothingIsAskedForText()
+    void ownerWithoutTargetsIsAskedForText()
     {
         QCOMPARE(PasteboardTargets::chooseDefault().text,
                  QByteArrayList({"UTF8_STRING", "STRING"}));

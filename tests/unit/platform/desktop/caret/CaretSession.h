@@ -18,7 +18,7 @@
 
 namespace driftbox {
 
-/// The caret lookup with everything real that it needs.
+/// The caret lookup with its real dependencies.
 class CaretSession
 {
 public:
@@ -56,7 +56,7 @@ public:
         return rectangle;
     }
 
-    /// What toolkits look at when they start.
+    /// What toolkits read when they start.
     [[nodiscard]] bool isAccessibilityOn() const
     {
         const QDBusInterface bus(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
@@ -64,7 +64,7 @@ public:
         return bus.property("IsEnabled").toBool();
     }
 
-    /// Where applications and assistive technology meet.
+    /// The registry of applications and assistive technology.
     [[nodiscard]] QString accessibilityAddress() const
     {
         QDBusInterface bus(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),

@@ -14,8 +14,8 @@
 namespace driftbox {
 
 /// An application on the accessibility bus: its active window holds a text of two paragraphs, one
-/// of which has the focus, and has to look up where the caret and the characters are. For a while
-/// after it was asked it answers that they are nowhere.
+/// of which has the focus, and is slow to find the caret and the characters. For a while
+/// after a request it reports no position for them.
 class SlowEditor final : public QDBusVirtualObject
 {
 public:
@@ -37,19 +37,19 @@ public:
     SlowEditor(const SlowEditor&) = delete;
     SlowEditor& operator=(const SlowEditor&) = delete;
 
-    /// The next questions for a character's place are answered with nowhere.
+    /// The next requests for a character's rectangle fail.
     void forgetPlaces(int questions) { m_nowhere = questions; }
 
-    /// The next questions for the caret, too.
+    /// The next requests for the caret fail, too.
     void forgetCaret(int questions) { m_noCaret = questions; }
 
     void focusNextParagraph() { m_isNextFocused = true; }
     void setWindowActive(bool active) { m_windowIsActive = active; }
 
-    /// How many the text says it has.
+    /// How many characters the text reports.
     void setChildCount(int count) { m_childCount = count; }
 
-    /// How often somebody wanted to hear of the text's states, and of its children.
+    /// How often the text's states and its children were requested.
     int stateQuestions() const { return m_stateQuestions; }
     int childrenQuestions() const { return m_childrenQuestions; }
 

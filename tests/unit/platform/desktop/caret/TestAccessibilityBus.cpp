@@ -63,13 +63,13 @@ private Q_SLOTS:
         QDBusConnection::disconnectFromBus(u"session"_s);
     }
 
-    void withoutASessionBusThereIsNoCaretAndOneLine()
+    void missingSessionBusIsLoggedOnceAndGivesNoCaret()
     {
         const QDBusConnection nothing(u"no such connection"_s);
         const ToolkitAccessibility accessibility(nothing);
         AtSpiCaretLookup lookup(nothing, m_tasks, m_activeWindow, m_screens);
 
-        // Every question looks for the bus again, and none makes a line of its own.
+        // Every request looks for the bus again, and none logs another line.
         for (int i = 0; i < 3; ++i) {
             int answers = 0;
             std::optional<QRectF> caret = QRectF(1, 1, 1, 1);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QCOMPARE(absenceLines, 1);
     }
 
-    void aSessionWithoutAccessibilityIsLoggedOnce()
+    void missingAccessibilityIsLoggedOnce()
     {
         const SessionBus bus(SessionBus::Services::none);
         const auto session = QDBusConnection::connectToBus(bus.address(), u"session"_s);
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QCOMPARE(absenceLines, 1);
     }
 
-    void aServiceThatStartsLaterIsFoundAndSwitchedOn()
+    void laterServiceIsFoundAndEnabled()
     {
         const SessionBus bus(SessionBus::Services::none);
         const auto session = QDBusConnection::connectToBus(bus.address(), u"session"_s);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QTRY_VERIFY(status.property("IsEnabled").toBool());
     }
 
-    void anAddressThatLeadsNowhereIsNoConnection()
+    void unreachableAddressGivesNoConnection()
     {
         const SessionBus bus(SessionBus::Services::none);
         auto liar = QDBusConnection::connectToBus(bus.address(), u"liar"_s);

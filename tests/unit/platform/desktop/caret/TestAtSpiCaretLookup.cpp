@@ -79,17 +79,17 @@ private Q_SLOTS:
         m_bus.reset();
     }
 
-    void theCaretIsFoundWhereItIs_data()
+    void caretIsFoundAtItsPosition_data()
     {
         QTest::addColumn<QStringList>("program");
         QTest::newRow("Qt 6") << OtherProgram::qtEditor();
         QTest::newRow("GTK 3") << OtherProgram::gtkEditor();
     }
-    void theCaretIsFoundWhereItIs()
+    void caretIsFoundAtItsPosition()
     {
         QFETCH(const QStringList, program);
         constexpr qreal exact = 5;   // Qt forgets the margin above the text
-        constexpr qreal guessed = 8; // toolkits that tell nothing of empty texts have margins
+        constexpr qreal guessed = 8; // for toolkits that report nothing about empty texts
         OtherProgram editor(program);
 
         QTRY_CARET_NEAR(*m_session, editor.caretAt(0, 0), guessed);
@@ -123,8 +123,8 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
     }
 
-    void theSelectionIsTheRectangle_data() { theCaretIsFoundWhereItIs_data(); }
-    void theSelectionIsTheRectangle()
+    void selectionRectangleIsReturned_data() { theCaretIsFoundWhereItIs_data(); }
+    void selectionRectangleIsReturned()
     {
         QFETCH(const QStringList, program);
         OtherProgram editor(program);
@@ -140,8 +140,8 @@ private Q_SLOTS:
         QVERIFY(std::abs(m_session->caret()->width() - selected.width()) <= 2);
     }
 
-    void aLargeSelectionIsCutToWhatIsVisible_data() { theCaretIsFoundWhereItIs_data(); }
-    void aLargeSelectionIsCutToWhatIsVisible()
+    void largeSelectionIsClippedToItsVisiblePart_data() { theCaretIsFoundWhereItIs_data(); }
+    void largeSelectionIsClippedToItsVisiblePart()
     {
         QFETCH(const QStringList, program);
         OtherProgram editor(program);
@@ -156,13 +156,13 @@ private Q_SLOTS:
         QTRY_VERIFY(isCut());
     }
 
-    void editorsPeopleUseAnswer_data()
+    void commonEditorsAnswer_data()
     {
         QTest::addColumn<QStringList>("program");
         QTest::newRow("Mousepad, GTK 3") << QStringList{u"mousepad"_s};
         QTest::newRow("FeatherPad, Qt 5") << QStringList{u"featherpad"_s, u"--standalone"_s};
     }
-    void editorsPeopleUseAnswer()
+    void commonEditorsAnswer()
     {
         QFETCH(const QStringList, program);
         const OtherProgram editor(program);
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(m_session->caret()->x() - empty.x()) <= 8);
     }
 
-    void aProgramThatScalesIsPutIntoPoints_data()
+    void scaledProgramIsConvertedToPoints_data()
     {
         QTest::addColumn<QStringList>("program");
         QTest::addColumn<QString>("variable");
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QTest::newRow("GTK 1, desktop 1.5")
             << OtherProgram::gtkEditor() << u"GDK_SCALE"_s << 1.0 << 1.5;
     }
-    void aProgramThatScalesIsPutIntoPoints()
+    void scaledProgramIsConvertedToPoints()
     {
         QFETCH(const QStringList, program);
         QFETCH(const QString, variable);
@@ -215,7 +215,7 @@ private Q_SLOTS:
         QTRY_CARET_NEAR(*m_session, scaled(editor.caretAt(4, 4), theirs / ours), 10);
     }
 
-    void aProgramThatHasToThinkIsAskedAgain()
+    void slowProgramIsAskedAgain()
     {
         SlowEditor editor(m_session->accessibilityAddress());
         QTRY_VERIFY_WITH_TIMEOUT(isNear(m_session->caret(), SlowEditor::place, 0), lookupTimeoutMs);
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QCOMPARE(m_session->caret(), std::nullopt);
     }
 
-    void aProgramThatIsAskedForTheFirstTimeHasTime()
+    void firstRequestToAProgramMayTakeLonger()
     {
         SlowEditor editor(m_session->accessibilityAddress());
         const auto isFound = [&] {
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(isFound(), lookupTimeoutMs);
     }
 
-    void theNextParagraphIsFoundBesideTheLast()
+    void caretInTheNextParagraphIsFound()
     {
         SlowEditor editor(m_session->accessibilityAddress());
         QTRY_VERIFY_WITH_TIMEOUT(isNear(m_session->caret(), SlowEditor::place, 0), lookupTimeoutMs);
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(isNear(m_session->caret(), SlowEditor::place, 0));
     }
 
-    void aSheetIsNotAskedForItsCells()
+    void spreadsheetCellsAreNotEnumerated()
     {
         SlowEditor editor(m_session->accessibilityAddress());
         editor.setChildCount(1'000'000);
@@ -254,8 +254,8 @@ private Q_SLOTS:
         QCOMPARE(editor.childrenQuestions(), 0);
     }
 
-    void aWindowThatTellsNothingHasNoCaret_data() { theCaretIsFoundWhereItIs_data(); }
-    void aWindowThatTellsNothingHasNoCaret()
+    void inaccessibleWindowHasNoCaret_data() { theCaretIsFoundWhereItIs_data(); }
+    void inaccessibleWindowHasNoCaret()
     {
         QFETCH(const QStringList, program);
         const OtherProgram editor(program);
@@ -267,8 +267,8 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
     }
 
-    void aFrozenProgramIsGivenUpAndTheEventLoopRunsOn_data() { theCaretIsFoundWhereItIs_data(); }
-    void aFrozenProgramIsGivenUpAndTheEventLoopRunsOn()
+    void frozenProgramTimesOutWithoutBlocking_data() { theCaretIsFoundWhereItIs_data(); }
+    void frozenProgramTimesOutWithoutBlocking()
     {
         QFETCH(const QStringList, program);
         const OtherProgram editor(program);
@@ -299,7 +299,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
     }
 
-    void aProgramThatStartedEarlierIsFound_data()
+    void programStartedEarlierIsFound_data()
     {
         QTest::addColumn<QStringList>("program");
         QTest::newRow("Qt 6") << OtherProgram::qtEditor();
@@ -307,7 +307,7 @@ private Q_SLOTS:
         QTest::newRow("Mousepad, GTK 3") << QStringList{u"mousepad"_s};
         QTest::newRow("FeatherPad, Qt 5") << QStringList{u"featherpad"_s, u"--standalone"_s};
     }
-    void aProgramThatStartedEarlierIsFound()
+    void programStartedEarlierIsFound()
     {
         QFETCH(const QStringList, program);
         const OtherProgram editor(program);
@@ -323,7 +323,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isBehindTheWords());
     }
 
-    void aProgramThatEndsHasNoCaret()
+    void endedProgramHasNoCaret()
     {
         {
             const OtherProgram editor(OtherProgram::qtEditor());
@@ -336,7 +336,7 @@ private Q_SLOTS:
     }
 
     // Qt applications would send every key over the bus, and lose or repeat shortcuts.
-    void nobodyIsAskedToTellOfEvents()
+    void noEventListenerIsRegistered()
     {
         const OtherProgram editor(OtherProgram::qtEditor());
         QTRY_VERIFY(m_session->caret().has_value());
@@ -352,7 +352,7 @@ private Q_SLOTS:
         QDBusConnection::disconnectFromBus(bus.name());
     }
 
-    void nothingIsCalledForAnOwnerThatHasGone()
+    void destroyedOwnerIsNotCalled()
     {
         const OtherProgram editor(OtherProgram::qtEditor());
         QTRY_VERIFY(m_session->caret().has_value());
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QVERIFY(!called);
     }
 
-    void everyQuestionIsAnsweredOnce()
+    void everyRequestIsAnsweredOnce()
     {
         const OtherProgram editor(OtherProgram::qtEditor());
         QTRY_VERIFY(m_session->caret().has_value());
@@ -376,7 +376,7 @@ private Q_SLOTS:
         QCOMPARE(answers, (std::array{1, 1, 1, 1, 1}));
     }
 
-    void anAccessibilityServiceThatStartsAnewIsFoundAgain()
+    void restartedAccessibilityServiceIsFoundAgain()
     {
         {
             const OtherProgram editor(OtherProgram::qtEditor());

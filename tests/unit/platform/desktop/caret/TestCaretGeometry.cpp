@@ -12,7 +12,7 @@ namespace {
 
 constexpr QRect element(100, 50, 400, 300);
 
-// A text of which every character is told truthfully: 10 wide, 20 high, lines below each other.
+// A text that reports every character correctly: 10 wide, 20 high, lines below each other.
 Text truthful(const QString& characters, int caret)
 {
     Text text;
@@ -31,7 +31,7 @@ Text truthful(const QString& characters, int caret)
     return text;
 }
 
-// The same as Qt's plain text editor tells it, scrolled down by some lines.
+// The same as reported by Qt's plain text editor, scrolled down by some lines.
 Text flat(const QString& characters, int caret, int scrolledLines = 0)
 {
     Text text = truthful(characters, caret);
@@ -71,25 +71,25 @@ class TestCaretGeometry : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theCaretIsAtTheLeftOfTheCharacterBehindIt()
+    void caretIsLeftOfTheFollowingCharacter()
     {
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"ab\ncd"_s, 1)), QRectF(110, 50, 1, 20));
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"ab\ncd"_s, 2)), QRectF(120, 50, 1, 20));
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"ab\ncd"_s, 3)), QRectF(100, 70, 1, 20));
     }
 
-    void atTheEndItIsAtTheRightOfTheLastCharacter()
+    void caretAtTheEndIsRightOfTheLastCharacter()
     {
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"ab"_s, 2)), QRectF(120, 50, 1, 20));
     }
 
-    void behindALineBreakItStartsTheNextLine()
+    void caretAfterALineBreakIsOnTheNextLine()
     {
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"ab\n"_s, 3)), QRectF(100, 70, 1, 20));
         QCOMPARE(CaretGeometry::caretRectangle(truthful(u"\n\n"_s, 2)), QRectF(100, 90, 1, 20));
     }
 
-    void anEmptyElementAnswersForItsText()
+    void emptyElementGivesItsOwnRectangle()
     {
         Text text;
         text.element = element;
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(CaretGeometry::caretRectangle(text), QRectF(100, 50, 1, 30));
     }
 
-    void anElementThatCannotTellHasNoCaret()
+    void elementWithoutGeometryHasNoCaret()
     {
         Text text = truthful(u"ab"_s, 1);
         text.characters.clear();
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(CaretGeometry::caretRectangle(Text()), std::nullopt);
     }
 
-    void theSelectionIsTheBoxOfItsEnds()
+    void selectionIsTheBoundingBoxOfItsEnds()
     {
         Text text = truthful(u"abcd\nefgh"_s, 3);
         text.selection = {1, 3};
@@ -122,14 +122,14 @@ private Q_SLOTS:
         QCOMPARE(CaretGeometry::caretRectangle(text), QRectF(130, 50, 1, 20));
     }
 
-    void theSelectionIsCutToWhatItsElementShows()
+    void selectionIsClippedToItsElement()
     {
         Text text = truthful(QString(60, u'\n'), 60);
         text.selection = {0, 60};
         QCOMPARE(CaretGeometry::caretRectangle(text), QRectF(100, 50, 1, 300));
     }
 
-    void paragraphsThatClaimThePlaceOfTheFirstAreMoved()
+    void paragraphsReportedAtTheFirstOnesPositionAreMoved()
     {
         const QString lines = u"ab\ncd\n\nef"_s;
         for (int caret = 0; caret <= lines.size(); ++caret)
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(CaretGeometry::caretRectangle(flat(lines, 30, 40))->top(), 50.0);
     }
 
-    void decisiveCharactersAreFew()
+    void fewCharactersAreQueried()
     {
         Text text;
         text.characterCount = 100'000;
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QCOMPARE(CaretGeometry::toDesktop(caret, Window(), oneScreen(2)), caret);
     }
 
-    void theWindowTellsTheScale_data()
+    void scaleIsTakenFromTheWindow_data()
     {
         QTest::addColumn<qreal>("desktop");
         QTest::addColumn<QRect>("reported");
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QTest::newRow("decorated 2")
             << 1.0 << QRect(9, 0, 402, 321) << QRect(20, 40, 800, 600) << QRectF(200, 200, 2, 40);
     }
-    void theWindowTellsTheScale()
+    void scaleIsTakenFromTheWindow()
     {
         QFETCH(const qreal, desktop);
         QFETCH(const QRect, reported);
@@ -224,7 +224,7 @@ private Q_SLOTS:
                  QRectF(1700, 150, 1, 20));
     }
 
-    void offTheScreensThereIsNothing()
+    void positionsOffTheScreensGiveNothing()
     {
         const Window window{QRect(10, 20, 400, 300), QRect(20, 40, 800, 600)};
         QCOMPARE(CaretGeometry::toDesktop(QRectF(5000, 100, 1, 20), window, oneScreen(1)),

@@ -11,7 +11,7 @@ class TestServerClock : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void timeGrowsOverTheWrap()
+    void timeIncreasesAcrossTheWraparound()
     {
         ServerClock clock;
         const std::chrono::steady_clock::time_point start;
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QCOMPARE(clock.extended(0x0000'0200, start + 768ms), EventTime(0x1'0000'0200));
     }
 
-    void longSilencesCount()
+    void longPausesAreCounted()
     {
         ServerClock clock;
         const std::chrono::steady_clock::time_point start;
@@ -34,7 +34,7 @@ private Q_SLOTS:
         }
     }
 
-    void anEventThatArrivesLateKeepsItsTime()
+    void lateEventKeepsItsTime()
     {
         ServerClock clock;
         const std::chrono::steady_clock::time_point start;

@@ -65,13 +65,13 @@ class TestX11Connection : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDisplayThatIsNotThereIsReportedOnce()
+    void missingDisplayIsReportedOnce()
     {
         QTest::ignoreMessage(QtWarningMsg, "Cannot connect to the X server");
         QVERIFY(!X11Connection::open(":nowhere"));
     }
 
-    void atomsAreThoseOfTheServer()
+    void atomsMatchTheServer()
     {
         const auto connection = X11Connection::open();
         const auto other = X11Connection::open();
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QTRY_COMPARE(title, "one");
     }
 
-    void anEventReadByARoundTripIsNotForgotten()
+    void eventReadDuringARoundTripIsDelivered()
     {
         const auto connection = X11Connection::open();
         const xcb_window_t window = createWatchedWindow(*connection);
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QTRY_COMPARE(changes.count, 2);
     }
 
-    void anErrorIsAnEmptyReply()
+    void errorGivesAnEmptyReply()
     {
         const auto connection = X11Connection::open();
         std::optional<bool> hadReply;
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(*hadReply, false);
     }
 
-    void aDestroyedOwnerGetsNoReply()
+    void destroyedOwnerGetsNoReply()
     {
         const auto connection = X11Connection::open();
         auto owner = std::make_unique<QObject>();
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(!toldTheDead);
     }
 
-    void serverTimeMovesOn()
+    void serverTimeAdvances()
     {
         const auto connection = X11Connection::open();
         std::vector<xcb_timestamp_t> times;
@@ -168,14 +168,14 @@ private Q_SLOTS:
         QVERIFY(std::ranges::is_sorted(times));
     }
 
-    void aHandlerMayDestroyTheConnection()
+    void handlerMayDestroyTheConnection()
     {
         auto connection = X11Connection::open();
         connection->whenServerTimeKnown(this, [&](xcb_timestamp_t) { connection.reset(); });
         QTRY_VERIFY(!connection);
     }
 
-    void whatWasRequestedLastStillLeaves()
+    void lastRequestsAreSentBeforeClosing()
     {
         const auto observer = X11Connection::open();
         const xcb_window_t window = createWatchedWindow(*observer);
@@ -187,7 +187,7 @@ private Q_SLOTS:
         QTRY_COMPARE(changes.count, 1);
     }
 
-    void theEndOfTheServerIsToldOnce()
+    void lossOfTheServerIsReportedOnce()
     {
         const QByteArray mainDisplay = qgetenv("DISPLAY");
         auto desktop = std::make_unique<VirtualDesktop>();
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QTRY_COMPARE(closed.count(), 1);
         QVERIFY(!connection->isOpen());
 
-        // Nothing that is asked for now does harm, and nothing is told twice.
+        // Further requests are harmless, and nothing is reported twice.
         connection->whenServerTimeKnown(this, [](xcb_timestamp_t) { QFAIL("There is no server"); });
         changeTitle(*connection, connection->root(), "late");
         connection->flush();

@@ -38,7 +38,7 @@ class TestPressedModifiers : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void eitherKeyOfAPairHoldsTheFlag()
+    void eitherKeyOfAPairSetsTheFlag()
     {
         PressedModifiers pressed(flagsOf);
         QVERIFY(pressed.press(laptop, leftControl));
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QVERIFY(pressed.isEmpty());
     }
 
-    void theSameKeyOfTwoKeyboardsIsTwoKeys()
+    void sameKeyOfTwoKeyboardsCountsTwice()
     {
         PressedModifiers pressed(flagsOf);
         QVERIFY(pressed.press(laptop, leftControl));
@@ -59,21 +59,21 @@ private Q_SLOTS:
         QCOMPARE(pressed.flags(), ModifierFlag::control);
     }
 
-    void aSecondPressTellsThatTheReleaseWasMissed()
+    void secondPressImpliesAMissedRelease()
     {
         PressedModifiers pressed(flagsOf);
         QVERIFY(pressed.press(laptop, leftControl));
         QVERIFY(!pressed.press(laptop, leftControl));
     }
 
-    void aReleaseOfAKeyThatWasNotDownIsNothing()
+    void releaseWithoutAPressIsIgnored()
     {
         PressedModifiers pressed(flagsOf);
         pressed.release(laptop, leftShift);
         QVERIFY(pressed.isEmpty());
     }
 
-    void resynchronizingDropsAndAdds()
+    void resynchronizingRemovesAndAddsKeys()
     {
         PressedModifiers pressed(flagsOf);
         pressed.press(laptop, leftControl);
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QVERIFY(pressed.isEmpty());
     }
 
-    void aRemappedKeyCountsByItsNewMeaning()
+    void remappedKeyHasItsNewMeaning()
     {
         ModifierFlags meaning = ModifierFlag::control;
         PressedModifiers pressed([&](PressedModifiers::Keycode) { return meaning; });

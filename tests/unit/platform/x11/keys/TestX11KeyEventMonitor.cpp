@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Keeps what the monitors of one scope see.
+/// Records what the monitors of one scope see.
 struct Record
 {
     Record(KeyEventMonitor& monitor, KeyEventScope scope)
@@ -81,9 +81,9 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void theServerIsTrusted() { QVERIFY(monitor->isTrusted()); }
+    void monitorIsTrusted() { QVERIFY(monitor->isTrusted()); }
 
-    void bothControlsRaiseTheFlag()
+    void bothControlKeysSetTheFlag()
     {
         const Record global(*monitor, KeyEventScope::global);
         for (const xcb_keysym_t control : {XK_Control_L, XK_Control_R})
@@ -107,7 +107,7 @@ private Q_SLOTS:
                                            command | shift}));
     }
 
-    void otherKeysAreKeyDownsWithTheModifiersThatAreHeld()
+    void otherKeysAreKeyDownsWithTheHeldModifiers()
     {
         const Record global(*monitor, KeyEventScope::global);
         user.press(XK_Control_L);
@@ -118,7 +118,7 @@ private Q_SLOTS:
         QCOMPARE(global.events[1].flags, ModifierFlag::control);
     }
 
-    void lockKeysAreNoKeyDowns()
+    void lockKeysAreNotKeyDowns()
     {
         const Record global(*monitor, KeyEventScope::global);
         user.tap(XK_Caps_Lock);
@@ -131,7 +131,7 @@ private Q_SLOTS:
         }
     }
 
-    void aHeldKeyDoesNotRepeat()
+    void heldKeyDoesNotRepeat()
     {
         QProcess::execute(u"xset"_s, {u"r"_s, u"rate"_s, u"20"_s, u"200"_s});
         X11Client client;
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(global.events[0].kind, KeyEventKind::keyDown);
     }
 
-    void timesAreTheServers()
+    void timesAreServerTimes()
     {
         const Record global(*monitor, KeyEventScope::global);
         QElapsedTimer all;
@@ -163,7 +163,7 @@ private Q_SLOTS:
         QVERIFY(held.count() >= least - rounding && held.count() <= most + rounding);
     }
 
-    void keysComeWhileAnotherClientHoldsAGrab()
+    void keysArriveDuringAnotherClientsGrab()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QTRY_COMPARE(global.events.size(), 2);
     }
 
-    void modifiersHeldFromBeforeAreKnown()
+    void modifiersHeldBeforeTheStartAreKnown()
     {
         user.press(XK_Shift_L);
         const Record global(*monitor, KeyEventScope::global);
@@ -187,7 +187,7 @@ private Q_SLOTS:
         QTRY_COMPARE(global.flags(), (QList<ModifierFlags>{shift | control, control}));
     }
 
-    void whatWasReleasedWhileNobodyListenedIsForgotten()
+    void keysReleasedWithoutListenersAreForgotten()
     {
         auto first = std::make_unique<Record>(*monitor, KeyEventScope::global);
         user.press(XK_Control_L);
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QTRY_COMPARE(second.flags(), (QList<ModifierFlags>{0}));
     }
 
-    void remappedKeysCountByWhatTheyAreNow()
+    void remappedKeysHaveTheirNewMeaning()
     {
         const Layout layout(*keyboard, {u"-option"_s, u"ctrl:nocaps"_s});
         const Record global(*monitor, KeyEventScope::global);
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QCOMPARE(keyboard->flagsOf(133), ModifierFlag::option);
     }
 
-    void keysAreFoundInTheLayoutThatHasThem()
+    void keysOfSecondaryLayoutsAreFound()
     {
         const Layout layout(*keyboard, {u"-layout"_s, u"ru,us(dvorak)"_s});
         const auto v = keyboard->keyWith(XK_v, 0);
@@ -251,7 +251,7 @@ private Q_SLOTS:
         QCOMPARE(global.events.size(), 2);
     }
 
-    void garbageIsNoKey()
+    void malformedEventsAreIgnored()
     {
         const Record global(*monitor, KeyEventScope::global);
         X11Client client;

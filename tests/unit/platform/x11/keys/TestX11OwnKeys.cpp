@@ -13,7 +13,7 @@
 
 using namespace driftbox;
 
-/// The keys that the program itself types are none of the user's.
+/// Keys that the program types itself do not count as the user's.
 class TestX11OwnKeys : public QObject
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void aTypedShortcutIsNotTold()
+    void ownShortcutIsNotReported()
     {
         type(PasteShortcut::controlShiftV);
         user.tap(XK_a);
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(events.first().flags, ModifierFlags(0));
     }
 
-    void whatTheUserPressesBeforeAndAfterIsTold()
+    void userKeysBeforeAndAfterAreReported()
     {
         user.tap(XK_Control_L);
         type(PasteShortcut::controlV);
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(events.at(3).flags, ModifierFlags(0));
     }
 
-    void aModifierThatWasLiftedForTheShortcutIsUpAfterwards()
+    void modifierLiftedForTheShortcutStaysReleased()
     {
         user.press(XK_Shift_L);
         QTRY_COMPARE(events.size(), 1);

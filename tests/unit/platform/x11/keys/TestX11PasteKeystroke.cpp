@@ -108,7 +108,7 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void theTargetGetsControlVAndNothingElse()
+    void targetGetsOnlyControlV()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(primary.offers, offers);
     }
 
-    void heldModifiersTakeNoPart()
+    void heldModifiersDoNotInterfere()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QCOMPARE(user.modifiers(), std::uint16_t(0));
     }
 
-    void aKeyOfTheShortcutThatIsHeldGoesDownAllTheSame()
+    void heldShortcutKeyIsPressedAgain()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!user.isDown(XK_v));
     }
 
-    void locksTakeNoPartAndStayOn()
+    void locksDoNotInterfereAndStayOn()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(user.modifiers(), std::uint16_t(0));
     }
 
-    void aModifierLatchedForTheNextKeyTakesNoPart()
+    void latchedModifiersDoNotInterfere()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(strokes(client).front().modifiers, controlMask);
     }
 
-    void theLayoutThatHasAVIsUsedAndTheUsersComesBack()
+    void layoutWithAVIsUsedAndTheUsersRestored()
     {
         const KeyboardLayout layout({u"-layout"_s, u"us,ru"_s});
         makeKeystroke();
@@ -226,7 +226,7 @@ private Q_SLOTS:
         lockGroup(client.xcb(), 0);
     }
 
-    void theKeyIsWhereTheLayoutHasIt()
+    void keycodeFollowsTheLayout()
     {
         const KeyboardLayout layout({u"-layout"_s, u"us"_s, u"-variant"_s, u"dvorak"_s});
         makeKeystroke();
@@ -237,7 +237,7 @@ private Q_SLOTS:
         QVERIFY(strokes(client).front() == (Stroke{60, controlMask, 0}));
     }
 
-    void withoutLatinLettersItIsTheKeyWhereVUsuallyIs()
+    void usualKeyOfVIsUsedWithoutLatinLetters()
     {
         const KeyboardLayout layout({u"-layout"_s, u"ru"_s});
         makeKeystroke();
@@ -248,7 +248,7 @@ private Q_SLOTS:
         QVERIFY(strokes(client).front() == (Stroke{55, controlMask, 0}));
     }
 
-    void itWaitsForTheKeyboard()
+    void waitsForTheKeyboardFocus()
     {
         X11Client target;
         QTRY_VERIFY(target.hasFocus());
@@ -261,7 +261,7 @@ private Q_SLOTS:
         QVERIFY(other.keys().empty());
     }
 
-    void whenTheTargetNeverGetsTheKeyboardNobodyGetsTheKeys()
+    void nothingIsTypedIfTheTargetNeverGetsTheFocus()
     {
         X11Client target;
         QTRY_VERIFY(target.hasFocus());
@@ -276,7 +276,7 @@ private Q_SLOTS:
         QTRY_COMPARE(other.keys().size(), std::size_t(2));
     }
 
-    void whenTheTargetQuitsNobodyGetsTheKeys()
+    void nothingIsTypedIfTheTargetQuits()
     {
         X11Client target;
         QTRY_VERIFY(target.hasFocus());
@@ -291,14 +291,14 @@ private Q_SLOTS:
         QTRY_COMPARE(other.keys().size(), std::size_t(2));
     }
 
-    void aServerThatDoesNotAnswerHoldsNothingUp_data()
+    void eventLoopRunsWhileTheServerDoesNotAnswer_data()
     {
         QTest::addColumn<bool>("isFocusKnown");
         QTest::newRow("asked who has the focus") << false;
         QTest::newRow("asked which keys are down") << true;
     }
 
-    void aServerThatDoesNotAnswerHoldsNothingUp()
+    void eventLoopRunsWhileTheServerDoesNotAnswer()
     {
         QFETCH(bool, isFocusKnown);
         X11Client client;
@@ -318,7 +318,7 @@ private Q_SLOTS:
         QTRY_COMPARE(strokes(client).size(), std::size_t(1));
     }
 
-    void aLaterKeystrokeReplacesOneThatWaits()
+    void laterKeystrokeReplacesAWaitingOne()
     {
         X11Client first;
         QTRY_VERIFY(first.hasFocus());
@@ -334,7 +334,7 @@ private Q_SLOTS:
         QVERIFY(first.keys().empty());
     }
 
-    void aFocusedChildIsTheTargetToo()
+    void focusedChildWindowCountsAsTheTarget()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -350,7 +350,7 @@ private Q_SLOTS:
         QTRY_COMPARE(strokes(client).size(), std::size_t(1));
     }
 
-    void aRealTerminalPastes()
+    void realTerminalPastes()
     {
         const QTemporaryDir folder;
         const QString written = folder.filePath(u"written"_s);

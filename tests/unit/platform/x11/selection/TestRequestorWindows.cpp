@@ -41,7 +41,7 @@ private Q_SLOTS:
         m_connection.reset();
     }
 
-    void theSameWindowServesUntilItIsRetired()
+    void windowIsReusedUntilRetired()
     {
         const xcb_window_t first = m_windows->current();
         QCOMPARE(m_windows->current(), first);
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QVERIFY(m_windows->current() != first);
     }
 
-    void aRetiredWindowIsThereForAWhile()
+    void retiredWindowIsKeptForAWhile()
     {
         const xcb_window_t window = m_windows->current();
         m_windows->retireCurrent();
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(!exists(window));
     }
 
-    void eachIsThereForItsOwnWhile()
+    void everyRetiredWindowHasItsOwnTimeout()
     {
         const xcb_window_t first = m_windows->current();
         m_windows->retireCurrent();
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(exists(second));
     }
 
-    void onlySoManyAreKept()
+    void numberOfRetiredWindowsIsLimited()
     {
         std::vector<xcb_window_t> windows;
         for (int i = 0; i < 100; ++i) {
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(std::ranges::count_if(windows, [this](auto each) { return exists(each); }), 0);
     }
 
-    void noWindowIsLeftBehind()
+    void destructionLeavesNoWindow()
     {
         const xcb_window_t retired = m_windows->current();
         m_windows->retireCurrent();
@@ -96,7 +96,7 @@ private Q_SLOTS:
         m_clock.advance(10s);
     }
 
-    void retiringNoneIsNothing()
+    void retiringWithoutAWindowDoesNothing()
     {
         m_windows->retireCurrent();
         m_windows->retireCurrent();

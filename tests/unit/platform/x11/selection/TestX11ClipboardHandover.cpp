@@ -76,7 +76,7 @@ private Q_SLOTS:
     void init() { m_program = std::make_unique<PasteboardProgram>(m_runner); }
     void cleanup() { m_program.reset(); }
 
-    void whatIsOfferedOutlivesTheProgram()
+    void offeredContentOutlivesTheProgram()
     {
         const ClipboardManager manager;
         offer(u"to be kept"_s);
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QVERIFY(Xclip::pastes("to be kept"));
     }
 
-    void whatWasWrittenAMomentAgoToo()
+    void recentlyWrittenContentIsHandedOver()
     {
         const ClipboardManager manager;
         pasteboard().write(textOnly(u"just now"_s));
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(Xclip::pastes("just now"));
     }
 
-    void aManagerThatRefusesIsNotWaitedFor()
+    void refusingManagerIsNotAwaited()
     {
         ScriptedOwner manager("CLIPBOARD_MANAGER");
         manager.answers["SAVE_TARGETS"] = [&](const auto& request) { manager.refuse(request); };
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(manager.asked, QByteArrayList{"SAVE_TARGETS"});
     }
 
-    void aFrozenManagerIsWaitedForBriefly()
+    void frozenManagerIsAwaitedBriefly()
     {
         ScriptedOwner manager("CLIPBOARD_MANAGER");
         manager.answers["SAVE_TARGETS"] = ScriptedOwner::silence();
@@ -124,7 +124,7 @@ private Q_SLOTS:
         isWaiting = false;
     }
 
-    void aManagerThatEndsMidwayHoldsNobodyUp()
+    void managerThatEndsMidwayDoesNotBlock()
     {
         ScriptedOwner manager("CLIPBOARD_MANAGER");
         manager.answers["SAVE_TARGETS"] = [&](const auto&) {
@@ -137,14 +137,14 @@ private Q_SLOTS:
         pasteboard().handOver();
     }
 
-    void withoutAManagerNothingIsWaitedFor()
+    void missingManagerIsNotAwaited()
     {
         offer(u"text"_s);
         pasteboard().handOver();
         QVERIFY(Xclip::pastes("text"));
     }
 
-    void whatOthersOfferIsTheirs()
+    void contentOfOthersIsNotHandedOver()
     {
         const ClipboardManager manager;
         offer(u"ours"_s);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QVERIFY(manager.selection.asked.empty());
     }
 
-    void withNothingOnTheClipboardNobodyIsAsked()
+    void emptyClipboardIsNotHandedOver()
     {
         const ClipboardManager manager;
         pasteboard().handOver();

@@ -23,8 +23,8 @@ void expectLine(const char* line)
 
 } // namespace
 
-/// Owners that break the rules, by mistake or on purpose. Each costs a log line and what it would
-/// have offered; the others and the program lose nothing.
+/// Owners that break the protocol, by mistake or on purpose. Each costs a log line and its own
+/// content; other owners and the program are not affected.
 class TestX11PasteboardHostility : public QObject
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        // Whatever has happened, the next honest copy is read.
+        // Whatever happened before, the next well-behaved copy is read.
         const qint64 before = changeCount();
         ScriptedOwner honest;
         honest.formats = {{"UTF8_STRING", "honest"}};
@@ -59,7 +59,7 @@ private Q_SLOTS:
         m_owner.reset();
     }
 
-    void anOwnerThatNeverAnswersIsAskedTwice()
+    void ownerThatNeverAnswersIsAskedTwice()
     {
         expectLine("Refused the clipboard's text: not complete within 2 s");
         for (const char* target : {"TARGETS", "UTF8_STRING", "STRING"})
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(m_owner->asked, QByteArrayList({"TARGETS", "UTF8_STRING"}));
     }
 
-    void aFormatThatNeverComesLeavesTheOthers()
+    void formatThatNeverArrivesDoesNotAffectTheOthers()
     {
         expectLine("Refused the clipboard's image: not complete within 2 s");
         m_owner->formats = {{"UTF8_STRING", "text"}, {"text/rtf", "{\\rtf1}"}};
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(!content().png);
     }
 
-    void anAnswerAfterTheDeadlineIsNotTakenForTheNextOne()
+    void answerAfterTheDeadlineIsNotMistakenForTheNext()
     {
         expectLine("Refused the clipboard's text: not complete within 2 s");
         std::optional<Request> textRequest;
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(content().rtf, std::optional<QByteArray>("{\\rtf1}"));
     }
 
-    void drippingIncrementsEndAtTheDeadline()
+    void slowIncrementsEndAtTheDeadline()
     {
         expectLine("Refused the clipboard's text: not complete within 2 s");
         int drops = 0;
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(sent <= 70 * mebibyte);
     }
 
-    void sixtyFourMebibytesAreNotTooMuch()
+    void contentOf64MebibytesIsAccepted()
     {
         m_owner->formats = {{"UTF8_STRING", QByteArray(64 * mebibyte, 'x')}};
         m_owner->incrementSize = 2 * mebibyte;
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(content().text->size(), 64 * mebibyte);
     }
 
-    void aSizeThatIsAnnouncedAsTooLargeIsNotWaitedFor()
+    void contentAnnouncedAsTooLargeIsNotAwaited()
     {
         expectLine("Refused the clipboard's text: larger than 64 MiB");
         m_owner->answers = {{"UTF8_STRING", [&](const Request& request) {
@@ -179,14 +179,14 @@ private Q_SLOTS:
         QVERIFY(!content().text);
     }
 
-    void anAnnouncedSizeIsNotBelieved_data()
+    void announcedSizeIsNotTrusted_data()
     {
         QTest::addColumn<int>("announced");
         QTest::newRow("too small") << 1;
         QTest::newRow("too large") << 60'000'000;
     }
 
-    void anAnnouncedSizeIsNotBelieved()
+    void announcedSizeIsNotTrusted()
     {
         QFETCH(int, announced);
         m_owner->answers = {
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QCOMPARE(content(), textOnly(u"part part part "_s));
     }
 
-    void moreThanTheLimitInOneProperty()
+    void propertyAboveTheLimitIsRejected()
     {
         expectLine("Refused the clipboard's text: larger than 64 MiB");
         m_owner->formats = {{"text/rtf", "{\\rtf1}"}};
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(content().rtf, std::optional<QByteArray>("{\\rtf1}"));
     }
 
-    void brokenProtocol_data()
+    void protocolViolationsAreTolerated_data()
     {
         using Misdeed = std::function<void(ScriptedOwner&, const Request&)>;
         QTest::addColumn<Misdeed>("misdeed");
@@ -251,7 +251,7 @@ private Q_SLOTS:
                });
     }
 
-    void brokenProtocol()
+    void protocolViolationsAreTolerated()
     {
         QFETCH(std::function<void(ScriptedOwner&, const Request&)>, misdeed);
         expectLine("Refused the clipboard's text: its owner does not keep to the protocol");
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(content().rtf, std::optional<QByteArray>("{\\rtf1}"));
     }
 
-    void nonsensicalTargetsAreNone_data()
+    void malformedTargetsAreIgnored_data()
     {
         QTest::addColumn<int>("format");
         QTest::addColumn<QByteArray>("bytes");
@@ -273,7 +273,7 @@ private Q_SLOTS:
         QTest::newRow("far too many") << 32 << QByteArray(400'000, '\x01');
     }
 
-    void nonsensicalTargetsAreNone()
+    void malformedTargetsAreIgnored()
     {
         QFETCH(int, format);
         QFETCH(QByteArray, bytes);
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(content(), textOnly(u"text"_s));
     }
 
-    void unknownTargetsAreNotAskedFor()
+    void unknownTargetsAreNotRequested()
     {
         m_owner->answers = {{"TARGETS", [&](const Request& request) {
                                  m_owner->put(request, "ATOM", 32, QByteArray(4'000, '\xfe'));
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QCOMPARE(m_owner->asked, QByteArrayList{"TARGETS"});
     }
 
-    void brokenImagesLeaveTheText_data()
+    void brokenImageDoesNotAffectTheText_data()
     {
         QTest::addColumn<QByteArray>("image");
         QTest::addColumn<QByteArray>("line");
@@ -315,7 +315,7 @@ private Q_SLOTS:
                               << QByteArray("the image has too many pixels");
     }
 
-    void brokenImagesLeaveTheText()
+    void brokenImageDoesNotAffectTheText()
     {
         QFETCH(QByteArray, image);
         QFETCH(QByteArray, line);
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QCOMPARE(content(), textOnly(u"text"_s));
     }
 
-    void invalidUtf8IsRefused()
+    void invalidUtf8IsRejected()
     {
         expectLine("Refused the clipboard's text: not valid UTF-8");
         m_owner->formats = {{"UTF8_STRING", "na\xefve"}, {"text/rtf", "{\\rtf1}"}};
@@ -338,7 +338,7 @@ private Q_SLOTS:
         QCOMPARE(content().rtf, std::optional<QByteArray>("{\\rtf1}"));
     }
 
-    void anOwnerThatEndsWhenAskedLeavesNothing()
+    void ownerThatEndsWhenAskedGivesNothing()
     {
         m_owner->answers = {{"UTF8_STRING", [&](const Request&) { m_owner->end(); }}};
         m_owner->take();
@@ -347,7 +347,7 @@ private Q_SLOTS:
         QVERIFY(content().isEmpty());
     }
 
-    void anOwnerThatEndsAmidIncrementsLeavesTheRest()
+    void ownerThatEndsDuringIncrementsKeepsTheOtherFormats()
     {
         m_owner->formats = {{"UTF8_STRING", "text"}};
         m_owner->answers = {{"text/rtf", [&](const Request& request) {
@@ -361,7 +361,7 @@ private Q_SLOTS:
         QCOMPARE(content(), textOnly(u"text"_s));
     }
 
-    void answersThatNobodyAskedForAreNothing()
+    void unsolicitedAnswersAreIgnored()
     {
         std::optional<Request> request;
         m_owner->formats = {{"UTF8_STRING", "text"}};

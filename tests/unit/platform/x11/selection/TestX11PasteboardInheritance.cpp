@@ -12,13 +12,13 @@
 using namespace driftbox;
 using namespace Qt::StringLiterals;
 
-/// What becomes of a copy when the program ends that made it.
+/// What happens to copied content when its program ends.
 class TestX11PasteboardInheritance : public PasteboardTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatAProgramOfferedOutlivesIt()
+    void contentOutlivesItsProgram()
     {
         const QByteArray png = imageFile(colorfulImage({30, 20}), "png");
         auto owner = std::make_unique<ScriptedOwner>();
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().content(), before);
     }
 
-    void whatARealProgramOfferedOutlivesIt()
+    void contentOfARealProgramOutlivesIt()
     {
         QProcess xclip;
         xclip.start(u"xclip"_s, {u"-quiet"_s, u"-i"_s, u"-selection"_s, u"clipboard"_s});
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().changeCount(), 1);
     }
 
-    void anOwnersWindowMayEndWithoutIt()
+    void ownerMayLoseOnlyItsWindow()
     {
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "text"}};
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().changeCount(), 1);
     }
 
-    void whatWasThereAtTheStartOutlivesItsProgram()
+    void initialContentOutlivesItsProgram()
     {
         m_program.reset();
         auto owner = std::make_unique<ScriptedOwner>();
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().changeCount(), 0);
     }
 
-    void whatArrivedBeforeTheOwnerEndedIsKept()
+    void formatsReadBeforeTheOwnerEndedAreKept()
     {
         auto owner = std::make_unique<ScriptedOwner>();
         owner->formats = {{"UTF8_STRING", "text"}};
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().changeCount(), 1);
     }
 
-    void whatAProgramHandsOverWithItsLastBreathIsKept()
+    void contentHandedOverOnExitIsKept()
     {
         ScriptedOwner owner;
         owner.answers = {{"UTF8_STRING", [&](const ScriptedOwner::Request& request) {
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QTRY_VERIFY(Xclip::pastes("text"));
     }
 
-    void anImageThatIsBeingDecodedOutlivesItsProgram()
+    void imageBeingDecodedOutlivesItsProgram()
     {
         const QByteArray png = imageFile(colorfulImage({30, 20}), "png");
         auto owner = std::make_unique<ScriptedOwner>();
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QTRY_COMPARE(Xclip::pasted(u"image/png"_s), png);
     }
 
-    void aSecretEndsWithItsProgram()
+    void secretsEndWithTheirProgram()
     {
         auto owner = std::make_unique<ScriptedOwner>();
         owner->formats = {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}};
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QTRY_COMPARE(requestor.answers, QByteArrayList{"TARGETS refused"});
     }
 
-    void whatIsTakenBackIsGone()
+    void clearedContentIsNotKept()
     {
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "text"}, {"text/html", "text"}};
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QTRY_COMPARE(requestor.answers, QByteArrayList{"TARGETS refused"});
     }
 
-    void whatIsTakenBackWhileItIsBeingReadIsGone()
+    void contentClearedWhileBeingReadIsNotKept()
     {
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "text"}};

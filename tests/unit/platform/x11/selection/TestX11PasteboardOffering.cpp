@@ -17,7 +17,7 @@ class TestX11PasteboardOffering : public PasteboardTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void aWriteShowsAtOnce()
+    void writeIsVisibleImmediately()
     {
         const qint64 before = pasteboard().changeCount();
         pasteboard().write(textOnly(u"written"_s));
@@ -26,7 +26,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().content(), textOnly(u"written"_s));
     }
 
-    void aWriteIsNoChangeMadeByOthers()
+    void writeDoesNotCountAsAnExternalChange()
     {
         pasteboard().write(textOnly(u"written"_s));
         const qint64 after = pasteboard().changeCount();
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().content(), textOnly(u"written"_s));
     }
 
-    void textIsPastedUnderEachName_data()
+    void textIsPastedUnderEveryTarget_data()
     {
         QTest::addColumn<QString>("target");
         QTest::addColumn<QByteArray>("bytes");
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QTest::newRow("latin1") << u"STRING"_s << QByteArray("caf\xe9");
     }
 
-    void textIsPastedUnderEachName()
+    void textIsPastedUnderEveryTarget()
     {
         QFETCH(QString, target);
         QFETCH(QByteArray, bytes);
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(Xclip::pasted(u"text/richtext"_s), "{\\rtf1 x}");
     }
 
-    void largeContentIsPastedWhole_data()
+    void largeContentIsPastedCompletely_data()
     {
         QTest::addColumn<QString>("text");
         QString changing;
@@ -78,14 +78,14 @@ private Q_SLOTS:
         QTest::newRow("pairs all along") << u"\U0001F600"_s.repeated(1'000'000);
     }
 
-    void largeContentIsPastedWhole()
+    void largeContentIsPastedCompletely()
     {
         QFETCH(QString, text);
         pasteboard().write(textOnly(text));
         QTRY_VERIFY(Xclip::pastes(text.toUtf8()));
     }
 
-    void emptyTextIsOfferedAsSuch()
+    void emptyTextIsOffered()
     {
         pasteboard().write(textOnly(u""_s));
         ScriptedRequestor requestor;
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(requestor.take("UTF8_STRING").type, "UTF8_STRING");
     }
 
-    void nothingIsOfferedAsNothing()
+    void emptyContentOffersNothing()
     {
         pasteboard().write(textOnly(u"before"_s));
         QTRY_VERIFY(Xclip::pastes("before"));
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(pasteboard().changeCount(), before + 1);
     }
 
-    void targetsAreTold()
+    void targetsAreListed()
     {
         pasteboard().write({.text = u"\u20ac"_s, .rtf = "{\\rtf1}", .png = {}});
         ScriptedRequestor requestor;
@@ -119,7 +119,7 @@ private Q_SLOTS:
                                  "application/rtf", "text/richtext"}));
     }
 
-    void whatIsNotOfferedIsRefused()
+    void targetsThatAreNotOfferedAreRefused()
     {
         pasteboard().write(textOnly(u"\u20ac"_s));
         QTRY_VERIFY(Xclip::pastes("\xe2\x82\xac"));
@@ -132,7 +132,7 @@ private Q_SLOTS:
                                      "text/html refused", "UNHEARD_OF refused"}));
     }
 
-    void theTimeOfTheClaimIsTold()
+    void timestampIsTheTimeOfTheClaim()
     {
         pasteboard().write(textOnly(u"x"_s));
         QTRY_VERIFY(Xclip::pastes("x"));
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QVERIFY(time.bytes != QByteArray(4, '\0'));
     }
 
-    void severalTargetsAtOnce()
+    void multipleTargetsAreAnsweredAtOnce()
     {
         const QString large(600'000, u'x');
         pasteboard().write({.text = large, .rtf = "{\\rtf1}", .png = {}});
@@ -165,17 +165,17 @@ private Q_SLOTS:
         QCOMPARE(requestor.increments, large.toUtf8());
     }
 
-    void severalTargetsWithoutAListAreRefused()
+    void multipleTargetsWithoutAListAreRefused()
     {
         pasteboard().write(textOnly(u"x"_s));
         QTRY_VERIFY(Xclip::pastes("x"));
         ScriptedRequestor requestor;
-        requestor.ask("MULTIPLE"); // the property is not there
+        requestor.ask("MULTIPLE"); // the property does not exist
         requestor.askWithoutProperty("MULTIPLE");
         QTRY_COMPARE(requestor.answers, QByteArrayList({"MULTIPLE refused", "MULTIPLE refused"}));
     }
 
-    void oldProgramsNameNoProperty()
+    void requestsWithoutAPropertyAreAnswered()
     {
         pasteboard().write(textOnly(u"x"_s));
         QTRY_VERIFY(Xclip::pastes("x"));
@@ -185,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(requestor.take("STRING").bytes, "x");
     }
 
-    void manyRequestorsAreAnsweredAtTheSameTime()
+    void manyRequestorsAreAnsweredConcurrently()
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
@@ -206,7 +206,7 @@ private Q_SLOTS:
         }
     }
 
-    void whoNeverReadsHoldsNobodyUp()
+    void requestorThatNeverReadsDoesNotBlockOthers()
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QTRY_COMPARE(stuck.answers, QByteArrayList{"UTF8_STRING"});
         QVERIFY(Xclip::pastes(text));
 
-        // It is waited for as long as it makes progress, and then no more.
+        // The requestor is awaited only as long as it makes progress.
         m_program->clock.advance(IncrementalAnswer::idleTimeout / 2);
         stuck.takeIncrements("UTF8_STRING");
         QTRY_VERIFY(stuck.hasTakenLastIncrement);
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(dead.incrementCount, 0);
     }
 
-    void requestorsThatVanishAreForgotten()
+    void vanishedRequestorsAreForgotten()
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(Xclip::pastes(text));
     }
 
-    void windowsOfTheProgramItselfAreNotAnswered()
+    void ownWindowsAreNotAnswered()
     {
         const QByteArray text(600'000, 'x');
         pasteboard().write(textOnly(QString::fromLatin1(text)));
@@ -270,7 +270,7 @@ private Q_SLOTS:
         QVERIFY(Xclip::pastes(text));
         m_program->clock.advance(IncrementalAnswer::idleTimeout);
 
-        // What the connection hears of its window is as before.
+        // The events selected on the window are as before.
         int changes = 0;
         connect(m_program->connection.get(), &X11Connection::eventReceived, &impostor,
                 [&](const xcb_generic_event_t& event) {
@@ -284,7 +284,7 @@ private Q_SLOTS:
         QTRY_COMPARE(changes, 1);
     }
 
-    void anotherProgramMayCopyRightAfterAWrite()
+    void copyRightAfterAWriteIsSeen()
     {
         ScriptedOwner other;
         other.formats = {{"UTF8_STRING", "other"}};
@@ -298,7 +298,7 @@ private Q_SLOTS:
         QVERIFY(other.ownsSelection());
     }
 
-    void ofAWriteAndACopyAtTheSameMomentTheServerHasTheSay()
+    void serverDecidesBetweenASimultaneousWriteAndCopy()
     {
         for (int i = 0; i < 50; ++i) {
             ScriptedOwner other;
@@ -310,7 +310,7 @@ private Q_SLOTS:
             if (i % 2 == 1)
                 other.take();
 
-            // Whoever won, the program and the rest of the world agree on it.
+            // Whoever won, the program and all others agree.
             QTRY_VERIFY((other.ownsSelection() && pasteboard().content() == textOnly(u"other"_s)) ||
                         (!other.ownsSelection() &&
                          pasteboard().content() == textOnly(u"written"_s) &&
@@ -318,7 +318,7 @@ private Q_SLOTS:
         }
     }
 
-    void theLastOfManyWritesStays()
+    void lastOfManyWritesIsKept()
     {
         for (int i = 0; i < 100; ++i)
             pasteboard().write(textOnly(QString::number(i)));

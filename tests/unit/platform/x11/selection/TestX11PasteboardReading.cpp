@@ -27,13 +27,13 @@ private Q_SLOTS:
         QVERIFY(!nobody.ownsSelection());
     }
 
-    void anEmptyClipboardReadsEmpty()
+    void emptyClipboardReadsAsEmpty()
     {
         PasteboardProgram program(m_runner);
         const QSignalSpy arrived(&program.pasteboard, &Pasteboard::initialContentArrived);
         const qint64 before = program.pasteboard.changeCount();
 
-        // Had anything arrived for the start, it would be there before what is copied now.
+        // Initial content would arrive before what is copied now.
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "later"}};
         owner.take();
@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(arrived.count(), 0);
     }
 
-    void everyFormatIsThereWhenTheCountMoves()
+    void allFormatsArePresentWhenTheCountChanges()
     {
         PasteboardProgram program(m_runner);
         const QByteArray png = imageFile(colorfulImage({20, 10}), "png");
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(content.png, std::optional(png));
     }
 
-    void theCountDoesNotMoveBeforeTheImageIsDecoded()
+    void countDoesNotChangeBeforeTheImageIsDecoded()
     {
         FakeTaskRunner runner;
         PasteboardProgram program(runner);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content().text, std::optional(u"text"_s));
     }
 
-    void eachNameOfTextWillDo_data()
+    void textIsReadFromAnyTarget_data()
     {
         QTest::addColumn<QByteArray>("target");
         QTest::addColumn<QByteArray>("bytes");
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTest::newRow("latin1") << QByteArray("STRING") << QByteArray("\xe9");
     }
 
-    void eachNameOfTextWillDo()
+    void textIsReadFromAnyTarget()
     {
         QFETCH(QByteArray, target);
         QFETCH(QByteArray, bytes);
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u"\u00e9"_s));
     }
 
-    void eachNameOfRtfWillDo_data()
+    void rtfIsReadFromAnyTarget_data()
     {
         QTest::addColumn<QByteArray>("target");
         QTest::newRow("text") << QByteArray("text/rtf");
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QTest::newRow("rich text") << QByteArray("text/richtext");
     }
 
-    void eachNameOfRtfWillDo()
+    void rtfIsReadFromAnyTarget()
     {
         QFETCH(QByteArray, target);
         PasteboardProgram program(m_runner);
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content().rtf, std::optional<QByteArray>("{\\rtf1}"));
     }
 
-    void aRefusedNameIsFollowedByTheNext()
+    void refusedTargetFallsBackToTheNext()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u"old"_s));
     }
 
-    void anOwnerThatDoesNotTellItsTargetsIsAskedForText()
+    void ownerWithoutTargetsIsAskedForText()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content().png, std::optional(png));
     }
 
-    void nothingInIncrementsIsEmptyText()
+    void emptyIncrementalTransferIsEmptyText()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;
@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u""_s));
     }
 
-    void aLargeTextInOnePieceArrives()
+    void largeTextInOnePropertyArrives()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;
@@ -185,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content().text, std::optional(QString(3'500'001, u'x')));
     }
 
-    void aSecretIsNeitherReadNorAskedFor()
+    void secretsAreNeitherReadNorRequested()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner before;
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(owner.asked, QByteArrayList{"TARGETS"});
     }
 
-    void contentOfTheStartIsNoChange()
+    void initialContentIsNotAChange()
     {
         ScriptedOwner owner;
         owner.formats = {{"UTF8_STRING", "before"}};
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QCOMPARE(arrived.count(), 1);
     }
 
-    void aChangeTakesThePlaceOfTheContentOfTheStart()
+    void changeReplacesTheInitialContent()
     {
         ScriptedOwner slow;
         slow.answers = {{"TARGETS", ScriptedOwner::silence()}};
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(arrived.count(), 0);
     }
 
-    void aNewerChangeTakesThePlaceOfOneBeingRead()
+    void newerChangeReplacesTheOneBeingRead()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner first;
@@ -257,7 +257,7 @@ private Q_SLOTS:
         second.take();
         QTRY_COMPARE(program.pasteboard.changeCount(), 1);
 
-        // The late answer of the first one is taken for nothing, and its window is still there.
+        // The late answer of the first owner is ignored, and its window still exists.
         first.put(*late, "UTF8_STRING", 8, "first");
         first.notify(*late);
         QVERIFY(!first.ownsSelection());
@@ -267,7 +267,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u"second"_s));
     }
 
-    void aNewerChangeTakesThePlaceOfOneBeingDecoded()
+    void newerChangeReplacesTheOneBeingDecoded()
     {
         FakeTaskRunner runner;
         PasteboardProgram program(runner);
@@ -285,7 +285,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u"second"_s));
     }
 
-    void theSameOwnerTakingAgainIsAChange()
+    void reclaimingByTheSameOwnerIsAChange()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;
@@ -297,7 +297,7 @@ private Q_SLOTS:
         QCOMPARE(program.pasteboard.content(), textOnly(u"same"_s));
     }
 
-    void otherSelectionsAreNobodysBusiness()
+    void otherSelectionsAreIgnored()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner primary("PRIMARY");
@@ -312,7 +312,7 @@ private Q_SLOTS:
         QVERIFY(primary.asked.isEmpty());
     }
 
-    void aHundredChangesInARowEndWithTheLast()
+    void lastOfManyChangesIsRead()
     {
         PasteboardProgram program(m_runner);
         ScriptedOwner owner;

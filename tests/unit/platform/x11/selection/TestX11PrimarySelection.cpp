@@ -15,7 +15,7 @@ class TestX11PrimarySelection : public PasteboardTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void theTextOfThePasteboardIsOfferedWhenAsked()
+    void pasteboardTextIsOfferedOnRequest()
     {
         X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());
         pasteboard().write({.text = u"for the terminal"_s, .rtf = "{\\rtf1}", .png = {}});
@@ -29,7 +29,7 @@ private Q_SLOTS:
         QCOMPARE(Xclip::pasted(u"text/rtf"_s, u"primary"_s), "");
     }
 
-    void withoutTextTheSelectionStaysAsItIs()
+    void selectionIsUnchangedWithoutText()
     {
         ScriptedOwner selected("PRIMARY");
         selected.formats = {{"UTF8_STRING", "selected"}};
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(selected.ownsSelection());
     }
 
-    void aDestroyedOwnerIsNotTold()
+    void destroyedOwnerIsNotNotified()
     {
         X11PrimarySelection primary(*m_program->connection, m_program->clock, pasteboard());
         pasteboard().write(textOnly(u"x"_s));

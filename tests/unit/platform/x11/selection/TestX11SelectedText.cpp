@@ -38,7 +38,7 @@ private Q_SLOTS:
         m_program.reset();
     }
 
-    void theTextIsAskedForAndNothingElse()
+    void onlyTextIsRequested()
     {
         ScriptedOwner owner("PRIMARY");
         owner.formats = {{"UTF8_STRING", "sélected"}, {"image/png", "..."}, {"text/rtf", "{}"}};
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answer, u"more"_s);
     }
 
-    void withoutASelectionThereIsNoText()
+    void noSelectionGivesNoText()
     {
         ScriptedOwner owner("PRIMARY");
         owner.take();
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answer, QString());
     }
 
-    void aSecretIsNotTold()
+    void secretsAreNotReported()
     {
         ScriptedOwner owner("PRIMARY");
         owner.formats = {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}};
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QVERIFY(!owner.asked.contains("UTF8_STRING"));
     }
 
-    void anOwnerThatDoesNotAnswerCostsNothing()
+    void silentOwnerDoesNotBlock()
     {
         ScriptedOwner owner("PRIMARY");
         owner.formats = {{"UTF8_STRING", "late"}};
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answer, u"prompt"_s);
     }
 
-    void whoIsGoneIsNotTold()
+    void destroyedOwnerIsNotNotified()
     {
         ScriptedOwner owner("PRIMARY");
         owner.formats = {{"UTF8_STRING", "text"}};

@@ -10,14 +10,14 @@ class TestStrut : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void twelveNumbersAreFourStretches()
+    void twelveNumbersGiveFourRanges()
     {
         const std::uint32_t numbers[] = {0, 0, 30, 48, 0, 0, 0, 0, 100, 1539, 0, 1919};
         QVERIFY(strutsFrom(numbers) ==
                 (std::vector<Strut>{{Qt::TopEdge, 30, 100, 1539}, {Qt::BottomEdge, 48, 0, 1919}}));
     }
 
-    void fourNumbersGoAllAlongTheEdge()
+    void fourNumbersSpanTheWholeEdge()
     {
         const std::uint32_t numbers[] = {64, 0, 0, 0};
         const auto struts = strutsFrom(numbers);
@@ -25,7 +25,7 @@ private Q_SLOTS:
         QCOMPARE(withoutStruts({0, 0, 1440, 900}, {1440, 900}, struts), QRect(64, 0, 1376, 900));
     }
 
-    void garbageIsNoStrut()
+    void malformedStrutsAreIgnored()
     {
         QVERIFY(strutsFrom({}).empty());
         const std::uint32_t tooFew[] = {1, 2, 3};
@@ -35,7 +35,7 @@ private Q_SLOTS:
                  QRect(0, 0, 1440, 900));
     }
 
-    void everyEdgeGivesWay()
+    void everyEdgeCanBeReserved()
     {
         const Strut struts[] = {{Qt::LeftEdge, 10, 0, 899},
                                 {Qt::RightEdge, 20, 0, 899},
@@ -45,7 +45,7 @@ private Q_SLOTS:
         QCOMPARE(withoutStruts({0, 0, 1440, 900}, {1440, 900}, struts), QRect(10, 30, 1410, 830));
     }
 
-    void aStrutCountsOnItsOwnScreen()
+    void strutAffectsOnlyItsOwnScreen()
     {
         const QRect left(0, 0, 1280, 900);
         const QRect right(1280, 0, 1920, 1080);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(withoutStruts(right, desktop, top), QRect(1280, 28, 1920, 1052));
     }
 
-    void aPanelAtTheBottomOfTheUpperScreenLeavesTheLowerOneWhole()
+    void panelBetweenTwoScreensAffectsOnlyTheUpperOne()
     {
         const QRect upper(0, 0, 1440, 900);
         const QRect lower(0, 900, 1440, 900);

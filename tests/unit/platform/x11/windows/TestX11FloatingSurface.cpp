@@ -86,7 +86,7 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void itStandsExactlyWhereItIsPut_data()
+    void frameIsExact_data()
     {
         QTest::addColumn<QRect>("pixels");
         QTest::newRow("middle") << QRect(444, 126, 552, 648);
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QTest::newRow("odd") << QRect(333, 77, 161, 121);
     }
 
-    void itStandsExactlyWhereItIsPut()
+    void frameIsExact()
     {
         QFETCH(QRect, pixels);
         const QSignalSpy moved(surface.get(), &FloatingSurface::frameChangedByUser);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(moved.count(), 0);
     }
 
-    void itsContentKnowsItsSizeBeforeItIsShown()
+    void contentIsResizedBeforeItIsShown()
     {
         surface->setFrame(lowerLeft({300, 200, 250, 130}));
         QCOMPARE(card->laidOut, QSize(250, 130));
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QCOMPARE(card->laidOut, QSize(180, 140));
     }
 
-    void itMovesWhileShownAndComesBackElsewhere()
+    void movesWhileShownAndReappearsElsewhere()
     {
         surface->setFrame(lowerLeft({100, 100, 200, 150}));
         surface->present(FloatingSurface::Keyboard::take);
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isSeenAt({701, 51}));
     }
 
-    void itTakesTheKeyboardFromTheApplicationTheUserTypesIn()
+    void takesTheKeyboardFromTheActiveApplication()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QTRY_COMPARE(client.keys().size(), std::size_t(8));
     }
 
-    void anOldActionInThisProgramDoesNotKeepItBack()
+    void oldUserActionDoesNotPreventTakingTheKeyboard()
     {
         // The user has worked in a window of ours, long before the application came.
         surface->present(FloatingSurface::Keyboard::take);
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QTRY_VERIFY(surface->isKey());
     }
 
-    void itLeavesTheKeyboardWhereItIs()
+    void leavesTheKeyboardOnRequest()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -206,7 +206,7 @@ private Q_SLOTS:
         QTRY_VERIFY(surface->isKey());
     }
 
-    void itStaysInFrontOfTheWindowTheUserClicks()
+    void staysAboveAClickedWindow()
     {
         X11Client client({.frame = {80, 80, 400, 300}});
         QTRY_VERIFY(client.hasFocus());
@@ -221,7 +221,7 @@ private Q_SLOTS:
         QCOMPARE(user.colorAt(over.center()), paper);
     }
 
-    void noneOfThemGoesWhenAnotherApplicationIsActive()
+    void staysVisibleWhenAnotherApplicationIsActive()
     {
         Card second;
         const auto note = surfaces->adopt(second, FloatingSurface::Role::note);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QCOMPARE(user.colorAt({310, 110}), paper);
     }
 
-    void aClickElsewhereTakesTheKeyboardAway()
+    void clickElsewhereTakesTheKeyboardAway()
     {
         X11Client client({.frame = {600, 400, 300, 200}});
         QTRY_VERIFY(client.hasFocus());
@@ -259,7 +259,7 @@ private Q_SLOTS:
         QCOMPARE(resigned.count(), 1);
     }
 
-    void grabsOfOthersDoNot()
+    void grabsOfOthersDoNotTakeTheKeyboardAway()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -281,7 +281,7 @@ private Q_SLOTS:
         QVERIFY(surface->isKey());
     }
 
-    void aHotKeyOfAnotherProgramDoesNot()
+    void hotkeyOfAnotherProgramDoesNotTakeTheKeyboardAway()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -298,7 +298,7 @@ private Q_SLOTS:
         QCOMPARE(resigned.count(), 0);
     }
 
-    void itIsInNoListAndOnAllDesktops()
+    void skipsWindowListsAndIsOnAllDesktops()
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::take);
@@ -312,7 +312,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isSeenAt({101, 101}));
     }
 
-    void theUserMovesIt()
+    void userCanMoveIt()
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::take);
@@ -340,7 +340,7 @@ private Q_SLOTS:
         QCOMPARE(moved.last().first().toRectF(), lowerLeft({300, 200, 120, 80}));
     }
 
-    void aMoveIsNotLostWhenItIsOrderedOutAtOnce()
+    void moveIsReportedEvenIfOrderedOutImmediately()
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::take);
@@ -356,7 +356,7 @@ private Q_SLOTS:
         QCOMPARE(surface->frame().topLeft(), lowerLeft({340, 220, 120, 80}).topLeft());
     }
 
-    void withoutBlendingItHasItsShape()
+    void hasItsShapeWithoutCompositing()
     {
         X11Client client({.frame = {50, 50, 500, 400}});
         QTRY_VERIFY(client.hasFocus());
@@ -377,7 +377,7 @@ private Q_SLOTS:
         QTRY_VERIFY(client.hasFocus());
     }
 
-    void withBlendingOnlyTheMouseKnowsItsShape()
+    void onlyInputIsShapedWithCompositing()
     {
         QSignalSpy changed(surface.get(), &FloatingSurface::compositedChanged);
         X11Client client({.frame = {50, 50, 500, 400}});
@@ -408,7 +408,7 @@ private Q_SLOTS:
         QTRY_VERIFY(user.colorAt(origin + QPoint(1, 1)) != paper);
     }
 
-    void theMouseGoesThroughItOnDemand_data()
+    void clickThroughLetsTheMouseThrough_data()
     {
         QTest::addColumn<bool>("blended");
         QTest::addColumn<QRegion>("shape");
@@ -417,7 +417,7 @@ private Q_SLOTS:
         QTest::newRow("blended, shaped") << true << QRegion(20, 20, 80, 40);
     }
 
-    void theMouseGoesThroughItOnDemand()
+    void clickThroughLetsTheMouseThrough()
     {
         QFETCH(bool, blended);
         QFETCH(QRegion, shape);
@@ -458,7 +458,7 @@ private Q_SLOTS:
         QTRY_COMPARE(card->presses, 2);
     }
 
-    void itSurvivesAnotherWindowManager()
+    void survivesAChangeOfWindowManager()
     {
         surface->setFrame(lowerLeft({100, 100, 120, 80}));
         surface->present(FloatingSurface::Keyboard::leave);
@@ -481,7 +481,7 @@ private Q_SLOTS:
         QTRY_COMPARE(windowFrame(), QRect(300, 200, 120, 80));
     }
 
-    void itComesBackThoughTheWindowManagerIsSlow()
+    void reappearsWithASlowWindowManager()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -506,7 +506,7 @@ private Q_SLOTS:
             QTRY_VERIFY(property(u"_NET_WM_STATE"_s).contains(name));
     }
 
-    void itIsShownThoughTheWindowManagerEndsBeforeItHears()
+    void isShownEvenIfTheWindowManagerEnds()
     {
         desktop.freezeWindowManager();
         surface->setFrame(lowerLeft({100, 100, 120, 80}));

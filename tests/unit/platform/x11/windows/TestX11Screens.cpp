@@ -49,7 +49,7 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void thePrimaryScreenIsFirstAndHoldsTheOrigin()
+    void primaryScreenIsFirstAndHasTheOrigin()
     {
         const auto list = screens->screens();
         QCOMPARE(list.size(), std::size_t(2));
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(list[1].scale, 2.0);
     }
 
-    void aPanelTakesRoomOnItsOwnScreenOnly()
+    void panelReservesSpaceOnItsOwnScreenOnly()
     {
         X11Client bar({.frame = {0, 960, 1280, 40}});
         // 80 pixels of the desktop lie below the left screen.
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QTRY_COMPARE(screens->screens()[1].visibleFrame, screens->screens()[1].frame);
     }
 
-    void theMouseIsFoundOnEveryScreen()
+    void mouseIsFoundOnEveryScreen()
     {
         user.movePointer({1280 + 10, 20});
         QTRY_COMPARE(screens->mouseLocation(), QPointF(10, 1060));
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(screens->screens()[1].frame.contains(screens->mouseLocation()));
     }
 
-    void aFloatingWindowIsPlacedToThePixelOnEither_data()
+    void floatingWindowIsPlacedExactlyOnEitherScreen_data()
     {
         QTest::addColumn<QRectF>("frame");
         QTest::addColumn<QRect>("pixels");
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QTest::newRow("left") << QRectF(-1200, 600, 240, 200) << QRect(160, 460, 480, 400);
     }
 
-    void aFloatingWindowIsPlacedToThePixelOnEither()
+    void floatingWindowIsPlacedExactlyOnEitherScreen()
     {
         QFETCH(QRectF, frame);
         QFETCH(QRect, pixels);

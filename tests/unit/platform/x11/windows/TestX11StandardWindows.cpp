@@ -22,7 +22,7 @@ private Q_SLOTS:
         m_windows = std::make_unique<X11StandardWindows>(*m_connection);
     }
 
-    void aWindowIsCenterdOnItsScreen()
+    void windowIsCenteredOnItsScreen()
     {
         QRasterWindow window;
         window.resize(780, 640);
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QVERIFY2(off.manhattanLength() < 60, "a title bar may move it");
     }
 
-    void aWindowThatDoesNotFitIsMadeSmaller()
+    void windowThatDoesNotFitIsShrunk()
     {
         QRasterWindow window;
         window.resize(screen().size() * 2);
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(window.geometry(), screen());
     }
 
-    void theOneThatIsPresentedHasTheKeyboard()
+    void presentedWindowHasTheKeyboard()
     {
         QRasterWindow one;
         QRasterWindow other;
@@ -53,7 +53,7 @@ private Q_SLOTS:
         }
     }
 
-    void aMinimizedWindowComesBack()
+    void presentingRestoresAMinimizedWindow()
     {
         QRasterWindow window;
         window.resize(200, 100);
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(!window.windowStates().testFlag(Qt::WindowMinimized));
     }
 
-    void withoutAWindowManagerItTakesTheKeyboardByItself()
+    void presentedWindowTakesTheKeyboardWithoutAWindowManager()
     {
         m_desktop->setWindowManager({});
         QRasterWindow window;

@@ -42,7 +42,7 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void theWindowWithTheKeyboardIsFrontmost()
+    void windowWithTheKeyboardIsFrontmost()
     {
         QVERIFY(!X11WindowManager(*connection, connection->xcb()).isPresent());
         const X11Client client({.windowClass = "Mousepad"});
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(application->bundleIdentifier(), std::optional(u"Mousepad"_s));
     }
 
-    void elseTheOneUnderThePointerGetsTheKeys()
+    void windowUnderThePointerGetsTheKeysOtherwise()
     {
         const X11Client client({.frame = {100, 100, 300, 200}});
         QTRY_VERIFY(client.isViewable());
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QVERIFY(!workspace->frontmostApplication());
     }
 
-    void activationGivesTheKeyboardAllTheSame()
+    void activationGivesTheKeyboard()
     {
         const X11Client first;
         QTRY_VERIFY(first.isViewable());
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QTRY_VERIFY(first.hasFocus());
     }
 
-    void aFloatingWindowTakesTheKeyboardByItself()
+    void floatingWindowTakesTheKeyboard()
     {
         X11Client client;
         QTRY_VERIFY(client.isViewable());
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QTRY_VERIFY(panel->isKey());
     }
 
-    void aWindowManagerThatComesIsNoticed()
+    void laterWindowManagerIsNoticed()
     {
         desktop.setWindowManager(u"openbox"_s);
         QVERIFY(X11WindowManager(*connection, connection->xcb()).isPresent());
@@ -127,7 +127,7 @@ private Q_SLOTS:
                      std::optional(u"Second"_s));
     }
 
-    void oneThatCrashedIsNotBelieved()
+    void propertiesOfACrashedWindowManagerAreIgnored()
     {
         desktop.setWindowManager(u"openbox"_s);
         desktop.crashWindowManager();

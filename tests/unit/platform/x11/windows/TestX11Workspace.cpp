@@ -33,9 +33,12 @@ private Q_SLOTS:
         connection.reset();
     }
 
-    void nobodyIsFrontmostOnAnEmptyDesktop() { QTRY_VERIFY(!workspace->frontmostApplication()); }
+    void emptyDesktopHasNoFrontmostApplication()
+    {
+        QTRY_VERIFY(!workspace->frontmostApplication());
+    }
 
-    void theActiveWindowTellsTheApplication()
+    void activeWindowIdentifiesTheApplication()
     {
         const X11Client client({.windowClass = "Mousepad"});
         QTRY_VERIFY(client.hasFocus());
@@ -47,7 +50,7 @@ private Q_SLOTS:
         QVERIFY(!application->isTerminated());
     }
 
-    void theServerKnowsTheProcessBetterThanTheWindow()
+    void processIdOfTheServerTakesPrecedence()
     {
         // What a program in a sandbox claims.
         const X11Client client({.claimedProcess = 2});
@@ -56,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(workspace->frontmostApplication()->processIdentifier(), getpid());
     }
 
-    void aWindowWithoutAClassIsAnApplicationWithoutAName()
+    void windowWithoutAClassHasNoBundleId()
     {
         const X11Client client({.windowClass = {}});
         QTRY_VERIFY(client.hasFocus());
@@ -64,7 +67,7 @@ private Q_SLOTS:
         QVERIFY(!workspace->frontmostApplication()->bundleIdentifier());
     }
 
-    void itIsTerminatedOnceItsWindowHasGone()
+    void applicationIsTerminatedOnceItsWindowIsGone()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());
@@ -76,7 +79,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!workspace->frontmostApplication());
     }
 
-    void itIsTerminatedOnceItsProcessHasGone()
+    void applicationIsTerminatedOnceItsProcessIsGone()
     {
         QProcess program;
         program.start(u"xterm"_s, {u"-e"_s, u"cat"_s});
@@ -90,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(application->isTerminated());
     }
 
-    void activationBringsItBackToTheFront()
+    void activationRaisesTheApplication()
     {
         X11Client first;
         QTRY_VERIFY(first.hasFocus());
@@ -107,7 +110,7 @@ private Q_SLOTS:
         QTRY_COMPARE(first.keys().size(), std::size_t(2));
     }
 
-    void ourFloatingWindowsAreNotFrontmost()
+    void ownFloatingWindowsAreNotFrontmost()
     {
         const X11Client client({.windowClass = "Mousepad"});
         QTRY_VERIFY(client.hasFocus());
@@ -124,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(application->bundleIdentifier(), std::optional(u"Mousepad"_s));
     }
 
-    void ourOrdinaryWindowsAre()
+    void ownOrdinaryWindowsAreFrontmost()
     {
         QWindow reader;
         reader.resize(300, 200);
@@ -135,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(workspace->frontmostApplication()->processIdentifier(), getpid());
     }
 
-    void behindOurFloatingWindowIsNobodyOnceTheApplicationHasGone()
+    void nothingIsFrontmostOnceTheApplicationBehindIsGone()
     {
         X11Client client;
         QTRY_VERIFY(client.hasFocus());

@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(desk.settings.clipboardCapacity(), to);
     }
 
-    void aRefusedStepWritesNothing()
+    void stepBeyondTheRangeWritesNothing()
     {
         SettingsDesk desk;
         desk.settings.setClipboardCapacity(100);
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(desk.defaults.writes, writes);
     }
 
-    void loweringTheCapacityTrimsNothingHere()
+    void loweringTheCapacityDoesNotPruneTheHistory()
     {
         SettingsDesk desk;
         for (int i = 0; i < 12; ++i)
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(desk.history.viewModel.items().size(), size_t(12));
     }
 
-    void onlyUnpinnedEntriesCanBeCleared()
+    void clearingIsEnabledOnlyWithUnpinnedEntries()
     {
         SettingsDesk desk;
         ClipboardSettings page(desk.services);
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(desk.history.texts(), QStringList{u"pinned"_s});
     }
 
-    void theVersionLineHasVersionAndBuild()
+    void versionLineShowsVersionAndBuild()
     {
         QCOMPARE(AboutText::versionLine(u"1.2"_s, u"45"_s), u"Version 1.2 (45)"_s);
         QCOMPARE(AboutText::versionLine({}, {}), u"Version 1.0 (1)"_s);

@@ -22,7 +22,7 @@ private Q_SLOTS:
         QCOMPARE(modifierName(HotkeyModifier::command), u"⌘ Command"_s);
     }
 
-    void textsNameTheModifierAtOnce()
+    void textsNameTheModifierImmediately()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);
@@ -35,7 +35,7 @@ private Q_SLOTS:
                  u"option"_s);
     }
 
-    void theSwitchAndTheModifierAreStored()
+    void toggleAndModifierAreStored()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 2);
     }
 
-    void whatIsNoChangeIsNotStored()
+    void unchangedValuesAreNotStored()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);
@@ -57,7 +57,7 @@ private Q_SLOTS:
         QVERIFY(desk.defaults.values.isEmpty());
     }
 
-    void theSpeedIsStoredInWholeMilliseconds()
+    void speedIsStoredInWholeMilliseconds()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 1);
     }
 
-    void positionsOfTheSliderAreWholeSteps_data()
+    void sliderPositionsAreWholeSteps_data()
     {
         QTest::addColumn<double>("milliseconds");
         QTest::addColumn<int>("step");
@@ -80,14 +80,14 @@ private Q_SLOTS:
         QTest::newRow("right end") << 600.0 << 600;
         QTest::newRow("right of the end") << 1e9 << 600;
     }
-    void positionsOfTheSliderAreWholeSteps()
+    void sliderPositionsAreWholeSteps()
     {
         QFETCH(const double, milliseconds);
         QFETCH(const int, step);
         QCOMPARE(GeneralSettings::nearestStep(milliseconds), step);
     }
 
-    void theLaunchIsStored()
+    void launchAtLoginIsStored()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QVERIFY(!desk.settings.launchAtLogin());
     }
 
-    void thePermissionIsThatOfTheLastLook()
+    void permissionIsTheLastOneChecked()
     {
         SettingsDesk desk;
         GeneralSettings page(desk.services);

@@ -14,7 +14,7 @@ class TestSettingsNavigation : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void atFirstGeneralIsOpenAndAllAreListed()
+    void startsOnGeneralWithAllPagesListed()
     {
         const SettingsNavigation navigation;
         QCOMPARE(navigation.selection(), SettingsSection::general);
@@ -23,7 +23,7 @@ private Q_SLOTS:
                  QStringList({u"General"_s, u"Clipboard"_s, u"Notes"_s, u"About"_s}));
     }
 
-    void theLooksAreThoseOfThePages_data()
+    void sectionsHaveTheirSubtitlesSymbolsAndColors_data()
     {
         QTest::addColumn<SettingsSection>("section");
         QTest::addColumn<QString>("subtitle");
@@ -42,7 +42,7 @@ private Q_SLOTS:
             SystemColor::yellow);
         row(SettingsSection::about, u"About this app."_s, u"info.circle"_s, SystemColor::purple);
     }
-    void theLooksAreThoseOfThePages()
+    void sectionsHaveTheirSubtitlesSymbolsAndColors()
     {
         QFETCH(const SettingsSection, section);
         QFETCH(const QString, subtitle);
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(look.iconColor), color);
     }
 
-    void theQueryIsLookedForInTheTitles_data()
+    void queryMatchesTitles_data()
     {
         QTest::addColumn<QString>("query");
         QTest::addColumn<QStringList>("titles");
@@ -72,7 +72,7 @@ private Q_SLOTS:
         QTest::newRow("no pattern") << u".*"_s << QStringList();
         QTest::newRow("long") << QString(100'000, u'a') << QStringList();
     }
-    void theQueryIsLookedForInTheTitles()
+    void queryMatchesTitles()
     {
         QFETCH(const QString, query);
         QFETCH(const QStringList, titles);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(listed(navigation).size(), 4);
     }
 
-    void aQueryLeavesTheOpenPageOpen()
+    void queryKeepsTheOpenPage()
     {
         SettingsNavigation navigation;
         QSignalSpy selected(&navigation, &SettingsNavigation::selectionChanged);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 0);
     }
 
-    void observersHearOfChangesOnly()
+    void observersAreNotifiedOfChangesOnly()
     {
         SettingsNavigation navigation;
         QSignalSpy selected(&navigation, &SettingsNavigation::selectionChanged);
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(navigation.selection(), std::nullopt);
     }
 
-    void theListModelFollowsTheQuery()
+    void listModelFollowsTheQuery()
     {
         SettingsNavigation navigation;
         SettingsSectionsModel model(navigation);

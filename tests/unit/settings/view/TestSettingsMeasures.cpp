@@ -27,7 +27,7 @@ QColor windowShadow(double distance)
     return ShownColors::shadow(0.22, 14, distance);
 }
 
-/// The extent of all that is not clear.
+/// The extent of all that is not transparent.
 QRect drawnIn(const QImage& picture)
 {
     QRect drawn;
@@ -42,14 +42,14 @@ QRect drawnIn(const QImage& picture)
 
 } // namespace
 
-/// The looks of the settings window, as they are to be.
+/// Pins the appearance of the settings window.
 class TestSettingsMeasures : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     // A card of 760 x 520 in its window.
-    void theWindowHasItsColors_data()
+    void windowHasItsColorsAndShadow_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<QColor>("color");
@@ -70,7 +70,7 @@ private Q_SLOTS:
         row("the sidebar", {29, 288}, sidebar);
         row("the page", {408, 29}, page);
     }
-    void theWindowHasItsColors()
+    void windowHasItsColorsAndShadow()
     {
         QFETCH(const QPoint, place);
         QFETCH(const QColor, color);
@@ -81,7 +81,7 @@ private Q_SLOTS:
         ShownColors::compare(shown.pixelColor(place), color);
     }
 
-    void thePagesTilesHaveTheirSizes_data()
+    void iconTilesHaveTheirSizes_data()
     {
         QTest::addColumn<bool>("isHeader");
         QTest::addColumn<QRect>("tile");
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QTest::newRow("in the header")
             << true << QRect(24, 18, 58, 58) << 26 << int(Symbols::Weight::semibold);
     }
-    void thePagesTilesHaveTheirSizes()
+    void iconTilesHaveTheirSizes()
     {
         QFETCH(const bool, isHeader);
         QFETCH(const QRect, tile);
@@ -113,7 +113,7 @@ private Q_SLOTS:
     }
 
     // At the diagonal the corner of a radius of 6 begins 1.76 points from either side.
-    void smallPicturesHaveCornersOfSix_data()
+    void smallPicturesHaveCornersOfRadius6_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<double>("coverage");
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QTest::newRow("on the corner's curve") << QPoint(1, 1) << 0.12;
         QTest::newRow("within the corner") << QPoint(2, 2) << 1.0;
     }
-    void smallPicturesHaveCornersOfSix()
+    void smallPicturesHaveCornersOfRadius6()
     {
         QFETCH(const QPoint, place);
         QFETCH(const double, coverage);
@@ -132,7 +132,7 @@ private Q_SLOTS:
                              Theme::withOpacity(Theme::primary(), 0.08 * coverage));
     }
 
-    void aMissingTipIsAPlaceholderOfItsSize()
+    void missingTipImageShowsAPlaceholderOfItsSize()
     {
         const QImage tip = tipPicture();
         const QColor ground = Theme::withOpacity(Theme::primary(), 0.08);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         ShownColors::compare(tip.pixelColor(149, 95), ground);
     }
 
-    void theThresholdStandsInAColumnOfItsOwn()
+    void thresholdHasItsOwnColumn()
     {
         SettingsDesk desk;
         GeneralSettingsView page(desk.services, nullptr);
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY((*value)->alignment().testFlag(Qt::AlignRight));
     }
 
-    void theChosenSwatchIsOutlinedWithTheAccent_data()
+    void chosenSwatchIsOutlinedInTheAccentColor_data()
     {
         QTest::addColumn<int>("x"); // right of the center, which is at 14
         QTest::addColumn<QColor>("chosen");
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QTest::newRow("the outer half") << 24 << Theme::accent() << faint;
         QTest::newRow("outside") << 25 << clear << clear;
     }
-    void theChosenSwatchIsOutlinedWithTheAccent()
+    void chosenSwatchIsOutlinedInTheAccentColor()
     {
         QFETCH(const int, x);
         QFETCH(const QColor, chosen);

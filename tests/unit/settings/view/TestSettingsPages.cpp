@@ -129,7 +129,7 @@ class TestSettingsPages : public QObject
 private Q_SLOTS:
     void initTestCase() { QApplication::setStyle(new QuietStyle); }
 
-    void theHotkeyIsSwitchedByItsRow()
+    void toggleRowSwitchesTheHotkey()
     {
         const Shown<GeneralSettingsView> shown;
         auto& row = shown.at<ToggleRow>(0);
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(accessible(row).state().checked);
     }
 
-    void theModifierIsChosenFromThree()
+    void pickerOffersThreeModifiers()
     {
         const Shown<GeneralSettingsView> shown;
         auto& picker = shown.at<QComboBox>(0);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(picker.currentText(), u"⌘ Command"_s);
     }
 
-    void theSliderGoesFromEndToEndInSteps()
+    void sliderCoversItsRangeInSteps()
     {
         const Shown<GeneralSettingsView> shown;
         auto& slider = shown.at<QSlider>(0);
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QCOMPARE(slider.value(), 350);
     }
 
-    void draggingTheSliderSnaps()
+    void draggingTheSliderSnapsToSteps()
     {
         const Shown<GeneralSettingsView> shown;
         auto& slider = shown.at<QSlider>(0);
@@ -198,7 +198,7 @@ private Q_SLOTS:
         QCOMPARE(shown.desk.settings.hotkeyThresholdMs(), 150);
     }
 
-    void aThresholdOutsideTheRangeIsShownAndKept()
+    void thresholdOutsideTheRangeIsShownAndKept()
     {
         SettingsDesk desk;
         desk.settings.setHotkeyThresholdMs(5000);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QVERIFY(std::ranges::any_of(labels, [](auto* l) { return l->text() == u"5000 ms"_s; }));
     }
 
-    void launchAtLoginIsSetAtOnce()
+    void launchAtLoginIsAppliedImmediately()
     {
         const Shown<GeneralSettingsView> shown;
         auto& row = shown.at<ToggleRow>(1);
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QVERIFY(!shown.desk.settings.launchAtLogin());
     }
 
-    void thePermissionIsLookedUpWhenThePageIsShown()
+    void permissionIsCheckedWhenThePageIsShown()
     {
         Shown<GeneralSettingsView> shown;
         QVERIFY(shown.labels().contains(u"Granted — the global hotkey is active."_s));
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QVERIFY(!shown.labels().contains(required));
     }
 
-    void thePermissionIsMarked()
+    void permissionStatusHasItsSymbol()
     {
         Shown<GeneralSettingsView> shown;
         auto& line = shown.at<StatusLine>(0);
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(shows(u"exclamationmark.triangle.fill"_s, SystemColor::orange));
     }
 
-    void theButtonsHaveTheirSymbols()
+    void buttonsHaveTheirSymbols()
     {
         const auto shows = [](ActionButton& button, const QString& symbol, const QColor& color) {
             return ShownSymbols::isIn(button, symbol, {.size = 13, .color = color});
@@ -270,7 +270,7 @@ private Q_SLOTS:
         QVERIFY(shows(about.button(u"Send Feedback · 反馈"_s), u"envelope"_s, Theme::primary()));
     }
 
-    void theCapacityIsStepped()
+    void capacityChangesInSteps()
     {
         const Shown<ClipboardSettingsView> shown;
         auto& stepper = shown.at<CapacityStepper>(0);
@@ -292,7 +292,7 @@ private Q_SLOTS:
         QCOMPARE(stepper.text(), u"50"_s);
     }
 
-    void aCapacityOutsideTheRangeIsShownAndKept()
+    void capacityOutsideTheRangeIsShownAndKept()
     {
         for (const qint64 capacity : {qint64(-3), qint64(5'000'000'000)}) {
             SettingsDesk desk;
@@ -303,7 +303,7 @@ private Q_SLOTS:
         }
     }
 
-    void clearingIsOfferedWhileThereIsSomethingUnpinned()
+    void clearButtonIsEnabledWhileUnpinnedItemsExist()
     {
         Shown<ClipboardSettingsView> shown;
         auto& clear = shown.button(u"Clear all unpinned history now"_s);
@@ -317,7 +317,7 @@ private Q_SLOTS:
         QCOMPARE(shown.desk.history.texts(), QStringList{u"pinned"_s});
     }
 
-    void theSwatchesChooseTheColor()
+    void swatchesChooseTheColor()
     {
         const Shown<NotesSettingsView> shown;
         const QStringList names = {u"Yellow"_s, u"Blue"_s, u"Green"_s, u"Pink"_s};
@@ -347,7 +347,7 @@ private Q_SLOTS:
         QCOMPARE(shown.desk.notesClosed, 1);
     }
 
-    void theAboutPageSaysItAll()
+    void aboutPageShowsItsTexts()
     {
         const Shown<AboutSettingsView> shown;
         const QStringList labels = shown.labels();
@@ -360,7 +360,7 @@ private Q_SLOTS:
         QCOMPARE(shown.desk.feedbacks, 1);
     }
 
-    void itsButtonsShareALineWhereThereIsRoom()
+    void buttonsShareALineWhereThereIsRoom()
     {
         QVERIFY(QFontDatabase::hasFamily(u"Inter"_s));
         const ApplicationFont font(u"Inter"_s);

@@ -77,7 +77,7 @@ class TestSettingsWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itIsAnOrdinaryWindowOfItsSize()
+    void windowIsOrdinaryAndHasItsSize()
     {
         Fixture f;
         QCOMPARE(f.surface().role, FloatingSurface::Role::ordinary);
@@ -89,7 +89,7 @@ private Q_SLOTS:
                  f.window().rect().adjusted(shadow, shadow, -shadow - 1, -shadow - 1));
     }
 
-    void theFirstTimeItIsInTheMiddleOfTheScreen()
+    void windowIsCenteredTheFirstTime()
     {
         Fixture f;
         f.controller.showWindow();
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(f.surface().presentations, std::vector{FloatingSurface::Keyboard::take});
     }
 
-    void itOpensWhereAndAsItWasLeft()
+    void windowReopensAsItWasLeft()
     {
         Fixture f;
         f.controller.showWindow();
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QCOMPARE(f.surfaces.surfaces.size(), size_t(1));
     }
 
-    void itComesBackToTheScreensThatAreLeft_data()
+    void windowReturnsToTheRemainingScreens_data()
     {
         QTest::addColumn<QRectF>("left");
         QTest::addColumn<QRectF>("found");
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QTest::newRow("too large") << QRectF(0, 20, 900, 700) << QRectF(0, 0, 800, 600);
     }
 
-    void itComesBackToTheScreensThatAreLeft()
+    void windowReturnsToTheRemainingScreens()
     {
         QFETCH(QRectF, left);
         QFETCH(QRectF, found);
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(f.surface().frame(), found);
     }
 
-    void halfOffTheScreenItStaysWhereItWasPut()
+    void windowHalfOffTheScreenStaysInPlace()
     {
         Fixture f;
         f.controller.showWindow();
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(f.surface().frame(), left);
     }
 
-    void showingItTwiceBringsItToTheFront()
+    void showingAgainRaisesTheWindow()
     {
         Fixture f;
         f.controller.showWindow();
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(f.surfaces.surfaces.size(), size_t(1));
     }
 
-    void aScreenThatIsTooSmallIsFilled()
+    void windowFillsAScreenThatIsTooSmall()
     {
         Fixture f;
         f.screens.list = {{QRectF(0, 0, 800, 480), QRectF(0, 0, 800, 480), QRect(), 1.0}};
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(f.surface().frame(), QRectF(0, 0, 800, 480));
     }
 
-    void everythingIsReadFromTheTop()
+    void elementsAreReadFromTheTop()
     {
         Fixture f;
         const QStringList read = readFrom(*QAccessible::queryAccessibleInterface(&f.window()));
@@ -189,7 +189,7 @@ private Q_SLOTS:
         QCOMPARE(found, expected);
     }
 
-    void theSidebarOpensPages()
+    void sidebarOpensPages()
     {
         Fixture f;
         QCOMPARE(f.title(), u"General"_s);
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(f.title(), u"About"_s);
     }
 
-    void theAboutPageFitsTheWindowAsItOpens()
+    void aboutPageFitsTheInitialWindow()
     {
         Fixture f;
         f.choose(3);
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(page->verticalScrollBar()->maximum(), 0);
     }
 
-    void aQueryNarrowsTheSidebarAndLeavesThePage()
+    void queryFiltersTheSidebarAndKeepsThePage()
     {
         Fixture f;
         QTest::keyClicks(&f.search(), u"clip"_s);
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QCOMPARE(f.list().currentIndex().row(), 0);
     }
 
-    void withoutASelectionTheDetailIsClear()
+    void detailIsEmptyWithoutASelection()
     {
         Fixture f;
         f.window().rootView().navigation().setSelection(std::nullopt);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QCOMPARE(f.window().rootView().navigation().selection(), std::nullopt);
     }
 
-    void theWindowIsMovedByItsTopAndResizedByItsEdges()
+    void topMovesAndEdgesResizeTheWindow()
     {
         Fixture f;
         QTest::mouseClick(&f.window(), Qt::LeftButton, {}, {shadow + 400, shadow + 40});
@@ -257,7 +257,7 @@ private Q_SLOTS:
                  std::vector({Qt::Edges(Qt::LeftEdge), Qt::Edges(Qt::RightEdge | Qt::BottomEdge)}));
     }
 
-    void itsButtonsCloseIt()
+    void closeButtonAndShortcutCloseTheWindow()
     {
         Fixture f;
         f.controller.showWindow();
@@ -270,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(f.surface().orderOuts, 2);
     }
 
-    void itDrawsWithAndWithoutCompositing()
+    void windowIsOpaqueOnlyWithoutCompositing()
     {
         Fixture f;
         const QImage blended = f.window().grab().toImage();

@@ -8,8 +8,8 @@ using namespace driftbox;
 
 namespace {
 
-/// A bar of 100 points for 400 points of content, of which 100 show: the thumb is as long as a
-/// thumb may be short.
+/// A bar of 100 points for 400 points of content, of which 100 show: the thumb has its
+/// minimum length.
 struct OverlayScrollBarFixture
 {
     OverlayScrollBarFixture()
@@ -38,7 +38,7 @@ class TestOverlayScrollBar : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void isThereOnlyWhileThereIsSomethingToScroll()
+    void isVisibleOnlyWhileThereIsSomethingToScroll()
     {
         OverlayScrollBarFixture f;
         QVERIFY(f.overlay.isVisible());
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(f.overlay.isVisible());
     }
 
-    void theThumbIsDragged()
+    void thumbCanBeDragged()
     {
         OverlayScrollBarFixture f;
         f.press(10);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(f.scrollBar.value(), 0);
     }
 
-    void aClickBesideTheThumbBringsItThere()
+    void clickBesideTheThumbMovesItThere()
     {
         OverlayScrollBarFixture f;
         f.press(98);
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(f.scrollBar.value(), 0);
     }
 
-    void followsWhatItStandsFor()
+    void followsItsScrollBar()
     {
         OverlayScrollBarFixture f;
         const QImage top = f.overlay.grab().toImage();
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(top.mirrored(), bottom);
     }
 
-    void contentWithoutEndHasAThumbToGrasp()
+    void thumbHasAMinimumLength()
     {
         OverlayScrollBarFixture f;
         f.scrollBar.setRange(0, 10'000'000);

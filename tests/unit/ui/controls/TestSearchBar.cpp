@@ -48,7 +48,7 @@ private Q_SLOTS:
     void init() { QGuiApplication::clipboard()->setText(u"untouched"_s); }
     void cleanup() { QCOMPARE(QGuiApplication::clipboard()->text(), u"untouched"_s); }
 
-    void thePlaceholderIsTheName()
+    void placeholderIsTheAccessibleName()
     {
         const SearchBarFixture f;
         QCOMPARE(f.bar.field().placeholderText(), u"Search things"_s);
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QVERIFY(f.bar.field().hasFocus());
     }
 
-    void theClearButtonIsThereOnlyWhileThereIsSomethingToClear()
+    void clearButtonIsVisibleOnlyWithAQuery()
     {
         const SearchBarFixture f;
         QVERIFY(!f.clearButton().isVisible());
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QVERIFY(f.bar.field().hasFocus());
     }
 
-    void showingAQueryIsNoEdit()
+    void settingTheQueryIsNotReportedAsAnEdit()
     {
         const SearchBarFixture f;
         f.bar.setQuery(u"abc"_s);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(f.edited.count(), 0);
     }
 
-    void whatAssistiveTechnologyWritesIsAnEdit()
+    void textSetByAssistiveTechnologyIsReportedAsAnEdit()
     {
         const SearchBarFixture f;
         QAccessibleInterface* field = QAccessible::queryAccessibleInterface(&f.bar.field());
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(f.edited.last().first().toString(), u"abc"_s);
     }
 
-    void copyingAndPastingGoThroughTheProgram()
+    void copyingAndPastingUseTheProgramsPasteboard()
     {
         SearchBarFixture f;
         f.type(u"abc"_s);
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(f.copied.count(), 2);
     }
 
-    void linesArePastedAsTheyAre()
+    void lineBreaksArePastedUnchanged()
     {
         SearchBarFixture f;
         f.pasteboard = u"two\nlines"_s;
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QCOMPARE(f.edited.last().first().toString(), QString());
     }
 
-    void selectingByMouseLeavesTheDesktopsSelectionsAlone()
+    void selectingByMouseDoesNotSetThePrimarySelection()
     {
         const SearchBarFixture f;
         f.type(u"abc def"_s);

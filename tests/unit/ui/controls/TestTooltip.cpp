@@ -42,7 +42,7 @@ class TestTooltip : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theAccessibleNameIsLeftAlone()
+    void accessibleNameStaysAsItIs()
     {
         Window window;
         window.widget.setAccessibleName(u"Bin"_s);
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(window.shown(), QString());
     }
 
-    void restingShowsTheHelpInsideTheWindow()
+    void hoveringShowsTheHelpInsideTheWindow()
     {
         Window window;
         window.rest();
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(!QApplication::activePopupWidget());
     }
 
-    void whereThereIsNoRoomItGoesToTheOtherSide_data()
+    void tooltipFlipsToTheOtherSideWithoutRoom_data()
     {
         QTest::addColumn<QRect>("place");
         QTest::addColumn<Tooltip::Side>("side");
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QTest::newRow("in the corner") << QRect(180, 80, 10, 10) << Tooltip::Side::below;
         QTest::newRow("all over") << QRect(0, 0, 200, 100) << Tooltip::Side::right;
     }
-    void whereThereIsNoRoomItGoesToTheOtherSide()
+    void tooltipFlipsToTheOtherSideWithoutRoom()
     {
         QFETCH(QRect, place);
         QFETCH(Tooltip::Side, side);
@@ -82,7 +82,7 @@ private Q_SLOTS:
             QVERIFY(!window.tooltipFrame().intersects(place));
     }
 
-    void longTextsAreWrapped()
+    void longTextWraps()
     {
         Window window;
         setTooltip(window.widget, u"Unsave — note becomes a draft (deleted on close)"_s);
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(window.window.findChildren<Tooltip*>().size(), 1);
     }
 
-    void newHelpMayStandOnAnotherSide()
+    void secondCallMayChangeTheSide()
     {
         Window window({20, 30, 20, 20}, Tooltip::Side::below);
         setTooltip(window.widget, u"Pin"_s, Tooltip::Side::right);
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QVERIFY(window.tooltipFrame().left() > window.widget.geometry().right());
     }
 
-    void aWidgetThatHadATooltipOfTheToolkitShowsOurs()
+    void toolkitTooltipIsReplaced()
     {
         Window window;
         QWidget other(&window.window);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(window.shown(), u"Unpin"_s);
     }
 
-    void itGoesWithTheNextInput_data()
+    void nextInputDismissesTheTooltip_data()
     {
         QTest::addColumn<int>("event");
         QTest::newRow("key") << int(QEvent::KeyPress);
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QTest::newRow("wheel") << int(QEvent::Wheel);
         QTest::newRow("leave") << int(QEvent::Leave);
     }
-    void itGoesWithTheNextInput()
+    void nextInputDismissesTheTooltip()
     {
         QFETCH(int, event);
         Window window;
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(window.shown(), u"Delete"_s);
     }
 
-    void itGoesWithWhatItExplains()
+    void hidingTheWidgetDismissesTheTooltip()
     {
         Window window;
         window.rest();
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(window.shown(), QString());
     }
 
-    void anEmptyTextDismisses()
+    void emptyTextDismissesTheTooltip()
     {
         Window window;
         window.rest();

@@ -38,7 +38,7 @@ private Q_SLOTS:
                  PreviewText(previewLines(u"a\nb"_s), font(), width).height() / 2);
     }
 
-    void longTextWrapsAndIsCutAtTheTail()
+    void longTextWrapsAndIsElidedAtTheTail()
     {
         const QString text = u"The quick brown fox jumps over the lazy dog, "_s.repeated(5);
         const QStringList lines = texts(text);
@@ -50,14 +50,14 @@ private Q_SLOTS:
             QVERIFY(QFontMetricsF(font()).horizontalAdvance(line) <= width + 5); // a space hangs
     }
 
-    void textThatJustFitsIsNotCut()
+    void textThatJustFitsIsNotElided()
     {
         const QStringList lines = texts(u"The quick brown fox jumps over the lazy dog"_s);
         QCOMPARE(lines.size(), 2);
         QCOMPARE(lines.join(QString()), u"The quick brown fox jumps over the lazy dog"_s);
     }
 
-    void oneEndlessWordWraps()
+    void longWordWraps()
     {
         const QStringList lines = texts(QString(300, u'w'));
         QCOMPARE(lines.size(), 2);
@@ -65,14 +65,14 @@ private Q_SLOTS:
         QVERIFY(lines[1].endsWith(u"w…"_s));
     }
 
-    void linesOfTheTextAreKept()
+    void lineBreaksAreKept()
     {
         QCOMPARE(texts(u"one\ntwo"_s), QStringList({u"one"_s, u"two"_s}));
         QCOMPARE(texts(u"one\ntwo\nthree"_s), QStringList({u"one"_s, u"two…"_s}));
         QCOMPARE(texts(u"one\ntwo \nthree"_s), QStringList({u"one"_s, u"two…"_s}));
     }
 
-    void aLongFirstLineLeavesNoRoomForTheSecond()
+    void longFirstLineLeavesNoRoomForTheSecond()
     {
         const QStringList lines = texts(u"A first line that needs about two\nsecond"_s);
         QCOMPARE(lines.size(), 2);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(!lines[1].contains(u"second"_s));
     }
 
-    void aLongSecondLineIsCut()
+    void longSecondLineIsElided()
     {
         const QStringList lines = texts(u"one\n"_s + u"a long second line "_s.repeated(4));
         QCOMPARE(lines[0], u"one"_s);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(!lines[1].endsWith(u" …"_s));
     }
 
-    void charactersAreNotCutInHalf()
+    void charactersAreNotSplit()
     {
         const QStringList lines = texts(u"👍🏽"_s.repeated(100));
         QString rest = lines.join(QString()).chopped(1);
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(rest, QString());
     }
 
-    void rightToLeftTextKeepsToTheRight()
+    void rightToLeftTextIsRightAligned()
     {
         QVERIFY(inkIn(u"left"_s, QRect(0, 0, 60, 20)));
         QVERIFY(!inkIn(u"left"_s, QRect(140, 0, 60, 20)));
@@ -105,14 +105,14 @@ private Q_SLOTS:
         QVERIFY(inkIn(u"שלום"_s, QRect(140, 0, 60, 20)));
     }
 
-    void nothingIsStillALine()
+    void emptyTextIsOneLine()
     {
         QCOMPARE(texts(QString()).size(), 1);
         QCOMPARE(texts(u"\n\n"_s).size(), 1);
         QVERIFY(!inkIn(u"  "_s, QRect(0, 0, 200, 40)));
     }
 
-    void itFitsOnlyWhatItWasMadeFor()
+    void fitsOnlyItsOwnFontAndWidth()
     {
         const PreviewText text(previewLines(u"a"_s), font(), width);
         QVERIFY(text.fits(font(), width));

@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(layout.divider(), QRect(14, height, width - 14 - 12, 1));
     }
 
-    void actionsKeepTheirSpacingAndEndUnderThePin()
+    void actionsAreSpacedAndAlignedBelowThePin()
     {
         const RowLayout layout({451, 53}, 90);
         for (const size_t count : {size_t(2), size_t(3)}) {
@@ -50,7 +50,7 @@ private Q_SLOTS:
         }
     }
 
-    void thereIsRoomForTheLargestPicture()
+    void largestPictureFits()
     {
         const RowLayout layout({451, 77}, 90);
         const QRect picture = layout.picture({220, 60});

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rows of 40 points that take note of what is done with them. Each has a button at its right that
-/// shows always and one beside it that shows only at times; that of the row "busy" is disabled.
+/// Rows of 40 points that record what is done with them. Each has a button at its right that is
+/// always visible and one beside it that is not; that of the row "busy" is disabled.
 class Rows final : public RowDelegate
 {
 public:
@@ -124,7 +124,7 @@ class TestRowListView : public QObject
 private Q_SLOTS:
     void cleanup() { QCursor::setPos(1000, 1000); }
 
-    void onlyWhatIsOnShowIsPainted()
+    void onlyVisibleRowsArePainted()
     {
         RowListViewFixture f;
         QCOMPARE(f.rows.painted.keys(), QList({0, 1, 2, 3, 4}));
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.painted[1].rect.top(), -10);
     }
 
-    void anEmptyListPaintsNothing()
+    void emptyListPaintsNothing()
     {
         RowListViewFixture f;
         f.model.setStringList({});
@@ -148,7 +148,7 @@ private Q_SLOTS:
         f.list.scrollToTop();
     }
 
-    void aClickPicksTheRow()
+    void clickingARowPicksIt()
     {
         RowListViewFixture f;
         f.click(f.middle(2));
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.log.last(), u"pick 1"_s);
     }
 
-    void aClickOnAButtonDoesOnlyThat()
+    void clickingAButtonDoesNotPickTheRow()
     {
         RowListViewFixture f;
         f.click(f.button(1, Rows::pin));
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.log, QStringList({u"pin 1"_s, u"remove 3"_s}));
     }
 
-    void aDisabledButtonTakesTheClick()
+    void disabledButtonConsumesTheClick()
     {
         RowListViewFixture f;
         f.model.setStringList({u"busy"_s, u"idle"_s});
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.log, QStringList(u"remove idle"_s));
     }
 
-    void whatDoesNotShowCannotBeClicked()
+    void hiddenButtonsCannotBeClicked()
     {
         RowListViewFixture f;
         const QPoint hidden = f.button(1, Rows::remove);
@@ -194,7 +194,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.log.last(), u"remove 4"_s);
     }
 
-    void draggingOutCancels()
+    void draggingOutCancelsTheClick()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(f.rows.log.isEmpty());
     }
 
-    void comingBackBeforeLettingGoCounts()
+    void releaseAfterReturningToTheRowPicksIt()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));
@@ -229,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(f.rows.log, QStringList(u"pick 1"_s));
     }
 
-    void aRowThatMovesAwayUnderThePressedButtonIsNotTakenForAnother()
+    void rowThatMovesAwayDuringAPressIsNotPicked()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QVERIFY(f.rows.log.isEmpty());
     }
 
-    void aSecondClickThatComesTooSoonIsNone()
+    void doubleClickCountsOnce()
     {
         RowListViewFixture f;
         f.click(f.middle(1));
@@ -262,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(f.rows.log.isEmpty());
     }
 
-    void theRowBeneathThePointerIsRevealed()
+    void hoveredRowIsRevealed()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));
@@ -278,7 +278,7 @@ private Q_SLOTS:
         QVERIFY(!f.state(2).hasPointer);
     }
 
-    void rowsThatMoveBeneathThePointerAreFollowed()
+    void hoverFollowsRowsThatMoveUnderThePointer()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));
@@ -286,14 +286,14 @@ private Q_SLOTS:
         QVERIFY(f.state(2).hasPointer);
         QVERIFY(!f.state(1).hasPointer);
         f.model.removeRows(0, 1);
-        QVERIFY(f.state(1).hasPointer); // what was on show stays where it is
+        QVERIFY(f.state(1).hasPointer); // visible rows stay in place
         f.model.setStringList({u"only"_s});
         QVERIFY(!f.state(0).hasPointer);
         f.model.setStringList({u"one"_s, u"two"_s});
         QVERIFY(f.state(1).hasPointer);
     }
 
-    void theSelectedRowIsScrolledIntoView()
+    void selectedRowIsScrolledIntoView()
     {
         RowListViewFixture f;
         f.list.setSelectedRow(3);
@@ -311,7 +311,7 @@ private Q_SLOTS:
         QCOMPARE(f.list.verticalScrollBar()->value(), 50 * 40);
     }
 
-    void aPageIsWhatFitsTheView()
+    void pageIsTheNumberOfRowsThatFit()
     {
         RowListViewFixture f;
         QCOMPARE(f.list.rowsPerPage(), 4);
@@ -319,7 +319,7 @@ private Q_SLOTS:
         QCOMPARE(f.list.rowsPerPage(), 4);
     }
 
-    void whatIsOnShowStaysWhenRowsComeAndGoAbove()
+    void visibleRowsStayWhenRowsChangeAbove()
     {
         RowListViewFixture f;
         f.scroll(90);
@@ -331,14 +331,14 @@ private Q_SLOTS:
         QCOMPARE(f.list.verticalScrollBar()->value(), 50);
     }
 
-    void atTheTopNewRowsShow()
+    void newRowsAreVisibleAtTheTop()
     {
         RowListViewFixture f;
         f.insert(0, u"new"_s);
         QCOMPARE(f.list.verticalScrollBar()->value(), 0);
     }
 
-    void anotherListBeginsAtTheTop()
+    void resetScrollsToTheTop()
     {
         RowListViewFixture f;
         f.scroll(1000);
@@ -349,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(f.list.verticalScrollBar()->maximum(), 99 * 40 - 200);
     }
 
-    void theEndStaysTheEndWhenRowsGo()
+    void removalKeepsTheViewAtTheEnd()
     {
         RowListViewFixture f;
         f.scroll(100 * 40);
@@ -357,7 +357,7 @@ private Q_SLOTS:
         QCOMPARE(f.list.verticalScrollBar()->value(), 90 * 40 - 200);
     }
 
-    void aFingerOnTheTouchpadIsFollowed()
+    void touchpadScrollsPixelByPixel()
     {
         RowListViewFixture f;
         wheel(f, {0, -30}, {0, -30});
@@ -366,7 +366,7 @@ private Q_SLOTS:
         QCOMPARE(f.list.verticalScrollBar()->value(), 0);
     }
 
-    void aNotchOfTheWheelGlides()
+    void wheelScrollsSmoothly()
     {
         RowListViewFixture f;
         wheel(f, {}, {0, -120});
@@ -376,13 +376,13 @@ private Q_SLOTS:
         QTRY_COMPARE(f.list.verticalScrollBar()->value(), 0);
     }
 
-    void selectingEndsAGlide()
+    void selectingStopsSmoothScrolling()
     {
         RowListViewFixture f;
         wheel(f, {}, {0, -1200});
         f.list.setSelectedRow(0);
         QCOMPARE(f.list.verticalScrollBar()->value(), 0);
-        QTest::qWait(50); // a glide would have begun by now
+        QTest::qWait(50); // smooth scrolling would have started by now
         QCOMPARE(f.list.verticalScrollBar()->value(), 0);
     }
 
@@ -402,7 +402,7 @@ private Q_SLOTS:
         QCOMPARE(Tooltip::shownText(f.window), QString());
     }
 
-    void beingHiddenForgetsThePointer()
+    void hidingResetsTheHoverState()
     {
         RowListViewFixture f;
         f.moveTo(f.middle(1));

@@ -10,7 +10,7 @@ class TestRowPositions : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingIsNowhere()
+    void emptyListHasNoPositions()
     {
         RowPositions positions;
         QCOMPARE(positions.count(), 0);
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QCOMPARE(positions.rowAt(0), -1);
     }
 
-    void rowsLieOneBeneathTheOther()
+    void rowsAreStacked()
     {
         RowPositions positions;
         positions.assign(3, [](int row) { return row == 1 ? 5 : 10; });
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(positions.bottom(2), 25);
     }
 
-    void everyPlaceHasItsRow()
+    void everyPositionMapsToItsRow()
     {
         RowPositions positions;
         positions.assign(3, [](int row) { return row == 1 ? 5 : 10; });
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(positions.rowAt(25), -1);
     }
 
-    void assigningAgainForgetsWhatWas()
+    void assigningAgainReplacesThePositions()
     {
         RowPositions positions;
         positions.assign(100, [](int) { return 50; });

@@ -8,7 +8,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QWidget>
 
-/// The colors that a widget draws on a clear ground.
+/// The colors that a widget draws on a transparent background.
 namespace driftbox::ShownColors {
 
 [[nodiscard]] inline QImage pictureOf(QWidget& widget,

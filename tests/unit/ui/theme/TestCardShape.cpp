@@ -30,7 +30,7 @@ class TestCardShape : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theShapeFillsTheRectangleButItsCorners()
+    void shapeFillsTheRectangleExceptItsCorners()
     {
         const QPainterPath path = continuousRoundedRect(card, 14);
         QCOMPARE(path.boundingRect(), card);
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QVERIFY(!path.contains(card.bottomRight() - QPointF(1, 1)));
     }
 
-    void atTheDiagonalTheCornerIsAnArc()
+    void cornerMatchesAnArcOnTheDiagonal()
     {
         const QPainterPath path = continuousRoundedRect(card, 14);
         const double arc = 14 * (1 - 1 / std::sqrt(2.0));
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(!path.contains(card.topLeft() + QPointF(arc - 0.05, arc - 0.05)));
     }
 
-    void theShapeIsSymmetrical()
+    void shapeIsSymmetric()
     {
         const QRectF square(-50, -50, 100, 100);
         const QPainterPath path = continuousRoundedRect(square, 20);
@@ -60,32 +60,32 @@ private Q_SLOTS:
         }
     }
 
-    void cornersGiveWayInASmallRectangle_data()
+    void cornersShrinkInASmallRectangle_data()
     {
         QTest::addColumn<QRectF>("rectangle");
         QTest::newRow("small") << QRectF(0, 0, 10, 10);
         QTest::newRow("narrow") << QRectF(0, 0, 3, 200);
         QTest::newRow("empty") << QRectF();
     }
-    void cornersGiveWayInASmallRectangle()
+    void cornersShrinkInASmallRectangle()
     {
         QFETCH(QRectF, rectangle);
         QCOMPARE(continuousRoundedRect(rectangle, 14).boundingRect(), rectangle);
     }
 
-    void withoutRadiusItIsTheRectangle()
+    void zeroRadiusGivesTheRectangle()
     {
         QVERIFY(continuousRoundedRect(card, 0).contains(card.topLeft() + QPointF(0.1, 0.1)));
     }
 
-    void theShadowFadesOutAroundItsCard_data()
+    void shadowFadesOutAroundTheCard_data()
     {
         QTest::addColumn<double>("scale");
         QTest::newRow("1x") << 1.0;
         QTest::newRow("1.5x") << 1.5;
         QTest::newRow("2x") << 2.0;
     }
-    void theShadowFadesOutAroundItsCard()
+    void shadowFadesOutAroundTheCard()
     {
         QFETCH(double, scale);
         const QImage picture = shadowPicture(scale);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(alphaAt(60, 60) < alphaAt(60, 130));
     }
 
-    void aShadowIsDrawnAgainForAnotherScale()
+    void shadowIsRenderedAgainForAnotherScale()
     {
         CardShadow shadow(14, 14, Qt::black);
         for (const double scale : {1.0, 2.0, 1.0}) {

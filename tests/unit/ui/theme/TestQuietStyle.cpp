@@ -58,7 +58,7 @@ class TestQuietStyle : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theThumbShowsPlaceAndShareOfThePage()
+    void thumbShowsPositionAndPageSize()
     {
         Bar bar(Qt::Vertical);
         QCOMPARE(bar.thumb(), QRect(0, 0, 12, 50));
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(bar.part(QStyle::SC_ScrollBarGroove), bar.rect());
     }
 
-    void aHorizontalThumbFollowsTheDirectionOfReading()
+    void horizontalThumbFollowsTheLayoutDirection()
     {
         Bar bar(Qt::Horizontal);
         QCOMPARE(bar.thumb(), QRect(0, 0, 50, 12));
@@ -79,14 +79,14 @@ private Q_SLOTS:
         QCOMPARE(bar.thumb(), QRect(150, 0, 50, 12));
     }
 
-    void thereAreNoButtons()
+    void scrollBarHasNoArrowButtons()
     {
         const Bar bar(Qt::Vertical);
         QVERIFY(bar.part(QStyle::SC_ScrollBarAddLine).isEmpty());
         QVERIFY(bar.part(QStyle::SC_ScrollBarSubLine).isEmpty());
     }
 
-    void theThumbCanAlwaysBeSeized_data()
+    void thumbHasAMinimumLength_data()
     {
         QTest::addColumn<int>("maximum");
         QTest::addColumn<int>("pageStep");
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QTest::newRow("hardly any bar") << 300 << 100 << 10 << 10;
         QTest::newRow("no bar") << 300 << 100 << 0 << 0;
     }
-    void theThumbCanAlwaysBeSeized()
+    void thumbHasAMinimumLength()
     {
         QFETCH(int, maximum);
         QFETCH(int, pageStep);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(bar.thumb().height(), thumb);
     }
 
-    void aClickOnTheBarJumpsThere()
+    void clickOnTheScrollBarJumpsThere()
     {
         Bar bar(Qt::Vertical);
         bar.show();
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(bar.value(), 150);
     }
 
-    void aScrollBarLiesOnTheAreaItScrolls()
+    void scrollBarOverlaysItsArea()
     {
         QPlainTextEdit area;
         area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -130,7 +130,7 @@ private Q_SLOTS:
         QCOMPARE(picture.pixelColor(190, 100), area.palette().color(QPalette::Base));
     }
 
-    void stateCanBeSeen()
+    void checkedStatesLookDifferent()
     {
         QCheckBox box;
         const QImage off = pictureOf(box);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QVERIFY(up != pictureOf(button));
     }
 
-    void theFocusCanBeSeen_data()
+    void focusIsVisible_data()
     {
         QTest::addColumn<QSharedPointer<QWidget>>("control");
         const auto add = [](const char* name, QWidget* control) {
@@ -169,7 +169,7 @@ private Q_SLOTS:
         add("combo box", new QComboBox);
         add("spin box", new QSpinBox);
     }
-    void theFocusCanBeSeen()
+    void focusIsVisible()
     {
         QFETCH(QSharedPointer<QWidget>, control);
         QWidget window;
@@ -187,7 +187,7 @@ private Q_SLOTS:
         control->setParent(nullptr);
     }
 
-    void menusHaveRoundCornersAndRoomForTheirTexts()
+    void menusHaveRoundCornersAndFitTheirTexts()
     {
         QMenu menu;
         menu.addAction(u"Short"_s);
@@ -205,7 +205,7 @@ private Q_SLOTS:
                 menu.actionGeometry(longest).height());
     }
 
-    void theChosenEntryCanBeSeen()
+    void selectedMenuEntryIsHighlighted()
     {
         QMenu menu;
         QAction* entry = menu.addAction(u"Entry"_s);

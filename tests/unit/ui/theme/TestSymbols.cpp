@@ -34,7 +34,7 @@ class TestSymbols : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everySymbolDraws()
+    void everySymbolIsDrawn()
     {
         QVERIFY(allSymbols().contains(u"doc.on.clipboard"_s));
         for (const QString& name : allSymbols()) {
@@ -44,7 +44,7 @@ private Q_SLOTS:
         }
     }
 
-    void aSymbolHasTheColorAskedFor()
+    void symbolHasTheColorAskedFor()
     {
         const QColor orange(0xf0, 0x86, 0x00);
         const QImage image =
@@ -94,14 +94,14 @@ private Q_SLOTS:
         QVERIFY(inkAt(Symbols::Weight::bold) > inkAt(Symbols::Weight::semibold));
     }
 
-    void theSecondPictureComesFromTheCache()
+    void secondPixmapComesFromTheCache()
     {
         const Symbols::Style style{.size = 15, .color = Qt::red};
         const auto first = Symbols::pixmap(u"trash"_s, style, 1.0).toImage().cacheKey();
         QCOMPARE(Symbols::pixmap(u"trash"_s, style, 1.0).toImage().cacheKey(), first);
     }
 
-    void othersDoNotDriveOutAPictureThatIsInUse()
+    void pixmapInUseStaysInTheCache()
     {
         const auto used = [] {
             return Symbols::pixmap(u"trash"_s, {.size = 15, .color = Qt::red}, 1.0)
@@ -115,14 +115,14 @@ private Q_SLOTS:
         }
     }
 
-    void anUnknownSymbolIsNullAndLogged_data()
+    void unknownSymbolIsNullAndLogged_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("unknown") << u"no.such.symbol"_s;
         QTest::newRow("empty") << QString();
         QTest::newRow("elsewhere") << u"../qt/etc/qt.conf"_s;
     }
-    void anUnknownSymbolIsNullAndLogged()
+    void unknownSymbolIsNullAndLogged()
     {
         QFETCH(QString, name);
         QTest::ignoreMessage(QtWarningMsg, qPrintable(u"There is no symbol %1"_s.arg(name)));
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(canvas.copy(13, 13, 16, 16).convertToFormat(symbol.format()), symbol);
     }
 
-    void iconsServeSeveralScales()
+    void iconsSupportSeveralScales()
     {
         const QIcon icon = Symbols::icon(u"gearshape"_s, {.size = 15, .color = Qt::black});
         QCOMPARE(icon.pixmap(QSize(16, 16), 1.0).size(), QSize(16, 16));

@@ -16,7 +16,7 @@ class TestTheme : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theDesktopsSchemeIsFollowed()
+    void colorSchemeOfTheDesktopIsFollowed()
     {
         FakeAppearance appearance;
         const ThemeFollower follower(appearance);
@@ -30,7 +30,7 @@ private Q_SLOTS:
         QVERIFY(Theme::isDark());
     }
 
-    void widgetsAreRepaintedWhenTheSchemeTurns()
+    void widgetPalettesFollowTheColorScheme()
     {
         FakeAppearance appearance;
         const ThemeFollower follower(appearance);
@@ -42,13 +42,13 @@ private Q_SLOTS:
         QCOMPARE(widget.palette().color(QPalette::Window), Theme::panelBackground());
     }
 
-    void everyTextCanBeRead_data()
+    void everyTextColorHasEnoughContrast_data()
     {
         QTest::addColumn<bool>("dark");
         QTest::newRow("light") << false;
         QTest::newRow("dark") << true;
     }
-    void everyTextCanBeRead()
+    void everyTextColorHasEnoughContrast()
     {
         QFETCH(bool, dark);
         FakeAppearance appearance;
@@ -66,7 +66,7 @@ private Q_SLOTS:
                          palette.color(QPalette::HighlightedText)) >= 4.0);
     }
 
-    void theDesktopsAccentIsTakenOver()
+    void accentColorOfTheDesktopIsUsed()
     {
         FakeAppearance appearance;
         const ThemeFollower follower(appearance);
@@ -79,13 +79,13 @@ private Q_SLOTS:
         QCOMPARE(Theme::accent(), own);
     }
 
-    void everyAccentCanBeSeen_data()
+    void everyAccentHasEnoughContrast_data()
     {
         QTest::addColumn<QColor>("accent");
         for (const char* name : {"yellow", "white", "black", "navy", "red", "lime", "#777777"})
             QTest::newRow(name) << QColor(QLatin1String(name));
     }
-    void everyAccentCanBeSeen()
+    void everyAccentHasEnoughContrast()
     {
         QFETCH(QColor, accent);
         FakeAppearance appearance;
@@ -100,7 +100,7 @@ private Q_SLOTS:
         }
     }
 
-    void contrastIsMeasured()
+    void contrastIsComputed()
     {
         QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
         QCOMPARE(contrast(Qt::white, Qt::black), 21.0);
@@ -134,13 +134,13 @@ private Q_SLOTS:
         }
     }
 
-    void opacityIsAProduct()
+    void opacityMultiplies()
     {
         const QColor half = Theme::withOpacity(Qt::black, 0.5);
         QVERIFY(std::abs(Theme::withOpacity(half, 0.5).alphaF() - 0.25F) < 0.01F);
     }
 
-    void mixingGoesFromOneColorToTheOther()
+    void mixingInterpolatesBetweenColors()
     {
         QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 0.0), QColor(Qt::red));
         QCOMPARE(Theme::mixed(Qt::red, Qt::blue, 1.0), QColor(Qt::blue));

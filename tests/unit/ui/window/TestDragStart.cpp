@@ -10,7 +10,7 @@ class TestDragStart : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aTremblingHandDragsNothing()
+    void smallMovementsStartNoDrag()
     {
         DragStart drag;
         drag.press({10, 10});
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QCOMPARE(drag.move({50, 50}), std::nullopt);
     }
 
-    void aDragBeginsOnceWhereThePressWas()
+    void dragStartsOnceAtThePressPosition()
     {
         DragStart drag;
         drag.press({10, 10});
@@ -29,7 +29,7 @@ private Q_SLOTS:
         QCOMPARE(drag.move({10, 50}), std::nullopt);
     }
 
-    void withoutAPressThereIsNoDrag()
+    void noDragWithoutAPress()
     {
         DragStart drag;
         QCOMPARE(drag.move({100, 100}), std::nullopt);

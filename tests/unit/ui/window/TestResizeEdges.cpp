@@ -10,7 +10,7 @@ class TestResizeEdges : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPlaceBelongsToTheEdgesBesideIt_data()
+    void positionsMapToTheNearbyEdges_data()
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<Qt::Edges>("edges");
@@ -33,7 +33,7 @@ private Q_SLOTS:
         row("bottom left", {100, 199}, Qt::BottomEdge | Qt::LeftEdge, Qt::SizeBDiagCursor);
         row("beyond the corner", {112, 100}, Qt::TopEdge, Qt::SizeVerCursor);
     }
-    void aPlaceBelongsToTheEdgesBesideIt()
+    void positionsMapToTheNearbyEdges()
     {
         QFETCH(const QPoint, place);
         QFETCH(const Qt::Edges, edges);

@@ -280,6 +280,8 @@ MagicPanelController& AppCoordinator::panelController()
                                        *m_cursorLocator, m_desktop.screens, m_desktop.localKeys,
                                        m_pasteRequest, m_desktop.clock});
     connect(m_panel.get(), &FloatingPanel::settingsRequested, this, &AppCoordinator::showSettings);
+    connect(m_panel.get(), &FloatingPanel::closeRequested, m_panelController.get(),
+            &MagicPanelController::hide);
     // Something copied just now must be listed first.
     connect(m_panelController.get(), &MagicPanelController::aboutToShow, &monitor(),
             &ClipboardMonitor::tick);

@@ -3,6 +3,7 @@
 #include "panel/view/MagicPanelRootView.h"
 #include "ui/window/WindowAccessible.h"
 
+#include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,13 @@ FloatingPanel::~FloatingPanel() = default;
 void FloatingPanel::prepare()
 {
     (void)m_rootView->grab();
+}
+
+// Accepted, it would destroy the window that the surface has adopted.
+void FloatingPanel::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    Q_EMIT closeRequested();
 }
 
 void FloatingPanel::followCompositing(bool composited)

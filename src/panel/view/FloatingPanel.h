@@ -33,6 +33,11 @@ public:
 
 Q_SIGNALS:
     void settingsRequested();
+    /// The window manager was asked to close the panel, which stays as it is.
+    void closeRequested();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void followCompositing(bool composited);

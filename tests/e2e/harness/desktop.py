@@ -41,6 +41,7 @@ _OPENBOX_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
   <placement><policy>Smart</policy></placement>
   <theme><name>Clearlooks</name><titleLayout>NLIMC</titleLayout></theme>
   <desktops><number>2</number></desktops>
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
   <mouse>
     <context name="Client">
       <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>

@@ -2,13 +2,13 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
 #include "app/CommandLine.h"
-#include "app/DisplayChoice.h"
 #include "app/MenuBarItem.h"
 #include "app/X11Desktop.h"
 #include "core/AppConfig.h"
 #include "core/Log.h"
 #include "platform/desktop/DBusInstanceLink.h"
 #include "platform/desktop/TerminationSignals.h"
+#include "platform/x11/connection/X11Display.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -61,7 +61,7 @@ int main(int argc, char** argv)
         return answer(commandLine);
 
     driftbox::Log::install();
-    if (!driftbox::DisplayChoice::chooseX11())
+    if (!driftbox::X11Display::choose())
         return EXIT_FAILURE;
     describeApplication();
     const driftbox::Application application(argc, argv);

@@ -1,4 +1,4 @@
-#include "app/DisplayChoice.h"
+#include "platform/x11/connection/X11Display.h"
 
 #include "platform/x11/connection/X11Connection.h"
 
@@ -7,11 +7,11 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QLoggingCategory>
 
-namespace driftbox::DisplayChoice {
+namespace driftbox::X11Display {
 
 namespace {
 
-Q_LOGGING_CATEGORY(displayChoiceLog, "DisplayChoice")
+Q_LOGGING_CATEGORY(x11DisplayLog, "X11Display")
 
 constexpr auto platformVariable = "QT_QPA_PLATFORM";
 
@@ -22,7 +22,7 @@ bool isX11(const QByteArray& platform)
 
 } // namespace
 
-bool chooseX11()
+bool choose()
 {
     if (!X11Connection::isServerThere()) {
         std::fprintf(stderr, "Drift Box needs a display: no X server answers at \"%s\"\n",
@@ -33,9 +33,9 @@ bool chooseX11()
     if (isX11(platform))
         return true;
     if (!platform.isEmpty())
-        qCWarning(displayChoiceLog).noquote() << "Using xcb instead of" << platform;
+        qCWarning(x11DisplayLog).noquote() << "Using xcb instead of" << platform;
     qputenv(platformVariable, "xcb");
     return true;
 }
 
-} // namespace driftbox::DisplayChoice
+} // namespace driftbox::X11Display

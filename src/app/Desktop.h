@@ -41,9 +41,9 @@ struct Desktop
     PasteKeystroke& pasteKeystroke;
     FloatingSurfaceFactory& floatingSurfaces;
     TextRecognizer& textRecognizer;
-    TaskRunner& recognitions;    ///< apart from `tasks`: they may take many seconds
-    StatusArea& statusNotifiers; ///< shows the item and draws its menu
-    StatusArea& systemTray;      ///< holds a window of the program
+    TaskRunner& recognitions;    ///< separate from `tasks`: they may take many seconds
+    StatusArea& statusNotifiers; ///< the desktop draws the item and its menu
+    StatusArea& systemTray;      ///< the desktop embeds a window of the program
     StandardWindows& standardWindows;
     DocumentOpener& documentOpener;
 };

@@ -16,12 +16,12 @@
 
 namespace driftbox {
 
-/// What every freedesktop.org session gives the program, whatever its window system. A desktop owns
-/// one of these beside the back-ends of its window system, which may borrow from it.
+/// The services of any freedesktop.org session, independent of the window system. A desktop owns
+/// one of these along with the back-ends of its window system, which may use it.
 struct FreedesktopServices
 {
     FreedesktopServices();
-    /// Ends the recognition of text that is under way: it may take long, and tasks are waited for.
+    /// Cancels running text recognition, which may take long, because tasks are waited for.
     ~FreedesktopServices();
     Q_DISABLE_COPY_MOVE(FreedesktopServices)
 

@@ -8,11 +8,11 @@
 
 namespace driftbox {
 
-/// Owns what gives the program the desktop of an X11 session.
+/// Owns the services of an X11 session's desktop.
 class X11Desktop
 {
 public:
-    /// On the display that the toolkit's application object has opened. Null, with a log line, when
+    /// Uses the display that the toolkit's application object has opened. Null, and logged, when
     /// the X server cannot be used.
     [[nodiscard]] static std::unique_ptr<X11Desktop> open();
     ~X11Desktop();

@@ -21,7 +21,6 @@ struct Release
 /// An owned reference to a JSON value.
 using Value = std::unique_ptr<json_t, Release>;
 
-
 enum class Numbers {
     asReals,   ///< every number becomes a real
     asWritten, ///< numbers without a fraction or exponent become integers

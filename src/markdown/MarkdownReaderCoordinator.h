@@ -15,13 +15,13 @@ class FileChooser;
 class MarkdownReaderWindowController;
 class MarkdownReaderWindowFactory;
 
-/// The open reader windows, one a file. Main thread only; opening a file waits for it to be read.
+/// The open reader windows, one per file. Main thread only; opening a file blocks until it is read.
 class MarkdownReaderCoordinator : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Everything must outlive the coordinator.
+    /// All references must outlive the coordinator.
     struct Services
     {
         FileSystem& fileSystem;
@@ -30,18 +30,18 @@ public:
     };
 
     explicit MarkdownReaderCoordinator(const Services& services, QObject* parent = nullptr);
-    /// Closes the windows; what was not saved is saved.
+    /// Closes the windows and saves unsaved changes.
     ~MarkdownReaderCoordinator() override;
 
-    /// Opens the local file in a window of its own, or brings the one that shows it to the front
-    /// without reading the file again; at the part that a fragment of the address names. A file
-    /// that cannot be read opens as an empty document.
+    /// Opens the local file in its own window, or raises the window that already shows it without
+    /// reading the file again. Scrolls to the address's fragment, if any. A file that cannot be
+    /// read opens as an empty document.
     void open(const QUrl& url);
 
     /// Lets the user choose the file to open.
     void openViaPanel();
 
-    /// The open windows by the standardized address of their file.
+    /// The open windows by their files' standardized addresses.
     [[nodiscard]] const auto& controllers() const { return m_controllers; }
 
 private:
@@ -54,11 +54,11 @@ private:
 
     Services m_services;
     std::unordered_map<QUrl, std::unique_ptr<MarkdownReaderWindowController>, Hash> m_controllers;
-    /// Until their windows, which are at work on closing, are done.
+    /// Kept until their windows have finished closing.
     std::vector<std::unique_ptr<MarkdownReaderWindowController>> m_closing;
 };
 
-/// The same file in one form: dots resolved, no redundant separators, an absolute path.
+/// The canonical address of a file: an absolute path without dots and redundant separators.
 [[nodiscard]] QUrl standardizedFileURL(const QUrl& url);
 
 } // namespace driftbox

@@ -94,10 +94,10 @@ void MarkdownWebViewCoordinator::didReceiveMessage(const QString& name, const QV
     if (name != u"openExternal" || body.typeId() != QMetaType::QString)
         return;
     const QUrl url(body.toString(), QUrl::StrictMode);
-    static const QStringList handedOver{u"http"_s, u"https"_s, u"mailto"_s};
+    static const QStringList externalSchemes{u"http"_s, u"https"_s, u"mailto"_s};
     if (!url.isValid())
         return;
-    if (handedOver.contains(url.scheme()))
+    if (externalSchemes.contains(url.scheme()))
         (void)m_opener.open(url);
     else if (url.isLocalFile() && url.host().isEmpty())
         openFile(url.adjusted(QUrl::RemoveQuery));

@@ -6,8 +6,8 @@
 
 namespace driftbox {
 
-/// Hands addresses and files over to the other programs of the desktop. Main thread only; never
-/// waits for the other program: a call has worked when that is on its way.
+/// Opens addresses and files in other programs. Main thread only; never blocks on the other
+/// program: a call succeeds once that program is being started.
 class DocumentOpener
 {
 public:
@@ -15,13 +15,13 @@ public:
     Q_DISABLE_COPY_MOVE(DocumentOpener)
     virtual ~DocumentOpener() = default;
 
-    /// Opens a web address, a mail address or a file with the user's default program for it.
+    /// Opens a web address, a mail address or a file in the user's default program for it.
     virtual Expected<void> open(const QUrl& url) = 0;
 
-    /// Shows a local file, selected, in a window of the file manager.
+    /// Selects a local file in a window of the file manager.
     virtual void reveal(const QUrl& file) = 0;
 
-    /// Opens the part of the desktop's settings that is about accessibility.
+    /// Opens the accessibility page of the desktop's settings.
     virtual Expected<void> openAccessibilitySettings() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace driftbox {
 
-/// A key that is pressed in a window of this program.
+/// A key press in one of this program's windows.
 struct KeyPress
 {
     Qt::Key key;

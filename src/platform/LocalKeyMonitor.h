@@ -10,12 +10,12 @@
 
 namespace driftbox {
 
-/// Sees the key presses of this program's own windows before their widgets do, and can take them.
-/// Main thread only. Tokens must not outlive the monitor.
+/// Observes the key presses in this program's own windows before their widgets do, and can consume
+/// them. Main thread only. Tokens must not outlive the monitor.
 class LocalKeyMonitor
 {
 public:
-    /// Returns true to take the key press: it goes no further.
+    /// Returns true to consume the key press.
     using Handler = std::function<bool(const KeyPress&)>;
 
     LocalKeyMonitor() = default;

@@ -15,7 +15,7 @@ public:
     virtual ~LoginItem() = default;
 
     virtual Expected<void> registerItem() = 0;
-    /// That there was no item is fine.
+    /// Also succeeds when there is no item.
     virtual Expected<void> unregisterItem() = 0;
 };
 

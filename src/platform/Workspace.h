@@ -17,11 +17,11 @@ namespace driftbox {
 class RunningApplication
 {
 public:
-    /// Where the keyboard is.
+    /// The keyboard focus relative to that window.
     enum class Focus {
-        inside, ///< in that window
+        inside, ///< in that window or one of its children
         outside,
-        gone, ///< the process or the window has
+        gone, ///< the process or the window no longer exists
     };
     using FocusAnswer = std::function<void(Focus)>;
 
@@ -43,7 +43,7 @@ public:
     /// Asks the desktop to raise that window and give it the keyboard focus. Returns at once.
     virtual void activate() = 0;
 
-    /// Asks where the keyboard is. Waits for nobody: `answer` is called once, perhaps before this
+    /// Queries the focus asynchronously. `answer` is called once, possibly before this function
     /// returns, and not at all once this or `owner` has been destroyed.
     virtual void whenFocusKnown(QObject* owner, FocusAnswer answer) = 0;
 };

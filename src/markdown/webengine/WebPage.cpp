@@ -16,20 +16,20 @@ namespace driftbox {
 
 namespace {
 
-// A document that brings the engine down every time is given up.
+// A document that keeps crashing the engine is given up.
 constexpr int maxCrashes = 3;
 constexpr auto crashPeriod = 60s;
 
 } // namespace
 
-// A page that stays at its address and opens no windows.
+// A page that never leaves its address and opens no windows.
 class WebPage::BoundPage final : public QWebEnginePage
 {
 public:
     BoundPage(QWebEngineProfile& profile, QObject* parent)
         : QWebEnginePage(&profile, parent)
     {
-        // The engine asks nobody before it goes to an empty page.
+        // Navigation to an empty page bypasses acceptNavigationRequest().
         connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
             if (url != m_address)
                 QTimer::singleShot(0, this, [this] { load(m_address); });
@@ -51,7 +51,7 @@ protected:
 
     [[nodiscard]] QWebEnginePage* createWindow(WebWindowType /*type*/) override { return nullptr; }
 
-    // What a document makes the engine complain about concerns nobody.
+    // The engine's complaints about a document are not logged.
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/,
                                   const QString& /*message*/, int /*line*/,
                                   const QString& /*source*/) override
@@ -134,8 +134,8 @@ void WebPage::recover(QWebEnginePage::RenderProcessTerminationStatus status)
         return;
     }
     qCWarning(readerLog).noquote() << u"The web process crashed; the document is loaded again"_s;
-    // Not while the engine is at work on the page that is going. What is left of it would take the
-    // messages of its successor, so that one is another page.
+    // Deferred, since the engine is still handling the crashed page. That page must be replaced:
+    // its remains would receive the messages for its successor.
     QTimer::singleShot(0, m_widget.get(), [this] {
         makeView();
         m_page->open(m_address);

@@ -12,11 +12,11 @@ namespace driftbox {
 
 class DocumentSchemeHandler;
 
-/// A page in the engine. It never leaves its address, and is made anew when its process crashes.
+/// A page in the engine. It never navigates away, and is recreated when its process crashes.
 class WebPage final : public MarkdownPageView
 {
 public:
-    /// All must outlive the page. `number` tells it from the profile's other pages.
+    /// All references must outlive the page. `number` is unique among the profile's pages.
     WebPage(QWebEngineProfile& profile, DocumentSchemeHandler& documents, int number,
             MarkdownPageDelegate& delegate, QWidget& parent);
     ~WebPage() override;

@@ -15,9 +15,9 @@ namespace {
 
 struct SettingsProgram
 {
-    const char16_t* desktop; ///< as XDG_CURRENT_DESKTOP names it
+    const char16_t* desktop; ///< as in XDG_CURRENT_DESKTOP
     const char16_t* program;
-    const char16_t* page; ///< null for a program that shows nothing else
+    const char16_t* page; ///< null for a program without other pages
 };
 
 constexpr std::array settingsPrograms{
@@ -32,15 +32,15 @@ constexpr std::array settingsPrograms{
     SettingsProgram{u"LXQt", u"lxqt-config", nullptr},
 };
 
-// Those of the running desktop first.
+// The programs of the running desktop first.
 std::vector<SettingsProgram> inOrderOfPreference()
 {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
     std::vector programs(settingsPrograms.begin(), settingsPrograms.end());
-    const auto isOfThis = [&desktops](const SettingsProgram& candidate) {
+    const auto isOfRunningDesktop = [&desktops](const SettingsProgram& candidate) {
         return desktops.contains(QString::fromUtf16(candidate.desktop), Qt::CaseInsensitive);
     };
-    std::stable_partition(programs.begin(), programs.end(), isOfThis);
+    std::stable_partition(programs.begin(), programs.end(), isOfRunningDesktop);
     return programs;
 }
 

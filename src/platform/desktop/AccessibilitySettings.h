@@ -4,8 +4,8 @@
 
 namespace driftbox {
 
-/// Starts the settings program of the running desktop, or else any that is installed, on what it
-/// has about accessibility.
+/// Opens the accessibility page of the running desktop's settings program or else of any installed
+/// one.
 Expected<void> startAccessibilitySettings();
 
 } // namespace driftbox

@@ -12,8 +12,8 @@ namespace driftbox {
 
 namespace {
 
-// A file manager may have to be started first.
-constexpr int portalTimeoutMs = 10'000;
+// The file manager may have to be started first.
+constexpr int fileManagerTimeoutMs = 10'000;
 
 void openFolderOf(const QUrl& file)
 {
@@ -39,9 +39,9 @@ void DesktopDocumentOpener::reveal(const QUrl& file)
     auto call = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
                                                u"/org/freedesktop/FileManager1"_s,
                                                u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
-    const QString startupId; // the desktop has given this action none
+    const QString startupId; // there is none for this action
     call << QStringList(file.toString(QUrl::FullyEncoded)) << startupId;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, portalTimeoutMs));
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, fileManagerTimeoutMs));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
                      [file](QDBusPendingCallWatcher* finished) {
                          finished->deleteLater();

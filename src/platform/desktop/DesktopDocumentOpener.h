@@ -6,7 +6,7 @@
 
 namespace driftbox {
 
-/// Asks the default programs and, by D-Bus, the file manager. Where no file manager answers there,
+/// Starts the default programs and, through D-Bus, the file manager. If no file manager answers,
 /// the file's folder is opened.
 class DesktopDocumentOpener final : public DocumentOpener
 {

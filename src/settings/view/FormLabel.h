@@ -16,8 +16,8 @@ public:
 
     FormLabel(const QString& text, const QFont& font, Tone tone, QWidget* parent);
 
-    /// Digits take the same room each, and the label a column of its own, so that a number that
-    /// changes does not jump. Text that needs more makes the column wider.
+    /// Gives all digits the same width, and the label at least that of `column`, so that a changing
+    /// number does not jitter.
     void setDigitsOfFixedWidth(int column);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -23,12 +23,12 @@ public:
     /// Adds a row with a single widget in its preferred size.
     void addRow(QWidget* part, Qt::Alignment alignment);
 
-    /// Adds a row of these parts, which need no padding of their own. The one that stretches takes
-    /// the room that is left.
+    /// Adds a row of parts, which need no padding of their own. The part `stretching` takes the
+    /// remaining space.
     QWidget* addRow(std::initializer_list<QWidget*> parts, const QWidget* stretching);
 
-    /// Adds a row of these parts, each as large as it wants to be, that goes on in further lines
-    /// where it is too long for one.
+    /// Adds a row of parts in their preferred sizes, wrapped onto further lines where it is too
+    /// long.
     void addWrappingRow(std::initializer_list<QWidget*> parts);
 
 protected:

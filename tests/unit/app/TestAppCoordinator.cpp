@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <QtGui/QCloseEvent>
 #include <QtTest/QTest>
 
 using namespace driftbox;
@@ -151,6 +152,20 @@ private Q_SLOTS:
         doubleTap(3000ms);
         QVERIFY(panel().isVisible());
         QCOMPARE(m_desktop->floatingSurfaces.surfaces.size(), size_t(1));
+    }
+
+    void panelClosedByTheWindowManagerHidesAsOnEscape()
+    {
+        start();
+        expectShowing();
+        doubleTap(0ms);
+        QCloseEvent close;
+        QCoreApplication::sendEvent(&panel().window, &close);
+        QVERIFY(!close.isAccepted());
+        QVERIFY(!m_coordinator->panelAnimator().visible());
+        m_desktop->clock.advance(170ms);
+        QVERIFY(!panel().isVisible());
+        QCOMPARE(panel().orderOuts, 1);
     }
 
     void panelIsPreparedBeforeTheFirstDoubleTap()

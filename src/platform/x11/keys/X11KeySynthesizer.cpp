@@ -63,7 +63,7 @@ X11KeySynthesizer::X11KeySynthesizer(X11Connection& connection, const X11Keyboar
 
 void X11KeySynthesizer::type(PasteShortcut shortcut, Typed typed)
 {
-    // Replies come in the order of the requests.
+    // Replies arrive in the order of the requests.
     const auto keymap = std::make_shared<std::optional<xcb_query_keymap_reply_t>>();
     m_connection.whenReplied<xcb_query_keymap_reply_t>(
         xcb_query_keymap(m_connection.xcb()).sequence, this,

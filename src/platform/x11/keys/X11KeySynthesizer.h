@@ -30,7 +30,7 @@ public:
     /// has been destroyed.
     using Typed = std::function<void(bool isTyped)>;
 
-    /// Types as soon as the server has reported which keys are down.
+    /// Types once the server has reported which keys are held.
     void type(PasteShortcut shortcut, Typed typed);
 
 private:

@@ -15,8 +15,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(x11PasteKeystrokeLog, "X11PasteKeystroke")
 
-constexpr auto patience = 600ms;
-constexpr auto pause = 10ms; // between two looks at who has the keyboard
+constexpr auto focusTimeout = 600ms;
+constexpr auto focusPollInterval = 10ms;
 
 void logRefusal(const char* reason)
 {
@@ -27,7 +27,7 @@ void logRefusal(const char* reason)
 
 X11PasteKeystroke::X11PasteKeystroke(X11Connection& connection, const X11Keyboard& keyboard,
                                      PrimarySelection& primarySelection)
-    : m_typist(connection, keyboard)
+    : m_synthesizer(connection, keyboard)
     , m_primarySelection(primarySelection)
 {
 }
@@ -37,7 +37,7 @@ void X11PasteKeystroke::send(std::shared_ptr<RunningApplication> target)
     ++m_generation;
     m_target = std::move(target);
     m_shortcut = pasteShortcutOf(m_target->bundleIdentifier().value_or(QString()));
-    m_deadline = QDeadlineTimer(patience, Qt::PreciseTimer);
+    m_deadline = QDeadlineTimer(focusTimeout, Qt::PreciseTimer);
     if (m_shortcut == PasteShortcut::shiftInsert) {
         m_primarySelection.offerPasteboardText(
             this, [this, generation = m_generation] { typeOnceFocused(generation); });
@@ -68,14 +68,14 @@ void X11PasteKeystroke::proceed(RunningApplication::Focus focus)
     }
     if (m_deadline.hasExpired())
         return giveUp("the target did not get the keyboard");
-    QTimer::singleShot(pause, Qt::PreciseTimer, this,
+    QTimer::singleShot(focusPollInterval, Qt::PreciseTimer, this,
                        [this, generation = m_generation] { typeOnceFocused(generation); });
 }
 
 void X11PasteKeystroke::type()
 {
     m_target.reset();
-    m_typist.type(m_shortcut, [](bool isTyped) {
+    m_synthesizer.type(m_shortcut, [](bool isTyped) {
         if (!isTyped)
             logRefusal("the keyboard lacks a key");
     });

@@ -16,13 +16,12 @@ class PrimarySelection;
 class X11Connection;
 class X11Keyboard;
 
-/// The paste shortcut as the server's test extension types it: real keys for whatever window has
-/// the focus, so it waits until that is the target's. Nothing waits for the server meanwhile. Main
-/// thread only.
+/// Types the paste shortcut through the XTEST extension. Its events go to whichever window has the
+/// focus, so it waits until that is the target's, without blocking. Main thread only.
 class X11PasteKeystroke final : public QObject, public PasteKeystroke
 {
 public:
-    /// All must outlive the keystroke.
+    /// All references must outlive the keystroke.
     X11PasteKeystroke(X11Connection& connection, const X11Keyboard& keyboard,
                       PrimarySelection& primarySelection);
 
@@ -34,10 +33,10 @@ private:
     void type();
     void giveUp(const char* reason);
 
-    X11KeySynthesizer m_typist;
+    X11KeySynthesizer m_synthesizer;
     PrimarySelection& m_primarySelection;
 
-    std::shared_ptr<RunningApplication> m_target; ///< null when nothing waits to be sent
+    std::shared_ptr<RunningApplication> m_target; ///< null when no keystroke is pending
     PasteShortcut m_shortcut = PasteShortcut::controlV;
     QDeadlineTimer m_deadline;
     std::uint64_t m_generation = 0;

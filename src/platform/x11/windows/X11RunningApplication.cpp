@@ -137,7 +137,7 @@ void X11RunningApplication::askForFocus(const Asker& asker)
         });
 }
 
-// Toolkits may keep the focus in a child of their window.
+// Toolkits may set the focus to a child of their window.
 void X11RunningApplication::lookForOurWindow(xcb_window_t from, const Asker& asker)
 {
     if (from == m_window)

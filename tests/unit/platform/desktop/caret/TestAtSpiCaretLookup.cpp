@@ -123,7 +123,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
     }
 
-    void selectionRectangleIsReturned_data() { theCaretIsFoundWhereItIs_data(); }
+    void selectionRectangleIsReturned_data() { caretIsFoundAtItsPosition_data(); }
     void selectionRectangleIsReturned()
     {
         QFETCH(const QStringList, program);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(m_session->caret()->width() - selected.width()) <= 2);
     }
 
-    void largeSelectionIsClippedToItsVisiblePart_data() { theCaretIsFoundWhereItIs_data(); }
+    void largeSelectionIsClippedToItsVisiblePart_data() { caretIsFoundAtItsPosition_data(); }
     void largeSelectionIsClippedToItsVisiblePart()
     {
         QFETCH(const QStringList, program);
@@ -254,7 +254,7 @@ private Q_SLOTS:
         QCOMPARE(editor.childrenQuestions(), 0);
     }
 
-    void inaccessibleWindowHasNoCaret_data() { theCaretIsFoundWhereItIs_data(); }
+    void inaccessibleWindowHasNoCaret_data() { caretIsFoundAtItsPosition_data(); }
     void inaccessibleWindowHasNoCaret()
     {
         QFETCH(const QStringList, program);
@@ -267,7 +267,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_session->caret().has_value());
     }
 
-    void frozenProgramTimesOutWithoutBlocking_data() { theCaretIsFoundWhereItIs_data(); }
+    void frozenProgramTimesOutWithoutBlocking_data() { caretIsFoundAtItsPosition_data(); }
     void frozenProgramTimesOutWithoutBlocking()
     {
         QFETCH(const QStringList, program);

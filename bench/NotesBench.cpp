@@ -2,6 +2,7 @@
 #include "app/X11Desktop.h"
 #include "bench/BenchHistory.h"
 #include "bench/Benches.h"
+#include "bench/Timing.h"
 #include "core/AppConfig.h"
 #include "core/JsonRecords.h"
 #include "notes/NoteManager.h"
@@ -34,11 +35,6 @@ constexpr int notesBenchKeystrokes = 40;
 constexpr int openings = 20;
 constexpr qint64 notesBenchTimeoutMs = 5'000; // ms
 constexpr QSize notesBenchPageSize{451, 592};
-
-double notesBenchMilliseconds(const QElapsedTimer& timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 StickyNote savedNote(const QString& text, int number)
 {
@@ -96,7 +92,7 @@ double editorKeystrokeMs(NoteEditor& editor)
     QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::NoModifier, u"e"_s);
     QApplication::sendEvent(&editor, &press);
     QApplication::processEvents();
-    return notesBenchMilliseconds(timer);
+    return milliseconds(timer);
 }
 
 void addFigures(Figures& figures, const QString& name, std::vector<double> durations)
@@ -132,7 +128,7 @@ void measureOpening(Figures& figures, NoteManager& manager)
         QElapsedTimer timer;
         timer.start();
         (void)editorOf([&manager] { manager.newBlankNote(); });
-        durations.push_back(notesBenchMilliseconds(timer));
+        durations.push_back(milliseconds(timer));
         manager.close(manager.notes().front().id);
         QApplication::processEvents();
     }
@@ -158,7 +154,7 @@ void measureScrolling(Figures& figures, MagicPanelSection& section)
         timer.start();
         list->verticalScrollBar()->setValue(position);
         QApplication::processEvents();
-        durations.push_back(notesBenchMilliseconds(timer));
+        durations.push_back(milliseconds(timer));
     }
     addFigures(figures, u"notes_scrolling"_s, durations);
 }

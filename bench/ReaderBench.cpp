@@ -1,6 +1,7 @@
 #include "app/X11Desktop.h"
 #include "bench/BenchHistory.h"
 #include "bench/Benches.h"
+#include "bench/Timing.h"
 #include "markdown/MarkdownReaderViewModel.h"
 #include "markdown/view/MarkdownEditor.h"
 #include "platform/FileSystem.h"
@@ -25,11 +26,6 @@ constexpr int paragraphLength = 400;
 constexpr int readerBenchKeystrokes = 40;
 constexpr QSize windowSize{780, 600};
 
-double readerBenchMilliseconds(const QElapsedTimer& timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
 QByteArray document()
 {
     QByteArray text;
@@ -46,7 +42,7 @@ double keystroke(MarkdownEditor& editor)
     QApplication::sendEvent(&editor, &press);
     QApplication::processEvents();
     editor.repaint();
-    return readerBenchMilliseconds(timer);
+    return milliseconds(timer);
 }
 
 } // namespace
@@ -68,7 +64,7 @@ Figures reader()
     editor.resize(windowSize);
     editor.show();
     QApplication::processEvents();
-    const double opened = readerBenchMilliseconds(timer);
+    const double opened = milliseconds(timer);
 
     std::vector<double> durations;
     for (const auto operation : {QTextCursor::Start, QTextCursor::End}) {

@@ -194,7 +194,8 @@ def test_picking_after_the_target_quit_only_copies(desktop, history):
 
 
 def test_a_target_that_quits_after_the_pick_gets_no_keystroke(desktop, history):
-    history.expect_complaint("^Paste keystroke not sent: the target has gone$")
+    # Said only when it goes while the keystroke waits for it.
+    history.tolerate_complaint("^Paste keystroke not sent: the target has gone$")
     witness = GtkEditor(desktop)
     application = XTerm(desktop)
     history.panel.open()

@@ -7,6 +7,8 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from Xlib import display as xdisplay
+from Xlib.protocol import display as xprotocol
+from Xlib.protocol import event as xevent
 
 from .keys import Keyboard, Pointer
 from .processes import Processes
@@ -124,7 +126,12 @@ class Desktop:
 
     def connect(self):
         """A connection of its own to the X server, for another thread."""
-        return xdisplay.Display(self.environment["DISPLAY"])
+        # The library has one table of extension events per process; their numbers differ between
+        # servers.
+        xprotocol.Display.event_classes = xevent.event_class.copy()
+        connection = xdisplay.Display(self.environment["DISPLAY"])
+        connection.display.event_classes = xprotocol.Display.event_classes
+        return connection
 
     def size(self):
         """The size of the whole virtual screen."""

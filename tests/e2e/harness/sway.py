@@ -16,7 +16,8 @@ _CONFIGURATION = """
 output HEADLESS-1 resolution 1440x900 position 0 0
 focus_follows_mouse no
 xwayland force
-exec printf '%s %s' "$WAYLAND_DISPLAY" "$DISPLAY" > {answer}.new && mv {answer}.new {answer}
+# The tests may run as root, who is another user to the X server.
+exec xhost +si:localuser:root && printf '%s %s' "$WAYLAND_DISPLAY" "$DISPLAY" > {answer}.new && mv {answer}.new {answer}
 """
 
 

@@ -9,13 +9,22 @@
 
 namespace driftbox {
 
-/// The program as far as its pasteboard goes, with a short deadline for other programs.
+/// The program as far as its pasteboard goes.
 struct PasteboardSession
 {
-    static constexpr std::chrono::milliseconds deadline{300};
+    /// Long enough for any machine, however busy it is.
+    static constexpr std::chrono::milliseconds longDeadline{60'000};
+    /// For owners that miss it on purpose.
+    static constexpr std::chrono::milliseconds shortDeadline{1'000};
+
+    /// `deadline` is what other programs have for each format.
+    explicit PasteboardSession(std::chrono::milliseconds deadline = longDeadline)
+        : thread(ClipboardThread::start(deadline))
+    {
+    }
 
     ThreadPoolTaskRunner runner;
-    std::unique_ptr<ClipboardThread> thread = ClipboardThread::start(deadline);
+    std::unique_ptr<ClipboardThread> thread;
     WaylandPasteboard pasteboard{*thread, runner};
 };
 

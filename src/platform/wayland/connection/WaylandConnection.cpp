@@ -103,7 +103,6 @@ void WaylandConnection::close()
     m_readable->setEnabled(false);
     m_writable->setEnabled(false);
     qCCritical(waylandConnectionLog).noquote() << "The compositor has closed the connection";
-    Q_EMIT closed();
 }
 
 } // namespace driftbox

@@ -21,14 +21,13 @@ namespace driftbox {
 /// toolkit may have. Belongs to the thread that opens it, whose event loop delivers the events.
 class WaylandConnection final : public QObject
 {
-    Q_OBJECT
-
 public:
     /// Waits for one answer of the compositor, so that the globals are known. None when no
     /// compositor can be reached.
     [[nodiscard]] static std::unique_ptr<WaylandConnection> open();
     ~WaylandConnection() override;
 
+    /// False once the compositor has gone or has ended the connection, which is logged once.
     [[nodiscard]] bool isOpen() const { return m_isOpen; }
     [[nodiscard]] wl_display* display() const { return m_display; }
 
@@ -43,10 +42,6 @@ public:
 
     /// Sends what has been requested. Requests made by a handler of an event are sent anyway.
     void flush();
-
-Q_SIGNALS:
-    /// The compositor has gone, or has ended the connection. Emitted once.
-    void closed();
 
 private:
     struct Global

@@ -17,7 +17,7 @@ class TestWaylandPasteboard : public QObject
 private Q_SLOTS:
     void cleanup() { WlClipboard::clear(); }
 
-    void everyFormatIsThereWhenTheCountMoves()
+    void allFormatsArePresentWhenTheCountChanges()
     {
         PasteboardSession session;
         const QByteArray png = imageFile(colorfulImage({20, 10}), "png");
@@ -33,7 +33,7 @@ private Q_SLOTS:
         QCOMPARE(content.png, std::optional(png));
     }
 
-    void copiesInARowAreAllSeen()
+    void consecutiveCopiesAreAllSeen()
     {
         PasteboardSession session;
         const WlClipboard::Copy first("first");
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.content().text, std::optional(u"second"_s));
     }
 
-    void theContentAtTheStartIsNoChange()
+    void initialContentDoesNotChangeTheCount()
     {
         const PasteboardSession before;
         const WlClipboard::Copy copy("early");
@@ -57,13 +57,13 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.content().text, std::optional(u"early"_s));
     }
 
-    void whatIsWrittenCanBePasted_data()
+    void writtenTextCanBePasted_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("short") << u"plain \u4e2d"_s;
         QTest::newRow("beyond the size of a pipe") << QString(3'000'000, u'\u00e9');
     }
-    void whatIsWrittenCanBePasted()
+    void writtenTextCanBePasted()
     {
         QFETCH(const QString, text);
         PasteboardSession session;
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(WlClipboard::pasted(u"UTF8_STRING"_s), text.toUtf8());
     }
 
-    void pastingIsServedWhileTheMainThreadWaits()
+    void pasteIsServedWhileTheMainThreadIsBlocked()
     {
         PasteboardSession session;
         session.pasteboard.write({.text = u"served"_s});
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.changeCount(), 2);
     }
 
-    void secretContentReadsAsEmptyAndIsNotAskedFor()
+    void secretContentReadsAsEmptyAndIsNeverRequested()
     {
         PasteboardSession session;
         ScriptedSource source;
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(!source.hasBeenAskedFor("text/plain;charset=utf-8"));
     }
 
-    void whatAProgramOfferedCanBePastedWhenItHasEnded()
+    void contentCanBePastedAfterItsOwnerHasEnded()
     {
         PasteboardSession session;
         auto source = std::make_unique<ScriptedSource>();
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.changeCount(), 1);
     }
 
-    void aSecretIsNotOfferedWhenItsProgramHasEnded()
+    void secretIsNotOfferedAfterItsOwnerHasEnded()
     {
         PasteboardSession session;
         PasteboardSession observer;
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(observer.pasteboard.changeCount(), 2); // the secret and the other copy
     }
 
-    void anotherProgramMayEmptyTheClipboard()
+    void anotherProgramCanClearTheClipboard()
     {
         PasteboardSession session;
         session.pasteboard.write({.text = u"own"_s});
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QVERIFY(session.pasteboard.content().isEmpty());
     }
 
-    void anImageIsConvertedToPng()
+    void imageIsConvertedToPng()
     {
         PasteboardSession session;
         ScriptedSource source;

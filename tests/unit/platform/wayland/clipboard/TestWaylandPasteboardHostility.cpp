@@ -51,9 +51,9 @@ class TestWaylandPasteboardHostility : public QObject
 private Q_SLOTS:
     void cleanup() { WlClipboard::clear(); }
 
-    void aSilentOwnerReadsAsEmptyAfterTheDeadline()
+    void silentOwnerReadsAsEmptyAfterTheDeadline()
     {
-        PasteboardSession session;
+        PasteboardSession session(PasteboardSession::shortDeadline);
         ScriptedSource source;
         QTest::ignoreMessage(QtWarningMsg, "Refused the clipboard's text: not complete within 2 s");
         source.copy({{plainText, source.silence()}});
@@ -62,9 +62,9 @@ private Q_SLOTS:
         expectNextCopyToArrive(session);
     }
 
-    void anOwnerThatWritesTooSlowlyReadsAsEmpty()
+    void slowOwnerReadsAsEmptyAfterTheDeadline()
     {
-        PasteboardSession session;
+        PasteboardSession session(PasteboardSession::shortDeadline);
         ScriptedSource source;
         QTest::ignoreMessage(QtWarningMsg, "Refused the clipboard's text: not complete within 2 s");
         source.copy({{plainText, [&source](FileDescriptor pipe) {
@@ -76,9 +76,9 @@ private Q_SLOTS:
         expectNextCopyToArrive(session);
     }
 
-    void anOwnerThatMissesTwoDeadlinesIsNotAskedAgain()
+    void ownerIsNotAskedAgainAfterTwoMissedDeadlines()
     {
-        PasteboardSession session;
+        PasteboardSession session(PasteboardSession::shortDeadline);
         ScriptedSource source;
         QTest::ignoreMessage(QtWarningMsg,
                              "Refused the clipboard's image: not complete within 2 s");
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(!source.hasBeenAskedFor("text/rtf"));
     }
 
-    void anotherCopyDoesNotWaitForASilentOwner()
+    void nextCopyDoesNotWaitForASilentOwner()
     {
         PasteboardSession session;
         ScriptedSource source;
@@ -101,23 +101,19 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.changeCount(), 1);
     }
 
-    void moreThanTheLimitIsRefused()
+    void contentBeyondTheLimitIsRefused()
     {
         std::jthread thread;
         PasteboardSession session;
         ScriptedSource source;
-        // A machine that is busy may reach the deadline before the limit.
-        QTest::ignoreMessage(
-            QtWarningMsg,
-            QRegularExpression(
-                u"^Refused the clipboard's text: (larger than 64 MiB|not complete)"_s));
+        QTest::ignoreMessage(QtWarningMsg, "Refused the clipboard's text: larger than 64 MiB");
         source.copy({{plainText, flood(thread)}});
         QTRY_COMPARE(session.pasteboard.changeCount(), 1);
         QVERIFY(session.pasteboard.content().isEmpty());
         expectNextCopyToArrive(session);
     }
 
-    void anOwnerThatClosesEarlyHasNoSuchFormat()
+    void formatIsMissingWhenItsOwnerClosesThePipe()
     {
         PasteboardSession session;
         ScriptedSource source;
@@ -127,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.content(), PasteboardContent{.text = u"text"_s});
     }
 
-    void anImageThatIsCutOffIsRefused()
+    void truncatedImageIsRefused()
     {
         PasteboardSession session;
         ScriptedSource source;
@@ -139,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(session.pasteboard.content(), PasteboardContent{.text = u"text"_s});
     }
 
-    void thousandsOfTypesDoNoHarm()
+    void contentIsFoundAmongThousandsOfTypes()
     {
         PasteboardSession session;
         ScriptedSource source;
@@ -151,7 +147,7 @@ private Q_SLOTS:
         QTRY_COMPARE(session.pasteboard.content().text, std::optional(u"needle"_s));
     }
 
-    void aReaderThatStopsDoesNotHoldUpTheOthers()
+    void stalledReaderDoesNotBlockOthers()
     {
         PasteboardSession session;
         const QString text(1'000'000, u'x');
@@ -165,7 +161,7 @@ private Q_SLOTS:
         stopped.waitForFinished();
     }
 
-    void theEndOfTheCompositorIsToldOnce()
+    void lossOfTheCompositorIsReportedOnce()
     {
         const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
         const QByteArray display = qgetenv("WAYLAND_DISPLAY");
@@ -176,13 +172,15 @@ private Q_SLOTS:
         qputenv("XDG_RUNTIME_DIR", runtime);
         qputenv("WAYLAND_DISPLAY", display);
 
-        // Nothing that is written now does harm, and it can be read back.
+        // What is written now does no harm, and can be read back.
         session.pasteboard.write({.text = u"late"_s});
         QCOMPARE(session.pasteboard.content().text, std::optional(u"late"_s));
-        session.thread.reset();
+        // The thread has handled the write when it has handled this.
+        QMetaObject::invokeMethod(
+            &session.thread->clipboard(), [] {}, Qt::BlockingQueuedConnection);
     }
 
-    void withoutACompositorThereIsNoClipboard()
+    void threadDoesNotStartWithoutACompositor()
     {
         const QByteArray display = qgetenv("WAYLAND_DISPLAY");
         qputenv("WAYLAND_DISPLAY", "nothing-here");

@@ -25,16 +25,16 @@ class TestWaylandSelectedText : public QObject
     }
 
 private Q_SLOTS:
-    void withoutASelectionTheTextIsEmpty() { QCOMPARE(answered(), std::optional(QString())); }
+    void textIsEmptyWithoutASelection() { QCOMPARE(answered(), std::optional(QString())); }
 
-    void theSelectedTextIsRead()
+    void selectedTextIsRead()
     {
         const WlClipboard::Copy selection("selected", {u"--primary"_s});
         QTRY_COMPARE(answered(), std::optional(u"selected"_s));
         QCOMPARE(m_session.pasteboard.changeCount(), 0);
     }
 
-    void anOwnerThatHasGoneIsNotAnswered()
+    void destroyedOwnerIsNotAnswered()
     {
         const WlClipboard::Copy selection("again", {u"--primary"_s});
         bool isAnswered = false;

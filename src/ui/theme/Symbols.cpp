@@ -101,7 +101,7 @@ public:
         const QPixmap* known = m_pictures.object(key);
         if (known)
             return *known;
-        const QPixmap made = render(key);
+        QPixmap made = render(key);
         m_pictures.insert(key, new QPixmap(made));
         return made;
     }

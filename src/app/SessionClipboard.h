@@ -9,9 +9,9 @@ namespace driftbox {
 class ClipboardThread;
 class SelectedText;
 
-/// The clipboard and the selected text of the session: the compositor's where it shows them to
-/// clipboard managers, otherwise the X server's. A Wayland compositor passes on to the X server
-/// only what is copied while an X11 window has the keyboard. Main thread only.
+/// The clipboard and the selected text of the session: the compositor's where it offers
+/// data-control, otherwise the X server's, to which a Wayland compositor may pass on only what is
+/// copied while an X11 window has the focus. Main thread only.
 class SessionClipboard
 {
 public:
@@ -23,8 +23,8 @@ public:
     [[nodiscard]] Pasteboard& pasteboard() const { return *m_pasteboard; }
     [[nodiscard]] SelectedText& selectedText() const { return *m_selectedText; }
 
-    /// Lets the desktop's clipboard manager take what this program offers, where it has to be asked
-    /// to. For the end of the program; takes 300 ms at most.
+    /// Hands this program's content over to the desktop's clipboard manager where that has to be
+    /// asked. Call it before the program ends; takes at most 300 ms.
     void handOver();
 
 private:

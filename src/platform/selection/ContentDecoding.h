@@ -32,9 +32,8 @@ struct DecodedContent
 /// Decodes what an owner sent. Thread-safe. The raw bytes are freed along the way.
 [[nodiscard]] DecodedContent decode(RawContent raw);
 
-/// The same for the main thread: in the background where it takes long, otherwise in the call. The
-/// content goes to `done`, on the main thread, unless `owner` has been destroyed by then; what was
-/// refused is logged.
+/// Decodes for the main thread: large contents in the background, small ones within the call. Calls
+/// `done` on the main thread unless `owner` has been destroyed by then. Refused formats are logged.
 void decode(RawContent raw, TaskRunner& taskRunner, QObject* owner,
             std::function<void(const PasteboardContent&)> done);
 

@@ -9,20 +9,20 @@
 
 namespace driftbox {
 
-/// The kinds of content that are asked for, one after the other.
+/// The formats of another program's content, in the order in which they are requested.
 enum class ContentFormat : std::uint8_t { image, text, rtf, opaque };
 
-/// Why a format of another program's content is not had.
+/// Why a format could not be read.
 enum class TransferFailure : std::uint8_t {
     timedOut, ///< not complete within the deadline
     tooLarge,
     malformed, ///< the owner does not keep to the protocol
 };
 
-/// The limits of every transfer from another program.
+/// Limits for each transfer from another program.
 namespace TransferLimits {
 
-/// How long an owner has for one format.
+/// The time limit for one format.
 inline constexpr std::chrono::milliseconds deadline{2'000};
 inline constexpr qsizetype contentSize = 64 * mebibyte;
 inline constexpr qsizetype opaqueSize = mebibyte;
@@ -31,8 +31,8 @@ inline constexpr int maxTimeouts = 2;
 
 } // namespace TransferLimits
 
-/// The log line for a format that was refused; empty for an opaque one, which the user misses only
-/// when its owner ends.
+/// The log line for a format that was refused. Empty for an opaque format, which matters only after
+/// its owner has ended.
 [[nodiscard]] QString refusalLine(ContentFormat format, TransferFailure failure);
 
 } // namespace driftbox

@@ -10,7 +10,7 @@ namespace driftbox {
 
 namespace {
 
-// Giving back the memory of more than this takes long enough to be felt.
+// Freeing more memory than this takes noticeable time.
 constexpr qsizetype largeContent = 4 * mebibyte;
 
 qsizetype memoryOf(const PasteboardContent& content)

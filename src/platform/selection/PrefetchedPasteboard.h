@@ -7,7 +7,7 @@ namespace driftbox {
 
 class TaskRunner;
 
-/// The memory of a pasteboard: what is on it and how often it has changed. Main thread only.
+/// A pasteboard that keeps its content in memory and counts the changes. Main thread only.
 class PrefetchedPasteboard : public Pasteboard
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ protected:
     /// `taskRunner` must outlive the pasteboard.
     explicit PrefetchedPasteboard(TaskRunner& taskRunner);
 
-    /// Replaces the content and forgets the opaque formats; the count moves.
+    /// Replaces the content, clears the opaque formats and increments the count.
     void setContent(const PasteboardContent& content);
-    /// Sets what was there before the program started; the count stays.
+    /// Sets the content from before the program started. The count stays as it is.
     void setInitialContent(const PasteboardContent& content);
     void keepOpaqueFormat(const QByteArray& type, const QByteArray& bytes);
     [[nodiscard]] const OpaqueFormats& opaqueFormats() const { return m_opaque; }

@@ -14,12 +14,12 @@ namespace driftbox {
 
 class WaylandConnection;
 
-/// The compositor's clipboard: reads what other programs copy, at once, and offers what this one
-/// writes. Belongs to a thread of its own, so that a program that waits for this one is served
-/// while the main thread waits for that program.
+/// The compositor's clipboard: reads what other programs copy as soon as they copy it, and offers
+/// what this program writes. Lives in a thread of its own, so that a program that pastes is served
+/// even while the main thread waits for that program.
 ///
-/// Every signal carries the number of the last claim that this object had heard of: what was read
-/// before a later claim is out of date.
+/// Every signal carries the number of the latest claim known to this object; a receiver that has
+/// made a later claim drops it as stale.
 class DataControlClipboard final : public QObject, private DataControlDevice::Listener
 {
     Q_OBJECT
@@ -30,11 +30,11 @@ public:
     open(std::chrono::milliseconds deadline);
     ~DataControlClipboard() override;
 
-    /// Makes `content` what other programs paste.
+    /// Makes this program the owner of the clipboard, with `content`.
     void claim(quint64 number, const OfferedContent& content);
 
-    /// Reads the text of the primary selection; `selectedTextRead` follows unless it is asked for
-    /// again before.
+    /// Reads the text of the primary selection. `selectedTextRead` follows unless a later request
+    /// replaces this one.
     void readSelectedText(quint64 request);
 
 Q_SIGNALS:

@@ -11,8 +11,8 @@ namespace driftbox {
 
 class WaylandConnection;
 
-/// What a program offers on a selection. Only the types that the program knows are kept, however
-/// many there are.
+/// What another program offers. Only types that this program knows are kept, however many there
+/// are.
 class DataOffer
 {
 public:
@@ -22,13 +22,12 @@ public:
 
     [[nodiscard]] virtual const QSet<QByteArray>& types() const = 0;
 
-    /// Has the offering program write `type` into a pipe; the end for writing is passed on.
+    /// Has the offering program write `type` into a pipe, given by its write end.
     virtual void receive(const QByteArray& type, const FileDescriptor& pipe) = 0;
 };
 
-/// The selections of a seat as a compositor shows them to clipboard managers, whoever has the
-/// keyboard: ext-data-control-v1 or wlr-data-control-unstable-v1, whichever there is. Belongs to
-/// the thread of its connection.
+/// The selections of a seat as clipboard managers see them, regardless of the keyboard focus, over
+/// ext-data-control-v1 or wlr-data-control-unstable-v1. Belongs to the thread of its connection.
 class DataControlDevice
 {
 public:
@@ -38,13 +37,13 @@ public:
         Listener() = default;
         Q_DISABLE_COPY_MOVE(Listener)
 
-        /// The selection has changed, by this program too. Null when nothing is selected. Called
-        /// from the event loop, first for what is there at the start.
+        /// The selection has changed, possibly by this program. Null when it is empty. Called from
+        /// the event loop, first for the initial selection.
         virtual void selectionChanged(std::unique_ptr<DataOffer> offer) = 0;
         virtual void primarySelectionChanged(std::unique_ptr<DataOffer> offer) = 0;
         /// Another program wants what this one offers.
         virtual void dataRequested(const QByteArray& type, FileDescriptor pipe) = 0;
-        /// The compositor has carried out an `offer`, and has told of every change before it.
+        /// The compositor has processed an `offer` and reported all changes before it.
         virtual void offerTaken() = 0;
 
     protected:

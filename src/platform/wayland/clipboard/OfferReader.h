@@ -12,9 +12,8 @@
 
 namespace driftbox {
 
-/// Reads what an offer contains, once, one format after the other. Belongs to the thread of the
-/// offer. A format that is refused costs one log line. Destroying the reader gives up what is still
-/// under way.
+/// Reads the formats of an offer one after the other, once. Belongs to the thread of the offer. A
+/// refused format is logged. Destroying the reader cancels pending transfers.
 class OfferReader final : public QObject
 {
     Q_OBJECT
@@ -28,7 +27,7 @@ public:
 
     [[nodiscard]] bool isFinished() const { return m_isFinished; }
 
-    /// Makes do with the formats that have arrived.
+    /// Finishes with the formats that have arrived.
     void ownerHasVanished();
 
 Q_SIGNALS:

@@ -10,12 +10,11 @@ class ClipboardThread;
 class OfferedContent;
 struct RawContent;
 
-/// The compositor's clipboard as the general pasteboard, whoever has the keyboard.
+/// The compositor's clipboard as the general pasteboard, regardless of the keyboard focus.
 ///
-/// What another program copies is fetched as soon as the compositor tells of it. When that program
-/// stops offering it, this one offers what it had fetched, and the content stays as it is: the
-/// compositor does not tell a program that has ended from one that has emptied the clipboard.
-/// Nothing secret is ever fetched.
+/// Copied content is fetched as soon as the compositor announces it. When its owner withdraws it,
+/// this program offers the fetched content, because the compositor does not tell whether the owner
+/// has ended or has cleared the clipboard. Secret content is never fetched.
 class WaylandPasteboard final : public PrefetchedPasteboard
 {
     Q_OBJECT

@@ -11,7 +11,7 @@ from harness.xclients import ClipboardOwner
 
 ACTION = "Paste text in image (OCR)"
 WORDS = "The quick backup finished\nand saved 1,208 files."
-PATIENCE = 20  # seconds
+TIMEOUT = 20  # seconds
 
 
 def picture_of(text, *, size=14, ink="#e0e0e0", ground="#1e1e1e", times=1):
@@ -44,7 +44,7 @@ def click_and_wait_until_busy(desktop, panel):
 
 
 def wait_for_text(application, text):
-    wait_for_equal(application.text, text, f"the text of {application!r}", PATIENCE)
+    wait_for_equal(application.text, text, f"the text of {application!r}", TIMEOUT)
 
 
 @pytest.mark.parametrize("kind", [GtkEditor, XTerm])
@@ -84,7 +84,7 @@ def test_the_action_is_enabled_again_after_finding_no_text(desktop, program, cop
     button = program.panel.hover(PICTURE).find(name=ACTION)
     desktop.pointer.click(*button.extents().center)
     wait_for(lambda: not button.has_state("enabled"), "the action to be busy")
-    wait_for(lambda: button.has_state("enabled"), "the action to be ready again", PATIENCE)
+    wait_for(lambda: button.has_state("enabled"), "the action to be ready again", TIMEOUT)
     assert program.panel.is_open()
     assert editor.text() == ""
 

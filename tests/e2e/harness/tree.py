@@ -9,7 +9,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
-from .waiting import PATIENCE, wait_for  # noqa: E402
+from .waiting import TIMEOUT, wait_for  # noqa: E402
 from .windows import Geometry  # noqa: E402
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
@@ -56,7 +56,7 @@ class Tree:
         registry = Node(self._bus, "org.a11y.atspi.Registry", _ROOT_PATH)
         return registry.children()
 
-    def application(self, pid, timeout=PATIENCE):
+    def application(self, pid, timeout=TIMEOUT):
         """The application of a process; waits until it has joined."""
         return wait_for(lambda: self._application_of(pid), f"process {pid} in the tree", timeout)
 
@@ -123,7 +123,7 @@ class Node:
         return [node for node in self.descendants()
                 if _matches(role, node.role) and _matches(name, node.name)]
 
-    def find(self, role=None, name=None, timeout=PATIENCE):
+    def find(self, role=None, name=None, timeout=TIMEOUT):
         """The first such element; waits until there is one."""
         return wait_for(lambda: next(iter(self.find_all(role, name)), None),
                         f"{role or 'element'} {name or ''} below {self!r}", timeout)

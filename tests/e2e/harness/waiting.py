@@ -2,11 +2,11 @@
 
 import time
 
-PATIENCE = 15.0  # seconds; only a failing test ever waits this long
-_PAUSE = 0.01
+TIMEOUT = 15.0  # seconds; only a failing test ever waits this long
+_POLL_INTERVAL = 0.01
 
 
-def wait_for(condition, what, timeout=PATIENCE):
+def wait_for(condition, what, timeout=TIMEOUT):
     """Calls `condition` until it returns something true, and returns that.
 
     Raises TimeoutError naming `what` when the time is up.
@@ -18,13 +18,13 @@ def wait_for(condition, what, timeout=PATIENCE):
             return result
         if time.monotonic() > deadline:
             raise TimeoutError(f"waited {timeout:g} s for {what}; last seen: {result!r}")
-        time.sleep(_PAUSE)
+        time.sleep(_POLL_INTERVAL)
 
 
-def wait_for_equal(read, expected, what, timeout=PATIENCE):
+def wait_for_equal(read, expected, what, timeout=TIMEOUT):
     """Calls `read` until it returns `expected`; names both when the time is up."""
     deadline = time.monotonic() + timeout
     while (seen := read()) != expected:
         if time.monotonic() > deadline:
             raise TimeoutError(f"waited {timeout:g} s for {what} to be {expected!r}, not {seen!r}")
-        time.sleep(_PAUSE)
+        time.sleep(_POLL_INTERVAL)

@@ -8,7 +8,7 @@ import time
 from Xlib import X, Xatom, error
 from Xlib.protocol import event
 
-from .waiting import PATIENCE, wait_for
+from .waiting import TIMEOUT, wait_for
 
 _CHUNK = 200_000  # below the longest request of a server without big requests
 _NO_PROPERTY = X.NONE
@@ -50,7 +50,7 @@ class ClipboardOwner:
     def close(self):
         self._closing = True
         os.write(self._wake_write, b"x")
-        self._thread.join(PATIENCE)
+        self._thread.join(TIMEOUT)
         os.close(self._wake_read)
         os.close(self._wake_write)
 
@@ -234,7 +234,7 @@ class ClipboardReader:
         value = self._convert("TARGETS")
         return [self._display.get_atom_name(atom) for atom in value[1]] if value else []
 
-    def read(self, target, timeout=PATIENCE):
+    def read(self, target, timeout=TIMEOUT):
         """The content in the form `target`; none when it is not on offer."""
         value = self._convert(target, timeout)
         return bytes(value[1]) if value else None
@@ -243,7 +243,7 @@ class ClipboardReader:
         data = self.read("UTF8_STRING")
         return None if data is None else data.decode("utf-8")
 
-    def _convert(self, target, timeout=PATIENCE):
+    def _convert(self, target, timeout=TIMEOUT):
         atom = self._display.intern_atom
         place = atom("DRIFTBOX_TEST_READ")
         self._window.delete_property(place)
